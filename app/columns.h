@@ -1,0 +1,14 @@
+#pragma once
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace app {
+
+/// Writes rows of text with their columns aligned, two blanks between them and no blanks at the end of a
+/// line. A column is as wide as its widest cell; the last cell of a row may be of any length.
+void writeColumns(std::ostream& out, const std::vector<std::vector<std::string>>& rows,
+                  const std::string& indent = {});
+
+} // namespace app

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "app/options.h"
+
+#include <span>
+#include <string>
+
+namespace app {
+
+/// A command's words behind its name.
+using Arguments = std::span<const std::string>;
+
+/// Each command does its work, tells a failure in one line on standard error, and gives the exit status.
+int runDialog(const Options& options, Arguments arguments);
+int runList(const Options& options, Arguments arguments);
+int runGet(const Options& options, Arguments arguments);
+int runSet(const Options& options, Arguments arguments);
+int runExplain(const Options& options, Arguments arguments);
+int runTour(const Options& options, Arguments arguments);
+
+} // namespace app

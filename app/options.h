@@ -1,0 +1,31 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace app {
+
+/// The options that stand before the command and hold for each of them.
+struct Options {
+    std::optional<std::string> home;
+    std::optional<std::string> workingDirectories;
+    std::string catalogue = "settings.xml";
+    std::optional<std::string> page;
+};
+
+/// A command line, taken apart.
+struct CommandLine {
+    Options options;
+    std::string command; ///< empty for the dialog
+    std::vector<std::string> arguments;
+    std::optional<std::string> error; ///< what is wrong with the command line
+};
+
+/// Takes a command line apart. What follows the command belongs to it as it stands, so that a value may begin
+/// with "-".
+/// @param arguments without the program's name.
+CommandLine parseCommandLine(std::span<const char* const> arguments);
+
+} // namespace app

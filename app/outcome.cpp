@@ -1,0 +1,18 @@
+#include "app/outcome.h"
+
+#include <iostream>
+
+namespace app {
+
+int refuse(std::string_view reason) {
+    std::cout.flush();
+    std::cerr << "orvane-settings: " << reason << std::endl;
+    return kRefused;
+}
+
+int misuse(std::string_view reason) {
+    std::cerr << "orvane-settings: " << reason << " (orvane-settings --help tells more)" << std::endl;
+    return kMisuse;
+}
+
+} // namespace app

@@ -1,0 +1,163 @@
+// The command that writes: set.
+
+#include "app/commands.h"
+#include "app/fieldtext.h"
+#include "app/outcome.h"
+#include "app/workspace.h"
+
+#include <algorithm>
+#include <iostream>
+#include <set>
+
+namespace app {
+
+namespace {
+
+using Property = Orv::iAppConfiguration::Property;
+
+// "KEY" or "KEY, COLOR" for the field of a property in a message.
+std::string fieldTitle(const Property& property, std::size_t field) {
+    const std::vector<std::string> names = Orv::iAppConfiguration::fieldNames(property.kind);
+    if (field < names.size())
+        return property.name + ", " + names[field];
+    if (property.kind == Orv::iAppConfiguration::KindList)
+        return property.name + ", entry " + std::to_string(field + 1);
+    return property.name;
+}
+
+std::string inQuotes(const std::string& text) {
+    return '"' + text + '"';
+}
+
+std::string inQuotes(const std::vector<std::string>& texts) {
+    std::string quoted;
+    for (const std::string& text : texts)
+        quoted += (quoted.empty() ? "" : " ") + inQuotes(text);
+    return quoted.empty() ? "empty" : quoted;
+}
+
+std::optional<std::string> objectionToValues(const Property& present, Arguments values) {
+    if (present.kind != Orv::iAppConfiguration::KindList) {
+        const std::size_t expected =
+            std::max<std::size_t>(1, Orv::iAppConfiguration::fieldNames(present.kind).size());
+        if (values.size() != expected) {
+            return present.name + " has " + std::to_string(expected) +
+                   (expected == 1 ? " field" : " fields") + ", not " + std::to_string(values.size());
+        }
+    }
+    for (std::size_t field = 0; field < values.size(); ++field) {
+        if (const auto objection = objectionToText(present.kind, field, values[field]))
+            return fieldTitle(present, field) + " cannot be " + inQuotes(values[field]) + ": " + *objection;
+    }
+    return std::nullopt;
+}
+
+// A list of another length is dropped as a whole at the next load if any of its entries is locked.
+bool wouldChange(const Property& present, std::size_t field, Arguments values) {
+    return values.size() != present.values.size() ||
+           !sameMeaning(present.kind, field, present.values[field], values[field]);
+}
+
+std::optional<std::string> objectionOfLocks(const Orv::iAppConfiguration& configuration,
+                                            const Property& present, Arguments values) {
+    for (std::size_t field = 0; field < present.readonly.size(); ++field) {
+        if (present.readonly[field] && wouldChange(present, field, values)) {
+            return fieldTitle(present, field) + " is locked by " +
+                   configuration.lockingDirectory(present.name, field);
+        }
+    }
+    return std::nullopt;
+}
+
+// When it writes, the store passes over a value or list whose first field is empty. Named fields may be
+// empty.
+std::optional<std::string> objectionToEmptiness(const Property& present, Arguments values) {
+    const bool named = !Orv::iAppConfiguration::fieldNames(present.kind).empty();
+    if (named || (!values.empty() && !values.front().empty()))
+        return std::nullopt;
+    return present.name + " cannot be emptied, since an empty value is never written; it stays " +
+           inQuotes(present.values);
+}
+
+bool changesAnything(const Property& present, Arguments values) {
+    if (values.size() != present.values.size())
+        return true;
+    for (std::size_t field = 0; field < values.size(); ++field) {
+        if (wouldChange(present, field, values))
+            return true;
+    }
+    return false;
+}
+
+bool sameValues(const Property& one, std::span<const std::string> values) {
+    return std::ranges::equal(one.values, values);
+}
+
+// What the files say now, read the way the next start of the program will read them.
+std::vector<std::string> storedValues(const std::string& key) {
+    Orv::iAppConfiguration fresh;
+    Property property(key);
+    fresh.load();
+    fresh.getProperty(property);
+    return property.values;
+}
+
+void tellOfRounding(const Property& stored, Arguments values) {
+    for (std::size_t field = 0; field < values.size(); ++field) {
+        if (!sameMeaning(stored.kind, field, stored.values[field], values[field])) {
+            std::cout << fieldTitle(stored, field) << ": " << values[field] << " is stored as "
+                      << stored.values[field] << " (six significant digits)\n";
+        }
+    }
+}
+
+int store(Orv::iAppConfiguration& configuration, const Property& present, Arguments values) {
+    Property wanted(present.name);
+    wanted.kind = present.kind;
+    wanted.values.assign(values.begin(), values.end());
+    configuration.setProperty(wanted);
+    configuration.getProperty(wanted);
+
+    std::set<std::string> complaints;
+    const ScopedErrorHandler handler([&complaints](const std::string& message) {
+        if (complaints.insert(message).second)
+            refuse(message);
+    });
+    const bool saved = configuration.save();
+    const std::vector<std::string> stored = storedValues(present.name);
+    if (!saved || !sameValues(wanted, stored)) {
+        return refuse(present.name + " could not be saved in " + configuration.workingDirectories().front() +
+                      "; it stays " + inQuotes(stored));
+    }
+    tellOfRounding(wanted, values);
+    return kDone;
+}
+
+} // namespace
+
+int runSet(const Options& options, Arguments arguments) {
+    if (arguments.empty())
+        return misuse("set takes a key and its values");
+    Orv::iAppConfiguration configuration;
+    if (!openConfiguration(options, configuration))
+        return kRefused;
+
+    Property present(arguments.front());
+    const Arguments values = arguments.subspan(1);
+    if (!configuration.getProperty(present))
+        return refuse("there is no key " + present.name);
+    present.kind = Orv::iAppConfiguration::kindOf(present.name);
+    if (const auto objection = objectionToValues(present, values))
+        return refuse(*objection);
+    if (const auto objection = objectionOfLocks(configuration, present, values))
+        return refuse(*objection);
+    if (!changesAnything(present, values))
+        return kDone;
+    if (const auto objection = objectionToEmptiness(present, values))
+        return refuse(*objection);
+    if (const auto obstacle = obstacleToSaving(configuration))
+        return refuse(*obstacle);
+    return store(configuration, present, values);
+}
+
+} // namespace app

@@ -1,0 +1,224 @@
+// The command that looks at every page of the dialog without a screen: tour.
+
+#include "app/commands.h"
+#include "app/dialog.h"
+#include "app/outcome.h"
+#include "app/tourguide.h"
+#include "app/workspace.h"
+
+#include <orv/projectconfiguration.h>
+#include <ovsettings/showsettingsdialog.h>
+#include <suite/wdirutils.h>
+
+#include <QtCore/QTemporaryDir>
+#include <QtWidgets/QApplication>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+
+namespace app {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct TourOptions {
+    fs::path directory;
+    bool dark = false;
+    std::optional<QSize> size;
+    std::string error; ///< what is wrong with the arguments; empty if nothing is
+};
+
+constexpr int kLargestSide = 10000;
+
+std::optional<int> parseSide(std::string_view text) {
+    int side = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), side);
+    if (error != std::errc{} || end != text.data() + text.size() || side < 1 || side > kLargestSide)
+        return std::nullopt;
+    return side;
+}
+
+std::optional<QSize> parseSize(std::string_view text) {
+    const auto separator = text.find('x');
+    if (separator == std::string_view::npos)
+        return std::nullopt;
+    const auto width = parseSide(text.substr(0, separator));
+    const auto height = parseSide(text.substr(separator + 1));
+    if (!width || !height)
+        return std::nullopt;
+    return QSize(*width, *height);
+}
+
+TourOptions parseTour(Arguments arguments) {
+    TourOptions tour;
+    for (std::size_t index = 0; index < arguments.size(); ++index) {
+        const std::string& argument = arguments[index];
+        if (argument == "--dark") {
+            tour.dark = true;
+        } else if (argument == "--size") {
+            tour.size = ++index < arguments.size() ? parseSize(arguments[index]) : std::nullopt;
+            if (!tour.size) {
+                tour.error = "--size takes WIDTHxHEIGHT, each from 1 to " + std::to_string(kLargestSide);
+                return tour;
+            }
+        } else if (argument.starts_with("-") || argument.empty() || !tour.directory.empty()) {
+            tour.error = "tour takes one directory, --dark and --size, not \"" + argument + '"';
+            return tour;
+        } else {
+            tour.directory = argument;
+        }
+    }
+    if (tour.directory.empty())
+        tour.error = "tour takes the directory for the pictures";
+    return tour;
+}
+
+// Copies the files; what is no file or directory, a socket perhaps, holds no settings.
+void copyFiles(const fs::path& from, const fs::path& to) {
+    for (const fs::directory_entry& entry : fs::directory_iterator(from)) {
+        const fs::path target = to / entry.path().filename();
+        if (entry.is_directory()) {
+            fs::create_directory(target);
+            copyFiles(entry.path(), target);
+        } else if (entry.is_regular_file()) {
+            fs::copy_file(entry.path(), target);
+        }
+    }
+}
+
+// Looking changes nothing: the dialog, which notes each page that it shows, gets a copy of the user's
+// directory.
+bool moveToCopyOfUserDirectory(const fs::path& copy) {
+    std::vector<std::string> directories;
+    if (!Orv::WdirUtils::GetWDIRs(directories) || directories.empty())
+        return false;
+    if (fs::is_directory(directories.front()))
+        copyFiles(directories.front(), copy);
+    std::string list = copy.string();
+    for (std::size_t index = 1; index < directories.size(); ++index)
+        list += ";" + directories[index];
+    setenv("WDIR", list.c_str(), 1);
+    return true;
+}
+
+struct ColourRow {
+    QPalette::ColorRole role;
+    QRgb colour;
+    QRgb disabled;
+};
+
+constexpr std::array kDarkColours{
+    ColourRow{QPalette::Window, 0xff2d2d2d, 0xff2d2d2d},
+    ColourRow{QPalette::WindowText, 0xffe6e6e6, 0xff8a8a8a},
+    ColourRow{QPalette::Base, 0xff1e1e1e, 0xff2d2d2d},
+    ColourRow{QPalette::AlternateBase, 0xff262626, 0xff2d2d2d},
+    ColourRow{QPalette::ToolTipBase, 0xff3a3a3a, 0xff3a3a3a},
+    ColourRow{QPalette::ToolTipText, 0xffe6e6e6, 0xff8a8a8a},
+    ColourRow{QPalette::PlaceholderText, 0xff9a9a9a, 0xff6e6e6e},
+    ColourRow{QPalette::Text, 0xffe6e6e6, 0xff8a8a8a},
+    ColourRow{QPalette::Button, 0xff3a3a3a, 0xff333333},
+    ColourRow{QPalette::ButtonText, 0xffe6e6e6, 0xff8a8a8a},
+    ColourRow{QPalette::BrightText, 0xffff5050, 0xff8a8a8a},
+    ColourRow{QPalette::Link, 0xff6ab0ff, 0xff8a8a8a},
+    ColourRow{QPalette::Highlight, 0xff2f65ca, 0xff4a4a4a},
+    ColourRow{QPalette::HighlightedText, 0xffffffff, 0xffb0b0b0},
+    ColourRow{QPalette::Light, 0xff4a4a4a, 0xff4a4a4a},
+    ColourRow{QPalette::Midlight, 0xff404040, 0xff404040},
+    ColourRow{QPalette::Mid, 0xff262626, 0xff262626},
+    ColourRow{QPalette::Dark, 0xff1a1a1a, 0xff1a1a1a},
+    ColourRow{QPalette::Shadow, 0xff000000, 0xff000000},
+};
+
+QPalette darkPalette() {
+    QPalette palette;
+    for (const ColourRow& row : kDarkColours) {
+        palette.setColor(row.role, QColor::fromRgb(row.colour));
+        palette.setColor(QPalette::Disabled, row.role, QColor::fromRgb(row.disabled));
+    }
+    return palette;
+}
+
+// The platform without a screen says at every window that it cannot size one by hints, which nobody needs to
+// know.
+void writeMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    if (!text.startsWith(QLatin1String("This plugin does not support")))
+        std::cerr << qFormatLogMessage(type, context, text).toStdString() << std::endl;
+}
+
+bool writeSummary(const fs::path& path, const TourGuide& guide) {
+    std::ofstream file(path);
+    for (const TourStop& stop : guide.stops()) {
+        file << stop.caption << '\t' << (stop.file.empty() ? "no picture" : stop.file) << '\t'
+             << (stop.pageClass.empty() ? "no page" : stop.pageClass) << '\t' << stop.size.width() << 'x'
+             << stop.size.height() << '\n';
+    }
+    for (const std::string& note : guide.notes())
+        file << "note: " << note << '\n';
+    return static_cast<bool>(file.flush());
+}
+
+// Says what is amiss first, so that a log of a failed tour ends with what counts.
+int conclude(const TourOptions& tour, const TourGuide& guide) {
+    for (const std::string& note : guide.notes())
+        std::cout << "note: " << note << '\n';
+    if (!writeSummary(tour.directory / "summary.txt", guide))
+        return refuse((tour.directory / "summary.txt").string() + " cannot be written");
+    if (guide.stops().empty())
+        return refuse("the dialog has no categories");
+
+    int status = kDone;
+    for (const TourStop& stop : guide.stops()) {
+        if (stop.pageClass.empty())
+            status = refuse("the page of " + stop.caption + " could not be made");
+        if (stop.file.empty())
+            status = refuse("the picture of " + stop.caption + " could not be written");
+    }
+    std::cout << guide.stops().size() << " categories visited, pictures in " << tour.directory.string()
+              << '\n';
+    return status;
+}
+
+} // namespace
+
+int runTour(const Options& options, Arguments arguments) {
+    const TourOptions tour = parseTour(arguments);
+    if (!tour.error.empty())
+        return misuse(tour.error);
+    fs::create_directories(tour.directory);
+    setUpEnvironment(options);
+    const QTemporaryDir copy;
+    if (!copy.isValid())
+        return refuse("no temporary directory: " + copy.errorString().toStdString());
+    const bool copied = moveToCopyOfUserDirectory(copy.path().toStdString());
+
+    // Pictures are to be the same on every machine.
+    qInstallMessageHandler(writeMessage);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication::setStyle("Fusion");
+    int argumentCount = 1;
+    std::string name = "orvane-settings";
+    char* programArguments[] = {name.data(), nullptr};
+    QApplication application(argumentCount, programArguments);
+    if (tour.dark)
+        QApplication::setPalette(darkPalette());
+
+    Orv::iAppConfiguration configuration;
+    const auto failure = loadConfiguration(configuration);
+    if (failure || !copied)
+        return refuse(failure.value_or("the working directories are not usable"));
+    if (options.page)
+        startAtPage(configuration, *options.page);
+    TourGuide guide(tour.directory, tour.size);
+    const ScopedErrorHandler handler([&guide](const std::string& message) { guide.note(message); });
+    Orv::CProjectConfiguration noProject;
+    ovsettings::showSettingsDialog(configuration, noProject, options.catalogue, nullptr);
+    guide.finish();
+    return conclude(tour, guide);
+}
+
+} // namespace app

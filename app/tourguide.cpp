@@ -1,0 +1,157 @@
+#include "app/tourguide.h"
+
+#include <ovsettings/propdialogtemplate.h>
+
+#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QDialog>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QTreeWidgetItemIterator>
+
+#include <cxxabi.h>
+
+#include <cstdlib>
+#include <memory>
+#include <typeinfo>
+
+namespace app {
+
+namespace {
+
+constexpr qsizetype kLongestName = 60;
+
+// Letters and digits of any script stay; each run of other characters becomes one "-".
+std::string fileNameOf(std::size_t number, const QString& caption) {
+    QString name;
+    for (const QChar c : caption) {
+        if (c.isLetterOrNumber())
+            name += c;
+        else if (!name.isEmpty() && !name.endsWith(u'-'))
+            name += u'-';
+    }
+    name.truncate(kLongestName);
+    while (name.endsWith(u'-'))
+        name.chop(1);
+    if (name.isEmpty())
+        name = QStringLiteral("unnamed");
+    return QStringLiteral("%1-%2.png").arg(number, 2, 10, QLatin1Char('0')).arg(name).toStdString();
+}
+
+// The class without its namespaces. The meta object is of no use: a page need not have one of its own.
+std::string classOf(const ovsettings::CPropDialogTemplate& page) {
+    int status = 0;
+    const std::unique_ptr<char, decltype(&std::free)> readable(
+        abi::__cxa_demangle(typeid(page).name(), nullptr, nullptr, &status), &std::free);
+    const std::string name = readable ? readable.get() : typeid(page).name();
+    const auto scope = name.rfind("::");
+    return scope == std::string::npos ? name : name.substr(scope + 2);
+}
+
+const ovsettings::CPropDialogTemplate* shownPage(const QWidget& dialog) {
+    for (const auto* page : dialog.findChildren<ovsettings::CPropDialogTemplate*>()) {
+        if (page->isVisible() && page->hasWindow())
+            return page;
+    }
+    return nullptr;
+}
+
+// The answer that changes least: the one that Escape gives, else No, else none at all.
+void decline(QWidget& modal) {
+    if (auto* box = qobject_cast<QMessageBox*>(&modal)) {
+        QAbstractButton* answer = box->escapeButton() ? box->escapeButton() : box->button(QMessageBox::No);
+        if (answer) {
+            answer->click();
+            return;
+        }
+    }
+    if (auto* dialog = qobject_cast<QDialog*>(&modal))
+        dialog->reject();
+    else
+        modal.close();
+}
+
+std::string textOf(const QWidget& modal) {
+    const auto* box = qobject_cast<const QMessageBox*>(&modal);
+    const QString text = box ? box->text() : modal.windowTitle();
+    return (box ? "message box: " : "dialog: ") + text.simplified().toStdString();
+}
+
+} // namespace
+
+TourGuide::TourGuide(std::filesystem::path directory, std::optional<QSize> size)
+    : directory_(std::move(directory)), size_(size) {
+    QObject::connect(&visits_, &QTimer::timeout, [this] { visitNext(); });
+    QObject::connect(&boxes_, &QTimer::timeout, [this] { closeBox(); });
+    visits_.start(0);
+    boxes_.start(0);
+}
+
+void TourGuide::finish() {
+    visits_.stop();
+    boxes_.stop();
+}
+
+void TourGuide::note(std::string text) {
+    notes_.push_back(std::move(text));
+}
+
+// Every modal widget but the one with the category tree is a box in the way.
+void TourGuide::closeBox() {
+    QWidget* modal = QApplication::activeModalWidget();
+    if (!modal || !modal->isVisible() || modal == dialog_)
+        return;
+    if (!dialog_ && modal->findChild<QTreeWidget*>())
+        return;
+    note(textOf(*modal));
+    decline(*modal);
+}
+
+void TourGuide::visitNext() {
+    QWidget* modal = QApplication::activeModalWidget();
+    if (!modal || !modal->isVisible())
+        return;
+    if (!dialog_) {
+        auto* tree = modal->findChild<QTreeWidget*>();
+        if (!tree)
+            return;
+        dialog_ = modal;
+        meetDialog(*tree);
+    }
+    if (modal != dialog_)
+        return;
+    if (stops_.size() < route_.size()) {
+        stops_.push_back(visit(*route_[stops_.size()]));
+        return;
+    }
+    visits_.stop();
+    decline(*dialog_);
+}
+
+void TourGuide::meetDialog(QTreeWidget& tree) {
+    tree_ = &tree;
+    for (QTreeWidgetItemIterator item(&tree); *item; ++item)
+        route_.push_back(*item);
+    if (size_)
+        dialog_->resize(*size_);
+}
+
+TourStop TourGuide::visit(QTreeWidgetItem& item) {
+    const std::string caption = item.text(0).toStdString();
+    tree_->setCurrentItem(&item);
+    QApplication::processEvents();
+
+    TourStop stop{caption, {}, {}, {}};
+    if (!dialog_ || tree_->currentItem() != &item)
+        return stop;
+    // Each category has a page of its own; one that was on show before has stayed because this one has none.
+    if (const auto* page = shownPage(*dialog_); page && seen_.insert(page).second)
+        stop.pageClass = classOf(*page);
+    const QPixmap picture = dialog_->grab();
+    const std::string file = fileNameOf(stops_.size() + 1, item.text(0));
+    if (picture.save(QString::fromStdString((directory_ / file).string()), "PNG"))
+        stop.file = file;
+    stop.size = picture.size();
+    return stop;
+}
+
+} // namespace app

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QtCore/QPointer>
+#include <QtCore/QSize>
+#include <QtCore/QTimer>
+#include <QtWidgets/QTreeWidget>
+
+#include <filesystem>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace ovsettings {
+class CPropDialogTemplate;
+}
+
+namespace app {
+
+/// One category that the tour came to.
+struct TourStop {
+    std::string caption;
+    std::string file;      ///< name of the picture; empty if it could not be written
+    std::string pageClass; ///< class of the page on show; empty if there was none
+    QSize size;            ///< of the picture, in pixels
+};
+
+/// Waits for the settings dialog, walks through its categories, takes a picture at each, and cancels the
+/// dialog. Every other modal box that comes up meanwhile is noted and closed. It begins by itself, in the
+/// modal loop.
+class TourGuide {
+public:
+    /// @param directory where the pictures go; must exist.
+    /// @param size      what the dialog is resized to; its own size if absent.
+    TourGuide(std::filesystem::path directory, std::optional<QSize> size);
+
+    /// Ends the tour; a dialog that comes later is left alone.
+    void finish();
+
+    void note(std::string text);
+    const std::vector<TourStop>& stops() const { return stops_; }
+    const std::vector<std::string>& notes() const { return notes_; }
+
+private:
+    void closeBox();
+    void visitNext();
+    void meetDialog(QTreeWidget& tree);
+    TourStop visit(QTreeWidgetItem& item);
+
+    std::filesystem::path directory_;
+    std::optional<QSize> size_;
+    // A timer does not fire inside its own handler, and a box may come up in the middle of a visit: so there
+    // are two.
+    QTimer visits_;
+    QTimer boxes_;
+    QPointer<QWidget> dialog_;
+    QPointer<QTreeWidget> tree_;
+    std::set<const ovsettings::CPropDialogTemplate*> seen_;
+    std::vector<QTreeWidgetItem*> route_;
+    std::vector<TourStop> stops_;
+    std::vector<std::string> notes_;
+};
+
+} // namespace app

@@ -1,0 +1,133 @@
+#include "app/workspace.h"
+
+#include "app/outcome.h"
+
+#include <suite/configuration.h>
+#include <suite/wdirutils.h>
+
+#include <QtCore/QStandardPaths>
+
+#include <algorithm>
+#include <cctype>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+namespace app {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+fs::path program() {
+    return fs::read_symlink("/proc/self/exe");
+}
+
+// A program in its build tree has a file beside it that names the installation of the source tree.
+fs::path sampleInstallation() {
+    const fs::path self = program();
+    std::ifstream file(self.string() + ".home");
+    std::string home;
+    if (std::getline(file, home))
+        return home;
+    return (self.parent_path() / OV_SAMPLE_FROM_PROGRAM).lexically_normal();
+}
+
+fs::path userDirectory() {
+    const QString config = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    return fs::path(config.toStdString()) / "orvane";
+}
+
+std::string defaultWorkingDirectories(const fs::path& home) {
+    const fs::path user = userDirectory();
+    std::error_code error;
+    fs::create_directories(user, error);
+    if (error)
+        refuse("the user's directory " + user.string() + " cannot be made: " + error.message());
+
+    std::string list = user.string();
+    if (fs::is_directory(home / "site", error))
+        list += ";" + (home / "site").string();
+    return list + ";" + (home / "standard").string();
+}
+
+const char* nonEmptyVariable(const char* name) {
+    const char* value = std::getenv(name);
+    return value && *value ? value : nullptr;
+}
+
+std::string lowerCase(std::string text) {
+    std::ranges::transform(text, text.begin(),
+                           [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return text;
+}
+
+// The store says only that the directories are unusable; these are the reasons there are.
+std::string reasonOfFailedLoad() {
+    const char* home = nonEmptyVariable("RSR_HOME");
+    if (!home)
+        return "RSR_HOME is empty; it has to name the installation";
+    if (!nonEmptyVariable("WDIR"))
+        return "WDIR is empty; it has to list the working directories, the user's first";
+
+    std::vector<std::string> directories;
+    if (!Orv::WdirUtils::GetWDIRs(directories))
+        return "the working directories cannot be read from WDIR";
+    if (directories.size() < 2)
+        return "WDIR has to list at least two directories, the user's and the installation's";
+    std::string installation = home;
+    std::ranges::replace(installation, '\\', '/');
+    const std::string& last = directories.back();
+    if (last.find(installation) == std::string::npos &&
+        last.find(lowerCase(installation)) == std::string::npos)
+        return "the last directory of WDIR, " + last + ", is not inside RSR_HOME, " + installation;
+    return "the working directories " + std::string(std::getenv("WDIR")) + " are not usable";
+}
+
+} // namespace
+
+void setUpEnvironment(const Options& options) {
+    if (options.home)
+        setenv("RSR_HOME", options.home->c_str(), 1);
+    else if (!std::getenv("RSR_HOME"))
+        setenv("RSR_HOME", sampleInstallation().c_str(), 1);
+
+    if (options.workingDirectories)
+        setenv("WDIR", options.workingDirectories->c_str(), 1);
+    else if (!std::getenv("WDIR"))
+        setenv("WDIR", defaultWorkingDirectories(std::getenv("RSR_HOME")).c_str(), 1);
+}
+
+std::optional<std::string> loadConfiguration(Orv::iAppConfiguration& configuration) {
+    if (configuration.load())
+        return std::nullopt;
+    return "the configuration cannot be loaded: " + reasonOfFailedLoad();
+}
+
+std::optional<std::string> obstacleToSaving(const Orv::iAppConfiguration& configuration) {
+    const std::vector<std::string> directories = configuration.workingDirectories();
+    std::error_code error;
+    if (!directories.empty() && directories.front().empty())
+        return "the first entry of WDIR is empty, so there is no user's directory to save in";
+    if (!directories.empty() && !fs::is_directory(directories.front(), error))
+        return "the user's directory " + directories.front() + " does not exist, so nothing could be saved";
+    return std::nullopt;
+}
+
+bool openConfiguration(const Options& options, Orv::iAppConfiguration& configuration) {
+    setUpEnvironment(options);
+    const std::optional<std::string> failure = loadConfiguration(configuration);
+    if (failure)
+        refuse(*failure);
+    return !failure;
+}
+
+ScopedErrorHandler::ScopedErrorHandler(std::function<void(const std::string& message)> handler) {
+    Orv::IOvConfigurationManager::Instance().SetErrorHandler(std::move(handler));
+}
+
+ScopedErrorHandler::~ScopedErrorHandler() {
+    Orv::IOvConfigurationManager::Instance().SetErrorHandler({});
+}
+
+} // namespace app

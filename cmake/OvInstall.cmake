@@ -1,0 +1,15 @@
+include(CMakePackageConfigHelpers)
+
+install(DIRECTORY include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
+install(TARGETS OvSettings OvSuite EXPORT OvSettingsTargets
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(TARGETS orvane-settings RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(DIRECTORY installation/ DESTINATION ${CMAKE_INSTALL_DATADIR}/orvane)
+install(EXPORT OvSettingsTargets NAMESPACE OvSettings::
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/OvSettings)
+configure_package_config_file(cmake/OvSettingsConfig.cmake.in OvSettingsConfig.cmake
+    INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/OvSettings)
+write_basic_package_version_file(OvSettingsConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/OvSettingsConfig.cmake
+              ${CMAKE_CURRENT_BINARY_DIR}/OvSettingsConfigVersion.cmake
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/OvSettings)

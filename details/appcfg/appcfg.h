@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace Orv {
+
+class iAppConfiguration;
+
+/// How every page reads and writes a key. An unknown key reads as empty and is not written; nothing is
+/// reported. Field indices count from 0.
+
+/// The first field and its lock. `readonly` stays as the caller set it if the key is unknown or has no field.
+void getValue(const iAppConfiguration& appConfig, const std::string& key, std::string& value, bool& readonly);
+void getValue(const iAppConfiguration& appConfig, const std::string& key, std::string& value);
+
+/// Appends every field and every lock; the outputs are not cleared first.
+void getValues(const iAppConfiguration& appConfig, const std::string& key, std::vector<std::string>& values,
+               std::vector<bool>& readonly);
+void getValues(const iAppConfiguration& appConfig, const std::string& key, std::vector<std::string>& values);
+
+/// Makes the property hold this one field. On a property of several fields this drops the others.
+void setValue(iAppConfiguration& appConfig, const std::string& key, const std::string& value);
+
+/// Replaces one field; an index outside the property does nothing.
+void setValueAt(iAppConfiguration& appConfig, std::size_t index, const std::string& key,
+                const std::string& value);
+
+void setValues(iAppConfiguration& appConfig, const std::string& key, const std::vector<std::string>& values);
+
+} // namespace Orv

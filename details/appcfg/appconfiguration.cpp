@@ -1,0 +1,208 @@
+#include "orv/appconfiguration.h"
+
+#include "details/appcfg/kinds.h"
+#include "details/appcfg/numbers.h"
+#include "details/appcfg/persistence.h"
+#include "details/appcfg/store.h"
+
+#include <algorithm>
+
+namespace Orv {
+
+namespace {
+
+float notificationValue(const std::vector<std::string>& values) {
+    return values.empty() ? 0.0F : floatFromText(values.front());
+}
+
+/// The field's text is no more what a configuration gave.
+void replaceField(Record& record, std::size_t field, const std::string& text) {
+    auto& current = record.property.values[field];
+    if (current == text)
+        return;
+    current = text;
+    record.origins[field].value.reset();
+}
+
+void forgetOrigins(Record& record) {
+    for (auto& origin : record.origins)
+        origin.value.reset();
+}
+
+void resizeFields(Record& record, std::size_t count) {
+    record.property.values.resize(count);
+    record.property.readonly.resize(count);
+    record.origins.resize(count);
+}
+
+} // namespace
+
+iAppConfiguration::iAppConfiguration() : impl_(std::make_unique<Impl>()) {
+}
+
+iAppConfiguration::~iAppConfiguration() = default;
+
+iAppConfiguration& iAppConfiguration::instance() {
+    static iAppConfiguration appConfiguration;
+    return appConfiguration;
+}
+
+bool iAppConfiguration::load() {
+    return load(std::string());
+}
+
+bool iAppConfiguration::load(const std::string& projectPath) {
+    return loadStore(*impl_, projectPath);
+}
+
+bool iAppConfiguration::save() {
+    return saveStore(*impl_);
+}
+
+bool iAppConfiguration::getProperty(Property& property) const {
+    const auto row = impl_->find(property.name);
+    if (!row)
+        return false;
+    // The stored text is rewritten too, so that a number reads the same ever after, with six significant
+    // digits.
+    impl_->flushCache(*row);
+    const auto& stored = impl_->records[*row].property;
+    property.readonly = stored.readonly;
+    property.values = stored.values;
+    property.defaults = stored.defaults;
+    return true;
+}
+
+bool iAppConfiguration::setProperty(const Property& property) {
+    const auto row = impl_->find(property.name);
+    if (!row)
+        return false;
+    // Sinks are told of the attempt: before anything is stored, and also of a field that its lock will keep.
+    impl_->notify(property.name, notificationValue(property.values));
+    auto& record = impl_->records[*row];
+    resizeFields(record, property.values.size());
+    for (std::size_t i = 0; i < property.values.size(); ++i) {
+        if (record.property.readonly[i] == 0)
+            replaceField(record, i, property.values[i]);
+    }
+    if (impl_->isCached(*row))
+        impl_->refreshCache(*row);
+    return true;
+}
+
+bool iAppConfiguration::setPropertyDefaults(const std::string& key, const std::vector<std::string>& values) {
+    const auto row = impl_->find(key);
+    if (!row)
+        return false;
+    auto& record = impl_->records[*row];
+    record.property.defaults = values;
+    resizeFields(record, values.size());
+    for (std::size_t i = 0; i < values.size(); ++i)
+        replaceField(record, i, values[i]);
+    if (!values.empty() && !values.front().empty()) {
+        impl_->notify(key, floatFromText(values.front()));
+        impl_->refreshCache(*row);
+    }
+    return true;
+}
+
+float iAppConfiguration::getNumber(std::string_view key) const noexcept {
+    const auto row = findRow(key);
+    return row ? impl_->numbers[*row].value_or(0.0F) : 0.0F;
+}
+
+bool iAppConfiguration::setNumber(std::string_view key, float value) {
+    const auto row = findRow(key);
+    if (!row || !impl_->numbers[*row])
+        return false;
+    impl_->numbers[*row] = value;
+    forgetOrigins(impl_->records[*row]);
+    impl_->notify(key, value);
+    return true;
+}
+
+bool iAppConfiguration::getGraphics(std::string_view key, int& visible, int& selectable, int& colour,
+                                    int& fillStyle, int& lineStyle, int& lineThickness) const noexcept {
+    const auto row = findRow(key);
+    if (!row || !impl_->graphics[*row])
+        return false;
+    const auto& graphics = *impl_->graphics[*row];
+    visible = graphics.visible;
+    selectable = graphics.selectable;
+    colour = graphics.colour;
+    fillStyle = graphics.fillStyle;
+    lineStyle = graphics.lineStyle;
+    lineThickness = graphics.lineThickness;
+    return true;
+}
+
+bool iAppConfiguration::setGraphics(std::string_view key, int visible, int selectable, int colour,
+                                    int fillStyle, int lineStyle, int lineThickness) {
+    const auto row = findRow(key);
+    if (!row || !impl_->graphics[*row])
+        return false;
+    impl_->graphics[*row] = Graphics{visible, selectable, colour, fillStyle, lineStyle, lineThickness};
+    forgetOrigins(impl_->records[*row]);
+    impl_->notify(key, static_cast<float>(visible));
+    return true;
+}
+
+bool iAppConfiguration::getIctColors(std::string_view name, int& colour, int& textColour) const {
+    int unused = 0;
+    return getGraphics(std::string("ICT").append(name), unused, unused, colour, textColour, unused, unused);
+}
+
+bool iAppConfiguration::setIctColors(std::string_view name, int colour, int textColour) {
+    return setGraphics(std::string("ICT").append(name), 0, 0, colour, textColour, 0, 0);
+}
+
+bool iAppConfiguration::addSink(iEventSink* sink) {
+    auto& sinks = impl_->sinks;
+    if (!sink || std::ranges::find(sinks, sink) != sinks.end())
+        return false;
+    sinks.push_back(sink);
+    return true;
+}
+
+bool iAppConfiguration::removeSink(iEventSink* sink) {
+    auto& sinks = impl_->sinks;
+    const auto found = std::ranges::find(sinks, sink);
+    if (found == sinks.end())
+        return false;
+    sinks.erase(found);
+    return true;
+}
+
+std::vector<std::string> iAppConfiguration::keys() const {
+    std::vector<std::string> names;
+    names.reserve(impl_->records.size());
+    for (const auto& record : impl_->records)
+        names.push_back(record.property.name);
+    return names;
+}
+
+std::vector<std::string> iAppConfiguration::workingDirectories() const {
+    return impl_->directories;
+}
+
+std::string iAppConfiguration::valueDirectory(const std::string& key, std::size_t field) const {
+    const auto* origin = impl_->originOf(key, field);
+    return origin && origin->value ? impl_->directories[*origin->value] : std::string();
+}
+
+std::string iAppConfiguration::lockingDirectory(const std::string& key, std::size_t field) const {
+    const auto* origin = impl_->originOf(key, field);
+    return origin && origin->lock ? impl_->directories[*origin->lock] : std::string();
+}
+
+int iAppConfiguration::kindOf(std::string_view key) noexcept {
+    const auto row = findRow(key);
+    return row ? catalogue()[*row].kind : 0;
+}
+
+std::vector<std::string> iAppConfiguration::fieldNames(int kind) {
+    return kind >= KindFlag && kind <= KindIctObject ? kindTraits(kind).fieldNames
+                                                     : std::vector<std::string>();
+}
+
+} // namespace Orv

@@ -1,0 +1,105 @@
+#include "details/appcfg/kinds.h"
+
+#include <algorithm>
+#include <array>
+#include <cassert>
+#include <iterator>
+#include <utility>
+
+namespace Orv {
+
+namespace {
+
+using enum iAppConfiguration::Kind;
+
+constexpr std::string_view kSeparator = ", ";
+
+struct KindRow {
+    int kind;
+    Storage storage;
+    Cache cache;
+    std::string_view path; // paths of groups end in a slash, others do not
+    std::string_view typeWord;
+    std::string_view fieldList; // a separator follows every name, the last one included
+};
+
+constexpr std::array kKindRows = {
+    KindRow{KindFlag, Storage::value, Cache::number, "Orvane/SETTINGS", "", ""},
+    KindRow{KindNumber, Storage::value, Cache::number, "Orvane/SETTINGS", "", ""},
+    KindRow{KindLayer, Storage::group, Cache::graphics, "Orvane/LAYERS/", "layer",
+            "COLOR, FILL_STYLE, LINE_STYLE, "},
+    KindRow{KindObject, Storage::group, Cache::graphics, "Orvane/OBJECTS/", "object",
+            "VISIBLE, SELECTABLE, COLOR, FILL_STYLE, LINE_STYLE, LINE_THICKNESS, "},
+    KindRow{KindList, Storage::list, Cache::none, "Orvane/", "", ""},
+    KindRow{KindText, Storage::value, Cache::none, "Orvane/SETTINGS", "", ""},
+    KindRow{KindSize, Storage::group, Cache::none, "Orvane/SIZES/", "size", "WIDTH, HEIGHT, "},
+    KindRow{KindFont, Storage::group, Cache::none, "Orvane/FONT_MAP/", "font",
+            "FACE, STYLE, WEIGHT, CHARSET, ITALIC, UNDERLINE, STRIKEOUT, BOLD, "},
+    KindRow{KindIctObject, Storage::group, Cache::graphics, "Orvane/ICTOBJECTS/", "object",
+            "COLOR, TEXTCOLOR, "},
+};
+
+constexpr bool rowsStandInOrder() {
+    for (std::size_t i = 0; i < kKindRows.size(); ++i) {
+        if (kKindRows[i].kind != static_cast<int>(i) + 1)
+            return false;
+    }
+    return true;
+}
+static_assert(rowsStandInOrder(), "a kind is its row's number, from 1");
+
+struct ListPath {
+    std::string key;
+    std::string path;
+};
+
+std::vector<std::string> namesOf(std::string_view fieldList) {
+    auto names = cutFields(fieldList);
+    if (!names.empty())
+        names.pop_back(); // the nothing behind the last separator
+    return names;
+}
+
+} // namespace
+
+const KindTraits& kindTraits(int kind) {
+    static const auto traits = [] {
+        std::vector<KindTraits> all;
+        for (const auto& row : kKindRows)
+            all.push_back({row.storage, row.cache, std::string(row.path), std::string(row.typeWord),
+                           namesOf(row.fieldList)});
+        return all;
+    }();
+    assert(kind >= 1 && kind <= static_cast<int>(traits.size()));
+    return traits[static_cast<std::size_t>(kind - 1)];
+}
+
+const std::string& pathOf(const iAppConfiguration::Property& property) {
+    static const std::array<ListPath, 4> listPaths = {{
+        {"PRINTER", "Orvane/COLORS"},
+        {"SCREEN", "Orvane/COLORS"},
+        {"PROPERTIES_TOOLTIP", "Orvane/SETTINGS"},
+        {"MRU_PROJECTS", "Orvane/SETTINGS"},
+    }};
+    if (property.kind == KindList) {
+        const auto own = std::ranges::find(listPaths, property.name, &ListPath::key);
+        if (own != listPaths.end())
+            return own->path;
+    }
+    return kindTraits(property.kind).path;
+}
+
+std::vector<std::string> cutFields(std::string_view joined) {
+    std::vector<std::string> fields;
+    if (joined.empty())
+        return fields;
+    for (;;) {
+        const auto separator = joined.find(kSeparator);
+        fields.emplace_back(joined.substr(0, separator));
+        if (separator == std::string_view::npos)
+            return fields;
+        joined.remove_prefix(separator + kSeparator.size());
+    }
+}
+
+} // namespace Orv

@@ -1,0 +1,109 @@
+#include "details/appcfg/numbers.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <limits>
+#include <system_error>
+
+namespace Orv {
+
+namespace {
+
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+std::string_view withoutLeadingSpace(std::string_view text) {
+    const auto first = text.find_first_not_of(" \t\n\v\f\r");
+    return first == std::string_view::npos ? std::string_view() : text.substr(first);
+}
+
+/// Takes a plus sign, which from_chars knows nothing of.
+std::string_view withoutPlus(std::string_view text) {
+    if (text.size() > 1 && text.front() == '+' && text[1] != '-')
+        text.remove_prefix(1);
+    return text;
+}
+
+/// Keeps from_chars away from "inf" and "nan".
+bool startsLikeNumber(std::string_view text) {
+    if (!text.empty() && text.front() == '-')
+        text.remove_prefix(1);
+    return !text.empty() && (isDigit(text.front()) || text.front() == '.');
+}
+
+template <typename Integer>
+Integer clampedInteger(std::string_view text, int base) {
+    Integer number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number, base);
+    if (error == std::errc::result_out_of_range)
+        return text.front() == '-' ? std::numeric_limits<Integer>::min()
+                                   : std::numeric_limits<Integer>::max();
+    return number;
+}
+
+/// Whether a decimal number that fits no float is too large for one, rather than too small.
+bool isLarge(std::string_view number) {
+    const auto exponentMark = std::min(number.find_first_of("eE"), number.size());
+    const auto mantissa = number.substr(0, exponentMark);
+    const auto point = static_cast<long long>(std::min(mantissa.find('.'), mantissa.size()));
+    const auto firstDigit =
+        static_cast<long long>(std::min(mantissa.find_first_of("123456789"), mantissa.size()));
+    const auto exponent = withoutPlus(number.substr(std::min(exponentMark + 1, number.size())));
+    return point - firstDigit + clampedInteger<int>(exponent, 10) > 0;
+}
+
+float outOfRange(std::string_view number) {
+    const float magnitude = isLarge(number) ? std::numeric_limits<float>::max() : 0.0F;
+    return number.front() == '-' ? -magnitude : magnitude;
+}
+
+std::uint32_t withOuterBytesSwapped(std::uint32_t colour) {
+    return (colour & 0xff00ff00U) | (colour & 0xffU) << 16 | (colour >> 16 & 0xffU);
+}
+
+} // namespace
+
+float floatFromText(std::string_view text) {
+    const auto trimmed = withoutPlus(withoutLeadingSpace(text));
+    if (!startsLikeNumber(trimmed))
+        return 0.0F;
+    float number = 0.0F;
+    const auto [end, error] = std::from_chars(trimmed.data(), trimmed.data() + trimmed.size(), number);
+    if (error == std::errc::result_out_of_range || std::isinf(number))
+        return outOfRange(trimmed.substr(0, static_cast<std::size_t>(end - trimmed.data())));
+    return number;
+}
+
+std::string floatToText(float number) {
+    char text[32];
+    const auto result = std::to_chars(text, text + sizeof text, number, std::chars_format::general, 6);
+    return {text, result.ptr};
+}
+
+int integerFromText(std::string_view text) {
+    return clampedInteger<int>(withoutPlus(withoutLeadingSpace(text)), 10);
+}
+
+std::string integerToText(int number) {
+    return std::to_string(number);
+}
+
+int colourFromText(std::string_view text) {
+    auto digits = withoutPlus(withoutLeadingSpace(text));
+    if (digits.starts_with("0x") || digits.starts_with("0X"))
+        digits.remove_prefix(2);
+    return static_cast<int>(withOuterBytesSwapped(clampedInteger<std::uint32_t>(digits, 16)));
+}
+
+std::string colourToText(int colour) {
+    char text[16];
+    const int length =
+        std::snprintf(text, sizeof text, "0x%06x", withOuterBytesSwapped(static_cast<std::uint32_t>(colour)));
+    return {text, static_cast<std::size_t>(length)};
+}
+
+} // namespace Orv

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace Orv {
+
+/// Between stored text and numbers. All of it reads as a stream in the "C" locale would: leading white space
+/// is skipped, the longest piece that is a number counts, what follows is ignored, no number reads as 0, and
+/// a number out of range as the nearest limit. Infinities and "nan" are no numbers.
+
+float floatFromText(std::string_view text);
+/// General format with six significant digits, such as "0.5", "254000", "1.016e+06".
+std::string floatToText(float number);
+
+int integerFromText(std::string_view text);
+std::string integerToText(int number);
+
+/// Between colour text, red first ("0xRRGGBB", at base 16 with or without the prefix), and a packed colour
+/// with red in the low byte.
+int colourFromText(std::string_view text);
+std::string colourToText(int colour);
+
+} // namespace Orv

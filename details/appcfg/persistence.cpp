@@ -1,0 +1,106 @@
+#include "details/appcfg/persistence.h"
+
+#include "details/appcfg/configurationhandle.h"
+#include "details/appcfg/numbers.h"
+#include "details/appcfg/transfer.h"
+#include "details/platform/environment.h"
+#include "suite/wdirutils.h"
+
+#include <algorithm>
+
+namespace Orv {
+
+namespace {
+
+using Impl = iAppConfiguration::Impl;
+using Access = IOvConfigurationManager::Access;
+
+std::string withForwardSlashes(std::string path) {
+    std::ranges::replace(path, '\\', '/');
+    return path;
+}
+
+std::string inLowerCase(std::string text) {
+    std::ranges::transform(text, text.begin(), [](char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    });
+    return text;
+}
+
+/// Whether the least specific directory lies inside the installation. The lower-cased name is what counts;
+/// where case distinguishes files, an installation whose path has a capital letter is known by its own
+/// spelling only.
+bool liesInside(const std::string& directory, const std::string& home) {
+    return directory.find(inLowerCase(home)) != std::string::npos ||
+           directory.find(home) != std::string::npos;
+}
+
+bool findDirectories(Impl& store, const std::string& projectPath) {
+    const auto home = withForwardSlashes(platform::environmentVariable("RSR_HOME").value_or(""));
+    const bool found = projectPath.empty() ? WdirUtils::GetWDIRs(store.directories)
+                                           : WdirUtils::GetWDIRs(store.directories, projectPath);
+    if (home.empty() || !found)
+        return false;
+    return store.directories.size() >= 2 && liesInside(store.directories.back(), home);
+}
+
+/// Finds the working directories, or keeps those of the last call for the same project.
+bool prepareDirectories(Impl& store, const std::string& projectPath) {
+    if (projectPath == store.lastProjectPath && !store.writeDirectory.empty() && !store.directories.empty())
+        return true;
+    store.lastProjectPath = projectPath;
+    if (!findDirectories(store, projectPath)) {
+        // A list that is not fit for use must not be found by the next call.
+        store.directories.clear();
+        store.writeDirectory.clear();
+        return false;
+    }
+    store.writeDirectory = store.directories.front();
+    return true;
+}
+
+/// From the installation to the user. Where no directory has a configuration, the catalogue's defaults stand.
+void readConfigurations(Impl& store) {
+    for (std::size_t place = store.directories.size(); place-- > 0;) {
+        store.currentDirectory = store.directories[place];
+        if (const auto configuration = openConfiguration(store.currentDirectory, Access::read))
+            ConfigurationReader(store, *configuration, place).readAll();
+    }
+}
+
+/// Goes by the row's number: a sink may load again.
+void notifyOfAll(const Impl& store) {
+    for (std::size_t row = 0; row < store.records.size() && !store.sinks.empty(); ++row) {
+        const auto& property = store.records[row].property;
+        if (!property.values.empty())
+            store.notify(property.name, floatFromText(property.values.front()));
+    }
+}
+
+} // namespace
+
+bool loadStore(Impl& store, const std::string& projectPath) {
+    store.registerCatalogue();
+    if (!prepareDirectories(store, projectPath))
+        return false;
+    readConfigurations(store);
+    for (std::size_t row = 0; row < store.records.size(); ++row)
+        store.refreshCache(row);
+    notifyOfAll(store);
+    return true;
+}
+
+bool saveStore(Impl& store) {
+    if (!prepareDirectories(store, store.lastProjectPath))
+        return false;
+    for (std::size_t row = 0; row < store.records.size(); ++row)
+        store.flushCache(row);
+    store.currentDirectory = store.writeDirectory;
+    const auto configuration = openConfiguration(store.currentDirectory, Access::write);
+    if (!configuration)
+        return false;
+    writeAll(store, *configuration);
+    return true;
+}
+
+} // namespace Orv

@@ -1,0 +1,74 @@
+#include "details/appcfg/store.h"
+
+#include "details/appcfg/kinds.h"
+#include "details/appcfg/numbers.h"
+
+#include <algorithm>
+
+namespace Orv {
+
+void normaliseFields(int kind, std::vector<std::string>& values) {
+    const auto cache = kindTraits(kind).cache;
+    if (cache == Cache::number && !values.empty())
+        values.front() = floatToText(floatFromText(values.front()));
+    else if (cache == Cache::graphics)
+        printGraphics(kind, graphicsFromFields(kind, values), values);
+}
+
+void iAppConfiguration::Impl::registerCatalogue() {
+    records.clear();
+    records.reserve(kCatalogueSize);
+    for (const auto& row : catalogue()) {
+        Property property{std::string(row.key)};
+        property.defaults = cutFields(row.defaultText);
+        property.values = property.defaults;
+        property.readonly.resize(property.values.size());
+        property.kind = row.kind;
+        const auto fields = property.values.size();
+        records.push_back({std::move(property), std::vector<Origin>(fields)});
+    }
+}
+
+std::optional<std::size_t> iAppConfiguration::Impl::find(std::string_view key) const noexcept {
+    return records.empty() ? std::nullopt : findRow(key);
+}
+
+const Origin* iAppConfiguration::Impl::originOf(std::string_view key, std::size_t field) const noexcept {
+    const auto row = find(key);
+    return row && field < records[*row].origins.size() ? &records[*row].origins[field] : nullptr;
+}
+
+bool iAppConfiguration::Impl::isCached(std::size_t row) const {
+    return numbers[row].has_value() || graphics[row].has_value();
+}
+
+void iAppConfiguration::Impl::refreshCache(std::size_t row) {
+    const auto& property = records[row].property;
+    const auto cache = kindTraits(property.kind).cache;
+    if (cache == Cache::number)
+        numbers[row] = property.values.empty() ? 0.0F : floatFromText(property.values.front());
+    else if (cache == Cache::graphics)
+        graphics[row] = graphicsFromFields(property.kind, property.values);
+}
+
+void iAppConfiguration::Impl::flushCache(std::size_t row) {
+    auto& property = records[row].property;
+    if (numbers[row] && !property.values.empty())
+        property.values.front() = floatToText(*numbers[row]);
+    else if (graphics[row])
+        printGraphics(property.kind, *graphics[row], property.values);
+}
+
+void iAppConfiguration::Impl::notify(std::string_view key, float value) const {
+    if (sinks.empty())
+        return;
+    const std::string name(key);
+    const auto told = sinks;
+    for (auto* sink : told) {
+        // One that an earlier sink took off the list may be gone.
+        if (std::ranges::find(sinks, sink) != sinks.end())
+            sink->propertyChanged(name, value);
+    }
+}
+
+} // namespace Orv

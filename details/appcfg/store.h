@@ -1,0 +1,61 @@
+#pragma once
+
+#include "details/appcfg/catalogue.h"
+#include "details/appcfg/graphics.h"
+#include "orv/appconfiguration.h"
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Orv {
+
+/// Where a field's value and its lock come from, as places in the working directory list.
+struct Origin {
+    std::optional<std::size_t> value;
+    std::optional<std::size_t> lock;
+};
+
+/// One row of the store: a property, and for each of its fields where it comes from. The rows stand in the
+/// order of the catalogue, so that a row's number serves for both and for the caches.
+struct Record {
+    iAppConfiguration::Property property;
+    std::vector<Origin> origins;
+};
+
+/// A property's text in the form in which the caches print it. Kinds without a cache have no other than the
+/// given.
+void normaliseFields(int kind, std::vector<std::string>& values);
+
+struct iAppConfiguration::Impl {
+    std::vector<Record> records;
+    std::vector<std::string> directories; ///< the most specific first, the installation last
+    std::string writeDirectory;           ///< the first of them
+    std::string currentDirectory;         ///< the one being read or written, during a transfer
+    std::string lastProjectPath;
+    std::array<std::optional<float>, kCatalogueSize> numbers;
+    std::array<std::optional<Graphics>, kCatalogueSize> graphics;
+    std::vector<iEventSink*> sinks; ///< not owned
+
+    /// Starts anew with the catalogue and its defaults. The caches stay as they are.
+    void registerCatalogue();
+
+    /// The row of a registered key; nothing for an unknown key, and for every key before the first load.
+    std::optional<std::size_t> find(std::string_view key) const noexcept;
+
+    /// Null for an unknown key and for a field that does not exist.
+    const Origin* originOf(std::string_view key, std::size_t field) const noexcept;
+
+    bool isCached(std::size_t row) const;
+    void refreshCache(std::size_t row);
+    /// Brings a row's text up to date from the cache.
+    void flushCache(std::size_t row);
+
+    /// Tells the sinks. A sink may do with the store what it likes, so after this call rows must be looked up
+    /// anew.
+    void notify(std::string_view key, float value) const;
+};
+
+} // namespace Orv

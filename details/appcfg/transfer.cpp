@@ -1,0 +1,203 @@
+#include "details/appcfg/transfer.h"
+
+#include "details/appcfg/kinds.h"
+
+#include <algorithm>
+
+namespace Orv {
+
+namespace {
+
+using Property = iAppConfiguration::Property;
+
+bool isSet(std::uint8_t flag) {
+    return flag != 0;
+}
+
+/// Nothing to write and nothing to remove: the key stays in the file as it is.
+bool hasNothingToSay(const Property& property) {
+    return property.values.empty() || property.values.front().empty();
+}
+
+void writeValue(const Property& property, IOvConfiguration& configuration) {
+    if (hasNothingToSay(property) || isSet(property.readonly.front()))
+        return;
+    const auto& path = pathOf(property);
+    if (!property.defaults.empty() && property.values.front() == property.defaults.front())
+        configuration.removeKey(path, property.name);
+    else
+        configuration.writeValue(path, property.name, property.values.front());
+}
+
+/// Unlike a single value, a list is written although it is locked. This is meant.
+void writeList(const Property& property, IOvConfiguration& configuration) {
+    if (hasNothingToSay(property))
+        return;
+    const auto& path = pathOf(property);
+    if (property.values == property.defaults)
+        configuration.removeKey(path, property.name);
+    else
+        configuration.writeList(path, property.name, property.values);
+}
+
+/// Unlike a single value, a group is written although it is locked, and loses the marks it had. This is
+/// meant.
+void writeGroup(const Property& property, IOvConfiguration& configuration) {
+    const auto& traits = kindTraits(property.kind);
+    std::map<std::string, std::string> attributes;
+    for (std::size_t i = 0; i < std::min(traits.fieldNames.size(), property.values.size()); ++i) {
+        if (i >= property.defaults.size() || property.values[i] != property.defaults[i])
+            attributes[traits.fieldNames[i]] = property.values[i];
+    }
+    configuration.removeGroup(traits.path, traits.typeWord, property.name);
+    if (!attributes.empty())
+        configuration.writeGroup(traits.path, traits.typeWord, property.name, attributes);
+}
+
+} // namespace
+
+ConfigurationReader::ConfigurationReader(iAppConfiguration::Impl& store,
+                                         const IOvConfiguration& configuration, std::size_t place)
+    : store_(store),
+      configuration_(configuration),
+      place_(place),
+      mostSpecific_(store.currentDirectory == store.writeDirectory) {
+}
+
+void ConfigurationReader::readAll() {
+    for (auto& record : store_.records) {
+        if (kindTraits(record.property.kind).storage == Storage::group)
+            readGroup(record);
+        else
+            readList(record);
+    }
+}
+
+void ConfigurationReader::readList(Record& record) {
+    const auto& property = record.property;
+    if (!configuration_.readList(pathOf(property), property.name, values_, locks_))
+        return;
+    locks_.resize(values_.size());
+    if (mostSpecific_) {
+        if (!readUserList(record))
+            return;
+    } else {
+        readInheritedList(record);
+    }
+    mergeLocks(record);
+    noteLocks(record);
+}
+
+/// @return false if the list is dropped, its locks included: one of another length would move locked fields.
+bool ConfigurationReader::readUserList(Record& record) const {
+    auto& property = record.property;
+    if (property.values.empty()) {
+        takeList(record);
+    } else if (property.values.size() == values_.size()) {
+        for (std::size_t i = 0; i < values_.size(); ++i) {
+            if (!isSet(property.readonly[i]))
+                take(record, i, values_[i]);
+        }
+    } else if (std::ranges::any_of(property.readonly, isSet)) {
+        return false;
+    } else {
+        takeList(record);
+        property.readonly = locks_;
+    }
+    return true;
+}
+
+void ConfigurationReader::readInheritedList(Record& record) const {
+    auto& property = record.property;
+    if (property.defaults.empty()) {
+        property.defaults = values_;
+        takeList(record);
+        property.readonly.resize(values_.size());
+        return;
+    }
+    property.values.resize(values_.size());
+    property.readonly.resize(values_.size());
+    property.defaults.resize(values_.size());
+    record.origins.resize(values_.size());
+    for (std::size_t i = 0; i < values_.size(); ++i) {
+        if (isSet(property.readonly[i]))
+            continue;
+        property.defaults[i] = values_[i];
+        take(record, i, values_[i]);
+    }
+}
+
+/// A lock once set stays.
+void ConfigurationReader::mergeLocks(Record& record) const {
+    auto& flags = record.property.readonly;
+    if (flags.empty())
+        flags = locks_;
+    for (std::size_t i = 0; i < std::min(flags.size(), locks_.size()); ++i) {
+        if (!isSet(flags[i]))
+            flags[i] = locks_[i];
+    }
+}
+
+void ConfigurationReader::readGroup(Record& record) {
+    auto& property = record.property;
+    const auto& traits = kindTraits(property.kind);
+    bool groupLocked = false;
+    if (!configuration_.readGroup(traits.path, traits.typeWord, property.name, attributes_, attributeLocks_,
+                                  groupLocked)) {
+        property.values = property.defaults;
+        return;
+    }
+    for (std::size_t i = 0; i < std::min(traits.fieldNames.size(), property.values.size()); ++i) {
+        // The value comes before the lock: a configuration may set a field and lock it in one place.
+        if (const auto text = attributes_.find(traits.fieldNames[i]); text != attributes_.end()) {
+            if (!isSet(property.readonly[i]))
+                take(record, i, text->second);
+            if (!mostSpecific_)
+                property.defaults = property.values;
+        }
+        if (groupLocked)
+            continue;
+        const auto lock = attributeLocks_.find(traits.fieldNames[i]);
+        if (lock != attributeLocks_.end() && lock->second == 1)
+            property.readonly[i] = 1;
+    }
+    if (groupLocked)
+        std::ranges::fill(property.readonly, std::uint8_t{1});
+    noteLocks(record);
+}
+
+void ConfigurationReader::take(Record& record, std::size_t field, const std::string& text) const {
+    record.property.values[field] = text;
+    record.origins[field].value = place_;
+}
+
+void ConfigurationReader::takeList(Record& record) const {
+    record.property.values = values_;
+    record.origins.assign(values_.size(), Origin{place_, std::nullopt});
+}
+
+/// The directory that locks a field first is the one to name.
+void ConfigurationReader::noteLocks(Record& record) const {
+    for (std::size_t i = 0; i < record.origins.size(); ++i) {
+        if (isSet(record.property.readonly[i]) && !record.origins[i].lock)
+            record.origins[i].lock = place_;
+    }
+}
+
+void writeAll(const iAppConfiguration::Impl& store, IOvConfiguration& configuration) {
+    for (const auto& record : store.records) {
+        switch (kindTraits(record.property.kind).storage) {
+        case Storage::value:
+            writeValue(record.property, configuration);
+            break;
+        case Storage::list:
+            writeList(record.property, configuration);
+            break;
+        case Storage::group:
+            writeGroup(record.property, configuration);
+            break;
+        }
+    }
+}
+
+} // namespace Orv

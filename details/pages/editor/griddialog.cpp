@@ -1,0 +1,100 @@
+#include "details/pages/editor/griddialog.h"
+
+#include "details/appcfg/unitglue.h"
+#include "details/widgets/messagebox.h"
+#include "ui_griddialog.h"
+
+#include <algorithm>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr unsigned kTemplate = 132;
+/// The lower limit is told with the unit's decimals, the upper one always with two. That is meant.
+constexpr int kUpperLimitDecimals = 2;
+
+} // namespace
+
+CGridDialog::CGridDialog(QWidget* parent)
+    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CGridDialog>()) {
+    name = "Grid";
+    helpTopic = "OV_SETUP_SETTINGS_SCH_ED_GRID";
+    helpBook = "orvane_ref";
+}
+
+CGridDialog::~CGridDialog() = default;
+
+void CGridDialog::setAppConfiguration(Orv::iAppConfiguration* appConfig) {
+    appConfig_ = appConfig;
+}
+
+bool CGridDialog::buildTemplate() {
+    ui_->setupUi(this);
+    return true;
+}
+
+bool CGridDialog::OnInitDialog() {
+    if (!appConfig_)
+        return false;
+    bindings_.add<CFlagBinding>("GRIDON", *ui_->display);
+    bindings_.add<CFlagBinding>("GRID_HIGHLIGHT_MARKS", *ui_->intervalMarkings);
+    spacing_ = &bindings_.add<CLengthBinding>("GRID_HR", *ui_->spacing, *ui_->spacingUnit);
+    bindings_.show(*appConfig_);
+    return true;
+}
+
+bool CGridDialog::onOk() {
+    return onApply();
+}
+
+bool CGridDialog::onApply() {
+    if (!checkSpacing())
+        return false;
+    bindings_.store(*appConfig_);
+    return true;
+}
+
+bool CGridDialog::onEnter() {
+    if (spacing_)
+        spacing_->followUnit(*appConfig_);
+    return true;
+}
+
+bool CGridDialog::onLeave() {
+    return checkSpacing();
+}
+
+bool CGridDialog::isValid() {
+    return checkSpacing();
+}
+
+bool CGridDialog::isModified() const {
+    return bindings_.isModified();
+}
+
+bool CGridDialog::checkSpacing() {
+    if (!spacing_)
+        return true;
+    CDecimalSpinCtrl& control = spacing_->control();
+    double minimum = 0, maximum = 0, step = 0;
+    control.getRange(minimum, maximum, step);
+    double value = control.getValue();
+    if (Orv::fromDisplay(value, spacing_->unit()) == 0)
+        value = 0;
+    // A spacing finer than the unit can show is accepted as it was stored, and refused when it is typed in.
+    if (!control.isEdited() && value > 0)
+        minimum = std::min(minimum, value);
+    if (value >= minimum && value <= maximum)
+        return true;
+
+    const int precision = Orv::Metrics::UnitTraits(spacing_->unit()).Precision();
+    showMessage(this, tr("Grid Spacing value should be between %1 and %2")
+                          .arg(control.formatted(minimum, precision),
+                               control.formatted(maximum, kUpperLimitDecimals)));
+    control.setFocus();
+    control.selectAll();
+    return false;
+}
+
+} // namespace ovsettings

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "details/widgets/bindings.h"
+#include "ovsettings/propdialogtemplate.h"
+
+#include <memory>
+
+namespace ovsettings {
+
+namespace Ui {
+class CGridDialog;
+}
+
+/// The page "Grid": whether the schematic shows its grid, and how wide the grid is.
+class CGridDialog : public CPropDialogTemplateEx {
+    Q_OBJECT
+
+public:
+    explicit CGridDialog(QWidget* parent);
+    ~CGridDialog() override;
+
+    void setAppConfiguration(Orv::iAppConfiguration* appConfig) override;
+    bool buildTemplate() override;
+    bool OnInitDialog() override;
+    bool onOk() override;
+    bool onApply() override;
+    bool onEnter() override;
+    bool onLeave() override;
+    bool isValid() override;
+    bool isModified() const override;
+
+private:
+    bool checkSpacing();
+
+    std::unique_ptr<Ui::CGridDialog> ui_;
+    Orv::iAppConfiguration* appConfig_ = nullptr;
+    CBindings bindings_;
+    /// One of the bindings; null until the page is filled, and a page that is not has nothing to refuse.
+    CLengthBinding* spacing_ = nullptr;
+};
+
+} // namespace ovsettings

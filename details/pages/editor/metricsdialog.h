@@ -1,0 +1,40 @@
+#pragma once
+
+#include "orv/metrics.h"
+#include "ovsettings/propdialogtemplate.h"
+
+#include <memory>
+#include <optional>
+
+namespace ovsettings {
+
+namespace Ui {
+class CMetricsDialog;
+}
+
+/// The page "Units": the unit in which all pages show lengths. Stored lengths do not depend on it.
+class CMetricsDialog : public CPropDialogTemplateEx {
+    Q_OBJECT
+
+public:
+    explicit CMetricsDialog(QWidget* parent);
+    ~CMetricsDialog() override;
+
+    void setAppConfiguration(Orv::iAppConfiguration* appConfig) override;
+    bool buildTemplate() override;
+    bool OnInitDialog() override;
+    bool onOk() override;
+    bool onApply() override;
+    bool onLeave() override;
+    bool isModified() const override;
+
+private:
+    std::optional<Orv::Metrics::Unit> selectedUnit() const;
+    bool unitDiffers() const;
+
+    std::unique_ptr<Ui::CMetricsDialog> ui_;
+    Orv::iAppConfiguration* appConfig_ = nullptr;
+    bool storedOnLeave_ = false;
+};
+
+} // namespace ovsettings

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "details/widgets/bindings.h"
+#include "ovsettings/propdialogtemplate.h"
+
+#include <memory>
+
+namespace ovsettings {
+
+namespace Ui {
+class CNetsDialog;
+}
+
+/// The page "Nets": how nets are routed, and where attributes and labels go when a net is split.
+class CNetsDialog : public CPropDialogTemplateEx {
+    Q_OBJECT
+
+public:
+    explicit CNetsDialog(QWidget* parent);
+    ~CNetsDialog() override;
+
+    void setAppConfiguration(Orv::iAppConfiguration* appConfig) override;
+    bool buildTemplate() override;
+    bool OnInitDialog() override;
+    bool onOk() override;
+    bool onApply() override;
+    bool onEnter() override;
+    bool onLeave() override;
+    bool isValid() override;
+    bool isModified() const override;
+
+private:
+    bool checkDistance();
+
+    std::unique_ptr<Ui::CNetsDialog> ui_;
+    Orv::iAppConfiguration* appConfig_ = nullptr;
+    CBindings bindings_;
+    /// One of the bindings; null until the page is filled, and a page that is not has nothing to refuse.
+    CLengthBinding* distance_ = nullptr;
+};
+
+} // namespace ovsettings

@@ -1,0 +1,175 @@
+#include "details/platform/atomicfile.h"
+
+#include "details/platform/paths.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+
+namespace platform {
+
+namespace {
+
+constexpr int kMostLinks = 40; // as many as the kernel follows
+
+std::string directoryOf(const std::string& path) {
+    const auto separator = path.rfind('/');
+    if (separator == std::string::npos)
+        return ".";
+    return separator == 0 ? "/" : path.substr(0, separator);
+}
+
+// Other than realpath(3) this gives the place of a file that is yet to be written.
+std::string followLinks(std::string path) {
+    for (int link = 0; link < kMostLinks; ++link) {
+        char target[PATH_MAX];
+        const ssize_t length = readlink(path.c_str(), target, sizeof target);
+        if (length <= 0)
+            break;
+        const std::string_view next(target, static_cast<std::size_t>(length));
+        path = next.front() == '/' ? std::string(next) : directoryOf(path) + "/" + std::string(next);
+    }
+    return path;
+}
+
+std::string neighbour(const std::string& path, std::string_view suffix) {
+    return directoryOf(path) + "/." + std::string(splitPath(path).name) + std::string(suffix);
+}
+
+int writeAll(int fd, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(fd, bytes.data(), bytes.size());
+        if (written >= 0)
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        else if (errno != EINTR)
+            return errno;
+    }
+    return 0;
+}
+
+int resultOf(int status) {
+    return status == 0 ? 0 : errno;
+}
+
+// Not every file system flushes directories; where one cannot, its rename is as safe as it gets.
+int flushDirectory(const std::string& directory) {
+    const Descriptor stream(::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const int code = stream.valid() ? resultOf(fsync(stream.get())) : errno;
+    return code == EINVAL || code == ENOTSUP || code == EACCES ? 0 : code;
+}
+
+} // namespace
+
+AtomicFile::AtomicFile(std::string path)
+    : path_(followLinks(std::move(path))),
+      directory_(directoryOf(path_)),
+      temporary_(neighbour(path_, ".tmp")) {
+}
+
+FileError AtomicFile::error(std::string operation, int code) const {
+    return {path_, std::move(operation), code};
+}
+
+std::optional<FileError> AtomicFile::lock(std::chrono::milliseconds timeout) {
+    auto failure = lock_.acquire(neighbour(path_, ".lock"), timeout);
+    if (failure)
+        return failure;
+    struct stat status;
+    if (stat(path_.c_str(), &status) == 0 && S_ISREG(status.st_mode))
+        former_ = Attributes{status.st_mode & 07777, status.st_uid, status.st_gid};
+    return std::nullopt;
+}
+
+std::optional<FileError> AtomicFile::write(std::string_view bytes) {
+    if (const int code = checkWritable())
+        return error("write", code);
+    if (const int code = writeTemporary(bytes)) {
+        unlink(temporary_.c_str());
+        return error("write", code);
+    }
+    if (const int code = resultOf(rename(temporary_.c_str(), path_.c_str()))) {
+        unlink(temporary_.c_str());
+        return error("put the new file in place", code);
+    }
+    if (const int code = flushDirectory(directory_))
+        return error("flush the directory", code);
+    return std::nullopt;
+}
+
+int AtomicFile::checkWritable() const {
+    struct stat status;
+    if (stat(path_.c_str(), &status) != 0)
+        return errno == ENOENT ? 0 : errno;
+    if (S_ISDIR(status.st_mode))
+        return EISDIR;
+    if (!S_ISREG(status.st_mode))
+        return EINVAL;
+    return resultOf(faccessat(AT_FDCWD, path_.c_str(), W_OK, AT_EACCESS));
+}
+
+int AtomicFile::writeTemporary(std::string_view bytes) const {
+    // Under the lock, a file of this name is what a killed writer left, or a trap; it is never written
+    // through.
+    if (unlink(temporary_.c_str()) != 0 && errno != ENOENT)
+        return errno;
+    Descriptor file(
+        ::open(temporary_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, former_ ? 0600 : 0666));
+    if (!file.valid())
+        return errno;
+    int code = former_ ? adoptAttributes(file.get()) : 0;
+    if (code == 0)
+        code = writeAll(file.get(), bytes);
+    if (code == 0)
+        code = resultOf(fsync(file.get()));
+    const int closed = resultOf(file.close());
+    return code != 0 ? code : closed;
+}
+
+int AtomicFile::adoptAttributes(int fd) const {
+    struct stat status;
+    if (fstat(fd, &status) != 0)
+        return errno;
+    bool groupKept = status.st_gid == former_->group;
+    if (status.st_uid != former_->owner)
+        groupKept = fchown(fd, former_->owner, former_->group) == 0 || groupKept;
+    if (!groupKept)
+        groupKept = fchown(fd, static_cast<uid_t>(-1), former_->group) == 0;
+    // The rights of a group are for that group; another one gets no more than everybody.
+    const mode_t everybody = former_->mode & 07u;
+    const mode_t mode = groupKept ? former_->mode : (former_->mode & ~07070u) | everybody << 3;
+    return resultOf(fchmod(fd, mode));
+}
+
+std::optional<FileError> AtomicFile::moveAside(std::string_view suffix, std::string& newPath) {
+    const int code = checkWritable();
+    if (code != 0 && code != EISDIR)
+        return error("move aside", code);
+    const std::string plain = path_ + "." + std::string(suffix);
+    std::string candidate = plain;
+    struct stat status;
+    for (int number = 2; lstat(candidate.c_str(), &status) == 0; ++number)
+        candidate = plain + "." + std::to_string(number);
+    if (rename(path_.c_str(), candidate.c_str()) != 0)
+        return error("move aside", errno);
+    newPath = candidate;
+    return std::nullopt;
+}
+
+void AtomicFile::moveBack(const std::string& newPath) const {
+    struct stat status;
+    if (lstat(path_.c_str(), &status) != 0)
+        static_cast<void>(rename(newPath.c_str(), path_.c_str()));
+}
+
+std::optional<FileError> writeFileAtomically(const std::string& path, std::string_view bytes,
+                                             std::chrono::milliseconds timeout) {
+    AtomicFile file(path);
+    if (auto failure = file.lock(timeout))
+        return failure;
+    return file.write(bytes);
+}
+
+} // namespace platform

@@ -1,0 +1,33 @@
+#include "details/platform/environment.h"
+
+#include <cstdlib>
+
+namespace platform {
+
+std::optional<std::string> environmentVariable(const char* name) {
+    const char* value = std::getenv(name);
+    if (!value)
+        return std::nullopt;
+    return value;
+}
+
+std::string expandEnvironmentReferences(std::string_view text) {
+    std::string expanded;
+    for (;;) {
+        const auto open = text.find('%');
+        const auto close = open == std::string_view::npos ? open : text.find('%', open + 1);
+        if (close == std::string_view::npos)
+            return expanded.append(text);
+        const std::string name(text.substr(open + 1, close - open - 1));
+        if (const auto value = name.empty() ? std::nullopt : environmentVariable(name.c_str())) {
+            expanded.append(text.substr(0, open)).append(*value);
+            text.remove_prefix(close + 1);
+        } else {
+            // The closing sign may open the next reference.
+            expanded.append(text.substr(0, close));
+            text.remove_prefix(close);
+        }
+    }
+}
+
+} // namespace platform

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "details/platform/descriptor.h"
+#include "details/platform/fileerror.h"
+
+#include <chrono>
+#include <optional>
+#include <string>
+
+namespace platform {
+
+constexpr std::chrono::milliseconds kLockTimeout{5000};
+
+/// A kernel lock on a file that exists for that purpose alone and stays. The lock goes with the process that
+/// holds it, so a killed one blocks nobody.
+class FileLock {
+public:
+    /// Waits until the lock is had. The file is made where it is missing.
+    /// @return the error; the code is ETIMEDOUT if someone held the lock all the time.
+    [[nodiscard]] std::optional<FileError> acquire(const std::string& path,
+                                                   std::chrono::milliseconds timeout = kLockTimeout);
+    void release() { file_.close(); }
+    bool held() const { return file_.valid(); }
+
+private:
+    Descriptor file_;
+};
+
+} // namespace platform

@@ -1,0 +1,85 @@
+#include "details/platform/paths.h"
+
+#include <dirent.h>
+#include <strings.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <memory>
+
+namespace platform {
+
+namespace {
+
+constexpr char kSeparator = '/';
+constexpr std::string_view kSeparators = "/\\";
+
+// A symbolic link that leads nowhere is a name on disk all the same.
+bool nameExists(const std::string& path) {
+    struct stat status;
+    return lstat(path.c_str(), &status) == 0;
+}
+
+std::optional<std::string> nameWithoutCase(const std::string& directory, const std::string& name) {
+    struct Close {
+        void operator()(DIR* stream) const { closedir(stream); }
+    };
+    const std::unique_ptr<DIR, Close> stream(opendir(directory.empty() ? "." : directory.c_str()));
+    std::optional<std::string> found;
+    while (const dirent* entry = stream ? readdir(stream.get()) : nullptr) {
+        if (strcasecmp(entry->d_name, name.c_str()) == 0 && (!found || entry->d_name < *found))
+            found = entry->d_name;
+    }
+    return found;
+}
+
+} // namespace
+
+std::string platformPath(std::string_view text) {
+    std::string path(text);
+    std::replace(path.begin(), path.end(), '\\', kSeparator);
+    return path;
+}
+
+PathParts splitPath(std::string_view text) {
+    const auto separator = text.find_last_of(kSeparators);
+    if (separator == std::string_view::npos)
+        return {{}, text};
+    return {text.substr(0, separator), text.substr(separator + 1)};
+}
+
+bool isBareName(std::string_view text) {
+    return text.find_first_of(kSeparators) == std::string_view::npos;
+}
+
+std::optional<std::string> resolveExisting(std::string_view text) {
+    const std::string path = platformPath(text);
+    if (nameExists(path))
+        return path;
+    std::string resolved;
+    for (std::size_t begin = 0; begin < path.size();) {
+        const auto end = std::min(path.find(kSeparator, begin), path.size());
+        const std::string name = path.substr(begin, end - begin);
+        if (nameExists(resolved + name)) {
+            resolved += name;
+        } else if (!name.empty()) {
+            const auto spelled = nameWithoutCase(resolved, name);
+            if (!spelled)
+                return std::nullopt;
+            resolved += *spelled;
+        }
+        if (end < path.size())
+            resolved += kSeparator;
+        begin = end + 1;
+    }
+    if (!nameExists(resolved))
+        return std::nullopt;
+    return resolved;
+}
+
+bool isDirectory(const std::string& path) {
+    struct stat status;
+    return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+} // namespace platform

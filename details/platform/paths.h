@@ -1,0 +1,33 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+/// A path cut at its last separator of either kind, which belongs to neither part.
+struct PathParts {
+    std::string_view directory; ///< empty for a bare name
+    std::string_view name;
+};
+
+/// The text with each "\" turned into the platform's separator. For the moment of file access only: texts are
+/// stored and shown as they were given.
+std::string platformPath(std::string_view text);
+
+/// The parts are views of the text.
+PathParts splitPath(std::string_view text);
+
+/// True if the text has no separator of either kind.
+bool isBareName(std::string_view text);
+
+/// Finds what a path names on disk: in its exact spelling, or else component by component, each in its exact
+/// spelling first and then without regard to the case of ASCII letters; of several such names the first in
+/// byte order.
+/// @return the path as it is spelled on disk, or nothing if there is none.
+std::optional<std::string> resolveExisting(std::string_view path);
+
+bool isDirectory(const std::string& path);
+
+} // namespace platform

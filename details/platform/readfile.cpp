@@ -1,0 +1,69 @@
+#include "details/platform/readfile.h"
+
+#include "details/platform/descriptor.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+
+namespace platform {
+
+namespace {
+
+constexpr const char* kRead = "read";
+
+int checkReadable(int fd, std::size_t& size) {
+    struct stat status;
+    if (fstat(fd, &status) != 0)
+        return errno;
+    if (S_ISDIR(status.st_mode))
+        return EISDIR;
+    if (!S_ISREG(status.st_mode))
+        return EINVAL;
+    if (static_cast<std::size_t>(status.st_size) > kLargestFile)
+        return EFBIG;
+    size = static_cast<std::size_t>(status.st_size);
+    return 0;
+}
+
+int readAll(int fd, std::size_t expected, std::string& bytes) {
+    std::size_t used = 0;
+    for (;;) {
+        // One byte more than expected, so that the end is met without growing.
+        if (used == bytes.size())
+            bytes.resize(std::max(expected + 1, used * 2));
+        const ssize_t got = ::read(fd, bytes.data() + used, bytes.size() - used);
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0)
+            return errno;
+        if (got == 0)
+            break;
+        used += static_cast<std::size_t>(got);
+        if (used > kLargestFile)
+            return EFBIG;
+    }
+    bytes.resize(used);
+    return 0;
+}
+
+} // namespace
+
+std::optional<FileError> readFile(const std::string& path, std::string& bytes) {
+    bytes.clear();
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    if (!file.valid())
+        return FileError{path, kRead, errno};
+    std::size_t size = 0;
+    int code = checkReadable(file.get(), size);
+    if (code == 0)
+        code = readAll(file.get(), size, bytes);
+    if (code == 0)
+        return std::nullopt;
+    bytes.clear();
+    return FileError{path, kRead, code};
+}
+
+} // namespace platform

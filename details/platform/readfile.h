@@ -1,0 +1,17 @@
+#pragma once
+
+#include "details/platform/fileerror.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+
+namespace platform {
+
+constexpr std::size_t kLargestFile = 64u << 20; ///< in bytes; what is larger is no file of ours
+
+/// Reads a whole regular file. Anything else is refused, so that a pipe in place of a file makes nobody wait.
+/// @return the error, with `bytes` empty; a missing file has the code ENOENT.
+[[nodiscard]] std::optional<FileError> readFile(const std::string& path, std::string& bytes);
+
+} // namespace platform

@@ -1,0 +1,57 @@
+#include "details/shell/captionlabel.h"
+
+#include <QtGui/QFontMetrics>
+#include <QtGui/QPainter>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr QRgb kBarColour = qRgb(0x9F, 0x9C, 0x96);
+constexpr QPoint kTextOrigin(10, 5);
+constexpr int kCellHeight = 18;
+
+/// The user interface's own face in medium weight, its character cell as high as the bar was drawn for. Fonts
+/// for Japanese are found by the toolkit, glyph by glyph.
+QFont captionFont(const QFont& base) {
+    QFont font(base);
+    font.setWeight(QFont::Medium);
+    int pixels = kCellHeight;
+    do
+        font.setPixelSize(pixels--);
+    while (pixels > 1 && QFontMetrics(font).height() > kCellHeight);
+    return font;
+}
+
+} // namespace
+
+CCaptionLabel::CCaptionLabel(QWidget* parent) : QLabel(parent) {
+}
+
+void CCaptionLabel::setCaption(const QString& caption) {
+    caption_ = caption;
+    setAccessibleName(caption);
+    clear();
+    update();
+}
+
+QSize CCaptionLabel::sizeHint() const {
+    return {QFontMetrics(captionFont(font())).horizontalAdvance(caption_) + 2 * kTextOrigin.x(),
+            kCellHeight + 2 * kTextOrigin.y()};
+}
+
+QSize CCaptionLabel::minimumSizeHint() const {
+    return {2 * kTextOrigin.x(), kCellHeight + 2 * kTextOrigin.y()};
+}
+
+void CCaptionLabel::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), QColor(kBarColour));
+    painter.setFont(captionFont(font()));
+    painter.setPen(Qt::white);
+    const QFontMetrics metrics = painter.fontMetrics();
+    const QString shown = metrics.elidedText(caption_, Qt::ElideRight, width() - 2 * kTextOrigin.x());
+    painter.drawText(kTextOrigin.x(), kTextOrigin.y() + metrics.ascent(), shown);
+}
+
+} // namespace ovsettings

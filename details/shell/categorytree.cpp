@@ -1,0 +1,67 @@
+#include "details/shell/categorytree.h"
+
+#include <QtCore/QItemSelectionModel>
+#include <QtCore/QScopedValueRollback>
+
+#include <utility>
+
+namespace ovsettings {
+
+/// A selection that follows the current item, and a current item that changes only if the leave check allows
+/// it.
+class CCategoryTree::GuardedSelection : public QItemSelectionModel {
+public:
+    explicit GuardedSelection(CCategoryTree& tree) : QItemSelectionModel(tree.model(), &tree), tree_(tree) {}
+
+    using QItemSelectionModel::select;
+
+    void setCurrentIndex(const QModelIndex& index, SelectionFlags command) override {
+        // The leave check may show a message box; what arrives meanwhile must not change the answer's
+        // subject.
+        if (asking_ || !mayChangeTo(index))
+            return;
+        accepted_ = index;
+        QItemSelectionModel::setCurrentIndex(index, command);
+    }
+
+    void select(const QItemSelection& selection, SelectionFlags command) override {
+        // A click is made of a change of the current item and a change of the selection: after a refusal of
+        // the first, the second must not happen either. Nor may a click with Ctrl take the selection away.
+        const bool takesAway = command & (Deselect | Toggle);
+        if (takesAway || (!selection.isEmpty() && !selection.contains(accepted_)))
+            return;
+        QItemSelectionModel::select(selection, command);
+    }
+
+private:
+    bool mayChangeTo(const QModelIndex& index) {
+        if (!tree_.leaveCheck_ || !index.isValid() || index == currentIndex())
+            return true;
+        const QScopedValueRollback<bool> guard(asking_, true);
+        return tree_.leaveCheck_(tree_.itemFromIndex(currentIndex()), tree_.itemFromIndex(index));
+    }
+
+    CCategoryTree& tree_;
+    QPersistentModelIndex accepted_;
+    bool asking_ = false;
+};
+
+CCategoryTree::CCategoryTree(QWidget* parent) : QTreeWidget(parent) {
+    QItemSelectionModel* replaced = selectionModel();
+    setSelectionModel(new GuardedSelection(*this));
+    delete replaced;
+    // The base class has connected this signal to the selection that it made itself.
+    connect(selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& current, const QModelIndex& previous) {
+                Q_EMIT currentItemChanged(itemFromIndex(current), itemFromIndex(previous));
+            });
+    setHeaderHidden(true);
+    setColumnCount(1);
+    setUniformRowHeights(true);
+}
+
+void CCategoryTree::setLeaveCheck(LeaveCheck check) {
+    leaveCheck_ = std::move(check);
+}
+
+} // namespace ovsettings

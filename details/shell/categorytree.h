@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QtWidgets/QTreeWidget>
+
+#include <functional>
+
+namespace ovsettings {
+
+/// The tree of categories. It asks before its current item changes, by mouse, by key or by code; a refusal
+/// leaves current item and selection as they were.
+class CCategoryTree : public QTreeWidget {
+    Q_OBJECT
+
+public:
+    using LeaveCheck = std::function<bool(QTreeWidgetItem* from, QTreeWidgetItem* to)>;
+
+    explicit CCategoryTree(QWidget* parent = nullptr);
+
+    void setLeaveCheck(LeaveCheck check);
+
+private:
+    class GuardedSelection;
+
+    LeaveCheck leaveCheck_;
+};
+
+} // namespace ovsettings

@@ -1,0 +1,16 @@
+#include "details/shell/emptydialog.h"
+
+#include "ui_emptydialog.h"
+
+namespace ovsettings {
+
+CEmptyDialog::CEmptyDialog(QWidget* parent) : CPropDialogTemplateEx(1174, parent) {
+    name = "Empty";
+}
+
+bool CEmptyDialog::buildTemplate() {
+    Ui::CEmptyDialog().setupUi(this);
+    return true;
+}
+
+} // namespace ovsettings

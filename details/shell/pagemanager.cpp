@@ -1,0 +1,116 @@
+#include "details/shell/pagemanager.h"
+
+#include "details/shell/pagestarter.h"
+#include "details/shell/settingsdialog.h"
+#include "details/shell/settingsupdater.h"
+#include "details/shell/settingsxmlreader.h"
+
+namespace ovsettings {
+
+namespace {
+
+constexpr int kFactoryWithConfigurations = 2;
+
+} // namespace
+
+CPageManager::CPageManager(CSettingsDialog& frame, CSettingsUpdater& updater)
+    : frame_(frame), updater_(updater) {
+}
+
+CPageManager::~CPageManager() = default;
+
+bool CPageManager::read(const std::string& path) {
+    if (!reader_)
+        reader_ = std::make_unique<CSettingsXmlReader>(*this);
+    reader_->read(path);
+    return true;
+}
+
+void CPageManager::build() {
+    for (const auto& root : roots_)
+        buildNode(*root, 0);
+}
+
+void CPageManager::buildNode(CCategoryNode& node, unsigned parentKey) {
+    node.supplier = supplierFor(node.localization);
+    CPropertyPageFactory* factory = node.supplier ? node.supplier->getFactory() : nullptr;
+    if (!factory)
+        return;
+    updater_.addUpdater(factory->getUpdater());
+    if (!factory->hasPage(node.classid))
+        return;
+    const unsigned key = frame_.addCategory(makeStarter(*factory, node.classid), parentKey, node.name, true);
+    for (const auto& child : node.children)
+        buildNode(*child, key);
+}
+
+CPropertyPageSupplier* CPageManager::supplierFor(const std::string& localization) {
+    if (localization.empty())
+        return nullptr;
+    const auto [entry, isNew] = suppliers_.try_emplace(localization);
+    if (isNew)
+        entry->second =
+            makeSupplier(localization, &frame_.appConfiguration(), &frame_.projectConfiguration());
+    return entry->second.get();
+}
+
+std::unique_ptr<CPageStarter> CPageManager::makeStarter(CPropertyPageFactory& factory,
+                                                        const std::string& pageKey) {
+    if (factory.factoryKind() != kFactoryWithConfigurations)
+        return std::make_unique<CPageStarter>(factory, pageKey);
+    // An add-in may derive from the interface alone and say 2 all the same; only a real one can be given
+    // anything.
+    if (auto* configured = dynamic_cast<CFactoryEx*>(&factory))
+        configured->setConfigurations(&frame_.appConfiguration(), &frame_.projectConfiguration());
+    return std::make_unique<CPageStarterEx>(factory, pageKey, &frame_.appConfiguration(),
+                                            &frame_.projectConfiguration());
+}
+
+void CPageManager::release() {
+    for (const auto& root : roots_)
+        releaseNode(*root);
+    roots_.clear();
+    stack_.clear();
+    suppliers_.clear();
+    reader_.reset();
+}
+
+void CPageManager::releaseNode(CCategoryNode& node) {
+    CPropertyPageFactory* factory = node.supplier ? node.supplier->getFactory() : nullptr;
+    if (!factory)
+        return;
+    factory->removePage(node.name);
+    for (const auto& child : node.children)
+        releaseNode(*child);
+}
+
+void CPageManager::keepAddInsLoaded() {
+    for (const auto& [localization, supplier] : suppliers_) {
+        if (supplier)
+            supplier->keepLoaded();
+    }
+}
+
+CCategoryNode* CPageManager::newNode(CCategoryNode* parent) {
+    auto& siblings = parent ? parent->children : roots_;
+    siblings.push_back(std::make_unique<CCategoryNode>());
+    siblings.back()->parent = parent;
+    return siblings.back().get();
+}
+
+void CPageManager::push(CCategoryNode* node) {
+    stack_.push_back(node);
+}
+
+CCategoryNode* CPageManager::pop() {
+    CCategoryNode* node = top();
+    if (node)
+        stack_.pop_back();
+    return node;
+}
+
+CCategoryNode* CPageManager::top() const {
+    return stack_.empty() ? nullptr : stack_.back();
+}
+
+} // namespace ovsettings

@@ -1,0 +1,114 @@
+#include "ovsettings/propdialogtemplate.h"
+
+#include "suite/help.h"
+
+#include <cstdlib>
+#include <cxxabi.h>
+#include <iostream>
+#include <memory>
+#include <typeinfo>
+
+namespace ovsettings {
+
+namespace {
+
+/// The bare class name, without its namespaces, as a developer would search for it.
+std::string runtimeClassName(const CPropDialogTemplate& page) {
+    const std::type_info& type = typeid(page);
+    const std::unique_ptr<char, decltype(&std::free)> readable(
+        abi::__cxa_demangle(type.name(), nullptr, nullptr, nullptr), &std::free);
+    std::string className = readable ? readable.get() : type.name();
+    if (const auto colon = className.rfind(':'); colon != std::string::npos)
+        className.erase(0, colon + 1);
+    return className;
+}
+
+} // namespace
+
+CPropDialogTemplate::CPropDialogTemplate(unsigned templateId, QWidget* parent)
+    : QWidget(parent), templateId_(templateId) {
+}
+
+CPropDialogTemplate::~CPropDialogTemplate() = default;
+
+bool CPropDialogTemplate::PreTranslateMessage(QKeyEvent*) {
+    return false;
+}
+
+bool CPropDialogTemplate::buildTemplate() {
+    return true;
+}
+
+bool CPropDialogTemplate::OnInitDialog() {
+    return true;
+}
+
+const char* CPropDialogTemplate::pageName() const {
+    return name;
+}
+
+unsigned CPropDialogTemplate::dialogId() const {
+    return templateId_;
+}
+
+bool CPropDialogTemplate::createWindow(QWidget* parent) {
+    setParent(parent);
+    // Said outright, or the page would appear together with its parent.
+    hide();
+    hasWindow_ = buildTemplate();
+    if (hasWindow_) {
+        OnInitDialog();
+        return true;
+    }
+    setParent(nullptr);
+    std::cerr << "OvSettings: Cannot create property page dialog '" << runtimeClassName(*this)
+              << "' with IDD=" << templateId_ << " and state in 'OvSettings'" << std::endl;
+    // The callers have no path for a page that failed: it stays in the dialog as an empty one.
+    return true;
+}
+
+bool CPropDialogTemplate::onOk() {
+    return true;
+}
+
+bool CPropDialogTemplate::onApply() {
+    return true;
+}
+
+bool CPropDialogTemplate::onCancel() {
+    return true;
+}
+
+bool CPropDialogTemplate::onEnter() {
+    return true;
+}
+
+bool CPropDialogTemplate::onLeave() {
+    return true;
+}
+
+bool CPropDialogTemplate::isValid() {
+    return true;
+}
+
+bool CPropDialogTemplate::isModified() const {
+    return false;
+}
+
+int CPropDialogTemplate::showHelp() {
+    return OlhHelpCall(helpBook.c_str(), helpTopic.c_str(), 0);
+}
+
+CPropDialogTemplateEx::CPropDialogTemplateEx(unsigned templateId, QWidget* parent)
+    : CPropDialogTemplate(templateId, parent) {
+}
+
+CPropDialogTemplateEx::~CPropDialogTemplateEx() = default;
+
+void CPropDialogTemplateEx::setAppConfiguration(Orv::iAppConfiguration*) {
+}
+
+void CPropDialogTemplateEx::setProjectConfiguration(Orv::CProjectConfiguration*) {
+}
+
+} // namespace ovsettings

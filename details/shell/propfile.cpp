@@ -1,0 +1,110 @@
+#include "details/shell/propfile.h"
+
+#include "details/platform/paths.h"
+#include "details/widgets/messagebox.h"
+#include "details/widgets/stringconversion.h"
+
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QLineEdit>
+
+#include <fstream>
+#include <vector>
+
+namespace ovsettings {
+
+namespace {
+
+void tellIncorrectFileName(QWidget& field) {
+    showMessage(&field, QStringLiteral("Incorrect file name!"));
+}
+
+} // namespace
+
+bool CFileValidator::isValid(const std::string& path) const {
+    switch (mode_) {
+    case existingBareName:
+        return platform::isBareName(path) && std::ifstream(path).is_open();
+    case bareName:
+        return platform::isBareName(path);
+    default:
+        return false;
+    }
+}
+
+CPropFile::CPropFile(QLineEdit& edit) : edit_(edit) {
+}
+
+CPropFile::~CPropFile() = default;
+
+void CPropFile::browse() {
+    QFileDialog dialog(edit_.window(), toQString(title_), toQString(initialDirectory_),
+                       toQString(toolkitFilter(filter_)));
+    dialog.setFileMode(QFileDialog::AnyFile);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const QString path = dialog.selectedFiles().value(0);
+    if (check(toUtf8(path))) {
+        edit_.setText(path);
+        return;
+    }
+    tellIncorrectFileName(edit_);
+    edit_.clear();
+}
+
+bool CPropFile::check(const std::string& path) {
+    if (!validator_)
+        return true;
+    valid_ = validator_->isValid(path);
+    return valid_;
+}
+
+bool CPropFile::checkField() {
+    const bool accepted = check(toUtf8(edit_.text()));
+    if (!accepted)
+        tellIncorrectFileName(edit_);
+    return accepted;
+}
+
+bool CPropFile::isValid() const {
+    return valid_;
+}
+
+bool CPropFile::canLeave() const {
+    return true;
+}
+
+void CPropFile::setValidator(const CFileValidator* validator) {
+    validator_ = validator;
+}
+
+void CPropFile::setInitialDirectory(const std::string& directory) {
+    initialDirectory_ = directory;
+}
+
+void CPropFile::setFilter(const std::string& filter) {
+    filter_ = filter;
+}
+
+void CPropFile::setTitle(const std::string& title) {
+    title_ = title;
+}
+
+std::string toolkitFilter(std::string_view pairs) {
+    std::vector<std::string> pieces;
+    for (auto bar = pairs.find('|'); bar != std::string_view::npos && bar > 0; bar = pairs.find('|')) {
+        pieces.emplace_back(pairs.substr(0, bar));
+        pairs.remove_prefix(bar + 1);
+    }
+    std::string filter;
+    for (std::size_t i = 0; i + 1 < pieces.size(); i += 2) {
+        // The toolkit takes the patterns from the parentheses and wants blanks between them.
+        std::string patterns = pieces[i + 1];
+        for (char& c : patterns)
+            c = c == ';' ? ' ' : c;
+        const std::string description = pieces[i].substr(0, pieces[i].find(" ("));
+        filter += (filter.empty() ? "" : ";;") + description + " (" + patterns + ")";
+    }
+    return filter;
+}
+
+} // namespace ovsettings

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+class QLineEdit;
+
+namespace ovsettings {
+
+/// Says whether a text is a file name that a page accepts.
+class CFileValidator {
+public:
+    enum Mode : int {
+        existingBareName = 0, ///< no directory in it, and the file opens for reading
+        bareName = 1,         ///< no directory in it
+    };
+
+    /// @param mode one of Mode; any other accepts nothing.
+    explicit CFileValidator(int mode) : mode_(mode) {}
+
+    bool isValid(const std::string& path) const;
+
+private:
+    int mode_;
+};
+
+/// The file name field of a page: an edit control with a button that browses for a file.
+class CPropFile {
+public:
+    /// @param edit the field; not owned, must outlive this object.
+    explicit CPropFile(QLineEdit& edit);
+    virtual ~CPropFile();
+
+    /// Lets the user choose a file and puts its path into the field. A path that the validator refuses is
+    /// told and clears the field.
+    virtual void browse();
+    /// True without a validator; otherwise its verdict, which the valid flag keeps.
+    virtual bool check(const std::string& path);
+    /// Checks the field's text and tells the user of a refusal.
+    virtual bool checkField();
+    virtual bool isValid() const;
+    /// Part of the interface of such fields; every field may be left.
+    virtual bool canLeave() const;
+    /// @param validator not owned; null accepts everything.
+    virtual void setValidator(const CFileValidator* validator);
+
+    void setInitialDirectory(const std::string& directory);
+    /// @param filter pairs of description and patterns, each ended by "|", as in "Text (*.txt)|*.txt||".
+    void setFilter(const std::string& filter);
+    void setTitle(const std::string& title);
+
+private:
+    QLineEdit& edit_;
+    std::string initialDirectory_;
+    std::string filter_;
+    std::string title_;
+    bool valid_ = true;
+    const CFileValidator* validator_ = nullptr;
+};
+
+/// A filter of pairs as CPropFile takes it, in the form of the toolkit's file dialog.
+std::string toolkitFilter(std::string_view pairs);
+
+} // namespace ovsettings

@@ -1,0 +1,367 @@
+#include "details/shell/settingsdialog.h"
+
+#include "details/appcfg/appcfg.h"
+#include "details/platform/environment.h"
+#include "details/shell/dialogunits.h"
+#include "details/shell/pagemanager.h"
+#include "details/shell/pagestarter.h"
+#include "details/shell/settingsupdater.h"
+#include "details/shell/stringtable.h"
+#include "details/widgets/messagebox.h"
+#include "details/widgets/stringconversion.h"
+#include "details/widgets/wheelguard.h"
+#include "orv/appconfiguration.h"
+#include "ovsettings/propdialogtemplate.h"
+#include "ui_settingsdialog.h"
+
+#include <QtGui/QIcon>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QScreen>
+#include <QtGui/QShortcut>
+#include <QtWidgets/QApplication>
+
+#include <algorithm>
+#include <vector>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr char kDefaultCatalogue[] = "settings.xml";
+constexpr char kLastPageKey[] = "MRU_SETTINGS";
+constexpr unsigned kFirstCaption = 20001;
+constexpr unsigned kLastCaption = 20035;
+
+// The template's sizes, in dialog units.
+constexpr QSize kClientSize(504, 266);
+constexpr QSize kButtonSize(50, 16);
+
+constexpr int kPageIndexRole = Qt::UserRole;
+
+unsigned pageIndex(const QTreeWidgetItem* item) {
+    return item ? item->data(0, kPageIndexRole).toUInt() : 0;
+}
+
+/// The wait cursor, for the life of the object.
+class WaitCursor {
+public:
+    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
+void setShown(CPropDialogTemplate* page, bool shown) {
+    if (page && page->hasWindow())
+        page->setVisible(shown);
+}
+
+/// The controls of a page that Tab stops at, in order.
+QWidgetList tabStops(CPropDialogTemplate& page) {
+    QWidgetList stops;
+    for (QWidget* widget = page.nextInFocusChain(); widget != &page; widget = widget->nextInFocusChain()) {
+        if (page.isAncestorOf(widget) && (widget->focusPolicy() & Qt::TabFocus) && !widget->focusProxy())
+            stops.append(widget);
+    }
+    return stops;
+}
+
+} // namespace
+
+CSettingsDialog::CSettingsDialog(Orv::iAppConfiguration& appConfig, Orv::CProjectConfiguration& projectConfig,
+                                 Orv::IUpdater* hostUpdater, QWidget* parent)
+    : QDialog(parent),
+      appConfig_(appConfig),
+      projectConfig_(projectConfig),
+      updater_(std::make_unique<CSettingsUpdater>()),
+      catalogueFile_(kDefaultCatalogue),
+      ui_(std::make_unique<Ui::CSettingsDialog>()) {
+    ui_->setupUi(this);
+    updater_->addUpdater(hostUpdater);
+    manager_ = std::make_unique<CPageManager>(*this, *updater_);
+}
+
+CSettingsDialog::~CSettingsDialog() {
+    qApp->removeEventFilter(this);
+    // The pages' windows are gone before the libraries that their code is in.
+    activePage_ = currentPage_ = nullptr;
+    for (const auto& [index, page] : pages_)
+        delete page;
+    updater_.reset();
+    if (failure_)
+        manager_->keepAddInsLoaded();
+    manager_->release();
+    manager_.reset();
+}
+
+void CSettingsDialog::setCatalogueFile(const std::string& fileName) {
+    catalogueFile_ = fileName;
+}
+
+int CSettingsDialog::DoModal() {
+    try {
+        OnInitDialog();
+    } catch (...) {
+        failure_ = std::current_exception();
+        throw;
+    }
+    rethrowFailure();
+    const int result = exec();
+    rethrowFailure();
+    return result;
+}
+
+void CSettingsDialog::rethrowFailure() {
+    if (failure_)
+        std::rethrow_exception(failure_);
+}
+
+template <typename Command>
+void CSettingsDialog::guarded(Command command) {
+    if (failure_)
+        return;
+    try {
+        command();
+    } catch (...) {
+        failure_ = std::current_exception();
+        done(applied_);
+    }
+}
+
+void CSettingsDialog::OnInitDialog() {
+    connectControls();
+    for (QPushButton* button : {ui_->okButton, ui_->applyButton, ui_->cancelButton, ui_->helpButton})
+        button->setMinimumSize(fromDialogUnits(*this, kButtonSize));
+    captions_.setLanguages(kEnglish, userLanguageId());
+    captions_.load(kFirstCaption, kLastCaption);
+    setWindowIcon(QIcon(QStringLiteral(":/ovsettings/images/settings.svg")));
+    const std::string path =
+        platform::environmentVariable("RSR_HOME").value_or("") + "/standard/" + catalogueFile_;
+    if (!manager_->read(path)) {
+        showMessage(this, toQString("Can not load " + path + " file."));
+        return;
+    }
+    manager_->build();
+    ui_->tree->expandAll();
+    showLastPage();
+    ui_->tree->setFocus();
+    initialised_ = true;
+}
+
+void CSettingsDialog::connectControls() {
+    connect(ui_->okButton, &QPushButton::clicked, this, &CSettingsDialog::accept);
+    connect(ui_->applyButton, &QPushButton::clicked, this,
+            [this] { guarded([this] { commit(Commit::apply); }); });
+    connect(ui_->cancelButton, &QPushButton::clicked, this, &CSettingsDialog::reject);
+    connect(ui_->helpButton, &QPushButton::clicked, this, &CSettingsDialog::showActivePageHelp);
+    connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this,
+            &CSettingsDialog::showActivePageHelp);
+
+    ui_->tree->setLeaveCheck([this](const QTreeWidgetItem* from, const QTreeWidgetItem* to) {
+        bool allowed = false;
+        guarded([&] { allowed = mayLeave(from, to); });
+        return allowed;
+    });
+    connect(ui_->tree, &QTreeWidget::currentItemChanged, this, [this](const QTreeWidgetItem* item) {
+        if (item)
+            guarded([this, item] { switchToPage(pageIndex(item)); });
+    });
+    qApp->installEventFilter(this);
+}
+
+QSize CSettingsDialog::sizeHint() const {
+    const QSize wanted = fromDialogUnits(*this, kClientSize);
+    const QSize available = screen() ? screen()->availableSize() * 9 / 10 : wanted;
+    return wanted.boundedTo(available);
+}
+
+unsigned CSettingsDialog::addCategory(std::unique_ptr<CPageStarter> starter, unsigned parentKey,
+                                      const std::string& name, bool translate) {
+    const std::string caption = translate ? captions_.translate(name) : std::string();
+    auto* item = new QTreeWidgetItem({toQString(caption.empty() ? name : caption)});
+    item->setData(0, kPageIndexRole, pageCount_);
+    const auto parent = items_.find(parentKey);
+    if (parent == items_.end())
+        ui_->tree->addTopLevelItem(item);
+    else
+        parent->second.item->addChild(item);
+    starters_[pageCount_++] = std::move(starter);
+    items_[++itemCount_] = {item, name};
+    return itemCount_;
+}
+
+void CSettingsDialog::showLastPage() {
+    std::vector<std::string> stored;
+    Orv::getValues(appConfig_, kLastPageKey, stored);
+    const std::string last = stored.empty() ? std::string() : stored.front();
+    for (const auto& [key, item] : items_) {
+        if (item.name != last)
+            continue;
+        ui_->tree->setCurrentItem(item.item);
+        switchToPage(key - 1);
+        return;
+    }
+    switchToPage(0);
+}
+
+bool CSettingsDialog::mayLeave(const QTreeWidgetItem* from, const QTreeWidgetItem* to) {
+    if (!initialised_ || pageIndex(from) == pageIndex(to))
+        return true;
+    return !currentPage_ || currentPage_->onLeave();
+}
+
+void CSettingsDialog::switchToPage(unsigned index) {
+    const WaitCursor cursor;
+    CPropDialogTemplate* page = pageOf(index);
+    if (page == currentPage_)
+        return;
+    setShown(currentPage_, false);
+    currentPage_ = page;
+    if (page) {
+        setShown(page, true);
+        page->onEnter();
+    }
+    const std::string& name = items_.at(index + 1).name;
+    ui_->caption->setCaption(toQString(captions_.translate(name)));
+    activePage_ = page;
+    rememberPage(name);
+}
+
+CPropDialogTemplate* CSettingsDialog::pageOf(unsigned index) {
+    if (const auto made = pages_.find(index); made != pages_.end())
+        return made->second;
+    const auto starter = starters_.find(index);
+    CPropDialogTemplate* page = starter == starters_.end() ? nullptr : starter->second->create(ui_->pageHost);
+    if (page) {
+        pages_[index] = page;
+        adoptPage(*page);
+    }
+    return page;
+}
+
+void CSettingsDialog::adoptPage(CPropDialogTemplate& page) {
+    if (!page.hasWindow())
+        return;
+    ui_->pageLayout->addWidget(&page);
+    installWheelGuard(page);
+    // Controls made later stand last in the tab order; a page belongs between the tree and the buttons.
+    QWidget* previous = ui_->tree;
+    for (QWidget* stop : tabStops(page)) {
+        setTabOrder(previous, stop);
+        previous = stop;
+    }
+}
+
+void CSettingsDialog::rememberPage(const std::string& name) {
+    Orv::setValues(appConfig_, kLastPageKey, {name});
+    appConfig_.save();
+}
+
+void CSettingsDialog::accept() {
+    guarded([this] {
+        if (commit(Commit::ok))
+            done(applied_);
+    });
+}
+
+void CSettingsDialog::reject() {
+    guarded([this] {
+        cancel();
+        done(applied_);
+    });
+}
+
+bool CSettingsDialog::commit(Commit kind) {
+    const auto store = [kind](CPropDialogTemplate& page) {
+        return kind == Commit::ok ? page.onOk() : page.onApply();
+    };
+    gatherChangedPages();
+    if (!activePage_ || !activePage_->isValid())
+        return false;
+    const bool activeStored = store(*activePage_);
+    if (kind == Commit::apply && !activeStored)
+        return false; // OK goes on, and this is meant
+    appConfig_.save();
+    // The active page is stored by now, and stays so if another one refuses.
+    if (const CPropDialogTemplate* refused = firstInvalidPage()) {
+        showRefusedPage(*refused);
+        return false;
+    }
+    applied_ = 1;
+    bool allStored = true;
+    for (const auto& [index, page] : pages_) {
+        if (page != activePage_ && !store(*page))
+            allStored = false;
+    }
+    appConfig_.save();
+    updater_->notify();
+    return allStored;
+}
+
+void CSettingsDialog::gatherChangedPages() {
+    updater_->clear();
+    for (const auto& [index, page] : pages_) {
+        if (page->isModified())
+            updater_->addPage(page->pageName());
+    }
+}
+
+CPropDialogTemplate* CSettingsDialog::firstInvalidPage() const {
+    for (const auto& [index, page] : pages_) {
+        if (!page->isValid())
+            return page;
+    }
+    return nullptr;
+}
+
+void CSettingsDialog::showRefusedPage(const CPropDialogTemplate& page) {
+    const auto found = std::find_if(pages_.begin(), pages_.end(),
+                                    [&page](const auto& entry) { return entry.second == &page; });
+    if (found == pages_.end())
+        return;
+    const unsigned index = found->first;
+    // The index is taken for the item's key as it stands, which is one too low: the tree shows the item
+    // before the refused one, and its page is on show for a moment. Meant so; hosts know the dialog by it.
+    if (const auto item = items_.find(index); item != items_.end())
+        ui_->tree->setCurrentItem(item->second.item);
+    switchToPage(index);
+}
+
+void CSettingsDialog::cancel() {
+    for (const auto& [index, page] : pages_)
+        page->onCancel();
+}
+
+void CSettingsDialog::notifyUpdaters() {
+    gatherChangedPages();
+    updater_->notify();
+}
+
+void CSettingsDialog::showActivePageHelp() {
+    guarded([this] {
+        if (activePage_)
+            activePage_->showHelp();
+    });
+}
+
+bool CSettingsDialog::eventFilter(QObject* watched, QEvent* event) {
+    // Only the delivery to the control itself is shown to the page, not the way up through its parents.
+    if (event->type() == QEvent::KeyPress && activePage_ && watched == focusWidget() && isActiveWindow()) {
+        bool handled = false;
+        guarded([&] { handled = activePage_->PreTranslateMessage(static_cast<QKeyEvent*>(event)); });
+        if (handled)
+            return true;
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void notifyUpdatersOf(QWidget& page) {
+    for (QWidget* widget = &page; widget; widget = widget->parentWidget()) {
+        if (auto* frame = dynamic_cast<CSettingsDialog*>(widget)) {
+            frame->notifyUpdaters();
+            return;
+        }
+    }
+}
+
+} // namespace ovsettings

@@ -1,0 +1,123 @@
+#pragma once
+
+#include "details/shell/captionmap.h"
+
+#include <QtWidgets/QDialog>
+
+#include <exception>
+#include <map>
+#include <memory>
+#include <string>
+
+class QTreeWidgetItem;
+
+namespace Orv {
+class iAppConfiguration;
+class IUpdater;
+struct CProjectConfiguration;
+} // namespace Orv
+
+namespace ovsettings {
+
+namespace Ui {
+class CSettingsDialog;
+}
+
+class CPageManager;
+class CPageStarter;
+class CPropDialogTemplate;
+class CSettingsUpdater;
+
+/// One item of the category tree.
+struct CCategoryItem {
+    QTreeWidgetItem* item = nullptr;
+    std::string name; ///< the catalogue's untranslated name, which is what is stored as the last page
+};
+
+/// The modal frame: the tree of categories, one page at a time, and the orders of OK, Apply and Cancel.
+///
+/// Every category takes the next page index, from 0, and the next item key, from 1, so that key = index + 1.
+class CSettingsDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    CSettingsDialog(Orv::iAppConfiguration& appConfig, Orv::CProjectConfiguration& projectConfig,
+                    Orv::IUpdater* hostUpdater, QWidget* parent = nullptr);
+    ~CSettingsDialog() override;
+
+    /// @param fileName bare name, in place of "settings.xml".
+    void setCatalogueFile(const std::string& fileName);
+
+    /// Initialises the dialog and runs it. @return the modal result, 1 once a commit has found every page
+    /// valid.
+    /// @throws what a page or an updater threw while the dialog ran.
+    int DoModal();
+
+    /// Adds a category as the last child of the item `parentKey`; 0 and an unknown key add it at the top.
+    /// @param translate whether the caption is the name's translation or the name itself.
+    /// @return the key of the new item.
+    unsigned addCategory(std::unique_ptr<CPageStarter> starter, unsigned parentKey, const std::string& name,
+                         bool translate);
+
+    /// Gathers the changed pages and tells all updaters; for a page that stores something the host must know
+    /// of before the commit has ended.
+    void notifyUpdaters();
+
+    Orv::iAppConfiguration& appConfiguration() { return appConfig_; }
+    Orv::CProjectConfiguration& projectConfiguration() { return projectConfig_; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    QSize sizeHint() const override;
+
+public Q_SLOTS:
+    void accept() override;
+    void reject() override;
+
+private:
+    enum class Commit { ok, apply };
+
+    void OnInitDialog();
+    void connectControls();
+    void showLastPage();
+
+    bool mayLeave(const QTreeWidgetItem* from, const QTreeWidgetItem* to);
+    void switchToPage(unsigned index);
+    CPropDialogTemplate* pageOf(unsigned index);
+    void adoptPage(CPropDialogTemplate& page);
+    void rememberPage(const std::string& name);
+
+    bool commit(Commit kind);
+    void gatherChangedPages();
+    CPropDialogTemplate* firstInvalidPage() const;
+    void showRefusedPage(const CPropDialogTemplate& page);
+    void cancel();
+    void showActivePageHelp();
+
+    /// Runs a command; what it throws ends the modal loop and waits there for DoModal.
+    template <typename Command>
+    void guarded(Command command);
+    void rethrowFailure();
+
+    std::map<unsigned, CPropDialogTemplate*> pages_; ///< by page index; pages that were selected once
+    std::map<unsigned, std::unique_ptr<CPageStarter>> starters_;
+    std::map<unsigned, CCategoryItem> items_; ///< by item key
+    Orv::iAppConfiguration& appConfig_;
+    Orv::CProjectConfiguration& projectConfig_;
+    unsigned pageCount_ = 0;
+    unsigned itemCount_ = 0;
+    bool initialised_ = false;
+    CPropDialogTemplate* currentPage_ = nullptr; ///< the page on show, which is asked on leaving
+    CPropDialogTemplate* activePage_ = nullptr;  ///< the page that OK, Apply, help and keys go to first
+    std::unique_ptr<CSettingsUpdater> updater_;
+    std::unique_ptr<CPageManager> manager_;
+    std::string catalogueFile_;
+    CCaptionMap captions_;
+    int applied_ = 0;
+    std::exception_ptr failure_;
+    std::unique_ptr<Ui::CSettingsDialog> ui_;
+};
+
+/// Has the settings dialog that `page` lives in tell its updaters; a page hosted elsewhere does nothing.
+void notifyUpdatersOf(QWidget& page);
+
+} // namespace ovsettings

@@ -1,0 +1,65 @@
+#include "details/shell/stringtable.h"
+
+#include "details/widgets/stringconversion.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+#include <QtCore/QLocale>
+
+#include <iterator>
+
+namespace ovsettings {
+
+namespace {
+
+struct Language {
+    QLocale::Language language;
+    unsigned id;
+    const char* file;
+};
+
+constexpr Language kLanguages[] = {
+    {QLocale::English, kEnglish, ":/ovsettings/strings/en.json"},
+    {QLocale::Japanese, 1041, ":/ovsettings/strings/ja.json"},
+};
+
+QJsonObject readTable(const char* file) {
+    QFile resource(QString::fromLatin1(file));
+    if (!resource.open(QIODevice::ReadOnly))
+        return {};
+    return QJsonDocument::fromJson(resource.readAll()).object();
+}
+
+const QJsonObject* tableOf(unsigned languageId) {
+    static QJsonObject tables[std::size(kLanguages)];
+    for (std::size_t i = 0; i < std::size(kLanguages); ++i) {
+        if (kLanguages[i].id != languageId)
+            continue;
+        if (tables[i].isEmpty())
+            tables[i] = readTable(kLanguages[i].file);
+        return &tables[i];
+    }
+    return nullptr;
+}
+
+} // namespace
+
+std::optional<std::string> loadString(unsigned id, unsigned languageId) {
+    const QJsonObject* table = tableOf(languageId);
+    const QJsonValue text = table ? table->value(QString::number(id)) : QJsonValue();
+    if (!text.isString())
+        return std::nullopt;
+    return toUtf8(text.toString());
+}
+
+unsigned userLanguageId() {
+    const QLocale::Language language = QLocale().language();
+    for (const Language& known : kLanguages) {
+        if (known.language == language)
+            return known.id;
+    }
+    return 0;
+}
+
+} // namespace ovsettings

@@ -1,0 +1,162 @@
+#include "details/widgets/decimalspinctrl.h"
+
+#include <QtGui/QWheelEvent>
+#include <QtWidgets/QLineEdit>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <clocale>
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+#include <locale.h>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr int kMostPositions = 32767;
+constexpr double kRelativeTolerance = 1e-9;
+constexpr double kLeastTolerance = 1e-9;
+/// The first digit of the smallest number stands at decimal 324.
+constexpr int kMostDecimals = 340;
+constexpr int kSignificantDigits = 6;
+constexpr int kShownDigits = 10;
+
+double finite(double value) {
+    constexpr double kLargest = std::numeric_limits<double>::max();
+    return std::isnan(value) ? 0.0 : std::clamp(value, -kLargest, kLargest);
+}
+
+double tolerance(double value) {
+    return std::max(std::abs(kRelativeTolerance * value), kLeastTolerance);
+}
+
+QChar localeDecimalPoint() {
+    const QString point = QString::fromLocal8Bit(std::localeconv()->decimal_point);
+    return point.isEmpty() ? QLatin1Char('.') : point.front();
+}
+
+/// Reads as atof does in the C locale, whatever the process has set.
+double parse(const QByteArray& text) {
+    static const locale_t cLocale = newlocale(LC_ALL_MASK, "C", nullptr);
+    return finite(strtod_l(text.constData(), nullptr, cLocale));
+}
+
+} // namespace
+
+CDecimalSpinCtrl::CDecimalSpinCtrl(QWidget* parent)
+    : QAbstractSpinBox(parent), decimalPoint_(localeDecimalPoint()) {
+    setFocusPolicy(Qt::StrongFocus);
+    // The base class keeps no value for us; it has nothing to work out at each key.
+    setKeyboardTracking(false);
+    connect(lineEdit(), &QLineEdit::textEdited, this, [this] { edited_ = true; });
+    setRange(minimum_, maximum_, step_);
+}
+
+void CDecimalSpinCtrl::setRange(double minimum, double maximum, double step) {
+    minimum_ = finite(minimum);
+    maximum_ = finite(maximum);
+    step_ = finite(step);
+    if (step_ != 0.0) {
+        const double count = std::abs((maximum_ - minimum_) / step_);
+        positions_ = static_cast<int>(std::min<double>(count, kMostPositions));
+    }
+    reposition();
+}
+
+void CDecimalSpinCtrl::getRange(double& minimum, double& maximum, double& step) const {
+    minimum = minimum_;
+    maximum = maximum_;
+    step = step_;
+}
+
+void CDecimalSpinCtrl::setDecimals(int decimals) {
+    decimals_ = decimals;
+}
+
+void CDecimalSpinCtrl::setValue(double value) {
+    writeText(finite(value));
+    edited_ = false;
+    reposition();
+}
+
+double CDecimalSpinCtrl::getValue() const {
+    return parse(text().replace(decimalPoint_, QLatin1Char('.')).toLatin1());
+}
+
+void CDecimalSpinCtrl::disable() {
+    setEnabled(false);
+}
+
+QString CDecimalSpinCtrl::formatted(double value, int decimals) const {
+    std::array<char, std::numeric_limits<double>::max_exponent10 + kMostDecimals + 4> buffer;
+    const auto [end, error] =
+        decimals < 0 ? std::to_chars(buffer.begin(), buffer.end(), value, std::chars_format::general,
+                                     kSignificantDigits)
+                     : std::to_chars(buffer.begin(), buffer.end(), value, std::chars_format::fixed,
+                                     std::min(decimals, kMostDecimals));
+    return QString::fromLatin1(buffer.data(), end - buffer.data()).replace(QLatin1Char('.'), decimalPoint_);
+}
+
+/// A number below the resolution of the display is never shown as 0.
+void CDecimalSpinCtrl::writeText(double value) {
+    int decimals = decimals_;
+    lineEdit()->setText(formatted(value, decimals));
+    while (value != 0.0 && decimals < kMostDecimals && getValue() == 0.0)
+        lineEdit()->setText(formatted(value, ++decimals));
+}
+
+void CDecimalSpinCtrl::reposition() {
+    if (minimum_ == maximum_)
+        return;
+    const double value = getValue();
+    if (value < minimum_) {
+        position_ = 0;
+    } else if (value > maximum_) {
+        position_ = positions_;
+    } else {
+        // The wider type holds the difference of any two limits.
+        const long double range = static_cast<long double>(maximum_) - minimum_;
+        const long double fraction = (static_cast<long double>(value) - minimum_) / range;
+        position_ = static_cast<int>(fraction * positions_ + 0.5L);
+    }
+}
+
+void CDecimalSpinCtrl::stepBy(int delta) {
+    double value = finite(getValue() + delta * step_);
+    if (delta >= 0) {
+        if (value - maximum_ > tolerance(std::max(value, maximum_)))
+            value = wrapping() ? minimum_ : maximum_;
+    } else {
+        if (minimum_ - value > tolerance(std::max(value, minimum_)))
+            value = wrapping() ? maximum_ : minimum_;
+    }
+    writeText(value);
+    edited_ = true;
+    selectAll();
+}
+
+/// The arrows work at the limits too: there they wrap, or bring a value typed beyond a limit back to it.
+QAbstractSpinBox::StepEnabled CDecimalSpinCtrl::stepEnabled() const {
+    return isReadOnly() ? StepNone : StepUpEnabled | StepDownEnabled;
+}
+
+void CDecimalSpinCtrl::wheelEvent(QWheelEvent* event) {
+    if (hasFocus())
+        QAbstractSpinBox::wheelEvent(event);
+    else
+        event->ignore();
+}
+
+QSize CDecimalSpinCtrl::sizeHint() const {
+    const int digits = fontMetrics().horizontalAdvance(QString(kShownDigits, QLatin1Char('0')));
+    return QAbstractSpinBox::sizeHint() + QSize(digits, 0);
+}
+
+QSize CDecimalSpinCtrl::minimumSizeHint() const {
+    return sizeHint();
+}
+
+} // namespace ovsettings

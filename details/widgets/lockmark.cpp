@@ -1,0 +1,36 @@
+#include "details/widgets/lockmark.h"
+
+#include "details/widgets/stringconversion.h"
+#include "orv/appconfiguration.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QLabel>
+
+namespace ovsettings {
+
+namespace {
+
+void lock(QWidget& widget, const QString& toolTip) {
+    widget.setEnabled(false);
+    widget.setToolTip(toolTip);
+}
+
+} // namespace
+
+void markLocked(QWidget& control, const Orv::iAppConfiguration& appConfig, const std::string& key,
+                std::size_t field) {
+    const QString toolTip = QCoreApplication::translate("ovsettings", "Locked by %1")
+                                .arg(toQString(appConfig.lockingDirectory(key, field)));
+    lock(control, toolTip);
+    for (QAbstractButton* button : control.findChildren<QAbstractButton*>())
+        lock(*button, toolTip);
+    if (const QWidget* around = control.parentWidget()) {
+        for (QLabel* label : around->findChildren<QLabel*>()) {
+            if (label->buddy() == &control)
+                lock(*label, toolTip);
+        }
+    }
+}
+
+} // namespace ovsettings

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+class QWidget;
+
+namespace Orv {
+class iAppConfiguration;
+}
+
+namespace ovsettings {
+
+/// Makes a control look locked: it and the label whose buddy it is are disabled, and a tool tip on both names
+/// the directory that locks the field. A group box takes the buttons inside it along.
+/// @param field index from 0.
+void markLocked(QWidget& control, const Orv::iAppConfiguration& appConfig, const std::string& key,
+                std::size_t field = 0);
+
+} // namespace ovsettings

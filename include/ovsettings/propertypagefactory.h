@@ -1,0 +1,128 @@
+#pragma once
+
+#include "ovsettings/export.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+class QWidget;
+
+namespace Orv {
+class iAppConfiguration;
+class IUpdater;
+struct CProjectConfiguration;
+} // namespace Orv
+
+namespace ovsettings {
+
+class CPropDialogTemplate;
+
+/// Turns a page key (the `classid` of a catalogue entry) into a page. An add-in library hands one to the
+/// dialog from an exported function
+///
+///     extern "C" ovsettings::CPropertyPageFactory* getFactory();
+///
+/// which is called once for each catalogue entry that names the library, must return the same object each
+/// time (or be prepared for several), and keeps ownership. Keys are compared exactly. The order of the
+/// operations is part of the binary contract.
+class OVSETTINGS_API CPropertyPageFactory {
+public:
+    virtual ~CPropertyPageFactory() = default;
+
+    /// @param pageKey the catalogue's `classid`.
+    /// @param parent  the widget that the page's window becomes a child of.
+    /// @return a page whose window exists and is hidden, or null if the key is unknown. The dialog owns the
+    /// widget
+    ///         from here on and deletes it before the add-in is unloaded.
+    virtual CPropDialogTemplate* createPage(const std::string& pageKey, QWidget* parent) = 0;
+
+    /// Called with the catalogue entry's `name` when the dialog goes; must accept a key it does not know.
+    virtual void removePage(const std::string& pageKey) = 0;
+
+    /// False drops the category, and its sub-categories, in silence.
+    virtual bool hasPage(const std::string& pageKey) = 0;
+
+    /// An updater to be told of commits, or null. Asked once for each catalogue entry; not owned by the
+    /// library.
+    virtual Orv::IUpdater* getUpdater();
+
+    /// 2 means that the factory is a CFactoryEx and takes the configuration objects; any other value means
+    /// that it finds its settings by itself.
+    virtual int factoryKind();
+};
+
+/// A factory over a table from page key to starter. It owns the starters, not the pages.
+class OVSETTINGS_API CFactory : public CPropertyPageFactory {
+public:
+    /// Joins one key to one page: constructs it, without a window, when first asked.
+    struct OVSETTINGS_API CBaseDialogStarter {
+        /// @return the page, whose window has not been created yet, or null.
+        virtual CPropDialogTemplate* create(QWidget* parent) = 0;
+        virtual ~CBaseDialogStarter() = default;
+    };
+
+    /// Serves a page that exists before it is asked for. It does not own the page.
+    struct OVSETTINGS_API CDialogStarter : CBaseDialogStarter {
+        CPropDialogTemplate* create(QWidget* parent) override;
+        CPropDialogTemplate* page = nullptr;
+    };
+
+    /// Makes a new `T`, with a null parent, each time it is asked. It keeps nothing.
+    template <typename T>
+    struct CDialogLazyStarter : CDialogStarter {
+        CPropDialogTemplate* create(QWidget*) override { return new T(nullptr); }
+    };
+
+    CFactory();
+    ~CFactory() override;
+    CFactory(const CFactory&) = delete;
+    CFactory& operator=(const CFactory&) = delete;
+
+    CPropDialogTemplate* createPage(const std::string& pageKey, QWidget* parent) override;
+    void removePage(const std::string& pageKey) override;
+    bool hasPage(const std::string& pageKey) override;
+    int factoryKind() override;
+
+    /// Enters a starter under a key; an earlier one under the same key is replaced.
+    void addStarter(const std::string& pageKey, std::unique_ptr<CBaseDialogStarter> starter);
+
+    /// Enters a lazy starter for the page class `T`, whose constructor takes a parent widget.
+    template <typename T>
+    void addPage(const std::string& pageKey) {
+        addStarter(pageKey, std::make_unique<CDialogLazyStarter<T>>());
+    }
+
+protected:
+    /// Constructs the page of a key, lets `prepare` see it, then creates its window under `parent`.
+    CPropDialogTemplate* makePage(const std::string& pageKey, QWidget* parent,
+                                  const std::function<void(CPropDialogTemplate&)>& prepare);
+
+private:
+    std::map<std::string, std::unique_ptr<CBaseDialogStarter>> starters_;
+};
+
+/// A factory that hands the configuration objects to each page before the page's window exists. Derive an
+/// add-in's factory from it and call addPage in its constructor.
+class OVSETTINGS_API CFactoryEx : public CFactory {
+public:
+    CPropDialogTemplate* createPage(const std::string& pageKey, QWidget* parent) override;
+    int factoryKind() override;
+
+    /// Stores the two objects for all pages made afterwards. Neither is owned.
+    virtual void setConfigurations(Orv::iAppConfiguration* appConfig,
+                                   Orv::CProjectConfiguration* projectConfig);
+
+    /// As createPage, with these objects in place of the stored ones. Only a CPropDialogTemplateEx is given
+    /// them.
+    virtual CPropDialogTemplate* createPage(const std::string& pageKey, QWidget* parent,
+                                            Orv::iAppConfiguration* appConfig,
+                                            Orv::CProjectConfiguration* projectConfig);
+
+private:
+    Orv::iAppConfiguration* appConfig_ = nullptr;
+    Orv::CProjectConfiguration* projectConfig_ = nullptr;
+};
+
+} // namespace ovsettings

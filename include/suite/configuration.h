@@ -1,0 +1,86 @@
+#pragma once
+
+#include "suite/export.h"
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace Orv {
+
+/// One directory's configuration: values, lists and groups of named attributes, each at a path such as
+/// "Orvane/SETTINGS". A slash at the end of a path means nothing. Texts are UTF-8.
+///
+/// Changes are kept in memory; IOvConfigurationManager::ReleaseConfiguration writes them. The order of the
+/// operations is part of the binary contract.
+class OVSUITE_API IOvConfiguration {
+public:
+    virtual ~IOvConfiguration() = default;
+
+    /// Stores a group in place of any of that type and key.
+    virtual void writeGroup(const std::string& path, const std::string& typeWord, const std::string& key,
+                            const std::map<std::string, std::string>& attributes) = 0;
+    virtual void writeList(const std::string& path, const std::string& key,
+                           const std::vector<std::string>& values) = 0;
+    virtual void writeValue(const std::string& path, const std::string& key, const std::string& value) = 0;
+
+    /// The keys of the values and lists at a path, in file order.
+    virtual void listKeys(const std::string& path, std::vector<std::string>& keys) const = 0;
+    /// The keys of the groups of a type at a path, in file order.
+    virtual void listGroups(const std::string& path, const std::string& typeWord,
+                            std::vector<std::string>& keys) const = 0;
+
+    /// @param attributes  receives each attribute's text; cleared first.
+    /// @param locks       receives 1 for each attribute marked as locked; cleared first. An attribute may be
+    /// locked
+    ///                    without a text of its own and is then in `locks` only.
+    /// @param groupLocked set to true if the group as a whole is locked, left alone otherwise.
+    /// @return false, with the outputs empty, when the group is absent.
+    virtual bool readGroup(const std::string& path, const std::string& typeWord, const std::string& key,
+                           std::map<std::string, std::string>& attributes, std::map<std::string, int>& locks,
+                           bool& groupLocked) const = 0;
+    /// Reads a list, or a single value as a list of one.
+    /// @param locks one flag a value, 1 where it is locked.
+    /// @return false, with the outputs empty, when the key is absent.
+    virtual bool readList(const std::string& path, const std::string& key, std::vector<std::string>& values,
+                          std::vector<std::uint8_t>& locks) const = 0;
+    virtual void removeGroup(const std::string& path, const std::string& typeWord,
+                             const std::string& key) = 0;
+    virtual void removeKey(const std::string& path, const std::string& key) = 0;
+};
+
+/// Hands out the configurations of directories.
+class OVSUITE_API IOvConfigurationManager {
+public:
+    /// What a configuration is wanted for. It matters for a damaged file only: there is nothing to read in
+    /// one, yet a user must be able to save again.
+    enum class Access {
+        read, ///< a damaged file yields no configuration
+        write ///< a damaged file yields an empty one, and is moved aside before the first write
+    };
+    /// Receives one line that names the file and the cause.
+    using ErrorHandler = std::function<void(const std::string& message)>;
+
+    static IOvConfigurationManager& Instance();
+
+    virtual ~IOvConfigurationManager() = default;
+
+    /// @return the directory's configuration, to be given back to ReleaseConfiguration; null where the
+    /// directory does
+    ///         not exist or its file cannot be read.
+    virtual IOvConfiguration* GetConfiguration(const std::string& directory,
+                                               Access access = Access::read) = 0;
+
+    /// Writes what was changed, if anything was, and frees the object.
+    /// @return false if a write was needed and failed; the old file is then whole and the error handler was
+    /// told.
+    virtual bool ReleaseConfiguration(IOvConfiguration* configuration) = 0;
+
+    /// Sets who is told of damaged files and failed writes. An empty handler restores the standard error
+    /// stream.
+    virtual void SetErrorHandler(ErrorHandler handler) = 0;
+};
+
+} // namespace Orv

@@ -1,0 +1,255 @@
+#include "suite/configuration/configuration.h"
+
+#include "details/platform/atomicfile.h"
+#include "details/platform/readfile.h"
+#include "suite/configuration/xmltext.h"
+
+#include <algorithm>
+#include <cerrno>
+
+namespace suite {
+
+namespace {
+
+constexpr std::string_view kDamaged = "damaged";
+// Well inside the parser's own limit of 10 million bytes, beyond which it would call the file damaged.
+constexpr std::size_t kLongestText = 4u << 20;
+
+std::string located(const std::string& path, const Problem& problem) {
+    return path + ":" + (problem.line > 0 ? std::to_string(problem.line) + ":" : "") + " " + problem.text;
+}
+
+void mergeName(std::vector<std::string>& names, const std::string& name, bool present) {
+    const auto known = std::find(names.begin(), names.end(), name);
+    if (present && known == names.end())
+        names.push_back(name);
+    else if (!present && known != names.end())
+        names.erase(known);
+}
+
+} // namespace
+
+Configuration::Configuration(std::string path, ErrorLog& log) : path_(std::move(path)), log_(log) {
+}
+
+bool Configuration::read() {
+    std::optional<ConfigurationDocument> document;
+    state_ = readFile(bytes_, document);
+    if (document)
+        document_ = std::move(*document);
+    document_.setReporter(
+        [this](const Problem& problem) { log_.reportOnce(path_, located(path_, problem)); });
+    return state_ != FileState::damaged;
+}
+
+Configuration::FileState Configuration::readFile(std::string& bytes,
+                                                 std::optional<ConfigurationDocument>& document) const {
+    std::string now;
+    if (const auto failure = platform::readFile(path_, now)) {
+        bytes.clear();
+        if (failure->code == ENOENT)
+            return FileState::missing;
+        log_.reportOnce(path_, failure->text());
+        return FileState::damaged;
+    }
+    if (!now.empty() && now == bytes)
+        return FileState::unchanged;
+    bytes = std::move(now);
+    Problem problem;
+    document = ConfigurationDocument::parse(bytes, problem);
+    if (document)
+        return FileState::read;
+    log_.reportOnce(path_, located(path_, problem));
+    return FileState::damaged;
+}
+
+bool Configuration::failed(const std::string& message) const {
+    log_.report(message);
+    return false;
+}
+
+bool Configuration::save() {
+    if (keyEdits_.empty() && groupEdits_.empty())
+        return true;
+    platform::AtomicFile file(path_);
+    if (const auto failure = file.lock())
+        return failed(failure->text());
+
+    std::string bytes = bytes_;
+    std::optional<ConfigurationDocument> current;
+    FileState state = readFile(bytes, current);
+    if (state == FileState::unchanged)
+        state = state_;
+    else if (state == FileState::missing)
+        current.emplace();
+    // A file that was damaged meanwhile has nothing better to offer than what was read before.
+    ConfigurationDocument& document = current ? *current : document_;
+    applyEdits(document);
+    const std::string text = document.serialise();
+    if (text.empty() || text.size() > platform::kLargestFile)
+        return failed(path_ + ": cannot write: " + (text.empty() ? "out of memory" : "too large"));
+
+    std::string aside;
+    if (state == FileState::damaged) {
+        if (const auto failure = file.moveAside(kDamaged, aside))
+            return failed(failure->text());
+    }
+    if (const auto failure = file.write(text)) {
+        if (!aside.empty())
+            file.moveBack(aside);
+        return failed(failure->text());
+    }
+    if (!aside.empty())
+        log_.report(path_ + ": the damaged file is kept as " + aside);
+    return true;
+}
+
+void Configuration::applyEdits(ConfigurationDocument& document) const {
+    for (const auto& [name, state] : keyEdits_) {
+        const auto& [path, key] = name;
+        if (!state)
+            document.removeKey(path, key);
+        else if (state->isList)
+            document.writeList(path, key, state->values);
+        else
+            document.writeValue(path, key, state->values.front());
+    }
+    for (const auto& [name, attributes] : groupEdits_) {
+        const auto& [path, typeWord, key] = name;
+        if (attributes)
+            document.writeGroup(path, typeWord, key, *attributes);
+        else
+            document.removeGroup(path, typeWord, key);
+    }
+}
+
+void Configuration::writeGroup(const std::string& path, const std::string& typeWord, const std::string& key,
+                               const std::map<std::string, std::string>& attributes) {
+    const auto isStorable = [this](const auto& attribute) {
+        return canBeNamed({attribute.first}) && canBeText(attribute.second);
+    };
+    if (canBeNamed({path, typeWord, key}) && std::all_of(attributes.begin(), attributes.end(), isStorable))
+        noteGroup(path, typeWord, key, attributes);
+}
+
+void Configuration::writeList(const std::string& path, const std::string& key,
+                              const std::vector<std::string>& values) {
+    const auto isStorable = [this](const std::string& value) {
+        return canBeText(value);
+    };
+    if (canBeNamed({path, key}) && std::all_of(values.begin(), values.end(), isStorable))
+        noteKey(path, key, KeyState{values, true});
+}
+
+void Configuration::writeValue(const std::string& path, const std::string& key, const std::string& value) {
+    if (canBeNamed({path, key}) && canBeText(value))
+        noteKey(path, key, KeyState{{value}, false});
+}
+
+void Configuration::removeGroup(const std::string& path, const std::string& typeWord,
+                                const std::string& key) {
+    noteGroup(path, typeWord, key, std::nullopt);
+}
+
+void Configuration::removeKey(const std::string& path, const std::string& key) {
+    noteKey(path, key, std::nullopt);
+}
+
+void Configuration::listKeys(const std::string& path, std::vector<std::string>& keys) const {
+    keys = document_.keys(path);
+    for (const auto& [name, state] : keyEdits_) {
+        if (name.first == sectionPath(path))
+            mergeName(keys, name.second, state.has_value());
+    }
+}
+
+void Configuration::listGroups(const std::string& path, const std::string& typeWord,
+                               std::vector<std::string>& keys) const {
+    keys = document_.groups(path, typeWord);
+    for (const auto& [name, attributes] : groupEdits_) {
+        const auto& [groupPath, groupType, key] = name;
+        if (groupPath == sectionPath(path) && groupType == typeWord)
+            mergeName(keys, key, attributes.has_value());
+    }
+}
+
+bool Configuration::readGroup(const std::string& path, const std::string& typeWord, const std::string& key,
+                              std::map<std::string, std::string>& attributes,
+                              std::map<std::string, int>& locks, bool& groupLocked) const {
+    if (!groupEdits_.empty()) {
+        const auto edit = groupEdits_.find({std::string(sectionPath(path)), typeWord, key});
+        if (edit != groupEdits_.end()) {
+            attributes = edit->second.value_or(ConfigurationDocument::Attributes());
+            locks.clear();
+            return edit->second.has_value();
+        }
+    }
+    return document_.readGroup(path, typeWord, key, attributes, locks, groupLocked);
+}
+
+bool Configuration::readList(const std::string& path, const std::string& key,
+                             std::vector<std::string>& values, std::vector<std::uint8_t>& locks) const {
+    const bool present = document_.readKey(path, key, values, locks);
+    if (keyEdits_.empty())
+        return present;
+    const auto edit = keyEdits_.find({std::string(sectionPath(path)), key});
+    if (edit == keyEdits_.end())
+        return present;
+    values = edit->second ? edit->second->values : std::vector<std::string>();
+    locks.resize(values.size(), document_.isKeyLocked(path, key));
+    return edit->second.has_value();
+}
+
+// Names stand in XML attributes, where nothing can be encoded. The product's own names are plain words.
+bool Configuration::canBeNamed(std::initializer_list<std::string_view> names) const {
+    const auto isName = [](std::string_view name) {
+        return name.size() <= kLongestText && xml::isCarried(name);
+    };
+    return std::all_of(names.begin(), names.end(), isName) ||
+           failed(path_ + ": cannot write: a name is too long, or holds control characters or no UTF-8");
+}
+
+bool Configuration::canBeText(const std::string& text) const {
+    return text.size() <= kLongestText || failed(path_ + ": cannot write: a text is too long");
+}
+
+void Configuration::noteKey(const std::string& path, const std::string& key, std::optional<KeyState> state) {
+    const bool isSaid = saysOfKey(path, key, state);
+    KeyName name(sectionPath(path), key);
+    if (isSaid)
+        keyEdits_.erase(name);
+    else
+        keyEdits_.insert_or_assign(std::move(name), std::move(state));
+}
+
+bool Configuration::saysOfKey(const std::string& path, const std::string& key,
+                              const std::optional<KeyState>& state) const {
+    std::vector<std::string> values;
+    std::vector<std::uint8_t> locks;
+    const bool present = document_.readKey(path, key, values, locks);
+    return state ? present && values == state->values : !present;
+}
+
+void Configuration::noteGroup(const std::string& path, const std::string& typeWord, const std::string& key,
+                              std::optional<ConfigurationDocument::Attributes> attributes) {
+    const bool isSaid = saysOfGroup(path, typeWord, key, attributes);
+    GroupName name(sectionPath(path), typeWord, key);
+    if (isSaid)
+        groupEdits_.erase(name);
+    else
+        groupEdits_.insert_or_assign(std::move(name), std::move(attributes));
+}
+
+// A group that is written carries no lock marks, so one that has some says something else.
+bool Configuration::saysOfGroup(const std::string& path, const std::string& typeWord, const std::string& key,
+                                const std::optional<ConfigurationDocument::Attributes>& attributes) const {
+    ConfigurationDocument::Attributes present;
+    std::map<std::string, int> locks;
+    bool locked = false;
+    const bool isThere = document_.readGroup(path, typeWord, key, present, locks, locked);
+    if (!attributes)
+        return !isThere;
+    return isThere && !locked && locks.empty() && present == *attributes;
+}
+
+} // namespace suite

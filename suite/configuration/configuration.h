@@ -1,0 +1,83 @@
+#pragma once
+
+#include "suite/configuration.h"
+#include "suite/configuration/document.h"
+#include "suite/configuration/errorlog.h"
+
+#include <map>
+#include <optional>
+#include <string>
+#include <tuple>
+#include <utility>
+
+namespace suite {
+
+/// The configuration of one directory. What is written is kept beside the file's contents, as the state that
+/// each key is meant to have, and only where that differs from what the file says: steps that cancel each
+/// other out, and values that are there already, come to nothing.
+class Configuration final : public Orv::IOvConfiguration {
+public:
+    /// @param path where `orvane.xml` is, or would be.
+    Configuration(std::string path, ErrorLog& log);
+
+    /// Reads the file; a missing one says nothing. @return false, after a report, if it is damaged; the
+    /// configuration is then an empty one.
+    bool read();
+
+    /// Writes the changes, if there are any. They are applied to the file as it is by then, so what others
+    /// changed meanwhile stays. @return false, after a report, if that failed.
+    bool save();
+
+    void writeGroup(const std::string& path, const std::string& typeWord, const std::string& key,
+                    const std::map<std::string, std::string>& attributes) override;
+    void writeList(const std::string& path, const std::string& key,
+                   const std::vector<std::string>& values) override;
+    void writeValue(const std::string& path, const std::string& key, const std::string& value) override;
+    void listKeys(const std::string& path, std::vector<std::string>& keys) const override;
+    void listGroups(const std::string& path, const std::string& typeWord,
+                    std::vector<std::string>& keys) const override;
+    bool readGroup(const std::string& path, const std::string& typeWord, const std::string& key,
+                   std::map<std::string, std::string>& attributes, std::map<std::string, int>& locks,
+                   bool& groupLocked) const override;
+    bool readList(const std::string& path, const std::string& key, std::vector<std::string>& values,
+                  std::vector<std::uint8_t>& locks) const override;
+    void removeGroup(const std::string& path, const std::string& typeWord, const std::string& key) override;
+    void removeKey(const std::string& path, const std::string& key) override;
+
+private:
+    struct KeyState {
+        std::vector<std::string> values;
+        bool isList = false;
+    };
+    using KeyName = std::pair<std::string, std::string>;                 // section path, key
+    using GroupName = std::tuple<std::string, std::string, std::string>; // section path, type word, key
+    // Nothing for what is to be removed.
+    using KeyEdits = std::map<KeyName, std::optional<KeyState>>;
+    using GroupEdits = std::map<GroupName, std::optional<ConfigurationDocument::Attributes>>;
+
+    enum class FileState { missing, read, unchanged, damaged };
+
+    FileState readFile(std::string& bytes, std::optional<ConfigurationDocument>& document) const;
+    void noteKey(const std::string& path, const std::string& key, std::optional<KeyState> state);
+    bool saysOfKey(const std::string& path, const std::string& key,
+                   const std::optional<KeyState>& state) const;
+    void noteGroup(const std::string& path, const std::string& typeWord, const std::string& key,
+                   std::optional<ConfigurationDocument::Attributes> attributes);
+    bool saysOfGroup(const std::string& path, const std::string& typeWord, const std::string& key,
+                     const std::optional<ConfigurationDocument::Attributes>& attributes) const;
+    /// Refused texts are reported.
+    bool canBeNamed(std::initializer_list<std::string_view> names) const;
+    bool canBeText(const std::string& text) const;
+    void applyEdits(ConfigurationDocument& document) const;
+    bool failed(const std::string& message) const;
+
+    std::string path_;
+    ErrorLog& log_;
+    std::string bytes_; ///< of the file when it was read
+    FileState state_ = FileState::missing;
+    ConfigurationDocument document_;
+    KeyEdits keyEdits_;
+    GroupEdits groupEdits_;
+};
+
+} // namespace suite

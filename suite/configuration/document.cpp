@@ -1,0 +1,419 @@
+#include "suite/configuration/document.h"
+
+#include "suite/configuration/xmltext.h"
+
+#include <libxml/SAX2.h>
+#include <libxml/parser.h>
+
+#include <algorithm>
+#include <climits>
+
+namespace suite {
+
+namespace {
+
+constexpr const char* kRoot = "configuration";
+constexpr const char* kSection = "section";
+constexpr const char* kPath = "path";
+constexpr const char* kValue = "value";
+constexpr const char* kList = "list";
+constexpr const char* kItem = "item";
+constexpr const char* kGroup = "group";
+constexpr const char* kType = "type";
+constexpr const char* kAttribute = "attribute";
+constexpr const char* kName = "name";
+constexpr const char* kLocked = "locked";
+constexpr const char* kEmpty = "empty";
+
+struct FlagWord {
+    std::string_view word;
+    bool value;
+};
+constexpr FlagWord kFlagWords[] = {{"yes", true}, {"true", true},   {"1", true},
+                                   {"no", false}, {"false", false}, {"0", false}};
+
+std::optional<bool> flagOf(std::string_view word) {
+    for (const FlagWord& known : kFlagWords) {
+        if (known.word == word)
+            return known.value;
+    }
+    return std::nullopt;
+}
+
+// Reads a file from a stranger: nothing is fetched, and nothing is defined that could grow when it is
+// referred to.
+class Parser {
+public:
+    explicit Parser(Problem& problem) : problem_(problem), context_(xmlNewParserCtxt()) {
+        if (!context_)
+            return;
+        context_->_private = this;
+        context_->sax->serror = [](void* context, xmlErrorPtr error) {
+            of(context).note(*error);
+        };
+        context_->sax->entityDecl = [](void* context, const xmlChar*, int, const xmlChar*, const xmlChar*,
+                                       xmlChar*) {
+            of(context).refuseEntity();
+        };
+        // A host may have asked the library to drop blanks; here they are part of a value, and the file's
+        // layout.
+        context_->keepBlanks = 1;
+        context_->sax->ignorableWhitespace = context_->sax->characters;
+    }
+    ~Parser() { xmlFreeParserCtxt(context_); }
+    Parser(const Parser&) = delete;
+    Parser& operator=(const Parser&) = delete;
+
+    xmlDoc* parse(std::string_view bytes) {
+        constexpr int kOptions = XML_PARSE_NONET | XML_PARSE_BIG_LINES;
+        if (!context_ || bytes.size() > INT_MAX) {
+            problem_ = {0, "too large"};
+            return nullptr;
+        }
+        xmlDoc* tree = xmlCtxtReadMemory(context_, bytes.data(), static_cast<int>(bytes.size()), nullptr,
+                                         nullptr, kOptions);
+        if (tree && refused_) {
+            xmlFreeDoc(tree);
+            return nullptr;
+        }
+        if (!tree && problem_.text.empty())
+            problem_ = {0, "not well-formed"};
+        return tree;
+    }
+
+private:
+    static Parser& of(void* context) {
+        return *static_cast<Parser*>(static_cast<xmlParserCtxt*>(context)->_private);
+    }
+
+    void note(const xmlError& error) {
+        if (!problem_.text.empty() || error.level < XML_ERR_FATAL || !error.message)
+            return;
+        // The library's messages end in a line break, and some go on with a dump of bytes.
+        const std::string_view message = error.message;
+        problem_ = {error.line, std::string(message.substr(0, message.find('\n')))};
+    }
+
+    void refuseEntity() {
+        if (!refused_ && problem_.text.empty())
+            problem_ = {xmlSAX2GetLineNumber(context_), "entity declarations are not allowed"};
+        refused_ = true;
+        xmlStopParser(context_);
+    }
+
+    Problem& problem_;
+    xmlParserCtxt* context_;
+    bool refused_ = false;
+};
+
+} // namespace
+
+std::string_view sectionPath(std::string_view path) {
+    return path.substr(0, path.find_last_not_of('/') + 1);
+}
+
+std::size_t ConfigurationDocument::NameHash::operator()(const Name& name) const {
+    const std::hash<std::string_view> hash;
+    return name.first.empty() ? hash(name.second) : hash(name.first) * 31 + hash(name.second);
+}
+
+ConfigurationDocument::ConfigurationDocument() : tree_(xmlNewDoc(nullptr)) {
+    xmlDocSetRootElement(tree_.get(), xmlNewDocNode(tree_.get(), nullptr, BAD_CAST kRoot, nullptr));
+}
+
+std::optional<ConfigurationDocument> ConfigurationDocument::parse(std::string_view bytes, Problem& problem) {
+    problem = {};
+    ConfigurationDocument document;
+    document.tree_.reset(Parser(problem).parse(bytes));
+    if (!document.tree_)
+        return std::nullopt;
+    const xmlNode* root = xmlDocGetRootElement(document.tree_.get());
+    if (!xml::isElement(root, kRoot)) {
+        problem = {xmlGetLineNo(root),
+                   "the root element is <" + std::string(xml::view(root->name)) + ">, not <" + kRoot + ">"};
+        return std::nullopt;
+    }
+    return document;
+}
+
+bool ConfigurationDocument::readKey(const std::string& path, const std::string& key, Values& values,
+                                    std::vector<std::uint8_t>& locks) const {
+    values.clear();
+    locks.clear();
+    const xmlNode* entry = find(path, {{}, key});
+    if (!entry)
+        return false;
+    const bool locked = isLocked(entry);
+    if (xml::isElement(entry, kValue)) {
+        readText(entry, values.emplace_back());
+        locks.push_back(locked);
+        return true;
+    }
+    for (const xmlNode* item = xml::firstChild(entry, kItem); item; item = xml::nextSibling(item, kItem)) {
+        readText(item, values.emplace_back());
+        locks.push_back(isLocked(item) || locked);
+    }
+    return true;
+}
+
+bool ConfigurationDocument::isKeyLocked(const std::string& path, const std::string& key) const {
+    const xmlNode* entry = find(path, {{}, key});
+    return entry && isLocked(entry);
+}
+
+bool ConfigurationDocument::readGroup(const std::string& path, const std::string& type,
+                                      const std::string& key, Attributes& attributes,
+                                      std::map<std::string, int>& locks, bool& groupLocked) const {
+    attributes.clear();
+    locks.clear();
+    const xmlNode* group = find(path, {type, key});
+    if (!group)
+        return false;
+    groupLocked = isLocked(group) || groupLocked;
+    for (const xmlNode* item = xml::firstChild(group, kAttribute); item;
+         item = xml::nextSibling(item, kAttribute)) {
+        const auto name = xml::attribute(item, kName);
+        if (!name) {
+            report(item, "<attribute> without a name is passed over");
+            continue;
+        }
+        const std::string attribute(*name);
+        if (attributes.contains(attribute) || locks.contains(attribute)) {
+            report(item, "attribute " + attribute + " is given twice, the first counts");
+            continue;
+        }
+        std::string text;
+        readText(item, text);
+        const bool locked = isLocked(item);
+        if (locked)
+            locks.emplace(attribute, 1);
+        // An attribute can be locked without being set; an empty text that is meant needs a word.
+        if (!locked || !text.empty() || xml::attribute(item, kEmpty))
+            attributes.emplace(attribute, std::move(text));
+    }
+    return true;
+}
+
+ConfigurationDocument::Values ConfigurationDocument::keys(const std::string& path) const {
+    return names(path, {});
+}
+
+ConfigurationDocument::Values ConfigurationDocument::groups(const std::string& path,
+                                                            const std::string& type) const {
+    return names(path, type);
+}
+
+ConfigurationDocument::Values ConfigurationDocument::names(const std::string& path,
+                                                           std::string_view type) const {
+    Values found;
+    const Section* here = section(path);
+    if (!here)
+        return found;
+    for (const xmlNode* element : here->elements) {
+        for (const xmlNode* entry = xml::firstChild(element); entry; entry = xml::nextSibling(entry)) {
+            const Name name{type, xml::attribute(entry, kName).value_or("")};
+            const auto known = here->entries.find(name);
+            if (known != here->entries.end() && known->second == entry)
+                found.emplace_back(name.second);
+        }
+    }
+    return found;
+}
+
+void ConfigurationDocument::writeValue(const std::string& path, const std::string& key,
+                                       const std::string& value) {
+    xmlNode* entry = obtain(path, {}, key, kValue);
+    while (xmlNode* item = xml::firstChild(entry, kItem))
+        xml::removeElement(item);
+    xml::writeText(entry, value);
+}
+
+void ConfigurationDocument::writeList(const std::string& path, const std::string& key, const Values& values) {
+    xmlNode* entry = obtain(path, {}, key, kList);
+    xmlNode* item = xml::firstChild(entry, kItem);
+    if (!item)
+        xml::writeText(entry, {});
+    for (const std::string& value : values) {
+        xml::writeText(item ? item : xml::appendElement(entry, kItem), value);
+        item = item ? xml::nextSibling(item, kItem) : nullptr;
+    }
+    while (item) {
+        xmlNode* next = xml::nextSibling(item, kItem);
+        xml::removeElement(item);
+        item = next;
+    }
+}
+
+void ConfigurationDocument::removeKey(const std::string& path, const std::string& key) {
+    remove(path, {{}, key});
+}
+
+void ConfigurationDocument::writeGroup(const std::string& path, const std::string& type,
+                                       const std::string& key, const Attributes& attributes) {
+    xmlNode* group = obtain(path, type, key, kGroup);
+    xml::removeAttribute(group, kLocked);
+    Attributes missing = attributes;
+    for (xmlNode* item = xml::firstChild(group, kAttribute); item;) {
+        xmlNode* next = xml::nextSibling(item, kAttribute);
+        const auto wanted = missing.extract(std::string(xml::attribute(item, kName).value_or("")));
+        if (wanted) {
+            xml::removeAttribute(item, kLocked);
+            xml::removeAttribute(item, kEmpty);
+            xml::writeText(item, wanted.mapped());
+        } else {
+            xml::removeElement(item);
+        }
+        item = next;
+    }
+    for (const auto& [name, text] : missing) {
+        xmlNode* item = xml::appendElement(group, kAttribute);
+        xml::setAttribute(item, kName, name);
+        xml::writeText(item, text);
+    }
+}
+
+void ConfigurationDocument::removeGroup(const std::string& path, const std::string& type,
+                                        const std::string& key) {
+    remove(path, {type, key});
+}
+
+std::string ConfigurationDocument::serialise() const {
+    // Without a name for the encoding the library writes everything beyond ASCII as numbers.
+    if (!tree_->encoding)
+        tree_->encoding = xmlStrdup(BAD_CAST "UTF-8");
+    xmlChar* bytes = nullptr;
+    int size = 0;
+    xmlDocDumpMemory(tree_.get(), &bytes, &size);
+    std::string text;
+    if (bytes && size > 0)
+        text.assign(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(size));
+    xmlFree(bytes);
+    return text;
+}
+
+const ConfigurationDocument::Index& ConfigurationDocument::index() const {
+    if (!indexed_) {
+        indexed_ = true;
+        const xmlNode* root = xmlDocGetRootElement(tree_.get());
+        for (xmlNode* element = xml::firstChild(root, kSection); element;
+             element = xml::nextSibling(element, kSection))
+            indexSection(element);
+    }
+    return index_;
+}
+
+void ConfigurationDocument::indexSection(xmlNode* element) const {
+    const auto path = xml::attribute(element, kPath);
+    if (!path) {
+        report(element, "<section> without a path is passed over");
+        return;
+    }
+    Section& section = index_[sectionPath(*path)];
+    section.elements.push_back(element);
+    for (xmlNode* entry = xml::firstChild(element); entry; entry = xml::nextSibling(entry))
+        indexEntry(section, entry);
+}
+
+void ConfigurationDocument::indexEntry(Section& section, xmlNode* element) const {
+    const std::string_view kind = xml::view(element->name);
+    const bool isGroup = kind == kGroup;
+    if (!isGroup && kind != kValue && kind != kList)
+        return;
+    const auto key = xml::attribute(element, kName);
+    const auto type = isGroup ? xml::attribute(element, kType) : std::string_view();
+    if (!key || !type || (isGroup && type->empty())) {
+        report(element,
+               "<" + std::string(kind) + "> without a " + (key ? "type" : "name") + " is passed over");
+        return;
+    }
+    const Name name{*type, *key};
+    if (!section.entries.try_emplace(name, element).second) {
+        report(element, std::string(*key) + " is given twice, the first counts");
+        section.duplicates.emplace_back(name, element);
+    }
+}
+
+const ConfigurationDocument::Section* ConfigurationDocument::section(std::string_view path) const {
+    const auto found = index().find(sectionPath(path));
+    return found == index_.end() ? nullptr : &found->second;
+}
+
+const xmlNode* ConfigurationDocument::find(std::string_view path, const Name& name) const {
+    const Section* here = section(path);
+    if (!here)
+        return nullptr;
+    const auto found = here->entries.find(name);
+    return found == here->entries.end() ? nullptr : found->second;
+}
+
+ConfigurationDocument::Section& ConfigurationDocument::obtainSection(const std::string& path) {
+    const auto known = index().find(sectionPath(path));
+    if (known != index_.end())
+        return index_.at(known->first);
+    xmlNode* element = xml::appendElement(xmlDocGetRootElement(tree_.get()), kSection);
+    xml::setAttribute(element, kPath, std::string(sectionPath(path)));
+    Section& section = index_[*xml::attribute(element, kPath)];
+    section.elements.push_back(element);
+    return section;
+}
+
+xmlNode* ConfigurationDocument::obtain(const std::string& path, const std::string& type,
+                                       const std::string& key, const char* element) {
+    Section& section = obtainSection(path);
+    const auto known = section.entries.find({type, key});
+    if (known != section.entries.end()) {
+        removeDuplicates(section, {type, key});
+        if (!xml::isElement(known->second, element))
+            xmlNodeSetName(known->second, BAD_CAST element);
+        return known->second;
+    }
+    xmlNode* entry = xml::appendElement(section.elements.back(), element);
+    if (!type.empty())
+        xml::setAttribute(entry, kType, type);
+    xml::setAttribute(entry, kName, key);
+    section.entries.emplace(Name{xml::attribute(entry, kType).value_or(""), *xml::attribute(entry, kName)},
+                            entry);
+    return entry;
+}
+
+void ConfigurationDocument::remove(const std::string& path, const Name& name) {
+    static_cast<void>(index());
+    const auto here = index_.find(sectionPath(path));
+    if (here == index_.end())
+        return;
+    removeDuplicates(here->second, name);
+    if (const auto entry = here->second.entries.extract(name))
+        xml::removeElement(entry.mapped());
+}
+
+void ConfigurationDocument::removeDuplicates(Section& section, const Name& name) {
+    std::erase_if(section.duplicates, [&](const auto& duplicate) {
+        const bool isMeant = duplicate.first == name;
+        if (isMeant)
+            xml::removeElement(duplicate.second);
+        return isMeant;
+    });
+}
+
+void ConfigurationDocument::readText(const xmlNode* element, std::string& text) const {
+    if (!xml::readText(element, text))
+        report(element, "the text is not in the encoding that is named, it is taken as it stands");
+}
+
+bool ConfigurationDocument::isLocked(const xmlNode* element) const {
+    const auto word = xml::attribute(element, kLocked);
+    if (!word)
+        return false;
+    const auto flag = flagOf(*word);
+    if (!flag)
+        report(element, "locked=\"" + std::string(*word) + "\" is neither yes nor no, it is taken as yes");
+    // A mistyped word was meant to lock; letting users through would be the worse mistake.
+    return flag.value_or(true);
+}
+
+void ConfigurationDocument::report(const xmlNode* element, std::string text) const {
+    if (reporter_)
+        reporter_({xmlGetLineNo(element), std::move(text)});
+}
+
+} // namespace suite

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "suite/configuration.h"
+
+#include <map>
+#include <mutex>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace suite {
+
+/// Tells the host, or else the standard error stream, what is wrong with configuration files.
+class ErrorLog {
+public:
+    using Handler = Orv::IOvConfigurationManager::ErrorHandler;
+
+    /// An empty handler restores the standard error stream.
+    void setHandler(Handler handler);
+
+    void report(const std::string& message);
+
+    /// For a complaint about what a file holds: said once for each state of the file, however often it is
+    /// read.
+    void reportOnce(const std::string& path, const std::string& message);
+
+private:
+    struct Complaints {
+        std::vector<long long> fileState;
+        std::set<std::string> messages;
+    };
+
+    std::mutex mutex_;
+    Handler handler_;
+    std::map<std::string, Complaints> complaints_; ///< by path
+};
+
+} // namespace suite

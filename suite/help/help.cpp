@@ -1,0 +1,45 @@
+#include "suite/help.h"
+
+#include "suite/help/helpbook.h"
+#include "suite/help/helpwindow.h"
+
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QMessageBox>
+
+#include <optional>
+
+namespace {
+
+struct Page {
+    QString bookDirectory;
+    QString file;
+    bool isTopic;
+};
+
+std::optional<Page> findPage(const QString& book, const QString& topic) {
+    const auto directory = helpbook::findBook(book);
+    // A topic that could name a file elsewhere is no request that a page makes: it gets no page at all.
+    if (!directory || !helpbook::isPlainName(topic))
+        return std::nullopt;
+    if (const auto file = helpbook::findTopic(*directory, topic))
+        return Page{*directory, *file, true};
+    if (const auto index = helpbook::findTopic(*directory, QStringLiteral("index")))
+        return Page{*directory, *index, false};
+    return std::nullopt;
+}
+
+} // namespace
+
+int OlhHelpCall(const char* book, const char* topic, int /*flags*/) {
+    QWidget* owner = QApplication::activeWindow();
+    if (!owner)
+        owner = QApplication::activeModalWidget();
+    const auto page = findPage(QString::fromUtf8(book), QString::fromUtf8(topic));
+    if (!page) {
+        QMessageBox::information(owner, CHelpWindow::tr("Help"),
+                                 CHelpWindow::tr("There is no help for this page."));
+        return 0;
+    }
+    CHelpWindow::forOwner(owner).showPage(page->bookDirectory, page->file);
+    return page->isTopic ? 1 : 0;
+}

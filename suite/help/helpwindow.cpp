@@ -1,0 +1,85 @@
+#include "suite/help/helpwindow.h"
+
+#include "suite/help/helpbook.h"
+
+#include <QtCore/QPointer>
+#include <QtCore/QUrl>
+#include <QtGui/QScreen>
+#include <QtWidgets/QDialogButtonBox>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QTextBrowser>
+#include <QtWidgets/QVBoxLayout>
+
+CHelpWindow& CHelpWindow::forOwner(QWidget* owner) {
+    static QPointer<CHelpWindow> window;
+    if (!window)
+        window = new CHelpWindow(owner);
+    window->moveTo(owner);
+    return *window;
+}
+
+CHelpWindow::CHelpWindow(QWidget* owner) : QDialog(owner), browser_(new QTextBrowser(this)) {
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setSizeGripEnabled(true);
+
+    browser_->setAccessibleName(tr("Help page"));
+    browser_->setOpenLinks(false);
+    connect(browser_, &QTextBrowser::anchorClicked, this, &CHelpWindow::followLink);
+    connect(browser_, &QTextBrowser::sourceChanged, this, &CHelpWindow::showDocumentTitle);
+
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
+    auto* back = buttons->addButton(tr("&Back"), QDialogButtonBox::ActionRole);
+    back->setEnabled(false);
+    connect(browser_, &QTextBrowser::backwardAvailable, back, &QWidget::setEnabled);
+    connect(back, &QAbstractButton::clicked, browser_, &QTextBrowser::backward);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    // Enter follows a link that has the focus; it must not press a button as well.
+    for (QAbstractButton* button : buttons->buttons())
+        static_cast<QPushButton*>(button)->setAutoDefault(false);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(browser_);
+    layout->addWidget(buttons);
+    browser_->setFocus();
+
+    const QSize comfortable(fontMetrics().averageCharWidth() * 80, fontMetrics().lineSpacing() * 28);
+    resize(comfortable.boundedTo(screen()->availableSize() * 0.9));
+}
+
+void CHelpWindow::moveTo(QWidget* owner) {
+    for (const QWidget* above = owner; above; above = above->parentWidget()) {
+        if (above == this)
+            return;
+    }
+    // A window under another owner would be blocked by a modal dialog that was opened since.
+    if (owner != parentWidget())
+        setParent(owner, windowFlags());
+}
+
+void CHelpWindow::showPage(const QString& bookDirectory, const QString& page) {
+    // "Back" leads neither into another book, whose links could not be followed, nor to what was closed.
+    const bool startsAnew = bookDirectory != bookDirectory_ || !isVisible();
+    bookDirectory_ = bookDirectory;
+    browser_->setSource(QUrl::fromLocalFile(page), QTextDocument::HtmlResource);
+    if (startsAnew)
+        browser_->clearHistory();
+    show();
+    raise();
+    activateWindow();
+}
+
+void CHelpWindow::followLink(const QUrl& url) {
+    if (!url.isLocalFile())
+        return;
+    const auto page = helpbook::findLinked(bookDirectory_, url.toLocalFile());
+    if (!page)
+        return;
+    QUrl target = QUrl::fromLocalFile(*page);
+    target.setFragment(url.fragment());
+    browser_->setSource(target, QTextDocument::HtmlResource);
+}
+
+void CHelpWindow::showDocumentTitle() {
+    const QString title = browser_->documentTitle();
+    setWindowTitle(title.isEmpty() ? tr("Help") : title);
+}

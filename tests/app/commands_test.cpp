@@ -1,0 +1,305 @@
+// The commands list, get, set and explain, as the built program runs them on real directories.
+
+#include "tests/app/program.h"
+#include "tests/support/testsupport.h"
+
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+#include <QtCore/QProcess>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+
+namespace {
+
+namespace fs = std::filesystem;
+using testing::Test;
+using testsupport::readFile;
+using testsupport::writeFile;
+
+constexpr const char* kSite = R"(<?xml version="1.0"?>
+<configuration>
+  <section path="Orvane/SETTINGS">
+    <value name="ROUTE" locked="yes">1</value>
+    <value name="SHEETSIZE">6</value>
+    <list name="PROPERTIES_TOOLTIP" locked="yes"><item>REFDES</item><item>VALUE</item></list>
+  </section>
+  <section path="Orvane/OBJECTS">
+    <group type="object" name="NET"><attribute name="COLOR" locked="yes">0x00c000</attribute></group>
+  </section>
+</configuration>
+)";
+
+class Commands : public Test {
+protected:
+    Commands() { writeFile(installation.site() / "orvane.xml", kSite); }
+
+    fs::path userFile() const { return installation.user() / "orvane.xml"; }
+
+    testsupport::Installation installation;
+};
+
+struct CommandRow {
+    Words words;
+    int status;
+    const char* out; ///< part of standard output
+    const char* err; ///< part of the one line on standard error; empty for none
+};
+
+void expectOutcome(const CommandRow& row) {
+    std::string title;
+    for (const std::string& word : row.words)
+        title += word + ' ';
+    SCOPED_TRACE(title);
+    const Outcome outcome = runProgram(row.words);
+    EXPECT_EQ(outcome.status, row.status);
+    EXPECT_NE(outcome.out.find(row.out), std::string::npos) << outcome.out;
+    EXPECT_NE(outcome.err.find(row.err), std::string::npos) << outcome.err;
+    EXPECT_EQ(std::ranges::count(outcome.err, '\n'), *row.err ? 1 : 0) << outcome.err;
+}
+
+TEST_F(Commands, EachCommandLineIsDoneOrRefusedWithOneClearLine) {
+    const CommandRow rows[] = {
+        {{"--help"}, 0, "usage: orvane-settings", ""},
+        {{"--version"}, 0, "orvane-settings ", ""},
+        {{"frobnicate"}, 2, "", "unknown command frobnicate"},
+        {{"--frobnicate", "list"}, 2, "", "unknown option --frobnicate"},
+        {{""}, 2, "", "the command is empty"},
+        {{"--home"}, 2, "", "a value is missing after --home"},
+        {{"list", "--all"}, 2, "", "not --all"},
+        {{"get"}, 2, "", "get takes one key"},
+        {{"get", "GRID_HR", "UNIT"}, 2, "", "get takes one key"},
+        {{"set"}, 2, "", "set takes a key"},
+        {{"explain"}, 2, "", "explain takes one key"},
+        {{"tour"}, 2, "", "tour takes the directory"},
+        {{"tour", "a", "b"}, 2, "", "not \"b\""},
+        {{"tour", "a", "--size", "800"}, 2, "", "WIDTHxHEIGHT"},
+        {{"tour", "a", "--size", "0x600"}, 2, "", "WIDTHxHEIGHT"},
+        {{"get", "UNIT"}, 0, "in\n", ""},
+        {{"get", "MRU_PROJECTS"}, 0, "", ""},
+        {{"get", "NET"}, 0, "1\n1\n0x00c000\n1\n0\n1\n", ""},
+        {{"get", "grid_hr"}, 1, "", "there is no key grid_hr"},
+        {{"explain", "NOPE"}, 1, "", "there is no key NOPE"},
+        {{"set", "NOPE", "1"}, 1, "", "there is no key NOPE"},
+        {{"set", "GRID_HR"}, 1, "", "GRID_HR has 1 field, not 0"},
+        {{"set", "NET", "1", "1"}, 1, "", "NET has 6 fields, not 2"},
+        {{"set", "GRIDON", "yes"}, 1, "", "a flag is 0 or 1"},
+        {{"set", "GRID_HR", "inf"}, 1, "", "GRID_HR cannot be \"inf\""},
+        {{"set", "GRID_HR", "nan"}, 1, "", "GRID_HR cannot be \"nan\""},
+        {{"set", "GRID_HR", "1,5"}, 1, "", "GRID_HR cannot be \"1,5\""},
+        {{"set", "GRID_HR", "1e39"}, 1, "", "GRID_HR cannot be \"1e39\""},
+        {{"set", "GRID_HR", ""}, 1, "", "GRID_HR cannot be \"\""},
+        {{"set", "PIN", "2", "1", "0xff00ff", "0", "0", "1"}, 1, "", "PIN, VISIBLE cannot be \"2\""},
+        {{"set", "PIN", "1", "1", "0xff00f", "0", "0", "1"}, 1, "", "PIN, COLOR cannot be \"0xff00f\""},
+        {{"set", "PIN", "1", "1", "0xff00ff", "0", "0", "1.5"}, 1, "", "a whole number is needed"},
+        {{"set", "GRID_LAYER", "#ffffff", "0", "0"}, 1, "", "GRID_LAYER, COLOR cannot be"},
+        {{"set", "ICTBUS", "0xffffff", "black"}, 1, "", "ICTBUS, TEXTCOLOR cannot be"},
+        {{"set", "A4_SIZE_HR", "29699999.02", "wide"}, 1, "", "A4_SIZE_HR, HEIGHT cannot be"},
+        {{"set", "PLOT", "Sans", "Book", "400", "0", "0", "0", "0", "2"}, 1, "", "PLOT, BOLD cannot be"},
+        {{"set", "LANGUAGE", "a\x01"}, 1, "", "without control characters"},
+        {{"set", "MRU_PROJECTS"}, 0, "", ""},
+        {{"set", "LANGUAGE", ""},
+         1,
+         "",
+         "LANGUAGE cannot be emptied, since an empty value is never written; it stays \"Default\""},
+    };
+    for (const CommandRow& row : rows)
+        expectOutcome(row);
+    EXPECT_FALSE(fs::exists(userFile())) << "a refused command has written " << readFile(userFile());
+}
+
+TEST_F(Commands, ValuesThatAreSetAreInTheUsersFileAndComeBack) {
+    struct Row {
+        const char* key;
+        Words values;
+        const char* inFile;
+    };
+    const Row rows[] = {
+        {"GRID_HR", {"508000"}, ">508000<"},
+        {"UNDO_LEVEL", {"-5"}, ">-5<"},
+        {"SCALEFACTOR", {"--help"}, ">--help<"},
+        {"PIN", {"0", "1", "0x123456", "0", "2", "-3"}, ">0x123456<"},
+        {"PLOT", {"Größe <&>", "Book", "400", "0", "1", "0", "0", "1"}, "Größe &lt;&amp;&gt;"},
+        {"KANJI", {"", "0", "0", "0", "0", "0", "0", "0"}, "\"KANJI\""},
+        {"MRU_PROJECTS", {"/a/b c.prj", "", "/d;e.prj"}, "/a/b c.prj"},
+        {"A4_SIZE_HR", {"29699999.5", "1e3"}, ">29699999.5<"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.key);
+        Words words{"set", row.key};
+        words.insert(words.end(), row.values.begin(), row.values.end());
+        const Outcome set = runProgram(words);
+        EXPECT_EQ(set.status, 0) << set.err;
+        EXPECT_EQ(set.out + set.err, "");
+        EXPECT_NE(readFile(userFile()).find(row.inFile), std::string::npos) << readFile(userFile());
+
+        std::string lines;
+        for (const std::string& value : row.values)
+            lines += value + '\n';
+        EXPECT_EQ(runProgram({"get", row.key}).out, lines);
+    }
+    EXPECT_EQ(runProgram({"set", "GRID_HR", "254000"}).status, 0);
+    EXPECT_EQ(readFile(userFile()).find("GRID_HR"), std::string::npos) << "a default is not written";
+}
+
+TEST_F(Commands, SetTellsWhatIsStoredWhereSixDigitsAreNotEnough) {
+    const Outcome rounded = runProgram({"set", "GRID_HR", "1234567"});
+    EXPECT_EQ(rounded.status, 0) << rounded.err;
+    EXPECT_EQ(rounded.out, "GRID_HR: 1234567 is stored as 1.23457e+06 (six significant digits)\n");
+    EXPECT_EQ(runProgram({"set", "GRID_HR", "1016000"}).out, "") << "exponent form alone loses nothing";
+    EXPECT_EQ(runProgram({"set", "PIN", "1", "1", "0xABCDEF", "0", "0", "1"}).out, "");
+}
+
+TEST_F(Commands, LockedFieldIsRefusedNamingTheDirectoryAndEqualOnesPass) {
+    const std::string site = installation.site().string();
+    const CommandRow rows[] = {
+        {{"set", "ROUTE", "2"}, 1, "", "ROUTE is locked by "},
+        {{"set", "ROUTE", "1.0"}, 0, "", ""},
+        {{"set", "NET", "1", "1", "0x00ff00", "1", "0", "1"}, 1, "", "NET, COLOR is locked by "},
+        {{"set", "PROPERTIES_TOOLTIP", "REFDES", "PART"}, 1, "", "PROPERTIES_TOOLTIP, entry 2 is locked by "},
+        {{"set", "PROPERTIES_TOOLTIP", "REFDES"}, 1, "", "PROPERTIES_TOOLTIP, entry 1 is locked by "},
+    };
+    for (const CommandRow& row : rows) {
+        expectOutcome(row);
+        if (row.status != 0) {
+            EXPECT_NE(runProgram(row.words).err.find(" is locked by " + site + '\n'), std::string::npos);
+        }
+    }
+    EXPECT_FALSE(fs::exists(userFile())) << readFile(userFile());
+    EXPECT_EQ(runProgram({"set", "NET", "1", "1", "0x00C000", "1", "0", "7"}).status, 0);
+    EXPECT_EQ(runProgram({"get", "NET"}).out, "1\n1\n0x00c000\n1\n0\n7\n");
+}
+
+// One line a level with runs of blanks made one, so that the test does not depend on the length of the paths.
+std::string squeezed(const std::string& text) {
+    std::string result;
+    for (const char c : text) {
+        if (c != ' ' || (!result.empty() && result.back() != ' '))
+            result += c;
+    }
+    return result;
+}
+
+TEST_F(Commands, ExplainTellsWhatEachDirectorySaysAndWhatWon) {
+    writeFile(userFile(), R"(<configuration><section path="Orvane/SETTINGS"><value name="ROUTE">0</value>)"
+                          R"(<value name="SHEETSIZE">3</value></section></configuration>)");
+    const std::string site = installation.site().string();
+    const std::string user = installation.user().string();
+
+    const Outcome locked = runProgram({"explain", "ROUTE"});
+    ASSERT_EQ(locked.status, 0) << locked.err;
+    const std::string route = squeezed(locked.out);
+    EXPECT_TRUE(route.starts_with("ROUTE (number)\n built-in default 2\n")) << route;
+    for (const std::string& line :
+         {installation.standard().string() + " -", site + " 1 locks",
+          user + " 0 ignored, for the field is locked", "in force 1 from " + site + ", locked by " + site}) {
+        EXPECT_NE(route.find(' ' + line + '\n'), std::string::npos) << line << " in\n" << route;
+    }
+    EXPECT_LT(route.find(site), route.find(user)) << "from the installation to the user";
+
+    const std::string sheet = squeezed(runProgram({"explain", "SHEETSIZE"}).out);
+    EXPECT_NE(sheet.find(" in force 3 from " + user + '\n'), std::string::npos) << sheet;
+    const std::string net = squeezed(runProgram({"explain", "NET"}).out);
+    EXPECT_NE(net.find("\nCOLOR\n built-in default 0x00ff00\n"), std::string::npos) << net;
+    EXPECT_NE(net.find(" in force 1 from the built-in default\n\nLINE_STYLE\n"), std::string::npos) << net;
+}
+
+QJsonArray listJson(const Words& more) {
+    Words words{"list", "--json"};
+    words.insert(words.end(), more.begin(), more.end());
+    QJsonParseError error;
+    const auto document = QJsonDocument::fromJson(QByteArray::fromStdString(runProgram(words).out), &error);
+    EXPECT_EQ(error.error, QJsonParseError::NoError) << error.errorString().toStdString();
+    return document.array();
+}
+
+TEST_F(Commands, ListGivesEveryKeyWithItsLocksAndOriginsAsTextAndAsJson) {
+    ASSERT_EQ(runProgram({"set", "MRU_SCHEMA", "Größe \"1\""}).status, 0);
+    EXPECT_EQ(listJson({}).size(), 255);
+
+    QMap<QString, QJsonObject> changed;
+    for (const QJsonValue& row : listJson({"--changed"}))
+        changed.insert(row["key"].toString(), row.toObject());
+    EXPECT_EQ(changed.keys(), QStringList({"MRU_SCHEMA", "NET", "PROPERTIES_TOOLTIP", "ROUTE", "SHEETSIZE"}));
+    EXPECT_EQ(changed["MRU_SCHEMA"]["values"], QJsonArray({QStringLiteral("Größe \"1\"")}));
+    const QString site = QString::fromStdString(installation.site().string());
+    const QJsonValue none(QJsonValue::Null);
+    EXPECT_EQ(changed["NET"]["kind"], "object");
+    EXPECT_EQ(changed["NET"]["fields"][2], "COLOR");
+    EXPECT_EQ(changed["NET"]["locks"], QJsonArray({false, false, true, false, false, false}));
+    EXPECT_EQ(changed["NET"]["lockedBy"], QJsonArray({none, none, site, none, none, none}));
+    EXPECT_EQ(changed["ROUTE"]["origins"], QJsonArray({site}));
+    EXPECT_EQ(changed["ROUTE"]["builtIn"], QJsonArray({"2"}));
+
+    const std::string table = squeezed(runProgram({"list", "--changed"}).out);
+    EXPECT_NE(table.find("\nROUTE number " + site.toStdString() + " locked 1\n"), std::string::npos) << table;
+    EXPECT_NE(table.find(" locked: COLOR 1, 1, 0x00c000, 1, 0, 1\n"), std::string::npos) << table;
+}
+
+TEST_F(Commands, NumbersKeepTheirPointInLanguagesWithAComma) {
+    const testsupport::TemporaryDirectory locales;
+    for (const std::string language : {"de_DE", "fr_FR"}) {
+        const std::string locale = language + ".UTF-8";
+        if (QProcess::execute("localedef", {"-i", QString::fromStdString(language), "-f", "UTF-8",
+                                            QString::fromStdString((locales / locale).string())}) != 0)
+            GTEST_SKIP() << "localedef cannot make " << locale;
+        const Circumstances abroad{{{"LC_ALL", locale}, {"LOCPATH", locales.path().string()}}, false, {}};
+        EXPECT_EQ(runProgram({"set", "PRINTSCALEFACTOR", "0.5"}, abroad).status, 0);
+        EXPECT_EQ(runProgram({"get", "PRINTSCALEFACTOR"}, abroad).out, "0.5\n");
+        EXPECT_NE(readFile(userFile()).find(">0.5<"), std::string::npos) << readFile(userFile());
+        EXPECT_EQ(runProgram({"set", "PRINTSCALEFACTOR", "0,5"}, abroad).status, 1);
+        ASSERT_EQ(runProgram({"set", "PRINTSCALEFACTOR", "1"}, abroad).status, 0);
+    }
+}
+
+TEST_F(Commands, FailedWriteGivesPathAndCauseAndLeavesTheFile) {
+    ASSERT_EQ(runProgram({"set", "GRID_HR", "508000"}).status, 0);
+    const std::string before = readFile(userFile());
+    fs::permissions(installation.user(), fs::perms::owner_read | fs::perms::owner_exec);
+    const Outcome outcome = runProgram({"set", "GRID_HR", "127000"}, {{}, true, {}});
+    fs::permissions(installation.user(), fs::perms::owner_all);
+
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_NE(outcome.err.find(installation.user().string()), std::string::npos) << outcome.err;
+    EXPECT_NE(outcome.err.find("Permission denied"), std::string::npos) << outcome.err;
+    EXPECT_NE(outcome.err.find("it stays \"508000\""), std::string::npos) << outcome.err;
+    EXPECT_EQ(readFile(userFile()), before);
+    EXPECT_EQ(runProgram({"list"}, {{}, false, "/dev/full"}).status, 1)
+        << "output that is lost is a failure too";
+}
+
+TEST_F(Commands, DirectoriesThatAreNoUseAreToldWithTheReason) {
+    const std::string standard = installation.standard().string();
+    const CommandRow rows[] = {
+        {{"--home", "", "list"}, 1, "", "RSR_HOME is empty"},
+        {{"--wdir", "", "list"}, 1, "", "WDIR is empty"},
+        {{"--wdir", standard, "list"}, 1, "", "at least two directories"},
+        {{"--wdir", "/tmp;" + standard + ";/elsewhere", "list"}, 1, "", "/elsewhere, is not inside RSR_HOME"},
+        {{"--wdir", "/nowhere/user;" + standard, "set", "GRID_HR", "1"},
+         1,
+         "",
+         "the user's directory /nowhere/user does not exist"},
+        {{"--wdir=/nowhere/user;" + standard, "get", "GRID_HR"}, 0, "254000\n", ""},
+    };
+    for (const CommandRow& row : rows)
+        expectOutcome(row);
+}
+
+TEST(Defaults, TheSampleInstallationAndTheUsersOwnDirectoryServeWhereNothingIsSaid) {
+    const testsupport::TemporaryDirectory root;
+    const Circumstances bare{
+        {{"RSR_HOME", std::nullopt}, {"WDIR", std::nullopt}, {"XDG_CONFIG_HOME", (root / "a/b").string()}},
+        false,
+        {}};
+    const Outcome set = runProgram({"set", "GRID_HR", "508000"}, bare);
+    ASSERT_EQ(set.status, 0) << set.err;
+    EXPECT_NE(readFile(root / "a/b/orvane/orvane.xml").find("508000"), std::string::npos);
+    const std::string route = squeezed(runProgram({"explain", "ROUTE"}, bare).out);
+    EXPECT_NE(route.find(" in force 1 from " OV_INSTALLATION "/site, locked by " OV_INSTALLATION "/site\n"),
+              std::string::npos)
+        << route;
+}
+
+} // namespace

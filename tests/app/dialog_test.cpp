@@ -1,0 +1,83 @@
+// What the program does around the dialog, with a user at it.
+
+#include "app/dialog.h"
+#include "tests/support/testsupport.h"
+
+#include <orv/appconfiguration.h>
+
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QTreeWidget>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <sstream>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class Dialog : public testing::Test {
+protected:
+    Dialog() {
+        fs::copy_file(fs::path(OV_INSTALLATION) / "standard/settings.xml",
+                      installation.standard() / "settings.xml");
+        EXPECT_TRUE(configuration.load());
+    }
+
+    testsupport::Installation installation;
+    Orv::iAppConfiguration configuration;
+    app::Options options;
+    std::ostringstream out;
+};
+
+void press(QWidget& dialog, const char* caption) {
+    if (auto* button = testsupport::find<QPushButton>(dialog, caption))
+        button->click();
+}
+
+TEST_F(Dialog, EachPageThatTheUserChangedIsNamedAtEachCommit) {
+    options.page = "Units";
+    testsupport::whenModal([](QWidget& dialog) {
+        EXPECT_EQ(dialog.findChild<QTreeWidget*>()->currentItem()->text(0), "Units");
+        auto* units = testsupport::find<QComboBox>(dialog, "Unit");
+        ASSERT_NE(units, nullptr);
+        units->setCurrentIndex((units->currentIndex() + 1) % units->count());
+        press(dialog, "Apply");
+        press(dialog, "Cancel");
+    });
+    app::openDialog(configuration, options, out);
+    EXPECT_EQ(out.str(), "changed: Metrics\n");
+}
+
+TEST_F(Dialog, UnknownPageIsToldAndTheDialogOpensAtAnother) {
+    options.page = "Nowhere";
+    testing::internal::CaptureStderr();
+    testsupport::whenModal([](QWidget& dialog) {
+        QApplication::processEvents();
+        press(dialog, "Cancel");
+    });
+    app::openDialog(configuration, options, out);
+    EXPECT_NE(
+        testing::internal::GetCapturedStderr().find("there is no category Nowhere; the dialog opens at "),
+        std::string::npos);
+}
+
+TEST_F(Dialog, TroubleWithTheUsersFileIsShownOnceAndNotAtEveryPageSwitch) {
+    // A lock that cannot be had makes every write fail.
+    fs::create_directory(installation.user() / ".orvane.xml.lock");
+    std::vector<std::string> boxes;
+    testsupport::whenDialog(
+        [](QDialog& dialog) {
+            EXPECT_TRUE(testsupport::selectCategory(dialog, "Grid"))
+                << "a second box would stop the test here";
+            press(dialog, "Cancel");
+        },
+        &boxes);
+    app::openDialog(configuration, options, out);
+    ASSERT_EQ(boxes.size(), 1u);
+    EXPECT_NE(boxes.front().find(installation.user().string()), std::string::npos) << boxes.front();
+}
+
+} // namespace

@@ -1,0 +1,99 @@
+// The tour of the settings dialog, run by the built program.
+
+#include "tests/app/program.h"
+#include "tests/support/testsupport.h"
+
+#include <QtGui/QImage>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <sstream>
+
+namespace {
+
+namespace fs = std::filesystem;
+using testsupport::readFile;
+using testsupport::writeFile;
+
+class Tour : public testing::Test {
+protected:
+    // Adds a catalogue with one category after another, each an internal page.
+    void writeCatalogue(const std::vector<std::pair<std::string, std::string>>& captionsAndKeys) {
+        std::string text = "<settings>";
+        for (const auto& [caption, key] : captionsAndKeys) {
+            text += "<dialog><name>" + caption + "</name><classid>" + key +
+                    "</classid><localization>internal</localization></dialog>";
+        }
+        writeFile(installation.standard() / "settings.xml", text + "</settings>");
+    }
+
+    // The lines of the summary, each split at the tabs.
+    std::vector<Words> summary() const {
+        std::vector<Words> rows;
+        std::istringstream lines(readFile(pictures / "summary.txt"));
+        for (std::string line; std::getline(lines, line);) {
+            std::istringstream cells(line);
+            Words& row = rows.emplace_back();
+            for (std::string cell; std::getline(cells, cell, '\t');)
+                row.push_back(cell);
+        }
+        return rows;
+    }
+
+    testsupport::Installation installation;
+    testsupport::TemporaryDirectory root;
+    fs::path pictures = root / "new/pictures";
+};
+
+TEST_F(Tour, EachCategoryOfTheInstallationGetsItsPictureAndNothingElseChanges) {
+    fs::copy(fs::path(OV_INSTALLATION) / "standard", installation.standard(), fs::copy_options::recursive);
+    writeFile(installation.user() / "orvane.xml", "<configuration/>");
+    const Outcome outcome = runProgram({"tour", pictures.string(), "--size", "900x700"});
+    EXPECT_EQ(outcome.status, 0) << outcome.err << outcome.out;
+
+    const auto rows = summary();
+    ASSERT_GE(rows.size(), 5u);
+    for (const Words& row : rows) {
+        ASSERT_EQ(row.size(), 4u) << row.front();
+        SCOPED_TRACE(row[0]);
+        EXPECT_TRUE(row[2].starts_with("C")) << row[2];
+        const QImage picture(QString::fromStdString((pictures / row[1]).string()));
+        ASSERT_FALSE(picture.isNull()) << row[1];
+        EXPECT_EQ(row[3], std::to_string(picture.width()) + 'x' + std::to_string(picture.height()));
+        EXPECT_EQ(picture.size(), QSize(900, 700));
+    }
+    EXPECT_EQ(readFile(installation.user() / "orvane.xml"), "<configuration/>");
+}
+
+TEST_F(Tour, DarkPicturesAreDarkAndNamesAreSafeForAFile) {
+    writeCatalogue({{"A/B: *C*", "Empty"}, {"...", "Empty"}, {"Größe", "Empty"}});
+    ASSERT_EQ(runProgram({"tour", pictures.string(), "--dark"}).status, 0);
+    EXPECT_TRUE(fs::exists(pictures / "02-unnamed.png"));
+    EXPECT_TRUE(fs::exists(pictures / "03-Größe.png"));
+    const QImage picture(QString::fromStdString((pictures / "01-A-B-C.png").string()));
+    ASSERT_FALSE(picture.isNull());
+    EXPECT_LT(qGray(picture.pixel(2, 2)), 80);
+}
+
+TEST_F(Tour, CatalogueThatCannotBeReadIsNotedAndDoesNotHang) {
+    const Outcome outcome = runProgram({"--catalogue", "missing.xml", "tour", pictures.string()});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_NE(outcome.err.find("the dialog has no categories"), std::string::npos) << outcome.err;
+    EXPECT_EQ(readFile(pictures / "summary.txt"), "note: message box: File not found\n");
+}
+
+TEST_F(Tour, PictureThatCannotBeWrittenIsAFailure) {
+    writeCatalogue({{"First", "Empty"}, {"Second", "Empty"}});
+    fs::create_directories(pictures / "01-First.png");
+    const Outcome outcome = runProgram({"tour", pictures.string()});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_NE(outcome.err.find("the picture of First could not be written"), std::string::npos)
+        << outcome.err;
+    EXPECT_TRUE(fs::exists(pictures / "02-Second.png"));
+    EXPECT_EQ(summary().front()[1], "no picture");
+
+    writeFile(root / "file", "");
+    EXPECT_EQ(runProgram({"tour", (root / "file").string()}).status, 1);
+}
+
+} // namespace

@@ -1,0 +1,60 @@
+#include "tests/appcfg/storetest.h"
+
+#include "details/appcfg/catalogue.h"
+#include "details/appcfg/kinds.h"
+
+#include <map>
+
+using Orv::iAppConfiguration;
+
+class Catalogue : public StoreTest {};
+
+TEST_F(Catalogue, EveryPropertyHasAsManyFieldsAsItsKindNames) {
+    for (const auto& row : Orv::catalogue()) {
+        const auto names = iAppConfiguration::fieldNames(row.kind);
+        if (!names.empty()) {
+            EXPECT_EQ(Orv::cutFields(row.defaultText).size(), names.size()) << row.key;
+        }
+        EXPECT_EQ(iAppConfiguration::kindOf(row.key), row.kind) << row.key;
+    }
+}
+
+TEST_F(Catalogue, OnlyTheExactKeyIsFound) {
+    for (const char* text : {"", "N", "NE", "NETS", "net", "GRID_H", "GRID_HR ",
+                             "GRID_HIGHLIGHT_XXXXX_INTERVAL", "NAV_FUNCTIONBLOCK_FILTER_USE_REGEXQ"})
+        EXPECT_EQ(iAppConfiguration::kindOf(text), 0) << text;
+}
+
+TEST_F(Catalogue, WithoutConfigurationsEveryValueIsItsUnlockedDefault) {
+    ASSERT_TRUE(store.load());
+    ASSERT_EQ(store.keys().size(), 255U);
+    for (const auto& row : Orv::catalogue()) {
+        const auto property = read(std::string(row.key));
+        EXPECT_EQ(property.defaults, Orv::cutFields(row.defaultText)) << row.key;
+        EXPECT_EQ(property.values.size(), property.defaults.size()) << row.key;
+        EXPECT_EQ(property.readonly, std::vector<std::uint8_t>(property.values.size())) << row.key;
+    }
+    const std::map<std::string, Texts> expected = {
+        {"UNIT", {"in"}},
+        {"GRID_HR", {"254000"}},
+        {"SHEETSIZE", {"1"}},
+        {"MRU_PROJECTS", {}},
+        {"ICT_HIDDEN_PRPS", {}},
+        {"A4_SIZE_HR", {"29699999.02", "20999999.91"}},
+        {"NAV_NET_LABEL_FORMAT", {"$(Name)"}},
+        {"BUS", {"1", "1", "0xffff00", "1", "0", "10"}},
+        {"DRAG_LAYER", {"0x00ff00", "0", "0"}},
+        {"ICTGROUP", {"0xa6caf0", "0x000000"}},
+    };
+    for (const auto& [key, fields] : expected)
+        EXPECT_EQ(values(key), fields) << key;
+}
+
+TEST_F(Catalogue, ACommaWithoutABlankJoinsTwoPrintingColours) {
+    store.load();
+    ASSERT_EQ(values("PRINTINGCOLORS").size(), 15U);
+    EXPECT_EQ(values("PRINTINGCOLORS")[11], "0x000000,0x000000");
+    EXPECT_EQ(values("PRINTINGCOLORS")[12], "0xffffff");
+    EXPECT_EQ(values("SCREEN").size(), 16U);
+    EXPECT_EQ(values("PRINTER").size(), 16U);
+}

@@ -1,0 +1,179 @@
+#include "tests/appcfg/storetest.h"
+
+#include <array>
+
+class Locks : public StoreTest {
+protected:
+    /// Installation, site and user, as the levels are read.
+    std::array<std::filesystem::path, 3> levels() const {
+        return {installation.standard(), installation.site(), installation.user()};
+    }
+};
+
+TEST_F(Locks, TheFirstLockOnTheWayFromTheInstallationWinsForEveryShape) {
+    const struct {
+        const char* shape;
+        const char* key;
+        std::size_t field;
+        std::string (*write)(const std::string& text, bool locked);
+    } shapes[] = {
+        {"single value", "LANGUAGE", 0,
+         [](const std::string& t, bool l) {
+             return setting("LANGUAGE", t, l);
+         }},
+        {"number", "GRID_HR", 0,
+         [](const std::string& t, bool l) {
+             return setting("GRID_HR", t, l);
+         }},
+        {"list", "PRINTER", 1,
+         [](const std::string& t, bool l) {
+             return list("Orvane/COLORS", "PRINTER", {"0", t}, l ? 2 : 0);
+         }},
+        {"list of nothing before", "MRU_PROJECTS", 0,
+         [](const std::string& t, bool l) {
+             return list("Orvane/SETTINGS", "MRU_PROJECTS", {t}, l ? 1 : 0);
+         }},
+        {"attribute", "NET", 5,
+         [](const std::string& t, bool l) {
+             return object("NET", attribute("LINE_THICKNESS", t, l));
+         }},
+        {"group", "NET", 5,
+         [](const std::string& t, bool l) {
+             return object("NET", attribute("LINE_THICKNESS", t), l);
+         }},
+    };
+    const struct {
+        const char* locked; // i, s, u: locked by the installation, the site, the user; all three set a value
+        const char* value;  // 1, 2, 3: from the installation, the site, the user
+        const char* inherited;
+        int lockedBy; // place in levels(), -1 for none
+    } rows[] = {
+        {"...", "3", "2", -1}, {"..u", "3", "2", 2}, {".s.", "2", "2", 1}, {".su", "2", "2", 1},
+        {"i..", "1", "1", 0},  {"i.u", "1", "1", 0}, {"is.", "1", "1", 0}, {"isu", "1", "1", 0},
+    };
+    for (const auto& shape : shapes) {
+        for (const auto& row : rows) {
+            SCOPED_TRACE(std::string(shape.shape) + " " + row.locked);
+            for (std::size_t i = 0; i < 3; ++i)
+                writeLevel(levels()[i], shape.write(std::to_string(i + 1), row.locked[i] != '.'));
+            ASSERT_TRUE(store.load());
+            const auto property = read(shape.key);
+            ASSERT_GT(property.values.size(), shape.field);
+            EXPECT_EQ(property.values[shape.field], row.value);
+            EXPECT_EQ(property.defaults[shape.field], row.inherited);
+            EXPECT_EQ(property.readonly[shape.field], row.lockedBy < 0 ? 0 : 1);
+            const auto winner = levels()[static_cast<std::size_t>(row.value[0] - '1')].string();
+            EXPECT_EQ(store.valueDirectory(shape.key, shape.field), winner);
+            EXPECT_EQ(store.lockingDirectory(shape.key, shape.field),
+                      row.lockedBy < 0 ? "" : levels()[static_cast<std::size_t>(row.lockedBy)].string());
+        }
+    }
+}
+
+TEST_F(Locks, ListsOfAnotherLengthReplaceUnlessALockForbids) {
+    const struct {
+        const char* what;
+        Texts installation;
+        std::size_t installationLocks;
+        Texts site;
+        Texts user;
+        std::size_t userLocks;
+        Texts values;
+        Texts defaults;
+        std::vector<std::uint8_t> locks;
+    } rows[] = {
+        {"user replaces", {"a", "b"}, 0, {}, {"x"}, 1, {"x"}, {"a", "b"}, {1}},
+        {"one locked field drops the user's list and its locks",
+         {"a", "b"},
+         1,
+         {},
+         {"x", "y", "z"},
+         3,
+         {"a", "b"},
+         {"a", "b"},
+         {1, 0}},
+        {"user of the same length changes what is free",
+         {"a", "b"},
+         1,
+         {},
+         {"x", "y"},
+         0,
+         {"a", "y"},
+         {"a", "b"},
+         {1, 0}},
+        {"site grows around a lock",
+         {"a", "b"},
+         1,
+         {"p", "q", "r"},
+         {},
+         0,
+         {"a", "q", "r"},
+         {"a", "q", "r"},
+         {1, 0, 0}},
+        {"site shrinks", {"a", "b"}, 0, {"p"}, {"x"}, 0, {"x"}, {"p"}, {0}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        const auto printer = [](const Texts& items, std::size_t locks) {
+            return items.empty() ? std::string() : list("Orvane/COLORS", "PRINTER", items, locks);
+        };
+        writeLevel(installation.standard(), printer(row.installation, row.installationLocks));
+        writeLevel(installation.site(), printer(row.site, 0));
+        writeLevel(installation.user(), printer(row.user, row.userLocks));
+        ASSERT_TRUE(store.load());
+        const auto property = read("PRINTER");
+        EXPECT_EQ(property.values, row.values);
+        EXPECT_EQ(property.defaults, row.defaults);
+        EXPECT_EQ(property.readonly, row.locks);
+    }
+}
+
+TEST_F(Locks, NoUserFileChangesALockedSingleValue) {
+    std::vector<std::string> contents;
+    for (const std::string key : {"GRID_HR", "LANGUAGE"}) {
+        for (const bool locked : {false, true}) {
+            contents.push_back(setting(key, "", locked));
+            contents.push_back(setting(key, "7", locked));
+            contents.push_back(setting(key, "7", locked) + setting(key, "8", !locked));
+            contents.push_back(object(key, attribute("VISIBLE", "7", locked), locked));
+            for (std::size_t items = 0; items < 4; ++items)
+                contents.push_back(list("Orvane/SETTINGS", key, Texts(items, "7"), locked ? items : 0));
+        }
+    }
+    writeLevel(installation.standard(),
+               setting("GRID_HR", "100", true) + setting("LANGUAGE", "French", true));
+    for (const auto& content : contents) {
+        SCOPED_TRACE(content);
+        writeLevel(installation.user(), content);
+        ASSERT_TRUE(store.load());
+        for (const auto& [key, text] : {std::pair("GRID_HR", "100"), std::pair("LANGUAGE", "French")}) {
+            EXPECT_EQ(values(key), Texts{text});
+            EXPECT_EQ(locks(key), std::vector<std::uint8_t>{1});
+        }
+    }
+}
+
+TEST_F(Locks, AnAttributeMayBeLockedWithoutAValueOfItsOwn) {
+    writeLevel(installation.standard(), object("NET", "<attribute name=\"COLOR\" locked=\"yes\"/>"));
+    writeLevel(installation.user(),
+               object("NET", attribute("COLOR", "0x0000ff") + attribute("VISIBLE", "0")));
+    store.load();
+    EXPECT_EQ(values("NET"), (Texts{"0", "1", "0x00ff00", "1", "0", "1"}));
+    EXPECT_EQ(locks("NET"), (std::vector<std::uint8_t>{0, 0, 1, 0, 0, 0}));
+}
+
+TEST_F(Locks, LockedSingleValuesAreNotWrittenWhileLockedListsAndGroupsAre) {
+    writeLevel(installation.standard(), setting("GRID_HR", "100", true) +
+                                            list("Orvane/COLORS", "PRINTER", {"a"}, 1) +
+                                            object("NET", attribute("LINE_THICKNESS", "4"), true));
+    store.load();
+    store.setNumber("GRID_HR", 200.0F);
+    Orv::setValues(store, "PRINTER", {"x", "y"});
+    store.setGraphics("NET", 1, 1, 0, 1, 0, 9);
+    ASSERT_TRUE(store.save());
+    EXPECT_EQ(userFile().find("GRID_HR"), std::string::npos);
+    store.load();
+    EXPECT_NE(userFile().find("\"PRINTER\""), std::string::npos) << userFile();
+    EXPECT_NE(userFile().find("\"LINE_THICKNESS\""), std::string::npos) << userFile();
+    EXPECT_EQ(values("NET")[5], "4") << "what was written still does not count";
+}

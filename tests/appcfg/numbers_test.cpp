@@ -1,0 +1,91 @@
+#include "details/appcfg/numbers.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+using namespace Orv;
+
+TEST(Numbers, TextReadsAsAStreamWouldReadIt) {
+    constexpr float kMost = std::numeric_limits<float>::max();
+    const struct {
+        const char* text;
+        float number;
+    } rows[] = {
+        {"254000", 254000.0F},
+        {" \t\n+0.5mm", 0.5F},
+        {"-2.5e3,", -2500.0F},
+        {"1.016e+06", 1016000.0F},
+        {".5", 0.5F},
+        {"1e", 1.0F},
+        {"0,5", 0.0F},
+        {"", 0.0F},
+        {"-", 0.0F},
+        {"+-1", 0.0F},
+        {"in", 0.0F},
+        {"inf", 0.0F},
+        {"-nan", 0.0F},
+        {"1e39", kMost},
+        {"-1e39", -kMost},
+        {"1e999999999999", kMost},
+        {"1e-999", 0.0F},
+        {"0x10", 0.0F},
+        {"0.0000001e45", 1e38F},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(floatFromText(row.text), row.number) << row.text;
+    const std::string nines(400, '9');
+    const std::string zeros(400, '0');
+    EXPECT_EQ(floatFromText(nines), kMost);
+    EXPECT_EQ(floatFromText("0." + zeros + "1"), 0.0F);
+    EXPECT_EQ(floatFromText(nines + "e-1"), kMost);
+}
+
+TEST(Numbers, FloatsPrintWithSixSignificantDigits) {
+    const struct {
+        float number;
+        const char* text;
+    } rows[] = {
+        {0.0F, "0"},
+        {0.1F, "0.1"},
+        {254000.0F, "254000"},
+        {1016000.0F, "1.016e+06"},
+        {1234567.0F, "1.23457e+06"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(floatToText(row.number), row.text);
+}
+
+TEST(Numbers, IntegersStopAtTheFirstOtherCharacterAndAtTheirLimits) {
+    const struct {
+        const char* text;
+        int number;
+    } rows[] = {
+        {" 12px", 12}, {"+7", 7},
+        {"-3", -3},    {"0x1", 0},
+        {"x", 0},      {"99999999999", std::numeric_limits<int>::max()},
+        {"", 0},       {"-99999999999", std::numeric_limits<int>::min()},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(integerFromText(row.text), row.number) << row.text;
+}
+
+TEST(Numbers, ColoursSwapRedAndBlueAndComeBackInLowerCase) {
+    const struct {
+        const char* text;
+        int packed;
+        const char* normal;
+    } rows[] = {
+        {"0x00FF00", 0x00ff00, "0x00ff00"},
+        {"0xfffbf0", 0xf0fbff, "0xfffbf0"},
+        {"0x80", 0x800000, "0x000080"},
+        {" c0c0c0", 0xc0c0c0, "0xc0c0c0"},
+        {"0Xff", 0xff0000, "0x0000ff"},
+        {"green", 0, "0x000000"},
+        {"0x", 0, "0x000000"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(colourFromText(row.text), row.packed) << row.text;
+        EXPECT_EQ(colourToText(row.packed), row.normal) << row.text;
+    }
+}

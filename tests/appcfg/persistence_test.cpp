@@ -1,0 +1,202 @@
+#include "tests/appcfg/storetest.h"
+
+#include "suite/configuration.h"
+
+#include <algorithm>
+#include <chrono>
+#include <map>
+#include <optional>
+
+using Orv::iAppConfiguration;
+using testsupport::ScopedEnvironment;
+namespace fs = std::filesystem;
+
+class Persistence : public StoreTest {
+protected:
+    std::string pathList(std::initializer_list<fs::path> directories) const {
+        std::string joined;
+        for (const auto& directory : directories)
+            joined += (joined.empty() ? "" : ";") + directory.string();
+        return joined;
+    }
+};
+
+TEST_F(Persistence, UnusableDirectoriesLeaveTheDefaultsAndTheOldCaches) {
+    const auto user = installation.user();
+    const auto standard = installation.standard();
+    const auto home = installation.home().string();
+    const struct {
+        const char* what;
+        std::optional<std::string> home;
+        std::optional<std::string> wdir;
+    } rows[] = {
+        {"no RSR_HOME", std::nullopt, pathList({user, standard})},
+        {"empty RSR_HOME", "", pathList({user, standard})},
+        {"no WDIR", home, std::nullopt},
+        {"one directory", home, standard.string()},
+        {"the last one outside", home, pathList({user, standard, installation.site()})},
+    };
+    writeLevel(user, setting("GRID_HR", "100"));
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        ASSERT_TRUE(store.load());
+        const ScopedEnvironment rsrHome("RSR_HOME", row.home);
+        const ScopedEnvironment wdir("WDIR", row.wdir);
+        EXPECT_FALSE(store.load("/some/other.prj"));
+        EXPECT_EQ(store.keys().size(), 255U);
+        EXPECT_EQ(read("GRID_HR").defaults, Texts{"254000"});
+        EXPECT_EQ(value("UNIT"), "in");
+        EXPECT_EQ(store.getNumber("GRID_HR"), 100.0F) << "the caches are those of the load before";
+        EXPECT_FALSE(store.save()) << "a list that failed is not used again";
+        EXPECT_FALSE(store.load("/some/other.prj"));
+        EXPECT_TRUE(store.workingDirectories().empty());
+    }
+}
+
+TEST_F(Persistence, AnInstallationIsKnownWithCapitalsAndBackslashes) {
+    testsupport::TemporaryDirectory root;
+    const auto standard = root.path() / "Home" / "standard";
+    writeLevel(standard, setting("GRID_HR", "100"));
+    auto home = (root / "Home").string();
+    std::ranges::replace(home, '/', '\\');
+    const ScopedEnvironment rsrHome("RSR_HOME", home);
+    const ScopedEnvironment wdir("WDIR", pathList({root / "user", standard}));
+    EXPECT_TRUE(store.load()) << home;
+    EXPECT_EQ(store.getNumber("GRID_HR"), 100.0F);
+}
+
+TEST_F(Persistence, TheDirectoryListIsKeptForTheSameProject) {
+    ASSERT_TRUE(store.load("/p.prj"));
+    const ScopedEnvironment wdir("WDIR", std::nullopt);
+    EXPECT_TRUE(store.save());
+    EXPECT_TRUE(store.load("/p.prj"));
+    EXPECT_FALSE(store.load());
+}
+
+TEST_F(Persistence, MissingAndDamagedLevelsAreSkipped) {
+    std::string told;
+    auto& manager = Orv::IOvConfigurationManager::Instance();
+    manager.SetErrorHandler([&](const std::string& message) { told += message; });
+    writeLevel(installation.standard(), setting("GRID_HR", "100"));
+    testsupport::writeFile(installation.site() / "orvane.xml", "<configuration><section");
+    fs::remove_all(installation.user());
+    EXPECT_TRUE(store.load());
+    EXPECT_EQ(value("GRID_HR"), "100");
+    EXPECT_NE(told.find("site"), std::string::npos);
+    EXPECT_FALSE(store.save()) << "there is no directory to write to";
+    manager.SetErrorHandler({});
+}
+
+TEST_F(Persistence, LessSpecificLevelsBecomeTheDefault) {
+    writeLevel(installation.standard(),
+               setting("GRID_HR", "100") + setting("MRU_SCHEMA", "colours.ovc") +
+                   object("NET", attribute("LINE_THICKNESS", "4") + attribute("ODD", "1")));
+    writeLevel(installation.user(),
+               setting("GRID_HR", "300") + object("NET", attribute("COLOR", "0x0000FF")));
+    store.load();
+    EXPECT_EQ(read("GRID_HR").defaults, Texts{"100"});
+    EXPECT_EQ(value("GRID_HR"), "300");
+    EXPECT_EQ(read("MRU_SCHEMA").defaults, Texts{"colours.ovc"});
+    EXPECT_EQ(read("NET").defaults, (Texts{"1", "1", "0x00ff00", "1", "0", "4"}));
+    EXPECT_EQ(values("NET"), (Texts{"1", "1", "0x0000ff", "1", "0", "4"}));
+}
+
+TEST_F(Persistence, EveryKindComesBackFromWhereItWasWritten) {
+    // One key for each place in a file.
+    const std::map<std::string, Texts> written = {
+        {"BELL", {"0"}},
+        {"GRID_HR", {"100"}},
+        {"LANGUAGE", {"J\xc3\xa4ger & <Sohn>"}},
+        {"GRID_LAYER", {"0x010203", "1", "2"}},
+        {"BUS", {"0", "0", "0x010203", "3", "4", "5"}},
+        {"ICTBUS", {"0x010203", "0x040506"}},
+        {"SCREEN", {"1", "2", "3"}},
+        {"PRINTER", {"4"}},
+        {"PROPERTIES_TOOLTIP", {"A", "B"}},
+        {"MRU_PROJECTS", {"/a b/c.prj"}},
+        {"NAV_NET_FILTER_PROPERTIES", {"rule", ""}},
+        {"Z_SIZE_HR", {"1.5", "2"}},
+        {"KANJI", {"Noto Sans", "1", "2", "3", "4", "5", "6", "7"}},
+    };
+    ASSERT_TRUE(store.load());
+    for (const auto& [key, fields] : written)
+        Orv::setValues(store, key, fields);
+    ASSERT_TRUE(store.save());
+    ASSERT_TRUE(store.load());
+    for (const auto& [key, fields] : written)
+        EXPECT_EQ(values(key), fields) << key;
+}
+
+TEST_F(Persistence, TheUsersFileHoldsTheDifferencesFromTheInheritedDefaultsAndNothingElse) {
+    writeLevel(installation.site(),
+               setting("UNDO_LEVEL", "5") + object("NET", attribute("LINE_THICKNESS", "4")));
+    testsupport::writeFile(installation.user() / "orvane.xml", R"(<?xml version="1.0" encoding="UTF-8"?>
+<configuration>
+  <section path="Orvane/SETTINGS">
+    <value name="BELL">0</value>
+    <value name="MRU_SCHEMA">old.ovc</value>
+    <value name="LANGUAGE" locked="yes">French</value>
+    <value name="FOREIGN">kept</value>
+  </section>
+  <section path="Orvane/OBJECTS">
+    <group type="object" name="BUS">
+      <attribute name="COLOR">0xff0000</attribute>
+    </group>
+  </section>
+</configuration>
+)");
+    ASSERT_TRUE(store.load());
+    Orv::setValue(store, "GRID_HR", "127000");
+    Orv::setValue(store, "BELL", "1");
+    Orv::setValue(store, "LANGUAGE", "German");
+    Orv::setValue(store, "MRU_SCHEMA", "");
+    Orv::setValueAt(store, 0, "NET", "0");
+    Orv::setValueAt(store, 2, "BUS", "0xffff00");
+    Orv::setValues(store, "PROPERTIES_TOOLTIP", {"REFDES", "VALUE"});
+    ASSERT_TRUE(store.save());
+    // UNDO_LEVEL is the site's and BELL is back at its default; MRU_SCHEMA is empty and LANGUAGE locked, so
+    // both are left as they were. The last number and the layers are defaults whose text is not what the
+    // caches print.
+    const std::string expected = R"(<?xml version="1.0" encoding="UTF-8"?>
+<configuration>
+  <section path="Orvane/SETTINGS">
+    <value name="MRU_SCHEMA">old.ovc</value>
+    <value name="LANGUAGE" locked="yes">French</value>
+    <value name="FOREIGN">kept</value>
+    <value name="GRID_HR">127000</value>
+    <value name="NET_LENGTH_HR">1.016e+06</value>
+    <list name="PROPERTIES_TOOLTIP">
+      <item>REFDES</item>
+      <item>VALUE</item>
+    </list>
+  </section>
+  <section path="Orvane/OBJECTS">
+    <group type="object" name="NET">
+      <attribute name="VISIBLE">0</attribute>
+    </group>
+  </section>
+  <section path="Orvane/LAYERS">
+    <group type="layer" name="DRAG_LAYER">
+      <attribute name="COLOR">0x00ff00</attribute>
+    </group>
+    <group type="layer" name="UNPLACEDCOMPONENT_LAYER">
+      <attribute name="COLOR">0xc0c0c0</attribute>
+    </group>
+  </section>
+</configuration>
+)";
+    EXPECT_EQ(userFile(), expected);
+}
+
+TEST_F(Persistence, ASaveWithNothingChangedLeavesTheFileAlone) {
+    ASSERT_TRUE(store.load());
+    Orv::setValue(store, "GRID_HR", "127000");
+    ASSERT_TRUE(store.save());
+    const auto file = installation.user() / "orvane.xml";
+    const auto longAgo = fs::last_write_time(file) - std::chrono::hours(1);
+    fs::last_write_time(file, longAgo);
+    EXPECT_TRUE(store.save());
+    EXPECT_TRUE(store.load());
+    EXPECT_TRUE(store.save());
+    EXPECT_EQ(fs::last_write_time(file), longAgo);
+}

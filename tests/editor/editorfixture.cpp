@@ -1,0 +1,46 @@
+#include "tests/editor/editorfixture.h"
+
+#include "details/appcfg/appcfg.h"
+
+#include <QtTest/QTest>
+
+namespace {
+
+struct KeyRecorder : Orv::iAppConfiguration::iEventSink {
+    void propertyChanged(const std::string& key, float) override { keys.push_back(key); }
+    std::vector<std::string> keys;
+};
+
+} // namespace
+
+void EditorPages::load(const std::vector<Entry>& entries) {
+    std::string text = "<configuration>\n <section path=\"Orvane/SETTINGS\">\n";
+    for (const Entry& entry : entries) {
+        text += "  <value name=\"" + entry.key + "\"" + (entry.locked ? " locked=\"yes\"" : "") + ">" +
+                entry.value + "</value>\n";
+    }
+    testsupport::writeFile(installation_.site() / "orvane.xml", text + " </section>\n</configuration>\n");
+    ASSERT_TRUE(appConfig_.load());
+    for (const Entry& entry : entries)
+        ASSERT_EQ(stored(entry.key), entry.value) << "the file is not read as meant";
+}
+
+std::string EditorPages::stored(const std::string& key) const {
+    std::string value;
+    Orv::getValue(appConfig_, key, value);
+    return value;
+}
+
+std::vector<std::string> EditorPages::keysWrittenBy(ovsettings::CPropDialogTemplate& page) {
+    KeyRecorder recorder;
+    appConfig_.addSink(&recorder);
+    EXPECT_TRUE(page.onApply());
+    appConfig_.removeSink(&recorder);
+    return recorder.keys;
+}
+
+void EditorPages::type(QWidget& control, const std::string& text) {
+    QTest::keyClick(&control, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&control, Qt::Key_Delete);
+    QTest::keyClicks(&control, QString::fromStdString(text));
+}

@@ -1,0 +1,175 @@
+#include "details/pages/editor/griddialog.h"
+
+#include "details/appcfg/unitglue.h"
+#include "details/widgets/decimalspinctrl.h"
+#include "tests/editor/editorfixture.h"
+
+#include <QtTest/QTest>
+#include <QtWidgets/QCheckBox>
+#include <QtWidgets/QLabel>
+
+using Orv::Metrics::Unit;
+using ovsettings::CDecimalSpinCtrl;
+using ovsettings::CGridDialog;
+using testsupport::answerNextMessageBox;
+using testsupport::find;
+
+namespace {
+
+class GridPage : public EditorPages {
+protected:
+    CDecimalSpinCtrl& spacing() { return *find<CDecimalSpinCtrl>(window_, "Grid Spacing"); }
+    QCheckBox& display() { return *find<QCheckBox>(window_, "Display"); }
+    QCheckBox& markings() { return *find<QCheckBox>(window_, "Grid Interval Markings"); }
+};
+
+} // namespace
+
+TEST_F(GridPage, ShowsWhatIsStoredAndStoresWhatTheUserSets) {
+    load({{"GRIDON", "1"}, {"GRID_HIGHLIGHT_MARKS", "2"}});
+    CGridDialog& page = open<CGridDialog>();
+    EXPECT_TRUE(display().isChecked());
+    EXPECT_FALSE(markings().isChecked()) << "only 1 is checked";
+    EXPECT_EQ(spacing().text().toStdString(), "0.10");
+
+    QTest::keyClick(&display(), Qt::Key_Space);
+    QTest::keyClick(&markings(), Qt::Key_Space);
+    type(spacing(), "0.25");
+    EXPECT_EQ(keysWrittenBy(page), (std::vector<std::string>{"GRIDON", "GRID_HIGHLIGHT_MARKS", "GRID_HR"}));
+    EXPECT_EQ(stored("GRIDON"), "0");
+    EXPECT_EQ(stored("GRID_HIGHLIGHT_MARKS"), "1");
+    EXPECT_EQ(Orv::lengthFromText(stored("GRID_HR")), 635000);
+}
+
+TEST_F(GridPage, RefusesASpacingBeyondTheLimitsOfTheUnit) {
+    struct {
+        const char* unit;
+        const char* typed;
+        const char* message;
+    } const rows[] = {
+        {"in", "0.001", "Grid Spacing value should be between 0.01 and 10.00"},
+        {"mm", "10.01", "Grid Spacing value should be between 0.01 and 10.00"},
+        {"cm", "0", "Grid Spacing value should be between 0.001 and 1.00"},
+        {"th", "nonsense", "Grid Spacing value should be between 1 and 1000.00"},
+        {"th", "-5", "Grid Spacing value should be between 1 and 1000.00"},
+        {"in", "1e400", "Grid Spacing value should be between 0.01 and 10.00"},
+    };
+    for (const auto& row : rows) {
+        load({{"UNIT", row.unit}});
+        CGridDialog& page = open<CGridDialog>();
+        QTest::keyClick(&display(), Qt::Key_Space);
+        const std::string before = stored("GRIDON");
+        type(spacing(), row.typed);
+        for (const auto& check : {&CGridDialog::isValid, &CGridDialog::onLeave, &CGridDialog::onApply}) {
+            std::string message;
+            answerNextMessageBox("OK", &message);
+            EXPECT_FALSE((page.*check)()) << row.typed;
+            EXPECT_EQ(message, row.message);
+        }
+        EXPECT_EQ(stored("GRIDON"), before) << "a refused page writes nothing";
+        EXPECT_EQ(spacing().text().toStdString(), row.typed);
+        delete &page;
+    }
+}
+
+TEST_F(GridPage, AcceptsASpacingFinerThanTheUnitOnlyIfItWasStoredSo) {
+    for (const char* length : {"1270", "1000", "1"}) {
+        load({{"GRID_HR", length}});
+        CGridDialog& page = open<CGridDialog>();
+        const std::string shown = spacing().text().toStdString();
+        EXPECT_GT(spacing().getValue(), 0);
+        EXPECT_FALSE(page.isModified());
+        EXPECT_TRUE(page.onApply());
+        EXPECT_EQ(stored("GRID_HR"), length);
+
+        type(spacing(), shown);
+        std::string message;
+        answerNextMessageBox("OK", &message);
+        EXPECT_FALSE(page.onApply()) << shown;
+        delete &page;
+    }
+}
+
+TEST_F(GridPage, KeepsALengthThatItsDecimalsCannotShow) {
+    load({{"GRID_HR", "317500"}});
+    CGridDialog& page = open<CGridDialog>();
+    EXPECT_FALSE(page.isModified());
+    ASSERT_TRUE(page.onApply());
+    EXPECT_EQ(stored("GRID_HR"), "317500");
+}
+
+TEST_F(GridPage, ShowsTheSameLengthAfterAChangeOfTheUnit) {
+    load({});
+    CGridDialog& page = open<CGridDialog>();
+    type(spacing(), "0.3");
+    Orv::setConfiguredUnit(appConfig_, Unit::millimetre);
+    EXPECT_TRUE(page.onEnter());
+    EXPECT_EQ(spacing().text().toStdString(), "7.62");
+    EXPECT_NE(testsupport::controlByCaption(window_, "mm"), nullptr);
+    EXPECT_TRUE(page.isModified()) << "the edit is not stored yet";
+    double minimum, maximum, step;
+    spacing().getRange(minimum, maximum, step);
+    EXPECT_DOUBLE_EQ(minimum, 0.01);
+    EXPECT_DOUBLE_EQ(maximum, 10);
+
+    // Two thousandths of an inch in millimetres round to 0.05, yet the length stays what it was.
+    Orv::setConfiguredUnit(appConfig_, Unit::thousandth);
+    page.onEnter();
+    type(spacing(), "2");
+    for (const Unit unit : {Unit::millimetre, Unit::inch, Unit::thousandth}) {
+        Orv::setConfiguredUnit(appConfig_, unit);
+        page.onEnter();
+    }
+    ASSERT_TRUE(page.onOk());
+    EXPECT_EQ(Orv::lengthFromText(stored("GRID_HR")), 5080);
+    EXPECT_FALSE(page.isModified());
+}
+
+TEST_F(GridPage, IsModifiedWhileAStoreWouldChangeSomething) {
+    load({});
+    CGridDialog& page = open<CGridDialog>();
+    EXPECT_FALSE(page.isModified());
+    type(spacing(), "0.1000");
+    EXPECT_FALSE(page.isModified()) << "the same length in another text";
+    type(spacing(), "0.2");
+    EXPECT_TRUE(page.isModified());
+    type(spacing(), "0.1");
+    EXPECT_FALSE(page.isModified());
+    QTest::keyClick(&markings(), Qt::Key_Space);
+    EXPECT_TRUE(page.isModified());
+    // Seven digits are one more than the store keeps.
+    type(spacing(), "0.7777777");
+    ASSERT_TRUE(page.onApply());
+    EXPECT_FALSE(page.isModified());
+}
+
+TEST_F(GridPage, DisablesWhatIsLockedAndSaysByWhom) {
+    load({{"GRIDON", "1", true}, {"GRID_HR", "508000", true}});
+    CGridDialog& page = open<CGridDialog>();
+    const std::string toolTip = "Locked by " + siteDirectory();
+    const QLabel* label = nullptr;
+    for (const QLabel* candidate : page.findChildren<QLabel*>()) {
+        if (candidate->buddy() == &spacing())
+            label = candidate;
+    }
+    ASSERT_NE(label, nullptr);
+    for (const QWidget* widget : std::initializer_list<const QWidget*>{&display(), &spacing(), label}) {
+        EXPECT_FALSE(widget->isEnabled());
+        EXPECT_EQ(widget->toolTip().toStdString(), toolTip);
+    }
+    EXPECT_TRUE(markings().isEnabled());
+    EXPECT_EQ(markings().toolTip().toStdString(), "");
+
+    EXPECT_EQ(keysWrittenBy(page), (std::vector<std::string>{"GRIDON", "GRID_HIGHLIGHT_MARKS", "GRID_HR"}));
+    EXPECT_EQ(stored("GRID_HR"), "508000");
+}
+
+TEST_F(GridPage, WithoutAWindowRefusesNothingAndWritesNothing) {
+    load({});
+    CGridDialog page(nullptr);
+    page.setAppConfiguration(&appConfig_);
+    EXPECT_TRUE(page.isValid());
+    EXPECT_TRUE(page.onEnter());
+    EXPECT_FALSE(page.isModified());
+    EXPECT_TRUE(keysWrittenBy(page).empty());
+}

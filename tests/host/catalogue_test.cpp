@@ -1,0 +1,177 @@
+#include "tests/host/hostdialog.h"
+
+#include <QtCore/QLocale>
+#include <QtWidgets/QTreeWidget>
+
+using testsupport::writeFile;
+
+namespace {
+
+std::string repeat(const std::string& text, int count) {
+    std::string all;
+    for (int i = 0; i < count; ++i)
+        all += text;
+    return all;
+}
+
+struct CatalogueCase {
+    const char* what;
+    std::string file; ///< whole text of settings.xml
+    std::string tree;
+    std::vector<std::string> boxes;
+};
+
+const char* const kNotFound = "File not found\n";
+const char* const kParseError = "Error during XML parsing\n";
+
+class Catalogue : public HostDialog {
+protected:
+    static std::string document(const std::string& dialogs) { return "<settings>" + dialogs + "</settings>"; }
+};
+
+TEST_F(Catalogue, IsReadByItsRulesAndLosesNothingThatWasReadBefore) {
+    const std::string a = category("A");
+    const std::string noText = "<dialog><name/><classid>X</classid></dialog>";
+    const CatalogueCase cases[] = {
+        {"empty file", "", "", {kNotFound}},
+        {"not well-formed", "<settings>" + a, "", {kNotFound}},
+        {"no category", document(""), "", {}},
+        {"any document element", "<anything>" + a + "</anything>", "A", {}},
+        {"nesting", document(category("A", "A", category("B") + category("C"))), "A(B,C)", {}},
+        {"values after the nested category",
+         document("<dialog>" + category("B") +
+                  "<name>A</name><classid>A</classid><localization>" RECORDING_ADDIN
+                  "</localization></dialog>"),
+         "A(B)",
+         {}},
+        {"last of two names", document("<dialog><name>X</name>" + a.substr(8)), "A", {}},
+        {"texts and comments between", document("text<!-- c -->" + a + "<!-- d -->text"), "A", {}},
+        {"unknown element in a category", document("<dialog><note>n</note>" + a.substr(8)), "A", {}},
+        {"other element under the root", document(a + "<page/>" + category("B")), "A", {kParseError}},
+        {"value without text ends the reading", document(a + noText + category("B")), "A", {}},
+        {"nested value without text leaves the chain open",
+         document(category("A", "A", noText + category("B")) + category("C")),
+         "A(C)",
+         {}},
+        {"empty nested category closes its parent",
+         document(category("A", "A", "<dialog/>" + category("B"))),
+         "A,B",
+         {}},
+        {"unknown page drops its children",
+         document(category("A", "Unknown", category("B")) + category("C")),
+         "C",
+         {}},
+        {"missing name gives an empty caption",
+         document("<dialog><classid>A</classid><localization>" RECORDING_ADDIN "</localization></dialog>" +
+                  a),
+         ",A",
+         {}},
+        {"name is not trimmed", document(category(" A ", "A")), " A ", {}},
+        {"entity is not a text",
+         "<!DOCTYPE s [<!ENTITY e \"A\">]><s>" + a + "<dialog><name>&e;</name><classid>A</classid></dialog>" +
+             category("B") + "</s>",
+         "A",
+         {}},
+        {"entities that grow",
+         "<!DOCTYPE s [<!ENTITY a \"aaaaaaaaaa\"><!ENTITY b \"&a;&a;&a;&a;&a;&a;&a;&a;\">"
+         "<!ENTITY c \"&b;&b;&b;&b;&b;&b;&b;&b;\"><!ENTITY d \"&c;&c;&c;&c;&c;&c;&c;&c;\">"
+         "<!ENTITY e \"&d;&d;&d;&d;&d;&d;&d;&d;\">]><s>" +
+             a + "<dialog><name>&e;</name></dialog></s>",
+         "",
+         {kNotFound}},
+        {"external entity is not fetched",
+         "<!DOCTYPE s [<!ENTITY e SYSTEM \"file:///etc/hostname\">]><s>" + a +
+             "<dialog><name>&e;</name></dialog></s>",
+         "A",
+         {}},
+        {"nesting without end", repeat("<dialog>", 10000) + repeat("</dialog>", 10000), "", {kNotFound}},
+    };
+    for (const CatalogueCase& c : cases) {
+        SCOPED_TRACE(c.what);
+        boxes_.clear();
+        writeFile(installation_.standard() / "settings.xml", c.file);
+        run([&c](QDialog& dialog) {
+            EXPECT_EQ(treeText(dialog), c.tree);
+            click(dialog, "Cancel");
+        });
+        EXPECT_EQ(boxes_, c.boxes);
+    }
+}
+
+TEST_F(Catalogue, MissingFileOrDirectoryInItsPlaceLeavesADialogThatOnlyCancels) {
+    for (const bool directory : {false, true}) {
+        boxes_.clear();
+        if (directory)
+            std::filesystem::create_directory(installation_.standard() / "settings.xml");
+        EXPECT_EQ(run([](QDialog& dialog) {
+                      click(dialog, "OK");
+                      click(dialog, "Apply");
+                      click(dialog, "Help");
+                      EXPECT_TRUE(dialog.isVisible());
+                      click(dialog, "Cancel");
+                  }),
+                  0);
+        EXPECT_EQ(boxes_, std::vector<std::string>{kNotFound});
+    }
+}
+
+TEST_F(Catalogue, AddInThatCannotBeUsedDropsItsCategoryAlone) {
+    const auto entry = [](const std::string& name, const std::string& localization) {
+        return "<dialog><name>" + name + "</name><classid>A</classid><localization>" + localization +
+               "</localization></dialog>";
+    };
+    catalogue(entry("missing", "/nowhere/libmissing.so") + entry("bare", "nosuchaddin.dll") +
+              entry("no factory", NO_FACTORY) + entry("null factory", NULL_FACTORY) +
+              entry("component", " [{00000000-0000-0000-0000-000000000000}]") + entry("designs", "projects") +
+              "<dialog><name>nowhere</name><classid>A</classid></dialog>" +
+              entry("internal, unknown", "internal") + entry("good", RECORDING_ADDIN));
+    run([](QDialog& dialog) {
+        EXPECT_EQ(treeText(dialog), "good");
+        click(dialog, "Cancel");
+    });
+    EXPECT_TRUE(boxes_.empty());
+}
+
+TEST_F(Catalogue, AddInIsFoundByTheNameOfTheOtherPlatform) {
+    std::filesystem::create_directory_symlink(std::filesystem::path(RECORDING_ADDIN).parent_path(),
+                                              installation_.home() / "addins");
+    catalogue("<dialog><name>A</name><classid>A</classid><localization>" + installation_.home().string() +
+              "\\addins\\recordingaddin.DLL</localization></dialog>");
+    run([](QDialog& dialog) {
+        EXPECT_EQ(treeText(dialog), "A");
+        click(dialog, "Cancel");
+    });
+}
+
+TEST_F(Catalogue, TenThousandCategoriesMakeOnePage) {
+    catalogue(repeat(category("A"), 10000));
+    run([](QDialog& dialog) { click(dialog, "Cancel"); });
+    EXPECT_EQ(recorder().calls, (std::vector<std::string>{"A.made", "A.onEnter", "A.onCancel", "A.deleted"}));
+}
+
+TEST_F(Catalogue, CaptionsFollowTheUsersLanguageAndTheStoreDoesNot) {
+    catalogue(category("GRID", "A") + category("Own words", "B"));
+    const struct {
+        QLocale locale;
+        const char* tree;
+    } cases[] = {
+        {QLocale(QLocale::English), "Grid,Own words"},
+        {QLocale(QLocale::Japanese), "グリッド,Own words"},
+        {QLocale(QLocale::Finnish), "GRID,Own words"},
+    };
+    const QLocale before;
+    for (const auto& c : cases) {
+        QLocale::setDefault(c.locale);
+        run([&c](QDialog& dialog) {
+            EXPECT_EQ(treeText(dialog), c.tree);
+            testsupport::selectCategory(dialog, "Own words");
+            dialog.findChild<QTreeWidget*>()->setCurrentItem(
+                dialog.findChild<QTreeWidget*>()->topLevelItem(0));
+            click(dialog, "Cancel");
+        });
+        EXPECT_EQ(storedLastPage(), "GRID");
+    }
+    QLocale::setDefault(before);
+}
+
+} // namespace

@@ -1,0 +1,277 @@
+#include "ovsettings/showsettingsdialog.h"
+#include "tests/host/hostdialog.h"
+
+#include <QtTest/QTest>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QScrollArea>
+#include <QtWidgets/QTreeWidget>
+
+#include <stdexcept>
+
+using testsupport::selectCategory;
+
+namespace {
+
+using Calls = std::vector<std::string>;
+
+/// Three pages of the add-in; the first is on show when the dialog opens, `visit` makes the others.
+class Frame : public HostDialog {
+protected:
+    Frame() { catalogue(category("A") + category("B") + category("C")); }
+
+    static void visit(QDialog& dialog, const std::vector<std::string>& names) {
+        for (const std::string& name : names)
+            EXPECT_TRUE(selectCategory(dialog, name));
+        recorder().calls.clear();
+    }
+};
+
+TEST_F(Frame, CommitAsksAndStoresInItsFixedOrder) {
+    AskingUpdater updater({"A", "B", "C"});
+    recorder().answers["B.isModified"] = true;
+    const int result = run(
+        [](QDialog& dialog) {
+            visit(dialog, {"C", "B"});
+            click(dialog, "Apply");
+            EXPECT_EQ(recorder().calls, (Calls{"B.isValid", "B.onApply", "A.isValid", "B.isValid",
+                                               "C.isValid", "A.onApply", "C.onApply"}));
+            recorder().calls.clear();
+            click(dialog, "OK");
+        },
+        &updater);
+    EXPECT_EQ(result, 1);
+    recorder().calls.resize(7);
+    EXPECT_EQ(recorder().calls,
+              (Calls{"B.isValid", "B.onOk", "A.isValid", "B.isValid", "C.isValid", "A.onOk", "C.onOk"}));
+    const std::set<std::string> changed{"B"};
+    EXPECT_EQ(updater.notifications, (std::vector{changed, changed}));
+}
+
+TEST_F(Frame, PagesAreMadeOnFirstSelectionAndOnlyThoseAreAsked) {
+    run([](QDialog& dialog) {
+        EXPECT_EQ(recorder().calls, (Calls{"A.made", "A.onEnter"}));
+        recorder().calls.clear();
+        selectCategory(dialog, "C");
+        EXPECT_EQ(recorder().calls, (Calls{"A.onLeave", "C.made", "C.onEnter"}));
+        recorder().calls.clear();
+        selectCategory(dialog, "C"); // the category on show: nothing happens
+        EXPECT_EQ(recorder().calls, Calls{});
+        click(dialog, "Cancel");
+    });
+    EXPECT_EQ(recorder().calls, (Calls{"A.onCancel", "C.onCancel", "A.deleted", "C.deleted"}));
+}
+
+TEST_F(Frame, OkIgnoresTheActivePagesRefusalToStoreAndApplyDoesNot) {
+    AskingUpdater updater({});
+    recorder().answers["A.onApply"] = false;
+    recorder().answers["A.onOk"] = false;
+    const int result = run(
+        [&](QDialog& dialog) {
+            visit(dialog, {"B", "A"});
+            click(dialog, "Apply");
+            EXPECT_EQ(recorder().calls, (Calls{"A.isValid", "A.onApply"}));
+            EXPECT_TRUE(updater.notifications.empty());
+            click(dialog, "OK");
+        },
+        &updater);
+    EXPECT_EQ(result, 1);
+    EXPECT_EQ(updater.notifications.size(), 1u);
+}
+
+TEST_F(Frame, OkStaysOpenAfterAnotherPageFailedToStoreAlthoughAllIsStored) {
+    AskingUpdater updater({});
+    recorder().answers["B.onOk"] = false;
+    const int result = run(
+        [&](QDialog& dialog) {
+            visit(dialog, {"B", "C", "A"});
+            click(dialog, "OK");
+            EXPECT_TRUE(dialog.isVisible());
+            EXPECT_EQ(recorder().calls.back(), "C.onOk");
+            EXPECT_EQ(updater.notifications.size(), 1u);
+            click(dialog, "Cancel");
+        },
+        &updater);
+    EXPECT_EQ(result, 1);
+}
+
+TEST_F(Frame, RefusedPageIsShownWhileTheTreeHighlightsTheOneBefore) {
+    AskingUpdater updater({});
+    recorder().answers["C.isValid"] = false;
+    const int result = run(
+        [&](QDialog& dialog) {
+            visit(dialog, {"C", "A"});
+            click(dialog, "OK");
+            EXPECT_TRUE(dialog.isVisible());
+            EXPECT_EQ(pageCaption(dialog), "C");
+            EXPECT_EQ(selectedCategory(dialog), "B");
+            // The way there leads over the page before, which is made for it.
+            EXPECT_EQ(recorder().calls, (Calls{"A.isValid", "A.onOk", "A.isValid", "C.isValid", "A.onLeave",
+                                               "B.made", "B.onEnter", "C.onEnter"}));
+            EXPECT_TRUE(updater.notifications.empty());
+            click(dialog, "Cancel");
+        },
+        &updater);
+    EXPECT_EQ(result, 0);
+    EXPECT_EQ(storedLastPage(), "C");
+}
+
+TEST_F(Frame, RefusedFirstPageMovesNoHighlight) {
+    recorder().answers["A.isValid"] = false;
+    run([](QDialog& dialog) {
+        visit(dialog, {"B"});
+        click(dialog, "OK");
+        EXPECT_EQ(pageCaption(dialog), "A");
+        EXPECT_EQ(selectedCategory(dialog), "B");
+        click(dialog, "Cancel");
+    });
+}
+
+TEST_F(Frame, CancelReturnsWhatWasAppliedBefore) {
+    AskingUpdater updater({});
+    EXPECT_EQ(run([](QDialog& dialog) { click(dialog, "Cancel"); }, &updater), 0);
+    EXPECT_EQ(run(
+                  [](QDialog& dialog) {
+                      click(dialog, "Apply");
+                      QTest::keyClick(&dialog, Qt::Key_Escape);
+                  },
+                  &updater),
+              1);
+    EXPECT_EQ(updater.notifications.size(), 1u);
+}
+
+TEST_F(Frame, VetoOnLeavingKeepsTreeAndPageByMouseKeyAndCode) {
+    run([](QDialog& dialog) {
+        visit(dialog, {"A"});
+        auto* tree = dialog.findChild<QTreeWidget*>();
+        recorder().answers["A.onLeave"] = false;
+        const std::function<void()> attempts[] = {
+            [&] { selectCategory(dialog, "B"); },
+            [&] { QTest::keyClick(tree, Qt::Key_Down); },
+            [&] { QTest::keyClick(tree, Qt::Key_End); },
+            [&] { tree->setCurrentItem(tree->topLevelItem(1)); },
+        };
+        for (const auto& attempt : attempts) {
+            recorder().calls.clear();
+            attempt();
+            EXPECT_EQ(recorder().calls, Calls{"A.onLeave"});
+            EXPECT_EQ(selectedCategory(dialog), "A");
+            EXPECT_EQ(pageCaption(dialog), "A");
+        }
+        recorder().answers.clear();
+        QTest::keyClick(tree, Qt::Key_Down);
+        EXPECT_EQ(pageCaption(dialog), "B");
+        click(dialog, "Cancel");
+    });
+}
+
+TEST_F(Frame, LastPageIsRememberedAtEachSwitchAndShownNextTime) {
+    run([this](QDialog& dialog) {
+        selectCategory(dialog, "B");
+        EXPECT_EQ(storedLastPage(), "B");
+        click(dialog, "Cancel");
+    });
+    run([](QDialog& dialog) {
+        EXPECT_EQ(selectedCategory(dialog), "B");
+        EXPECT_EQ(pageCaption(dialog), "B");
+        click(dialog, "Cancel");
+    });
+    catalogue(category("A") + category("C"));
+    run([](QDialog& dialog) {
+        EXPECT_EQ(selectedCategory(dialog), "");
+        EXPECT_EQ(pageCaption(dialog), "A");
+        click(dialog, "Cancel");
+    });
+}
+
+TEST_F(Frame, PageThatCannotBeMadeLeavesTheAreaEmpty) {
+    catalogue(category("A") + category("Null") + category("NoWindow") + category("B"));
+    run([](QDialog& dialog) {
+        visit(dialog, {"A"});
+        selectCategory(dialog, "Null");
+        EXPECT_EQ(pageCaption(dialog), "Null");
+        EXPECT_EQ(dialog.findChild<QScrollArea*>()->findChildren<QLineEdit*>().size(), 1);
+        EXPECT_FALSE(dialog.findChild<QScrollArea*>()->findChild<QLineEdit*>()->isVisible());
+        click(dialog, "OK"); // with no page there is nothing to commit
+        click(dialog, "Help");
+        EXPECT_TRUE(dialog.isVisible());
+
+        testing::internal::CaptureStderr();
+        selectCategory(dialog, "NoWindow");
+        EXPECT_EQ(
+            testing::internal::GetCapturedStderr(),
+            "OvSettings: Cannot create property page dialog 'CRecordingPage' with IDD=9000 and state in "
+            "'OvSettings'\n");
+        EXPECT_EQ(pageCaption(dialog), "NoWindow");
+        recorder().calls.clear();
+        click(dialog, "OK");
+    });
+    EXPECT_EQ(recorder().calls.front(), "NoWindow.isValid");
+}
+
+TEST_F(Frame, ExceptionReachesTheHostAfterTheLoopHasEnded) {
+    class Thrower : public Orv::IUpdater {
+        bool updateSettings(ovsettings::IUpdateHost*) override { throw std::runtime_error("host's own"); }
+    } thrower;
+    EXPECT_THROW(run([](QDialog& dialog) { click(dialog, "Apply"); }, &thrower), std::runtime_error);
+
+    for (const char* call : {"A.onEnter", "A.onLeave", "B.onEnter", "A.showHelp", "A.onCancel"}) {
+        recorder() = Recorder();
+        recorder().acts[call] = [] {
+            throw std::out_of_range("page's own");
+        };
+        const auto script = [](QDialog& dialog) {
+            click(dialog, "Help");
+            if (dialog.isVisible())
+                selectCategory(dialog, "B");
+            if (dialog.isVisible())
+                click(dialog, "Cancel");
+        };
+        const bool beforeTheLoop = std::string(call) == "A.onEnter";
+        configuration_.setProperty([] {
+            Orv::iAppConfiguration::Property last("MRU_SETTINGS");
+            last.values = {"A"};
+            return last;
+        }());
+        if (beforeTheLoop)
+            EXPECT_THROW(ovsettings::showSettingsDialog(configuration_, project_, nullptr),
+                         std::out_of_range);
+        else
+            EXPECT_THROW(run(script), std::out_of_range) << call;
+    }
+}
+
+TEST_F(Frame, UpdaterOfAnAddInIsToldOnceHoweverOftenItIsGiven) {
+    AskingUpdater shared({});
+    recorder().updater = &shared;
+    run([](QDialog& dialog) { click(dialog, "OK"); }, &shared);
+    EXPECT_EQ(shared.notifications.size(), 1u);
+    run([](QDialog& dialog) { click(dialog, "OK"); });
+    EXPECT_EQ(shared.notifications.size(), 2u);
+}
+
+TEST_F(Frame, TabWalksFromTheTreeThroughThePageToTheButtons) {
+    run([](QDialog& dialog) {
+        visit(dialog, {"B", "A"});
+        auto* tree = dialog.findChild<QTreeWidget*>();
+        tree->setFocus();
+        std::vector<std::string> walked;
+        for (int i = 0; i < 4; ++i) {
+            QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+            walked.emplace_back(dialog.focusWidget()->metaObject()->className());
+        }
+        EXPECT_EQ(walked, (Calls{"QLineEdit", "QPushButton", "QPushButton", "QPushButton"}));
+        click(dialog, "Cancel");
+    });
+}
+
+TEST_F(Frame, DialogFitsASmallScreenAndScrollsThePage) {
+    run([](QDialog& dialog) {
+        dialog.resize(500, 300);
+        EXPECT_LE(dialog.minimumSizeHint().width(), 780);
+        EXPECT_LE(dialog.minimumSizeHint().height(), 560);
+        EXPECT_TRUE(testsupport::controlByCaption(dialog, "Help")->isVisible());
+        click(dialog, "Cancel");
+    });
+}
+
+} // namespace

@@ -1,0 +1,79 @@
+#include "tests/host/hostdialog.h"
+
+#include "ovsettings/showsettingsdialog.h"
+#include "ovsettings/updatehost.h"
+
+#include <QtTest/QTest>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QTreeWidget>
+
+bool AskingUpdater::updateSettings(ovsettings::IUpdateHost* host) {
+    std::set<std::string> changed;
+    for (const std::string& name : names_) {
+        if (host->isPageChanged(name))
+            changed.insert(name);
+    }
+    notifications.push_back(changed);
+    return true;
+}
+
+HostDialog::HostDialog() {
+    recorder() = Recorder();
+    EXPECT_TRUE(configuration_.load());
+}
+
+void HostDialog::catalogue(const std::string& dialogs) {
+    testsupport::writeFile(installation_.standard() / "settings.xml", "<settings>" + dialogs + "</settings>");
+}
+
+std::string HostDialog::category(const std::string& name, const std::string& key, const std::string& inner) {
+    return "<dialog><name>" + name + "</name><classid>" + key +
+           "</classid><localization>" RECORDING_ADDIN "</localization>" + inner + "</dialog>";
+}
+
+int HostDialog::run(const std::function<void(QDialog&)>& script, Orv::IUpdater* updater) {
+    testsupport::whenDialog(script, &boxes_);
+    return ovsettings::showSettingsDialog(configuration_, project_, updater);
+}
+
+std::string HostDialog::storedLastPage() {
+    Orv::iAppConfiguration fresh;
+    Orv::iAppConfiguration::Property property("MRU_SETTINGS");
+    if (!fresh.load() || !fresh.getProperty(property) || property.values.empty())
+        return "(none)";
+    return property.values.front();
+}
+
+void click(QDialog& dialog, const std::string& button) {
+    if (auto* found = testsupport::find<QPushButton>(dialog, button))
+        QTest::mouseClick(found, Qt::LeftButton);
+}
+
+namespace {
+
+std::string itemText(const QTreeWidgetItem& item) {
+    std::string text = item.text(0).toStdString();
+    for (int i = 0; i < item.childCount(); ++i)
+        text += (i ? "," : "(") + itemText(*item.child(i));
+    return item.childCount() ? text + ")" : text;
+}
+
+} // namespace
+
+std::string treeText(QDialog& dialog) {
+    auto* tree = dialog.findChild<QTreeWidget*>();
+    std::string text;
+    for (int i = 0; i < tree->topLevelItemCount(); ++i)
+        text += (i ? "," : "") + itemText(*tree->topLevelItem(i));
+    return text;
+}
+
+std::string selectedCategory(QDialog& dialog) {
+    const auto selected = dialog.findChild<QTreeWidget*>()->selectedItems();
+    return selected.empty() ? std::string() : selected.front()->text(0).toStdString();
+}
+
+std::string pageCaption(QDialog& dialog) {
+    return dialog.findChild<QLabel*>(QStringLiteral("caption"))->accessibleName().toStdString();
+}

@@ -1,0 +1,4 @@
+// A shared library that is no add-in.
+extern "C" __attribute__((visibility("default"))) int somethingElse() {
+    return 1;
+}

@@ -1,0 +1,4 @@
+// An add-in whose factory cannot be had.
+extern "C" __attribute__((visibility("default"))) void* getFactory() {
+    return nullptr;
+}

@@ -1,0 +1,85 @@
+#include "details/platform/paths.h"
+
+#include "details/platform/readfile.h"
+#include "tests/support/testsupport.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+
+namespace {
+
+using namespace platform;
+
+TEST(Paths, SplitAtTheLastSeparatorOfEitherKind) {
+    struct Row {
+        const char* text;
+        const char* directory;
+        const char* name;
+        bool bare;
+    };
+    constexpr Row kRows[] = {
+        {"name.prj", "", "name.prj", true},
+        {"a/b\\c", "a/b", "c", false},
+        {"a\\b/c", "a\\b", "c", false},
+        {"\\c", "", "c", false},
+        {"a\\", "a", "", false},
+        {"", "", "", true},
+    };
+    for (const Row& row : kRows) {
+        EXPECT_EQ(splitPath(row.text).directory, row.directory) << row.text;
+        EXPECT_EQ(splitPath(row.text).name, row.name) << row.text;
+        EXPECT_EQ(isBareName(row.text), row.bare) << row.text;
+    }
+}
+
+TEST(Paths, AreFoundInTheirOwnSpellingFirstAndThenWithoutRegardToCase) {
+    const testsupport::TemporaryDirectory root;
+    for (const char* name : {"Libs/Parts.lib", "Libs/PARTS.LIB", "Other/x", "other/only"})
+        testsupport::writeFile(root.path() / name, name);
+    struct Row {
+        const char* asked;
+        const char* found;
+    };
+    constexpr Row kRows[] = {
+        {"Libs/Parts.lib", "Libs/Parts.lib"},
+        {"libs\\parts.lib", "Libs/PARTS.LIB"},
+        {"LIBS/PARTS.LIB", "Libs/PARTS.LIB"},
+        {"other\\ONLY", "other/only"},
+        {"Other/only", nullptr},
+        {"LIBS\\", "Libs/"},
+        {"libs/../OTHER/X", "Libs/../Other/x"},
+        {"nothing/x", nullptr},
+    };
+    for (const Row& row : kRows) {
+        const auto found = resolveExisting(root.path().string() + "\\" + row.asked);
+        EXPECT_EQ(found.value_or("none"), row.found ? (root.path() / row.found).string() : "none")
+            << row.asked;
+    }
+    EXPECT_EQ(resolveExisting(""), std::nullopt);
+}
+
+TEST(ReadFile, TakesRegularFilesOnlyAndNamesTheCause) {
+    const testsupport::TemporaryDirectory root;
+    const std::string text(100'000, 'x');
+    testsupport::writeFile(root / "file", text);
+    ASSERT_EQ(mkfifo((root / "pipe").c_str(), 0600), 0);
+    std::string bytes;
+    EXPECT_FALSE(readFile(root / "file", bytes));
+    EXPECT_EQ(bytes, text);
+    struct Row {
+        const char* name;
+        int code;
+    };
+    constexpr Row kRows[] = {{"", EISDIR}, {"pipe", EINVAL}, {"missing", ENOENT}};
+    for (const Row& row : kRows) {
+        const auto failure = readFile(root / row.name, bytes);
+        ASSERT_TRUE(failure) << row.name;
+        EXPECT_EQ(failure->code, row.code) << failure->text();
+        EXPECT_TRUE(bytes.empty());
+        EXPECT_NE(failure->text().find((root / row.name).string() + ": cannot read: "), std::string::npos);
+    }
+}
+
+} // namespace

@@ -1,0 +1,106 @@
+#include "details/shell/settingsdialog.h"
+
+#include "details/shell/internalpages.h"
+#include "details/shell/pagestarter.h"
+#include "details/shell/stringtable.h"
+#include "orv/appconfiguration.h"
+#include "orv/projectconfiguration.h"
+#include "orv/updater.h"
+#include "ovsettings/propdialogtemplate.h"
+#include "ovsettings/propertypagefactory.h"
+#include "ovsettings/updatehost.h"
+#include "tests/support/testsupport.h"
+
+#include <QtTest/QTest>
+#include <QtWidgets/QPushButton>
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using namespace ovsettings;
+
+namespace {
+
+/// A page that tells the host in the midst of its store, as pages do whose change cannot wait.
+class CTellingPage : public CPropDialogTemplate {
+public:
+    explicit CTellingPage(QWidget* parent) : CPropDialogTemplate(1, parent) { name = "Telling"; }
+    bool onApply() override {
+        modified_ = false;
+        notifyUpdatersOf(*this);
+        return true;
+    }
+    bool isModified() const override { return modified_; }
+
+private:
+    bool modified_ = true;
+};
+
+class CountingUpdater : public Orv::IUpdater {
+public:
+    bool updateSettings(ovsettings::IUpdateHost* host) override {
+        changed.push_back(host->isPageChanged("telling"));
+        return true;
+    }
+    std::vector<bool> changed;
+};
+
+TEST(NotifyUpdaters, FromWithinAStoreLosesThePagesOwnNameInBothNotifications) {
+    const testsupport::Installation installation;
+    testsupport::writeFile(installation.standard() / "settings.xml", "<settings/>");
+    Orv::iAppConfiguration configuration;
+    ASSERT_TRUE(configuration.load());
+    Orv::CProjectConfiguration project;
+    CountingUpdater updater;
+    CFactory factory;
+    factory.addPage<CTellingPage>("Telling");
+    {
+        CSettingsDialog dialog(configuration, project, &updater);
+        dialog.addCategory(std::make_unique<CPageStarter>(factory, "Telling"), 0, "Telling", true);
+        testsupport::whenModal([](QWidget& modal) {
+            QTest::mouseClick(testsupport::find<QPushButton>(modal, "Apply"), Qt::LeftButton);
+            QTest::mouseClick(testsupport::find<QPushButton>(modal, "Cancel"), Qt::LeftButton);
+        });
+        EXPECT_EQ(dialog.DoModal(), 1);
+    }
+    EXPECT_EQ(updater.changed, (std::vector<bool>{false, false}));
+
+    CTellingPage elsewhere(nullptr);
+    elsewhere.onApply();
+    EXPECT_EQ(updater.changed.size(), 2u);
+}
+
+TEST(StringTables, HaveEveryCaptionInEveryLanguage) {
+    constexpr unsigned kJapanese = 1041;
+    constexpr unsigned kUnused = 20034;
+    for (unsigned id = 20001; id <= 20035; ++id) {
+        for (const unsigned language : {kEnglish, kJapanese})
+            EXPECT_EQ(loadString(id, language).has_value(), id != kUnused) << id << " in " << language;
+    }
+    EXPECT_FALSE(loadString(20001, 1031).has_value());
+}
+
+TEST(InternalFactory, MakesAWindowForEachOfItsPagesAndKnowsKeysExactly) {
+    const testsupport::Installation installation;
+    Orv::iAppConfiguration configuration;
+    ASSERT_TRUE(configuration.load());
+    CFactoryEx factory;
+    factory.setConfigurations(&configuration, nullptr);
+    registerInternalPages(factory, nullptr);
+    QWidget parent;
+    for (const char* key : {"Metrics", "Grid", "Nets", "Empty"}) {
+        CPropDialogTemplate* page = factory.createPage(key, &parent);
+        ASSERT_NE(page, nullptr) << key;
+        EXPECT_TRUE(page->hasWindow()) << key;
+        EXPECT_EQ(page->parentWidget(), &parent) << key;
+        EXPECT_TRUE(page->isHidden()) << key;
+    }
+    EXPECT_FALSE(factory.hasPage("grid"));
+    EXPECT_FALSE(factory.hasPage("Borders"));
+    EXPECT_EQ(factory.createPage("grid", &parent), nullptr);
+    factory.removePage("no such page");
+    factory.removePage("Grid");
+    EXPECT_FALSE(factory.hasPage("Grid"));
+}
+
+} // namespace

@@ -1,0 +1,601 @@
+#include "suite/configuration.h"
+
+#include "tests/support/childprocess.h"
+#include "tests/support/testsupport.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
+#include <filesystem>
+
+namespace {
+
+namespace fs = std::filesystem;
+using Orv::IOvConfiguration;
+using Orv::IOvConfigurationManager;
+using Access = IOvConfigurationManager::Access;
+using Values = std::vector<std::string>;
+using Locks = std::vector<std::uint8_t>;
+using Attributes = std::map<std::string, std::string>;
+using AttributeLocks = std::map<std::string, int>;
+using testsupport::readFile;
+using testsupport::writeFile;
+
+constexpr const char* kPath = "Orvane/SETTINGS";
+
+class ConfigurationFile : public testing::Test {
+protected:
+    ConfigurationFile() {
+        manager().SetErrorHandler([this](const std::string& message) { messages_.push_back(message); });
+    }
+    ~ConfigurationFile() override { manager().SetErrorHandler({}); }
+
+    static IOvConfigurationManager& manager() { return IOvConfigurationManager::Instance(); }
+    std::string directory() const { return root_.path().string(); }
+    fs::path file() const { return root_ / "orvane.xml"; }
+    IOvConfiguration* open(Access access = Access::write) const {
+        return manager().GetConfiguration(directory(), access);
+    }
+
+    bool edit(const std::function<void(IOvConfiguration&)>& steps) const {
+        IOvConfiguration* configuration = open();
+        if (!configuration)
+            return false;
+        steps(*configuration);
+        return manager().ReleaseConfiguration(configuration);
+    }
+
+    Values valuesOf(const std::string& key, Locks* locks = nullptr) const {
+        Values values;
+        Locks ignored;
+        IOvConfiguration* configuration = open();
+        configuration->readList(kPath, key, values, locks ? *locks : ignored);
+        manager().ReleaseConfiguration(configuration);
+        return values;
+    }
+
+    std::size_t entriesInDirectory() const {
+        return static_cast<std::size_t>(
+            std::distance(fs::directory_iterator(root_.path()), fs::directory_iterator()));
+    }
+
+    testsupport::TemporaryDirectory root_;
+    std::vector<std::string> messages_;
+};
+
+TEST_F(ConfigurationFile, SaysValuesListsGroupsAndLocks) {
+    writeFile(file(), R"(<?xml version="1.0"?>
+<configuration>
+  <section path="Orvane/SETTINGS/">
+    <value name="PLAIN">1</value>
+    <value name="LOCKED" locked="true">2 &amp; <![CDATA[<3>]]></value>
+    <value name="MISTYPED" locked="Yes">4</value>
+    <value name="PLAIN">second</value>
+    <value name="EMPTY"/>
+    <list name="ITEMS"><item>a</item><item locked="1"/><other>no item</other></list>
+    <list name="ALL" locked="yes"><item>a</item><item locked="no">b</item></list>
+    <list name="NONE"/>
+    <value>nameless</value>
+  </section>
+  <section path="Orvane/OBJECTS">
+    <group type="object" name="NET">
+      <attribute name="COLOR" locked="yes">0x00ff00</attribute>
+      <attribute name="LOCK_ONLY" locked="yes"/>
+      <attribute name="EMPTY"/>
+      <attribute name="LOCKED_EMPTY" locked="yes" empty="yes"/>
+    </group>
+    <group type="layer" name="NET" locked="yes"/>
+  </section>
+  <section path="Orvane/SETTINGS"><value name="LATER">5</value></section>
+</configuration>
+)");
+    IOvConfiguration* configuration = open(Access::read);
+    ASSERT_NE(configuration, nullptr);
+    struct Row {
+        const char* key;
+        bool present;
+        Values values;
+        Locks locks;
+    };
+    const Row kRows[] = {
+        {"PLAIN", true, {"1"}, {0}}, {"LOCKED", true, {"2 & <3>"}, {1}}, {"MISTYPED", true, {"4"}, {1}},
+        {"EMPTY", true, {""}, {0}},  {"ITEMS", true, {"a", ""}, {0, 1}}, {"ALL", true, {"a", "b"}, {1, 1}},
+        {"NONE", true, {}, {}},      {"LATER", true, {"5"}, {0}},        {"ABSENT", false, {}, {}},
+        {"plain", false, {}, {}},
+    };
+    for (const Row& row : kRows) {
+        Values values{"stale"};
+        Locks locks{1, 1, 1};
+        EXPECT_EQ(configuration->readList(kPath, row.key, values, locks), row.present) << row.key;
+        EXPECT_EQ(values, row.values) << row.key;
+        EXPECT_EQ(locks, row.locks) << row.key;
+    }
+    Values keys;
+    configuration->listKeys(std::string(kPath) + "/", keys);
+    EXPECT_EQ(keys, (Values{"PLAIN", "LOCKED", "MISTYPED", "EMPTY", "ITEMS", "ALL", "NONE", "LATER"}));
+
+    Attributes attributes{{"stale", ""}};
+    AttributeLocks locks{{"stale", 1}};
+    bool groupLocked = false;
+    EXPECT_TRUE(configuration->readGroup("Orvane/OBJECTS/", "object", "NET", attributes, locks, groupLocked));
+    EXPECT_EQ(attributes, (Attributes{{"COLOR", "0x00ff00"}, {"EMPTY", ""}, {"LOCKED_EMPTY", ""}}));
+    EXPECT_EQ(locks, (AttributeLocks{{"COLOR", 1}, {"LOCK_ONLY", 1}, {"LOCKED_EMPTY", 1}}));
+    EXPECT_FALSE(groupLocked);
+    EXPECT_TRUE(configuration->readGroup("Orvane/OBJECTS", "layer", "NET", attributes, locks, groupLocked));
+    EXPECT_TRUE(attributes.empty() && locks.empty() && groupLocked);
+    EXPECT_FALSE(configuration->readGroup("Orvane/OBJECTS", "size", "NET", attributes, locks, groupLocked));
+    EXPECT_TRUE(manager().ReleaseConfiguration(configuration));
+
+    const std::string path = file().string();
+    EXPECT_EQ(messages_, (Values{path + ":7: PLAIN is given twice, the first counts",
+                                 path + ":12: <value> without a name is passed over",
+                                 path + ":6: locked=\"Yes\" is neither yes nor no, it is taken as yes"}));
+}
+
+struct EditCase {
+    const char* what;
+    const char* before; ///< null for no file
+    std::function<void(IOvConfiguration&)> steps;
+    const char* after;
+};
+
+TEST_F(ConfigurationFile, KeepsWhatAnEditDoesNotConcern) {
+    const EditCase kCases[] = {
+        {"a new file", nullptr,
+         [](IOvConfiguration& c) {
+             c.writeValue("Orvane/SETTINGS", "GRID_HR", "254000");
+             c.writeList("Orvane", "RECENT", {"a", ""});
+             c.writeGroup("Orvane/OBJECTS/", "object", "NET", {{"COLOR", "0xff0000"}, {"NAME", "é"}});
+         },
+         R"(<?xml version="1.0" encoding="UTF-8"?>
+<configuration>
+  <section path="Orvane">
+    <list name="RECENT">
+      <item>a</item>
+      <item/>
+    </list>
+  </section>
+  <section path="Orvane/SETTINGS">
+    <value name="GRID_HR">254000</value>
+  </section>
+  <section path="Orvane/OBJECTS">
+    <group type="object" name="NET">
+      <attribute name="COLOR">0xff0000</attribute>
+      <attribute name="NAME">é</attribute>
+    </group>
+  </section>
+</configuration>
+)"},
+        {"values, and all that surrounds them",
+         R"(<?xml version="1.0" encoding="UTF-8"?>
+<!-- of the site -->
+<configuration owner="cad">
+	<!-- lengths -->
+	<section path="Orvane/SETTINGS" note="x">
+		<value name="A" why="house rule" locked="yes">1</value> <!-- behind A -->
+		<future name="A"><deep/></future>
+
+		<value name="B"><![CDATA[<b>]]></value>
+		<value name="C">3</value> <!-- behind C -->
+	</section>
+	<unknown/>
+</configuration>
+<!-- end -->
+)",
+         [](IOvConfiguration& c) {
+             c.writeValue(kPath, "A", "2");
+             c.writeValue(kPath, "NEW", "n");
+             c.removeKey(kPath, "C");
+             c.removeKey(kPath, "B");
+         },
+         R"(<?xml version="1.0" encoding="UTF-8"?>
+<!-- of the site -->
+<configuration owner="cad">
+	<!-- lengths -->
+	<section path="Orvane/SETTINGS" note="x">
+		<value name="A" why="house rule" locked="yes">2</value> <!-- behind A -->
+		<future name="A"><deep/></future>
+
+		 <!-- behind C -->
+		<value name="NEW">n</value>
+	</section>
+	<unknown/>
+</configuration>
+<!-- end -->
+)"},
+        {"lists keep the marks of their places, groups lose theirs",
+         R"(<?xml version="1.0" encoding="UTF-8"?>
+<configuration>
+  <section path="Orvane/SETTINGS">
+    <list name="L" locked="yes">
+      <!-- first -->
+      <item locked="yes">a</item>
+      <item>b</item>
+      <item>c</item>
+    </list>
+    <group type="t" name="G" locked="yes">
+      <attribute name="Z" locked="yes">1</attribute>
+      <!-- about B -->
+      <attribute name="B" empty="yes" locked="yes"/>
+      <attribute name="OLD">1</attribute>
+    </group>
+    <value name="V" locked="yes">1</value>
+  </section>
+</configuration>
+)",
+         [](IOvConfiguration& c) {
+             c.writeList(kPath, "L", {"a", "x"});
+             c.writeList(kPath, "V", {"1", "2"});
+             c.removeGroup(kPath, "t", "G");
+             c.writeGroup(kPath, "t", "G", {{"Z", "1"}, {"A", "2"}, {"B", ""}});
+         },
+         R"(<?xml version="1.0" encoding="UTF-8"?>
+<configuration>
+  <section path="Orvane/SETTINGS">
+    <list name="L" locked="yes">
+      <!-- first -->
+      <item locked="yes">a</item>
+      <item>x</item>
+    </list>
+    <group type="t" name="G">
+      <attribute name="Z">1</attribute>
+      <!-- about B -->
+      <attribute name="B"/>
+      <attribute name="A">2</attribute>
+    </group>
+    <list name="V" locked="yes">
+      <item>1</item>
+      <item>2</item>
+    </list>
+  </section>
+</configuration>
+)"},
+        {"no second one with the same key comes back",
+         R"(<?xml version="1.0" encoding="UTF-8"?>
+<configuration>
+  <section path="Orvane/SETTINGS"><value name="A">1</value><value name="B">1</value></section>
+  <section path="Orvane/SETTINGS">
+    <value name="A">2</value>
+    <list name="B"><item>2</item></list>
+  </section>
+</configuration>
+)",
+         [](IOvConfiguration& c) {
+             c.removeKey(kPath, "A");
+             c.writeValue(kPath, "B", "3");
+             c.writeValue("Other", "C", "4");
+         },
+         R"(<?xml version="1.0" encoding="UTF-8"?>
+<configuration>
+  <section path="Orvane/SETTINGS"><value name="B">3</value></section>
+  <section path="Orvane/SETTINGS">
+  </section>
+  <section path="Other">
+    <value name="C">4</value>
+  </section>
+</configuration>
+)"},
+        {"a file on one line, in another encoding",
+         "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n"
+         "<configuration><section path=\"Orvane/SETTINGS\"><value "
+         "name=\"A\">\xe9</value></section></configuration>\n",
+         [](IOvConfiguration& c) { c.writeValue(kPath, "B", "é€"); },
+         "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n"
+         "<configuration><section path=\"Orvane/SETTINGS\"><value name=\"A\">\xe9</value>\n"
+         "  <value name=\"B\">\xe9&#8364;</value>\n"
+         "</section></configuration>\n"},
+    };
+    for (const EditCase& row : kCases) {
+        fs::remove(file());
+        if (row.before)
+            writeFile(file(), row.before);
+        EXPECT_TRUE(edit(row.steps)) << row.what;
+        EXPECT_EQ(readFile(file()), row.after) << row.what;
+    }
+}
+
+TEST_F(ConfigurationFile, CarriesEveryTextToTheByte) {
+    const Values kTexts = {"",
+                           " ",
+                           " leading and trailing ",
+                           "line\nfeed\n",
+                           "carriage\r\nreturn\r",
+                           "\t\ttabs",
+                           "]]>",
+                           "<a b=\"c\">&amp;'</a>",
+                           "&#65;&lt;",
+                           "<!-- -->",
+                           "é € 𝄞",
+                           std::string("nul\0inside", 10),
+                           "\x01\x1f",
+                           "\x7f",
+                           "\xff invalid",
+                           "overlong \xc1\x81",
+                           "surrogate \xed\xa0\x80",
+                           "cut short \xe2\x82",
+                           "\xef\xbf\xbe and \xef\xbf\xbf",
+                           "\xef\xbb\xbf mark first",
+                           std::string(100'000, 'x')};
+    ASSERT_TRUE(edit([&](IOvConfiguration& c) {
+        Attributes attributes;
+        for (std::size_t i = 0; i < kTexts.size(); ++i) {
+            c.writeValue(kPath, "V" + std::to_string(i), kTexts[i]);
+            attributes["A" + std::to_string(i)] = kTexts[i];
+        }
+        c.writeList(kPath, "LIST", kTexts);
+        c.writeGroup(kPath, "t", "GROUP", attributes);
+        c.writeValue("path &\n\"<é", "key ]]>\t'", "named");
+    }));
+    for (std::size_t i = 0; i < kTexts.size(); ++i)
+        EXPECT_EQ(valuesOf("V" + std::to_string(i)), Values{kTexts[i]}) << i;
+    EXPECT_EQ(valuesOf("LIST"), kTexts);
+    const struct stat before = [&] {
+        struct stat status {};
+        stat(file().c_str(), &status);
+        return status;
+    }();
+    EXPECT_TRUE(edit([&](IOvConfiguration& c) {
+        Attributes attributes;
+        AttributeLocks locks;
+        Values values;
+        Locks flags;
+        bool locked = false;
+        EXPECT_TRUE(c.readGroup(kPath, "t", "GROUP", attributes, locks, locked));
+        EXPECT_EQ(attributes.size(), kTexts.size());
+        for (std::size_t i = 0; i < kTexts.size(); ++i)
+            EXPECT_EQ(attributes["A" + std::to_string(i)], kTexts[i]) << i;
+        EXPECT_TRUE(c.readList("path &\n\"<é", "key ]]>\t'", values, flags));
+        c.writeList(kPath, "LIST", kTexts);
+        c.writeGroup(kPath, "t", "GROUP", attributes);
+    }));
+    struct stat after {};
+    stat(file().c_str(), &after);
+    EXPECT_EQ(after.st_ino, before.st_ino);
+    EXPECT_TRUE(messages_.empty()) << messages_.front();
+
+    EXPECT_TRUE(edit([](IOvConfiguration& c) {
+        c.writeValue(kPath, "BAD\x01KEY", "x");
+        c.writeList(kPath, "LIST", {"fits", std::string(5u << 20, 'x')});
+    }));
+    EXPECT_EQ(messages_.size(), 2u);
+    EXPECT_EQ(valuesOf("LIST"), kTexts);
+}
+
+TEST_F(ConfigurationFile, EditsThatComeToNothingTouchNothing) {
+    const std::string text = "<configuration><section path='Orvane/SETTINGS'><value name='A'>1</value>"
+                             "<group type='t' name='G'><attribute name='X'>1</attribute></group>"
+                             "</section></configuration>";
+    writeFile(file(), text);
+    EXPECT_TRUE(edit([](IOvConfiguration& c) {
+        c.writeValue(kPath, "A", "2");
+        c.writeValue("Orvane/SETTINGS/", "A", "1");
+        c.writeList(kPath, "A", {"1"});
+        c.removeGroup(kPath, "t", "G");
+        c.writeGroup(kPath, "t", "G", {{"X", "1"}});
+        c.writeValue(kPath, "NEW", "1");
+        c.removeKey(kPath, "NEW");
+        c.removeGroup(kPath, "t", "ABSENT");
+    }));
+    EXPECT_EQ(readFile(file()), text);
+    EXPECT_EQ(entriesInDirectory(), 1u);
+}
+
+TEST_F(ConfigurationFile, WhatIsWrittenIsReadBeforeItIsSaved) {
+    writeFile(file(), "<configuration><section path='Orvane/SETTINGS'><value name='A' locked='yes'>1</value>"
+                      "<value name='B'>1</value></section></configuration>");
+    EXPECT_TRUE(edit([](IOvConfiguration& c) {
+        c.writeValue(kPath, "A", "2");
+        c.removeKey(kPath, "B");
+        c.writeValue(kPath, "C", "3");
+        c.writeGroup(kPath, "t", "G", {{"X", "1"}});
+        Values values;
+        Locks locks;
+        EXPECT_TRUE(c.readList(kPath, "A", values, locks));
+        EXPECT_EQ(values, Values{"2"});
+        EXPECT_EQ(locks, Locks{1});
+        EXPECT_FALSE(c.readList(kPath, "B", values, locks));
+        EXPECT_TRUE(values.empty() && locks.empty());
+        c.listKeys(kPath, values);
+        EXPECT_EQ(values, (Values{"A", "C"}));
+        c.listGroups(kPath, "t", values);
+        EXPECT_EQ(values, Values{"G"});
+    }));
+}
+
+TEST_F(ConfigurationFile, ALaterSaveRevertsNothingThatItDidNotChange) {
+    ASSERT_TRUE(edit([](IOvConfiguration& c) {
+        for (const char* key : {"MINE", "THEIRS", "BOTH", "SAME"})
+            c.writeValue(kPath, key, "old");
+    }));
+    IOvConfiguration* slow = open();
+    ASSERT_TRUE(edit([](IOvConfiguration& c) {
+        c.writeValue(kPath, "THEIRS", "theirs");
+        c.writeValue(kPath, "BOTH", "theirs");
+        c.removeKey(kPath, "SAME");
+    }));
+    slow->writeValue(kPath, "MINE", "mine");
+    slow->writeValue(kPath, "BOTH", "mine");
+    slow->writeValue(kPath, "SAME", "old");
+    EXPECT_TRUE(manager().ReleaseConfiguration(slow));
+    EXPECT_EQ(valuesOf("MINE"), Values{"mine"});
+    EXPECT_EQ(valuesOf("THEIRS"), Values{"theirs"});
+    EXPECT_EQ(valuesOf("BOTH"), Values{"mine"});
+    EXPECT_EQ(valuesOf("SAME"), Values{});
+}
+
+TEST_F(ConfigurationFile, ProcessesThatSaveAtTheSameTimeLoseNothing) {
+    constexpr int kProcesses = 3;
+    constexpr int kKeys = 15;
+    pid_t writers[kProcesses];
+    const auto keyOf = [](int process, int number) {
+        return "KEY_" + std::to_string(process) + "_" + std::to_string(number);
+    };
+    for (int process = 0; process < kProcesses; ++process) {
+        writers[process] = testsupport::startChild([&, process] {
+            for (int number = 0; number < kKeys; ++number) {
+                if (!edit([&](IOvConfiguration& c) { c.writeValue(kPath, keyOf(process, number), "1"); }))
+                    return EXIT_FAILURE;
+            }
+            return EXIT_SUCCESS;
+        });
+    }
+    for (const pid_t writer : writers)
+        EXPECT_EQ(testsupport::endOfChild(writer), EXIT_SUCCESS);
+    for (int process = 0; process < kProcesses; ++process) {
+        for (int number = 0; number < kKeys; ++number)
+            EXPECT_EQ(valuesOf(keyOf(process, number)), Values{"1"});
+    }
+}
+
+TEST_F(ConfigurationFile, DamagedFilesAreReportedOnceAndKeptAside) {
+    std::string laughs = "<!DOCTYPE configuration [<!ENTITY e0 \"ha\">";
+    for (int i = 1; i < 20; ++i) {
+        const std::string inner = "&e" + std::to_string(i - 1) + ";";
+        laughs += "<!ENTITY e" + std::to_string(i) + " \"" + inner + inner + inner + inner + "\">";
+    }
+    laughs += "]><configuration>&e19;</configuration>";
+    std::string nested = "<configuration>";
+    for (int i = 0; i < 100'000; ++i)
+        nested += "<a>";
+    struct Row {
+        const char* what;
+        std::string text;
+        const char* reason;
+    };
+    const Row kRows[] = {
+        {"empty", "", ":1: "},
+        {"cut short", "<configuration>\n<section path='x'>\n", ":3: "},
+        {"wrong root", "\n<config/>", ":2: the root element is <config>, not <configuration>"},
+        {"not XML at all", "GRID_HR = 254000\n", ":1: "},
+        {"not in its encoding", "<configuration>\n\n<!-- \xff -->\n</configuration>", ":3: "},
+        {"unknown encoding", "<?xml version='1.0' encoding='EBCDIC-XX'?><configuration/>", ":1: "},
+        {"half of UTF-16", std::string("\xff\xfe<\0c\0o", 7), ""},
+        {"growing entities", laughs, ":1: entity declarations are not allowed"},
+        {"a file of the system",
+         "<!DOCTYPE configuration [\n<!ENTITY x SYSTEM "
+         "'file:///etc/passwd'>]><configuration>&x;</configuration>",
+         ":2: entity declarations are not allowed"},
+        {"bottomless", nested, ":1: "},
+    };
+    testing::internal::CaptureStderr();
+    for (const Row& row : kRows) {
+        writeFile(file(), row.text);
+        messages_.clear();
+        EXPECT_EQ(open(Access::read), nullptr) << row.what;
+        EXPECT_TRUE(edit([](IOvConfiguration&) {})) << row.what;
+        EXPECT_EQ(readFile(file()), row.text) << row.what;
+        ASSERT_EQ(messages_.size(), 1u) << row.what;
+        EXPECT_TRUE(messages_[0].starts_with(file().string() + row.reason))
+            << row.what << ": " << messages_[0];
+        EXPECT_EQ(messages_[0].find('\n'), std::string::npos) << messages_[0];
+
+        EXPECT_TRUE(edit([](IOvConfiguration& c) { c.writeValue(kPath, "A", "1"); })) << row.what;
+        EXPECT_EQ(valuesOf("A"), Values{"1"}) << row.what;
+        EXPECT_EQ(readFile(file().string() + ".damaged"), row.text) << row.what;
+        EXPECT_EQ(messages_.size(), 2u) << row.what;
+        fs::remove(file().string() + ".damaged");
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST_F(ConfigurationFile, MissingAndMisplacedThingsHaveTheirOwnAnswers) {
+    EXPECT_EQ(manager().GetConfiguration(directory() + "/missing", Access::write), nullptr);
+    EXPECT_EQ(manager().GetConfiguration("", Access::write), nullptr);
+    EXPECT_EQ(valuesOf("A"), Values{});
+    EXPECT_EQ(entriesInDirectory(), 0u);
+    EXPECT_TRUE(messages_.empty());
+
+    // A declared document type is no harm as long as nothing is fetched for it.
+    writeFile(file(),
+              "<!DOCTYPE configuration SYSTEM 'missing.dtd'><configuration><section path='Orvane/SETTINGS'>"
+              "<value name='A'>1</value></section></configuration>");
+    EXPECT_EQ(valuesOf("A"), Values{"1"});
+    EXPECT_TRUE(messages_.empty());
+
+    fs::remove(file());
+    writeFile(file() / "inside", "kept");
+    EXPECT_EQ(open(Access::read), nullptr);
+    EXPECT_TRUE(edit([](IOvConfiguration& c) { c.writeValue(kPath, "A", "2"); }));
+    EXPECT_EQ(valuesOf("A"), Values{"2"});
+    EXPECT_EQ(readFile(root_ / "orvane.xml.damaged" / "inside"), "kept");
+}
+
+TEST_F(ConfigurationFile, IsSharedThroughALinkAndFoundWithoutRegardToCase) {
+    const fs::path shared = root_ / "Shared";
+    writeFile(shared / "Orvane.XML", "<configuration/>");
+    fs::create_symlink("Shared/Orvane.XML", file());
+    ASSERT_TRUE(edit([](IOvConfiguration& c) { c.writeValue(kPath, "A", "1"); }));
+    EXPECT_TRUE(fs::is_symlink(file()));
+    IOvConfiguration* configuration = manager().GetConfiguration(directory() + "\\SHARED\\");
+    ASSERT_NE(configuration, nullptr);
+    Values keys;
+    configuration->listKeys(kPath, keys);
+    EXPECT_EQ(keys, Values{"A"});
+    EXPECT_TRUE(manager().ReleaseConfiguration(configuration));
+}
+
+TEST_F(ConfigurationFile, ProtectionAgainstWritingIsToldWithPathAndCause) {
+    struct Row {
+        const char* what;
+        const char* text;
+        mode_t file;
+        mode_t directory;
+        bool readable;
+    };
+    constexpr Row kRows[] = {
+        {"read-only file", "<configuration/>", 0444, 0755, true},
+        {"read-only directory", "<configuration/>", 0644, 0555, true},
+        {"unreadable file", "<configuration/>", 0000, 0755, false},
+        {"damaged and read-only", "<config/>", 0444, 0755, false},
+    };
+    for (const Row& row : kRows) {
+        testsupport::TemporaryDirectory root;
+        const fs::path path = root / "orvane.xml";
+        writeFile(path, row.text);
+        ASSERT_TRUE(testsupport::giveToUnprivileged(path.c_str()));
+        ASSERT_TRUE(testsupport::giveToUnprivileged(root.path().c_str()));
+        chmod(path.c_str(), row.file);
+        chmod(root.path().c_str(), row.directory);
+        EXPECT_EQ(testsupport::runUnprivileged([&] {
+                      IOvConfiguration* read = manager().GetConfiguration(root.path().string(), Access::read);
+                      if ((read != nullptr) != row.readable)
+                          return 2;
+                      manager().ReleaseConfiguration(read);
+                      IOvConfiguration* write =
+                          manager().GetConfiguration(root.path().string(), Access::write);
+                      if (!write)
+                          return 3;
+                      write->writeValue(kPath, "A", "1");
+                      if (manager().ReleaseConfiguration(write) || messages_.empty())
+                          return 4;
+                      const bool told = messages_.back().starts_with(root.path().string()) &&
+                                        messages_.back().ends_with("Permission denied");
+                      return told ? 0 : 5;
+                  }),
+                  0)
+            << row.what;
+        chmod(root.path().c_str(), 0755);
+        chmod(path.c_str(), 0644);
+        EXPECT_EQ(readFile(path), row.text) << row.what;
+    }
+}
+
+TEST_F(ConfigurationFile, FullDiskPutsADamagedFileBack) {
+    writeFile(file(), "<config/>");
+    EXPECT_EQ(testsupport::runInChild([&] {
+                  signal(SIGXFSZ, SIG_IGN);
+                  const rlimit limit{100, 100};
+                  if (setrlimit(RLIMIT_FSIZE, &limit) != 0)
+                      return 2;
+                  const bool saved =
+                      edit([](IOvConfiguration& c) { c.writeValue(kPath, "A", std::string(1000, 'x')); });
+                  return !saved && messages_.back().ends_with("cannot write: File too large") ? 0 : 3;
+              }),
+              0);
+    EXPECT_EQ(readFile(file()), "<config/>");
+    EXPECT_EQ(entriesInDirectory(), 2u) << "the file and its lock file";
+}
+
+} // namespace

@@ -1,0 +1,168 @@
+#include "suite/help.h"
+
+#include "tests/support/testsupport.h"
+
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QDialog>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QTextBrowser>
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using testsupport::writeFile;
+
+std::string pageText(const std::string& title, const std::string& body = "") {
+    return "<html><head><title>" + title + "</title></head><body><p>" + body + "</p></body></html>";
+}
+
+std::vector<QDialog*> helpWindows() {
+    std::vector<QDialog*> windows;
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        auto* dialog = qobject_cast<QDialog*>(widget);
+        if (dialog && dialog->isVisible() &&
+            dialog->findChild<QTextBrowser*>(QString(), Qt::FindDirectChildrenOnly))
+            windows.push_back(dialog);
+    }
+    return windows;
+}
+
+class Help : public testing::Test {
+protected:
+    Help() {
+        const auto book = installation_.standard() / "help" / "orvane_ref";
+        writeFile(book / "index.html", pageText("Contents"));
+        writeFile(book / "GRID.html", pageText("Grid", "<a href=\"Units.HTML#top\">Units</a>"));
+        writeFile(book / "UNITS.html", pageText("Units"));
+        writeFile(installation_.standard() / "help" / "secret.html", pageText("Secret"));
+        writeFile(installation_.standard() / "help" / "other" / "GRID.html", pageText("Other grid"));
+        showOwner(owner_);
+    }
+
+    static void showOwner(QWidget& owner) {
+        owner.show();
+        owner.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&owner));
+    }
+
+    // The only help window there is; the test ends if there are none or several.
+    QDialog& window() {
+        const auto windows = helpWindows();
+        if (windows.size() != 1)
+            throw std::runtime_error("there are " + std::to_string(windows.size()) + " help windows");
+        return *windows.front();
+    }
+
+    std::string title() { return window().windowTitle().toStdString(); }
+
+    testsupport::Installation installation_;
+    QDialog owner_;
+};
+
+TEST_F(Help, ATopicIsFoundExactlyThenWithoutCaseThenAsTheIndex) {
+    writeFile(installation_.standard() / "help" / "orvane_ref" / "grid.html", pageText("Small grid"));
+    const struct {
+        const char* topic;
+        int shown;
+        const char* title;
+    } rows[] = {{"GRID", 1, "Grid"},
+                {"grid", 1, "Small grid"},
+                {"units", 1, "Units"},
+                {"NETS", 0, "Contents"},
+                {"index", 1, "Contents"}};
+    for (const auto& row : rows) {
+        EXPECT_EQ(OlhHelpCall("orvane_ref", row.topic, 0), row.shown) << row.topic;
+        EXPECT_EQ(title(), row.title);
+    }
+    EXPECT_EQ(OlhHelpCall("Orvane_Ref", "UNITS", 0), 1);
+}
+
+TEST_F(Help, WithoutABookOrAPlainNameTheUserIsToldSo) {
+    writeFile(installation_.standard() / "help" / "empty" / "readme.txt", "no page");
+    const std::pair<const char*, const char*> rows[] = {{"", ""},
+                                                        {nullptr, nullptr},
+                                                        {"orvane_ref", ""},
+                                                        {"nobook", "GRID"},
+                                                        {"orvane_ref", "../secret"},
+                                                        {"orvane_ref", "..\\secret"},
+                                                        {"..", "help"},
+                                                        {".", "secret"},
+                                                        {"orvane_ref/../orvane_ref", "GRID"},
+                                                        {"empty", "GRID"}};
+    for (const auto& [book, topic] : rows) {
+        showOwner(owner_); // without a window manager nobody gives the focus back after a box
+        std::string seen;
+        QWidget* parent = nullptr;
+        testsupport::whenModal([&](QWidget& box) {
+            seen = dynamic_cast<QMessageBox&>(box).text().toStdString();
+            parent = box.parentWidget();
+            QTest::keyClick(&box, Qt::Key_Escape);
+        });
+        EXPECT_EQ(OlhHelpCall(book, topic, 0), 0);
+        EXPECT_EQ(seen, "There is no help for this page.") << (topic ? topic : "");
+        EXPECT_EQ(parent, &owner_);
+    }
+    EXPECT_TRUE(helpWindows().empty());
+}
+
+TEST_F(Help, OneWindowServesAllCallsAndFollowsTheActiveWindow) {
+    OlhHelpCall("orvane_ref", "GRID", 0);
+    EXPECT_EQ(window().parentWidget(), &owner_);
+    EXPECT_FALSE(window().isModal());
+    {
+        QDialog second;
+        second.setModal(true);
+        showOwner(second);
+        OlhHelpCall("other", "GRID", 0);
+        EXPECT_EQ(title(), "Other grid");
+        EXPECT_EQ(window().parentWidget(), &second);
+        EXPECT_FALSE(window().findChild<QTextBrowser*>()->isBackwardAvailable());
+    }
+    EXPECT_TRUE(helpWindows().empty());
+    showOwner(owner_);
+    OlhHelpCall("orvane_ref", "UNITS", 0);
+    QTest::keyClick(window().findChild<QTextBrowser*>(), Qt::Key_Escape);
+    EXPECT_TRUE(helpWindows().empty());
+    EXPECT_TRUE(owner_.isVisible());
+    OlhHelpCall("orvane_ref", "GRID", 0);
+    EXPECT_EQ(title(), "Grid");
+    EXPECT_FALSE(window().findChild<QTextBrowser*>()->isBackwardAvailable());
+}
+
+TEST_F(Help, ALinkOfTheBookIsFollowedFromTheKeyboardAndBackAgain) {
+    OlhHelpCall("orvane_ref", "GRID", 0);
+    auto* browser = window().findChild<QTextBrowser*>();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    QTest::keyClick(browser, Qt::Key_Tab);
+    QTest::keyClick(browser, Qt::Key_Return);
+    EXPECT_EQ(title(), "Units");
+    auto* back = testsupport::find<QPushButton>(window(), "Back");
+    QTest::mouseClick(back, Qt::LeftButton);
+    EXPECT_EQ(title(), "Grid");
+    EXPECT_FALSE(back->isEnabled());
+}
+
+TEST_F(Help, LinksOutOfTheBookAreNotFollowed) {
+    for (const char* link : {"http://example.invalid/UNITS.html", "mailto:someone@example.invalid",
+                             "../secret.html", "file:///etc/passwd", "MISSING.html"}) {
+        writeFile(installation_.standard() / "help" / "orvane_ref" / "LINK.html",
+                  pageText("Links", std::string("<a href=\"") + link + "\">away</a>"));
+        OlhHelpCall("orvane_ref", "LINK", 0);
+        auto* browser = window().findChild<QTextBrowser*>();
+        browser->reload();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+        QTest::keyClick(browser, Qt::Key_Tab);
+        ASSERT_EQ(browser->textCursor().charFormat().anchorHref().toStdString(), link);
+        QTest::keyClick(browser, Qt::Key_Return);
+        EXPECT_EQ(title(), "Links") << link;
+    }
+}
+
+} // namespace

@@ -1,0 +1,194 @@
+#include "tests/support/testsupport.h"
+
+#include <QtCore/QPointer>
+#include <QtCore/QTimer>
+#include <QtTest/QTest>
+#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QDialog>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QTreeWidget>
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <memory>
+#include <sstream>
+
+namespace testsupport {
+
+namespace {
+
+std::filesystem::path makeTemporaryDirectory() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "ovtest.XXXXXX").string();
+    if (!mkdtemp(pattern.data()))
+        throw std::runtime_error("no temporary directory: " + pattern);
+    return pattern;
+}
+
+std::string plainText(QString text) {
+    return text.remove(QLatin1Char('&')).toStdString();
+}
+
+} // namespace
+
+TemporaryDirectory::TemporaryDirectory() : path_(makeTemporaryDirectory()) {
+}
+
+TemporaryDirectory::~TemporaryDirectory() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+}
+
+ScopedEnvironment::ScopedEnvironment(const char* name, const std::optional<std::string>& value)
+    : name_(name) {
+    if (const char* before = std::getenv(name))
+        before_ = before;
+    if (value)
+        setenv(name, value->c_str(), 1);
+    else
+        unsetenv(name);
+}
+
+ScopedEnvironment::~ScopedEnvironment() {
+    if (before_)
+        setenv(name_.c_str(), before_->c_str(), 1);
+    else
+        unsetenv(name_.c_str());
+}
+
+void writeFile(const std::filesystem::path& path, const std::string& text) {
+    std::filesystem::create_directories(path.parent_path());
+    std::ofstream file(path, std::ios::binary);
+    file << text;
+    ASSERT_TRUE(file.flush()) << path;
+}
+
+std::string readFile(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+Installation::Installation()
+    : home_("RSR_HOME", home().string()),
+      wdir_("WDIR", user().string() + ";" + site().string() + ";" + standard().string()) {
+    for (const auto& directory : {standard(), site(), user()})
+        std::filesystem::create_directories(directory);
+}
+
+void whenModal(const std::function<void(QWidget&)>& script) {
+    // A zero timer fires inside the modal loop, once the widget is on screen; no time is waited for.
+    auto* timer = new QTimer(qApp);
+    timer->setInterval(0);
+    QObject::connect(timer, &QTimer::timeout, qApp, [timer, script] {
+        QWidget* modal = QApplication::activeModalWidget();
+        if (!modal || !modal->isVisible())
+            return;
+        timer->stop();
+        timer->deleteLater();
+        const QPointer<QWidget> opened(modal);
+        script(*modal);
+        if (opened && opened->isVisible()) {
+            ADD_FAILURE() << "the script left a " << opened->metaObject()->className() << " open";
+            opened->close();
+        }
+    });
+    timer->start();
+}
+
+void whenDialog(const std::function<void(QDialog&)>& script, std::vector<std::string>* boxes) {
+    whenModal([script, boxes](QWidget& modal) {
+        if (auto* box = qobject_cast<QMessageBox*>(&modal)) {
+            if (boxes)
+                boxes->push_back(box->text().toStdString());
+            whenDialog(script, boxes);
+            box->accept();
+            return;
+        }
+        auto* dialog = qobject_cast<QDialog*>(&modal);
+        ASSERT_NE(dialog, nullptr);
+        script(*dialog);
+    });
+}
+
+void answerNextMessageBox(const std::string& button, std::string* seen) {
+    whenModal([button, seen](QWidget& modal) {
+        auto* box = qobject_cast<QMessageBox*>(&modal);
+        ASSERT_NE(box, nullptr) << "a message box was expected, there is a "
+                                << modal.metaObject()->className();
+        if (seen)
+            *seen = box->text().toStdString();
+        for (QAbstractButton* candidate : box->buttons()) {
+            if (plainText(candidate->text()) == button) {
+                candidate->click();
+                return;
+            }
+        }
+        box->reject();
+        FAIL() << "no button " << button << " in the box: " << box->text().toStdString();
+    });
+}
+
+QWidget* controlByCaption(QWidget& root, const std::string& caption) {
+    std::string seen;
+    for (QWidget* widget : root.findChildren<QWidget*>()) {
+        std::string text;
+        QWidget* control = nullptr;
+        if (auto* button = qobject_cast<QAbstractButton*>(widget)) {
+            text = plainText(button->text());
+            control = button;
+        } else if (auto* label = qobject_cast<QLabel*>(widget)) {
+            text = plainText(label->text());
+            control = label->buddy() ? label->buddy() : label;
+        } else {
+            continue;
+        }
+        if (text == caption)
+            return control;
+        seen += "\n  " + text;
+    }
+    ADD_FAILURE() << "no control with the caption " << caption << "; there are:" << seen;
+    return nullptr;
+}
+
+bool selectCategory(QWidget& dialog, const std::string& caption) {
+    auto* tree = dialog.findChild<QTreeWidget*>();
+    if (!tree) {
+        ADD_FAILURE() << "no category tree";
+        return false;
+    }
+    const auto items =
+        tree->findItems(QString::fromStdString(caption), Qt::MatchExactly | Qt::MatchRecursive);
+    if (items.empty()) {
+        ADD_FAILURE() << "no category " << caption;
+        return false;
+    }
+    tree->scrollToItem(items.front());
+    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(items.front()).center());
+    return tree->currentItem() == items.front();
+}
+
+} // namespace testsupport
+
+namespace {
+
+/// The offscreen platform says at each window that it has no window manager; nothing else is left out.
+void showUnlessOffscreenNoise(QtMsgType, const QMessageLogContext&, const QString& message) {
+    if (!message.startsWith(QLatin1String("This plugin does not support")))
+        std::fprintf(stderr, "%s\n", qPrintable(message));
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    qInstallMessageHandler(showUnlessOffscreenNoise);
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    testing::InitGoogleTest(&argc, argv);
+    QApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
