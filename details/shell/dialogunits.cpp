@@ -5,9 +5,19 @@
 
 namespace ovsettings {
 
+namespace {
+
+/// The average character width that dialog units count in is that of the Latin alphabet in both cases (Win32,
+/// GetDialogBaseUnits), which is wider than the average that a font file names.
+constexpr QLatin1String kAlphabet("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
+
+} // namespace
+
 QSize fromDialogUnits(const QWidget& widget, QSize units) {
     const QFontMetrics metrics = widget.fontMetrics();
-    return {units.width() * metrics.averageCharWidth() / 4, units.height() * metrics.height() / 8};
+    const auto letters = static_cast<int>(kAlphabet.size());
+    return {units.width() * metrics.horizontalAdvance(QString(kAlphabet)) / (4 * letters),
+            units.height() * metrics.height() / 8};
 }
 
 } // namespace ovsettings

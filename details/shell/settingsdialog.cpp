@@ -132,6 +132,7 @@ void CSettingsDialog::OnInitDialog() {
     connectControls();
     for (QPushButton* button : {ui_->okButton, ui_->applyButton, ui_->cancelButton, ui_->helpButton})
         button->setMinimumSize(fromDialogUnits(*this, kButtonSize));
+    resize(sizeHint()); // by itself a window keeps to two thirds of the screen
     captions_.setLanguages(kEnglish, userLanguageId());
     captions_.load(kFirstCaption, kLastCaption);
     setWindowIcon(QIcon(QStringLiteral(":/ovsettings/images/settings.svg")));
