@@ -60,8 +60,11 @@ bool wouldChange(const Property& present, std::size_t field, Arguments values) {
 
 std::optional<std::string> objectionOfLocks(const Orv::iAppConfiguration& configuration,
                                             const Property& present, Arguments values) {
+    // A property with a locked field may be set as a whole if that field stays; one that is all locked may
+    // not be set.
+    const bool allLocked = std::ranges::all_of(present.readonly, [](auto flag) { return flag != 0; });
     for (std::size_t field = 0; field < present.readonly.size(); ++field) {
-        if (present.readonly[field] && wouldChange(present, field, values)) {
+        if (present.readonly[field] && (allLocked || wouldChange(present, field, values))) {
             return fieldTitle(present, field) + " is locked by " +
                    configuration.lockingDirectory(present.name, field);
         }

@@ -62,10 +62,18 @@ std::string lowerCase(std::string text) {
     return text;
 }
 
+// RSR_HOME with forward slashes, as the store reads it; empty if it is not set.
+std::string installation() {
+    const char* home = nonEmptyVariable("RSR_HOME");
+    std::string path = home ? home : "";
+    std::ranges::replace(path, '\\', '/');
+    return path;
+}
+
 // The store says only that the directories are unusable; these are the reasons there are.
 std::string reasonOfFailedLoad() {
-    const char* home = nonEmptyVariable("RSR_HOME");
-    if (!home)
+    const std::string home = installation();
+    if (home.empty())
         return "RSR_HOME is empty; it has to name the installation";
     if (!nonEmptyVariable("WDIR"))
         return "WDIR is empty; it has to list the working directories, the user's first";
@@ -75,12 +83,9 @@ std::string reasonOfFailedLoad() {
         return "the working directories cannot be read from WDIR";
     if (directories.size() < 2)
         return "WDIR has to list at least two directories, the user's and the installation's";
-    std::string installation = home;
-    std::ranges::replace(installation, '\\', '/');
     const std::string& last = directories.back();
-    if (last.find(installation) == std::string::npos &&
-        last.find(lowerCase(installation)) == std::string::npos)
-        return "the last directory of WDIR, " + last + ", is not inside RSR_HOME, " + installation;
+    if (last.find(home) == std::string::npos && last.find(lowerCase(home)) == std::string::npos)
+        return "the last directory of WDIR, " + last + ", is not inside RSR_HOME, " + home;
     return "the working directories " + std::string(std::getenv("WDIR")) + " are not usable";
 }
 
@@ -99,6 +104,9 @@ void setUpEnvironment(const Options& options) {
 }
 
 std::optional<std::string> loadConfiguration(Orv::iAppConfiguration& configuration) {
+    std::error_code error;
+    if (const std::string home = installation(); !home.empty() && !fs::is_directory(home, error))
+        return "there is no installation: RSR_HOME names " + home + ", which is no directory";
     if (configuration.load())
         return std::nullopt;
     return "the configuration cannot be loaded: " + reasonOfFailedLoad();

@@ -187,12 +187,12 @@ std::vector<std::string> iAppConfiguration::workingDirectories() const {
 
 std::string iAppConfiguration::valueDirectory(const std::string& key, std::size_t field) const {
     const auto* origin = impl_->originOf(key, field);
-    return origin && origin->value ? impl_->directories[*origin->value] : std::string();
+    return origin && origin->value ? impl_->levels[*origin->value] : std::string();
 }
 
 std::string iAppConfiguration::lockingDirectory(const std::string& key, std::size_t field) const {
     const auto* origin = impl_->originOf(key, field);
-    return origin && origin->lock ? impl_->directories[*origin->lock] : std::string();
+    return origin && origin->lock ? impl_->levels[*origin->lock] : std::string();
 }
 
 int iAppConfiguration::kindOf(std::string_view key) noexcept {

@@ -35,6 +35,10 @@ struct iAppConfiguration::Impl {
     std::string writeDirectory;           ///< the first of them
     std::string currentDirectory;         ///< the one being read or written, during a transfer
     std::string lastProjectPath;
+    std::vector<std::string> levels; ///< the list of the last load, which the places of origins refer to
+    /// False if the last load found no configuration in the directory that is written: what it then holds is
+    /// not known here, and a save must not take anything out of it.
+    bool knowsWrittenLevel = false;
     std::array<std::optional<float>, kCatalogueSize> numbers;
     std::array<std::optional<Graphics>, kCatalogueSize> graphics;
     std::vector<iEventSink*> sinks; ///< not owned

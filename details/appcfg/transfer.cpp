@@ -14,41 +14,45 @@ bool isSet(std::uint8_t flag) {
     return flag != 0;
 }
 
+enum class Removal { allowed, forbidden };
+
 /// Nothing to write and nothing to remove: the key stays in the file as it is.
 bool hasNothingToSay(const Property& property) {
     return property.values.empty() || property.values.front().empty();
 }
 
-void writeValue(const Property& property, IOvConfiguration& configuration) {
+void writeValue(const Property& property, Removal removal, IOvConfiguration& configuration) {
     if (hasNothingToSay(property) || isSet(property.readonly.front()))
         return;
     const auto& path = pathOf(property);
-    if (!property.defaults.empty() && property.values.front() == property.defaults.front())
-        configuration.removeKey(path, property.name);
-    else
+    if (property.defaults.empty() || property.values.front() != property.defaults.front())
         configuration.writeValue(path, property.name, property.values.front());
+    else if (removal == Removal::allowed)
+        configuration.removeKey(path, property.name);
 }
 
 /// Unlike a single value, a list is written although it is locked. This is meant.
-void writeList(const Property& property, IOvConfiguration& configuration) {
+void writeList(const Property& property, Removal removal, IOvConfiguration& configuration) {
     if (hasNothingToSay(property))
         return;
     const auto& path = pathOf(property);
-    if (property.values == property.defaults)
-        configuration.removeKey(path, property.name);
-    else
+    if (property.values != property.defaults)
         configuration.writeList(path, property.name, property.values);
+    else if (removal == Removal::allowed)
+        configuration.removeKey(path, property.name);
 }
 
 /// Unlike a single value, a group is written although it is locked, and loses the marks it had. This is
 /// meant.
-void writeGroup(const Property& property, IOvConfiguration& configuration) {
+void writeGroup(const Property& property, Removal removal, IOvConfiguration& configuration) {
     const auto& traits = kindTraits(property.kind);
     std::map<std::string, std::string> attributes;
     for (std::size_t i = 0; i < std::min(traits.fieldNames.size(), property.values.size()); ++i) {
         if (i >= property.defaults.size() || property.values[i] != property.defaults[i])
             attributes[traits.fieldNames[i]] = property.values[i];
     }
+    if (attributes.empty() && removal == Removal::forbidden)
+        return;
     configuration.removeGroup(traits.path, traits.typeWord, property.name);
     if (!attributes.empty())
         configuration.writeGroup(traits.path, traits.typeWord, property.name, attributes);
@@ -185,16 +189,17 @@ void ConfigurationReader::noteLocks(Record& record) const {
 }
 
 void writeAll(const iAppConfiguration::Impl& store, IOvConfiguration& configuration) {
+    const auto removal = store.knowsWrittenLevel ? Removal::allowed : Removal::forbidden;
     for (const auto& record : store.records) {
         switch (kindTraits(record.property.kind).storage) {
         case Storage::value:
-            writeValue(record.property, configuration);
+            writeValue(record.property, removal, configuration);
             break;
         case Storage::list:
-            writeList(record.property, configuration);
+            writeList(record.property, removal, configuration);
             break;
         case Storage::group:
-            writeGroup(record.property, configuration);
+            writeGroup(record.property, removal, configuration);
             break;
         }
     }

@@ -47,7 +47,8 @@ private:
     std::map<std::string, int> attributeLocks_;
 };
 
-/// Writes the store into a configuration: what differs from the defaults is stored, the rest removed.
+/// Writes the store into a configuration: what differs from the defaults is stored, the rest removed, unless
+/// the store has not seen what the configuration holds.
 void writeAll(const iAppConfiguration::Impl& store, IOvConfiguration& configuration);
 
 } // namespace Orv

@@ -60,7 +60,8 @@ public:
         read, ///< a damaged file yields no configuration
         write ///< a damaged file yields an empty one, and is moved aside before the first write
     };
-    /// Receives one line that names the file and the cause.
+    /// Receives one line that names the file and the cause. It must not throw. The handler is copied: what it
+    /// is to remember stands outside of it.
     using ErrorHandler = std::function<void(const std::string& message)>;
 
     static IOvConfigurationManager& Instance();

@@ -326,6 +326,9 @@ void ConfigurationDocument::indexEntry(Section& section, xmlNode* element) const
                "<" + std::string(kind) + "> without a " + (key ? "type" : "name") + " is passed over");
         return;
     }
+    if (kind != kValue && xml::hasOwnText(element))
+        report(element, "text in <" + std::string(kind) + "> " + std::string(*key) +
+                            " means nothing outside of <" + (isGroup ? kAttribute : kItem) + ">");
     const Name name{*type, *key};
     if (!section.entries.try_emplace(name, element).second) {
         report(element, std::string(*key) + " is given twice, the first counts");

@@ -141,6 +141,15 @@ void removeAttribute(xmlNode* element, const char* name) {
     xmlUnsetProp(element, chars(name));
 }
 
+bool hasOwnText(const xmlNode* element) {
+    for (const xmlNode* child = element->children; child; child = child->next) {
+        const bool isText = child->type == XML_TEXT_NODE || child->type == XML_CDATA_SECTION_NODE;
+        if (isText && !xmlIsBlankNode(child))
+            return true;
+    }
+    return false;
+}
+
 bool isCarried(std::string_view text) {
     const auto carriesByte = [](char c) {
         return static_cast<unsigned char>(c) >= 0x20 || c == '\t' || c == '\n' || c == '\r';

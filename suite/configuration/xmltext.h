@@ -24,6 +24,9 @@ std::optional<std::string_view> attribute(const xmlNode* element, std::string_vi
 void setAttribute(xmlNode* element, const char* name, const std::string& value);
 void removeAttribute(xmlNode* element, const char* name);
 
+/// True if an element holds text outside of its child elements that is not blank.
+bool hasOwnText(const xmlNode* element);
+
 /// True if XML can carry the text: UTF-8 without most control characters.
 bool isCarried(std::string_view text);
 

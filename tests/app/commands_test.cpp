@@ -152,11 +152,11 @@ TEST_F(Commands, SetTellsWhatIsStoredWhereSixDigitsAreNotEnough) {
     EXPECT_EQ(runProgram({"set", "PIN", "1", "1", "0xABCDEF", "0", "0", "1"}).out, "");
 }
 
-TEST_F(Commands, LockedFieldIsRefusedNamingTheDirectoryAndEqualOnesPass) {
+TEST_F(Commands, LockedFieldIsRefusedNamingTheDirectoryAndAnEqualOneOfSeveralPasses) {
     const std::string site = installation.site().string();
     const CommandRow rows[] = {
         {{"set", "ROUTE", "2"}, 1, "", "ROUTE is locked by "},
-        {{"set", "ROUTE", "1.0"}, 0, "", ""},
+        {{"set", "ROUTE", "1"}, 1, "", "ROUTE is locked by "},
         {{"set", "NET", "1", "1", "0x00ff00", "1", "0", "1"}, 1, "", "NET, COLOR is locked by "},
         {{"set", "PROPERTIES_TOOLTIP", "REFDES", "PART"}, 1, "", "PROPERTIES_TOOLTIP, entry 2 is locked by "},
         {{"set", "PROPERTIES_TOOLTIP", "REFDES"}, 1, "", "PROPERTIES_TOOLTIP, entry 1 is locked by "},
@@ -274,6 +274,7 @@ TEST_F(Commands, DirectoriesThatAreNoUseAreToldWithTheReason) {
     const std::string standard = installation.standard().string();
     const CommandRow rows[] = {
         {{"--home", "", "list"}, 1, "", "RSR_HOME is empty"},
+        {{"--home", "/nowhere", "list"}, 1, "", "RSR_HOME names /nowhere, which is no directory"},
         {{"--wdir", "", "list"}, 1, "", "WDIR is empty"},
         {{"--wdir", standard, "list"}, 1, "", "at least two directories"},
         {{"--wdir", "/tmp;" + standard + ";/elsewhere", "list"}, 1, "", "/elsewhere, is not inside RSR_HOME"},

@@ -87,6 +87,33 @@ TEST_F(Persistence, MissingAndDamagedLevelsAreSkipped) {
     manager.SetErrorHandler({});
 }
 
+TEST_F(Persistence, AFileThatCouldNotBeReadLosesNothingWhenItIsRepairedBeforeTheNextSave) {
+    writeLevel(installation.user(), setting("GRID_HR", "508000") + "<");
+    ASSERT_TRUE(store.load());
+    const std::string repaired = setting("GRID_HR", "508000") + object("PIN", attribute("VISIBLE", "0")) +
+                                 list("Orvane/SETTINGS", "MRU_PROJECTS", {"a.prj"});
+    writeLevel(installation.user(), repaired);
+    Orv::setValue(store, "MRU_SETTINGS", "Grid");
+    ASSERT_TRUE(store.save());
+    ASSERT_TRUE(store.load());
+    EXPECT_EQ(value("GRID_HR"), "508000");
+    EXPECT_EQ(value("PIN"), "0");
+    EXPECT_EQ(value("MRU_PROJECTS"), "a.prj");
+    EXPECT_EQ(value("MRU_SETTINGS"), "Grid");
+}
+
+TEST_F(Persistence, OriginsStayThoseOfTheLoadWhenTheDirectoriesChange) {
+    writeLevel(installation.site(), setting("GRID_HR", "508000", true));
+    const testsupport::ScopedEnvironment noUser("WDIR", ";" + installation.site().string());
+    ASSERT_TRUE(store.load());
+    {
+        const testsupport::ScopedEnvironment gone("RSR_HOME", std::nullopt);
+        EXPECT_FALSE(store.save());
+    }
+    EXPECT_EQ(store.lockingDirectory("GRID_HR", 0), installation.site().string());
+    EXPECT_EQ(store.valueDirectory("GRID_HR", 0), installation.site().string());
+}
+
 TEST_F(Persistence, LessSpecificLevelsBecomeTheDefault) {
     writeLevel(installation.standard(),
                setting("GRID_HR", "100") + setting("MRU_SCHEMA", "colours.ovc") +

@@ -76,7 +76,7 @@ TEST_F(ConfigurationFile, SaysValuesListsGroupsAndLocks) {
     <value name="EMPTY"/>
     <list name="ITEMS"><item>a</item><item locked="1"/><other>no item</other></list>
     <list name="ALL" locked="yes"><item>a</item><item locked="no">b</item></list>
-    <list name="NONE"/>
+    <list name="NONE">6</list>
     <value>nameless</value>
   </section>
   <section path="Orvane/OBJECTS">
@@ -130,6 +130,7 @@ TEST_F(ConfigurationFile, SaysValuesListsGroupsAndLocks) {
 
     const std::string path = file().string();
     EXPECT_EQ(messages_, (Values{path + ":7: PLAIN is given twice, the first counts",
+                                 path + ":11: text in <list> NONE means nothing outside of <item>",
                                  path + ":12: <value> without a name is passed over",
                                  path + ":6: locked=\"Yes\" is neither yes nor no, it is taken as yes"}));
 }
