@@ -58,17 +58,23 @@ bool wouldChange(const Property& present, std::size_t field, Arguments values) {
            !sameMeaning(present.kind, field, present.values[field], values[field]);
 }
 
+// A property with a locked field may be set as a whole if that field stays as it is; one that is all locked
+// may not be set at all.
 std::optional<std::string> objectionOfLocks(const Orv::iAppConfiguration& configuration,
                                             const Property& present, Arguments values) {
-    // A property with a locked field may be set as a whole if that field stays; one that is all locked may
-    // not be set.
-    const bool allLocked = std::ranges::all_of(present.readonly, [](auto flag) { return flag != 0; });
+    const auto isLocked = [](std::uint8_t flag) {
+        return flag != 0;
+    };
+    const auto objection = [&](std::size_t field) {
+        return fieldTitle(present, field) + " is locked by " +
+               configuration.lockingDirectory(present.name, field);
+    };
     for (std::size_t field = 0; field < present.readonly.size(); ++field) {
-        if (present.readonly[field] && (allLocked || wouldChange(present, field, values))) {
-            return fieldTitle(present, field) + " is locked by " +
-                   configuration.lockingDirectory(present.name, field);
-        }
+        if (isLocked(present.readonly[field]) && wouldChange(present, field, values))
+            return objection(field);
     }
+    if (!present.readonly.empty() && std::ranges::all_of(present.readonly, isLocked))
+        return objection(0);
     return std::nullopt;
 }
 

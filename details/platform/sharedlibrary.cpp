@@ -1,5 +1,7 @@
 #include "details/platform/sharedlibrary.h"
 
+#include "details/platform/paths.h"
+
 #include <algorithm>
 #include <dlfcn.h>
 #include <utility>
@@ -22,8 +24,16 @@ std::string nativeName(const std::string& path) {
     return path.substr(0, nameBegin) + "lib" + path.substr(nameBegin, nameLength) + ".so";
 }
 
+void* openExactly(const std::string& path) {
+    return dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+}
+
 void* open(const std::string& path) {
-    return dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    void* handle = openExactly(path);
+    if (handle || isBareName(path))
+        return handle;
+    const auto onDisk = resolveExisting(path);
+    return onDisk ? openExactly(*onDisk) : nullptr;
 }
 
 } // namespace
@@ -31,8 +41,7 @@ void* open(const std::string& path) {
 SharedLibrary::SharedLibrary(const std::string& name) {
     if (name.empty()) // the loader takes the empty name for the program itself
         return;
-    std::string path = name;
-    std::replace(path.begin(), path.end(), '\\', '/');
+    const std::string path = platformPath(name);
     handle_ = open(path);
     if (!handle_ && endsWithoutCase(path, kForeignSuffix))
         handle_ = open(nativeName(path));
@@ -54,10 +63,6 @@ SharedLibrary& SharedLibrary::operator=(SharedLibrary&& other) noexcept {
 
 void* SharedLibrary::symbol(const char* name) const {
     return handle_ ? dlsym(handle_, name) : nullptr;
-}
-
-void SharedLibrary::keepLoaded() {
-    handle_ = nullptr;
 }
 
 } // namespace platform

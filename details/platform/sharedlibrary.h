@@ -4,13 +4,15 @@
 
 namespace platform {
 
-/// A shared library held open by this object.
+/// A shared library held open by this object. Its code stays in the process to the end, even so: events,
+/// deferred deletions and exceptions of its own may be under way when nobody holds it any more.
 class SharedLibrary {
 public:
     SharedLibrary() = default;
     /// Loads the library by its name, with the system's search rules for a bare name. "\" in the name
-    /// separates directories. A name of another platform, "Name.dll", is also looked for as this platform
-    /// spells it, "libName.so". An object for which nothing was found is empty; nothing is reported.
+    /// separates directories, and a name with directories is also found without regard to case. A name of
+    /// another platform, "Name.dll", is also looked for as this platform spells it, "libName.so". An object
+    /// for which nothing was found is empty; nothing is reported.
     explicit SharedLibrary(const std::string& name);
     ~SharedLibrary();
     SharedLibrary(SharedLibrary&& other) noexcept;
@@ -20,9 +22,6 @@ public:
 
     /// The address of an exported symbol, or null.
     void* symbol(const char* name) const;
-
-    /// Gives up the library without unloading it: it stays to the end of the process.
-    void keepLoaded();
 
 private:
     void* handle_ = nullptr;

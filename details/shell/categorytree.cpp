@@ -2,6 +2,8 @@
 
 #include <QtCore/QItemSelectionModel>
 #include <QtCore/QScopedValueRollback>
+#include <QtGui/QMouseEvent>
+#include <QtWidgets/QHeaderView>
 
 #include <utility>
 
@@ -58,6 +60,15 @@ CCategoryTree::CCategoryTree(QWidget* parent) : QTreeWidget(parent) {
     setHeaderHidden(true);
     setColumnCount(1);
     setUniformRowHeights(true);
+    // A caption that is wider than the tree can be scrolled to.
+    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+}
+
+/// A drag selects nothing: each item on its way would have to be asked, and its page be made.
+void CCategoryTree::mouseMoveEvent(QMouseEvent* event) {
+    if (event->buttons() == Qt::NoButton)
+        QTreeWidget::mouseMoveEvent(event);
 }
 
 void CCategoryTree::setLeaveCheck(LeaveCheck check) {

@@ -18,6 +18,9 @@ public:
 
     void setLeaveCheck(LeaveCheck check);
 
+protected:
+    void mouseMoveEvent(QMouseEvent* event) override;
+
 private:
     class GuardedSelection;
 

@@ -5,6 +5,8 @@
 #include "details/shell/settingsupdater.h"
 #include "details/shell/settingsxmlreader.h"
 
+#include <utility>
+
 namespace ovsettings {
 
 namespace {
@@ -67,12 +69,12 @@ std::unique_ptr<CPageStarter> CPageManager::makeStarter(CPropertyPageFactory& fa
 }
 
 void CPageManager::release() {
-    for (const auto& root : roots_)
-        releaseNode(*root);
-    roots_.clear();
-    stack_.clear();
-    suppliers_.clear();
     reader_.reset();
+    stack_.clear();
+    const auto suppliers = std::exchange(suppliers_, {});
+    const auto roots = std::exchange(roots_, {});
+    for (const auto& root : roots)
+        releaseNode(*root);
 }
 
 void CPageManager::releaseNode(CCategoryNode& node) {
@@ -82,13 +84,6 @@ void CPageManager::releaseNode(CCategoryNode& node) {
     factory->removePage(node.name);
     for (const auto& child : node.children)
         releaseNode(*child);
-}
-
-void CPageManager::keepAddInsLoaded() {
-    for (const auto& [localization, supplier] : suppliers_) {
-        if (supplier)
-            supplier->keepLoaded();
-    }
 }
 
 CCategoryNode* CPageManager::newNode(CCategoryNode* parent) {

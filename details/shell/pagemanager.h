@@ -37,10 +37,8 @@ public:
     bool read(const std::string& path);
     /// Adds a category to the frame for each node whose factory knows its page.
     void build();
-    /// Takes the pages out of their factories, then frees the nodes and the suppliers.
+    /// Takes the pages out of their factories, then frees the nodes and the suppliers, also if one throws.
     void release();
-    /// Leaves add-in code in the process for an exception that is on its way to the host.
-    void keepAddInsLoaded();
 
     /// A new category under `parent`, or a top-level one. Owned here.
     CCategoryNode* newNode(CCategoryNode* parent);

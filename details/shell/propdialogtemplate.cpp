@@ -55,8 +55,10 @@ bool CPropDialogTemplate::createWindow(QWidget* parent) {
     setParent(parent);
     // Said outright, or the page would appear together with its parent.
     hide();
-    hasWindow_ = buildTemplate();
-    if (hasWindow_) {
+    if (built_) // a factory may serve one page under several keys
+        return true;
+    built_ = buildTemplate();
+    if (built_) {
         OnInitDialog();
         return true;
     }

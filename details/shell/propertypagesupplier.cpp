@@ -27,10 +27,6 @@ CPropertyPageFactory* CPropertyPageSupplierDLL::getFactory() {
     return get ? get() : nullptr;
 }
 
-void CPropertyPageSupplierDLL::keepLoaded() {
-    library_.keepLoaded();
-}
-
 std::unique_ptr<CPropertyPageSupplier> makeSupplier(const std::string& localization,
                                                     Orv::iAppConfiguration* appConfig,
                                                     Orv::CProjectConfiguration* projectConfig) {

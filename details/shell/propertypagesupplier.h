@@ -15,9 +15,6 @@ public:
 
     /// @return the factory, or null, which drops the category.
     virtual CPropertyPageFactory* getFactory() = 0;
-
-    /// Code that an exception on its way to the host may still need must outlive this object.
-    virtual void keepLoaded() {}
 };
 
 /// The pages of this library.
@@ -32,13 +29,12 @@ private:
     CFactoryEx factory_;
 };
 
-/// The pages of an add-in's shared library, which stays loaded as long as this object.
+/// The pages of an add-in's shared library.
 class CPropertyPageSupplierDLL : public CPropertyPageSupplier {
 public:
     explicit CPropertyPageSupplierDLL(std::string fileName);
 
     CPropertyPageFactory* getFactory() override;
-    void keepLoaded() override;
 
 private:
     std::string fileName_;

@@ -18,12 +18,17 @@ void tellIncorrectFileName(QWidget& field) {
     showMessage(&field, QStringLiteral("Incorrect file name!"));
 }
 
+bool opensForReading(const std::string& path) {
+    const auto file = platform::resolveExisting(path);
+    return file && !platform::isDirectory(*file) && std::ifstream(*file).is_open();
+}
+
 } // namespace
 
 bool CFileValidator::isValid(const std::string& path) const {
     switch (mode_) {
     case existingBareName:
-        return platform::isBareName(path) && std::ifstream(path).is_open();
+        return platform::isBareName(path) && opensForReading(path);
     case bareName:
         return platform::isBareName(path);
     default:
@@ -40,6 +45,7 @@ void CPropFile::browse() {
     QFileDialog dialog(edit_.window(), toQString(title_), toQString(initialDirectory_),
                        toQString(toolkitFilter(filter_)));
     dialog.setFileMode(QFileDialog::AnyFile);
+    // No default suffix: the one such fields are given is their whole filter, which is none.
     if (dialog.exec() != QDialog::Accepted)
         return;
     const QString path = dialog.selectedFiles().value(0);

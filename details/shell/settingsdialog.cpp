@@ -14,13 +14,16 @@
 #include "ovsettings/propdialogtemplate.h"
 #include "ui_settingsdialog.h"
 
+#include <QtCore/QScopedValueRollback>
 #include <QtGui/QIcon>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QScreen>
 #include <QtGui/QShortcut>
+#include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace ovsettings {
@@ -77,21 +80,24 @@ CSettingsDialog::CSettingsDialog(Orv::iAppConfiguration& appConfig, Orv::CProjec
       catalogueFile_(kDefaultCatalogue),
       ui_(std::make_unique<Ui::CSettingsDialog>()) {
     ui_->setupUi(this);
+    // A host without another visible window goes on when the dialog closes.
+    setAttribute(Qt::WA_QuitOnClose, false);
     updater_->addUpdater(hostUpdater);
     manager_ = std::make_unique<CPageManager>(*this, *updater_);
 }
 
 CSettingsDialog::~CSettingsDialog() {
+    tearDown();
+}
+
+void CSettingsDialog::tearDown() {
     qApp->removeEventFilter(this);
-    // The pages' windows are gone before the libraries that their code is in.
-    activePage_ = currentPage_ = nullptr;
-    for (const auto& [index, page] : pages_)
+    // The pages go before the suppliers that made them. One page may stand under two indices, or be gone.
+    for (const auto& [index, page] : std::exchange(pages_, {}))
         delete page;
     updater_.reset();
-    if (failure_)
-        manager_->keepAddInsLoaded();
-    manager_->release();
-    manager_.reset();
+    if (const auto manager = std::move(manager_))
+        manager->release();
 }
 
 void CSettingsDialog::setCatalogueFile(const std::string& fileName) {
@@ -99,16 +105,20 @@ void CSettingsDialog::setCatalogueFile(const std::string& fileName) {
 }
 
 int CSettingsDialog::DoModal() {
+    guarded([this] { OnInitDialog(); });
+    if (!failure_) {
+        stayAboveActiveWindow();
+        exec();
+    }
+    // Not left to the destructor: an add-in may throw here too.
     try {
-        OnInitDialog();
+        tearDown();
     } catch (...) {
-        failure_ = std::current_exception();
-        throw;
+        if (!failure_)
+            failure_ = std::current_exception();
     }
     rethrowFailure();
-    const int result = exec();
-    rethrowFailure();
-    return result;
+    return applied_;
 }
 
 void CSettingsDialog::rethrowFailure() {
@@ -116,16 +126,33 @@ void CSettingsDialog::rethrowFailure() {
         std::rethrow_exception(failure_);
 }
 
-template <typename Command>
-void CSettingsDialog::guarded(Command command) {
+template <typename Callback>
+void CSettingsDialog::guarded(Callback callback) {
     if (failure_)
         return;
     try {
-        command();
+        callback();
     } catch (...) {
         failure_ = std::current_exception();
         done(applied_);
     }
+}
+
+template <typename Command>
+void CSettingsDialog::runCommand(Command command) {
+    if (busy_)
+        return;
+    const QScopedValueRollback<bool> busy(busy_, true);
+    guarded(command);
+}
+
+/// The host's window stays behind the dialog, without owning it.
+void CSettingsDialog::stayAboveActiveWindow() {
+    const QWidget* host = QApplication::activeWindow();
+    if (!host || !host->windowHandle())
+        return;
+    winId(); // makes the window that the relation is set on
+    windowHandle()->setTransientParent(host->windowHandle());
 }
 
 void CSettingsDialog::OnInitDialog() {
@@ -152,7 +179,7 @@ void CSettingsDialog::OnInitDialog() {
 void CSettingsDialog::connectControls() {
     connect(ui_->okButton, &QPushButton::clicked, this, &CSettingsDialog::accept);
     connect(ui_->applyButton, &QPushButton::clicked, this,
-            [this] { guarded([this] { commit(Commit::apply); }); });
+            [this] { runCommand([this] { commit(Commit::apply); }); });
     connect(ui_->cancelButton, &QPushButton::clicked, this, &CSettingsDialog::reject);
     connect(ui_->helpButton, &QPushButton::clicked, this, &CSettingsDialog::showActivePageHelp);
     connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this,
@@ -160,12 +187,17 @@ void CSettingsDialog::connectControls() {
 
     ui_->tree->setLeaveCheck([this](const QTreeWidgetItem* from, const QTreeWidgetItem* to) {
         bool allowed = false;
-        guarded([&] { allowed = mayLeave(from, to); });
+        if (!busy_)
+            guarded([&] { allowed = mayLeave(from, to); });
         return allowed;
     });
     connect(ui_->tree, &QTreeWidget::currentItemChanged, this, [this](const QTreeWidgetItem* item) {
         if (item)
             guarded([this, item] { switchToPage(pageIndex(item)); });
+    });
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+        if (now && ui_->pageHost->isAncestorOf(now))
+            ui_->pageArea->ensureWidgetVisible(now);
     });
     qApp->installEventFilter(this);
 }
@@ -199,6 +231,7 @@ void CSettingsDialog::showLastPage() {
         if (item.name != last)
             continue;
         ui_->tree->setCurrentItem(item.item);
+        rethrowFailure();
         switchToPage(key - 1);
         return;
     }
@@ -243,6 +276,7 @@ CPropDialogTemplate* CSettingsDialog::pageOf(unsigned index) {
 void CSettingsDialog::adoptPage(CPropDialogTemplate& page) {
     if (!page.hasWindow())
         return;
+    page.hide();
     ui_->pageLayout->addWidget(&page);
     installWheelGuard(page);
     // Controls made later stand last in the tab order; a page belongs between the tree and the buttons.
@@ -259,14 +293,14 @@ void CSettingsDialog::rememberPage(const std::string& name) {
 }
 
 void CSettingsDialog::accept() {
-    guarded([this] {
+    runCommand([this] {
         if (commit(Commit::ok))
             done(applied_);
     });
 }
 
 void CSettingsDialog::reject() {
-    guarded([this] {
+    runCommand([this] {
         cancel();
         done(applied_);
     });
@@ -291,7 +325,7 @@ bool CSettingsDialog::commit(Commit kind) {
     applied_ = 1;
     bool allStored = true;
     for (const auto& [index, page] : pages_) {
-        if (page != activePage_ && !store(*page))
+        if (page && page != activePage_ && !store(*page))
             allStored = false;
     }
     appConfig_.save();
@@ -302,14 +336,14 @@ bool CSettingsDialog::commit(Commit kind) {
 void CSettingsDialog::gatherChangedPages() {
     updater_->clear();
     for (const auto& [index, page] : pages_) {
-        if (page->isModified())
+        if (page && page->isModified())
             updater_->addPage(page->pageName());
     }
 }
 
 CPropDialogTemplate* CSettingsDialog::firstInvalidPage() const {
     for (const auto& [index, page] : pages_) {
-        if (!page->isValid())
+        if (page && !page->isValid())
             return page;
     }
     return nullptr;
@@ -323,14 +357,18 @@ void CSettingsDialog::showRefusedPage(const CPropDialogTemplate& page) {
     const unsigned index = found->first;
     // The index is taken for the item's key as it stands, which is one too low: the tree shows the item
     // before the refused one, and its page is on show for a moment. Meant so; hosts know the dialog by it.
-    if (const auto item = items_.find(index); item != items_.end())
+    if (const auto item = items_.find(index); item != items_.end()) {
+        const QScopedValueRollback<bool> selectable(busy_, false);
         ui_->tree->setCurrentItem(item->second.item);
+    }
     switchToPage(index);
 }
 
 void CSettingsDialog::cancel() {
-    for (const auto& [index, page] : pages_)
-        page->onCancel();
+    for (const auto& [index, page] : pages_) {
+        if (page)
+            page->onCancel();
+    }
 }
 
 void CSettingsDialog::notifyUpdaters() {
@@ -346,8 +384,9 @@ void CSettingsDialog::showActivePageHelp() {
 }
 
 bool CSettingsDialog::eventFilter(QObject* watched, QEvent* event) {
+    const QObject* keyReceiver = focusWidget() ? focusWidget() : this;
     // Only the delivery to the control itself is shown to the page, not the way up through its parents.
-    if (event->type() == QEvent::KeyPress && activePage_ && watched == focusWidget() && isActiveWindow()) {
+    if (event->type() == QEvent::KeyPress && activePage_ && watched == keyReceiver) {
         bool handled = false;
         guarded([&] { handled = activePage_->PreTranslateMessage(static_cast<QKeyEvent*>(event)); });
         if (handled)

@@ -2,6 +2,7 @@
 
 #include "details/shell/captionmap.h"
 
+#include <QtCore/QPointer>
 #include <QtWidgets/QDialog>
 
 #include <exception>
@@ -93,12 +94,18 @@ private:
     void cancel();
     void showActivePageHelp();
 
-    /// Runs a command; what it throws ends the modal loop and waits there for DoModal.
+    /// Runs what the event loop calls; what it throws ends the modal loop and waits there for DoModal.
+    template <typename Callback>
+    void guarded(Callback callback);
+    /// Runs a command of the user, unless one is running.
     template <typename Command>
-    void guarded(Command command);
+    void runCommand(Command command);
     void rethrowFailure();
+    void tearDown();
+    void stayAboveActiveWindow();
 
-    std::map<unsigned, CPropDialogTemplate*> pages_; ///< by page index; pages that were selected once
+    std::map<unsigned, QPointer<CPropDialogTemplate>>
+        pages_; ///< by page index; pages that were selected once
     std::map<unsigned, std::unique_ptr<CPageStarter>> starters_;
     std::map<unsigned, CCategoryItem> items_; ///< by item key
     Orv::iAppConfiguration& appConfig_;
@@ -106,8 +113,9 @@ private:
     unsigned pageCount_ = 0;
     unsigned itemCount_ = 0;
     bool initialised_ = false;
-    CPropDialogTemplate* currentPage_ = nullptr; ///< the page on show, which is asked on leaving
-    CPropDialogTemplate* activePage_ = nullptr;  ///< the page that OK, Apply, help and keys go to first
+    bool busy_ = false; ///< a command runs; a page may handle events in it, which must not start another
+    QPointer<CPropDialogTemplate> currentPage_; ///< the page on show, which is asked on leaving
+    QPointer<CPropDialogTemplate> activePage_;  ///< the page that OK, Apply, help and keys go to first
     std::unique_ptr<CSettingsUpdater> updater_;
     std::unique_ptr<CPageManager> manager_;
     std::string catalogueFile_;

@@ -20,7 +20,9 @@ namespace ovsettings {
 /// A page is made when its category is first selected, stays until the dialog goes, and is hidden while
 /// another page is on show. It reads its values in OnInitDialog, writes them in onApply and never saves the
 /// configuration nor ends the dialog: the dialog does both. A page that refuses something has already told
-/// the user; a true result means that the dialog may go on.
+/// the user; a true result means that the dialog may go on. What one of the operations below throws ends the
+/// dialog and reaches the host; handlers of the page's own controls run in the toolkit's event loop and must
+/// not throw.
 class OVSETTINGS_API CPropDialogTemplate : public QWidget {
     Q_OBJECT
 
@@ -66,8 +68,8 @@ public:
     /// Opens the page's topic in the online help.
     virtual int showHelp();
 
-    /// True once createWindow has built the page.
-    bool hasWindow() const { return hasWindow_; }
+    /// True once the page is a child of the dialog: it can be shown.
+    bool hasWindow() const { return parentWidget() != nullptr; }
 
 protected:
     /// Set by the concrete page's constructor; never null.
@@ -78,7 +80,7 @@ protected:
 
 private:
     unsigned templateId_;
-    bool hasWindow_ = false;
+    bool built_ = false;
 };
 
 /// A page that works on the configuration objects. They are handed over before the page's window is created;

@@ -2,6 +2,8 @@
 
 #include "ovsettings/export.h"
 
+#include <QtCore/QPointer>
+
 #include <functional>
 #include <map>
 #include <memory>
@@ -24,18 +26,18 @@ class CPropDialogTemplate;
 ///
 ///     extern "C" ovsettings::CPropertyPageFactory* getFactory();
 ///
-/// which is called once for each catalogue entry that names the library, must return the same object each
-/// time (or be prepared for several), and keeps ownership. Keys are compared exactly. The order of the
-/// operations is part of the binary contract.
+/// which is called once for each catalogue entry that names the library, and again when the dialog goes. It
+/// must return the same object each time (or be prepared for several), and keeps ownership. The library's
+/// code stays in the process to its end. Keys are compared exactly. The order of the operations is part of
+/// the binary contract.
 class OVSETTINGS_API CPropertyPageFactory {
 public:
     virtual ~CPropertyPageFactory() = default;
 
     /// @param pageKey the catalogue's `classid`.
     /// @param parent  the widget that the page's window becomes a child of.
-    /// @return a page whose window exists and is hidden, or null if the key is unknown. The dialog owns the
-    /// widget
-    ///         from here on and deletes it before the add-in is unloaded.
+    /// @return a page whose window exists and is hidden, or null if the key is unknown. From here on the
+    ///         dialog owns the widget; it deletes it before it lets go of the add-in.
     virtual CPropDialogTemplate* createPage(const std::string& pageKey, QWidget* parent) = 0;
 
     /// Called with the catalogue entry's `name` when the dialog goes; must accept a key it does not know.
@@ -66,7 +68,7 @@ public:
     /// Serves a page that exists before it is asked for. It does not own the page.
     struct OVSETTINGS_API CDialogStarter : CBaseDialogStarter {
         CPropDialogTemplate* create(QWidget* parent) override;
-        CPropDialogTemplate* page = nullptr;
+        QPointer<CPropDialogTemplate> page; ///< null before it is set and after the page was deleted
     };
 
     /// Makes a new `T`, with a null parent, each time it is asked. It keeps nothing.

@@ -323,7 +323,7 @@ void ConfigurationDocument::indexEntry(Section& section, xmlNode* element) const
     const auto type = isGroup ? xml::attribute(element, kType) : std::string_view();
     if (!key || !type || (isGroup && type->empty())) {
         report(element,
-               "<" + std::string(kind) + "> without a " + (key ? "type" : "name") + " is passed over");
+               std::string("<").append(kind) + "> without a " + (key ? "type" : "name") + " is passed over");
         return;
     }
     if (kind != kValue && xml::hasOwnText(element))

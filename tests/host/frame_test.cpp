@@ -1,6 +1,7 @@
 #include "ovsettings/showsettingsdialog.h"
 #include "tests/host/hostdialog.h"
 
+#include <QtGui/QMouseEvent>
 #include <QtTest/QTest>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QScrollArea>
@@ -240,6 +241,115 @@ TEST_F(Frame, ExceptionReachesTheHostAfterTheLoopHasEnded) {
     }
 }
 
+TEST_F(Frame, WhatAnAddInThrowsWhileTheDialogGoesReachesTheHostAsWell) {
+    recorder().acts["A.removed"] = [] {
+        throw std::range_error("at the end");
+    };
+    EXPECT_THROW(run([](QDialog& dialog) { click(dialog, "Cancel"); }), std::range_error);
+    recorder().acts["A.onCancel"] = [] {
+        throw std::out_of_range("first");
+    };
+    EXPECT_THROW(run([](QDialog& dialog) { click(dialog, "Cancel"); }), std::out_of_range);
+}
+
+TEST_F(Frame, PageThatIsServedTwiceOrDeletesItselfDoesNoHarm) {
+    catalogue(category("A") + category("One", "Shared") + category("Two", "Shared"));
+    run([](QDialog& dialog) {
+        visit(dialog, {"One", "Two", "A"});
+        auto* pageOfA = dialog.findChild<QScrollArea*>()->findChild<QLineEdit*>()->parentWidget();
+        recorder().acts["A.onApply"] = [pageOfA] {
+            pageOfA->deleteLater();
+        };
+        click(dialog, "Apply");
+        QCoreApplication::sendPostedEvents(pageOfA, QEvent::DeferredDelete);
+        click(dialog, "Apply"); // nothing is active any more
+        EXPECT_TRUE(selectCategory(dialog, "Two"));
+        EXPECT_EQ(pageCaption(dialog), "Two");
+        click(dialog, "OK");
+    });
+}
+
+TEST_F(Frame, CommandThatComesWhileOneRunsIsIgnored) {
+    AskingUpdater updater({});
+    const int result = run(
+        [](QDialog& dialog) {
+            visit(dialog, {"B", "A"});
+            recorder().acts["A.onApply"] = [&dialog] {
+                click(dialog, "OK");
+                click(dialog, "Cancel");
+                dialog.close();
+                selectCategory(dialog, "B");
+            };
+            click(dialog, "Apply");
+            EXPECT_TRUE(dialog.isVisible());
+            EXPECT_EQ(recorder().calls,
+                      (Calls{"A.isValid", "A.onApply", "A.isValid", "B.isValid", "B.onApply"}));
+            dialog.close();
+        },
+        &updater);
+    EXPECT_EQ(result, 1);
+    EXPECT_EQ(updater.notifications.size(), 1u);
+}
+
+TEST_F(Frame, ResultSurvivesAnEventLoopThatTheHostEnds) {
+    EXPECT_EQ(run([](QDialog& dialog) {
+                  click(dialog, "Apply");
+                  dialog.hide();
+              }),
+              1);
+}
+
+TEST_F(Frame, ActivePageSeesEachKeyOnceAndMayKeepIt) {
+    const std::string enter = "A.key" + std::to_string(Qt::Key_Return);
+    run([&enter](QDialog& dialog) {
+        visit(dialog, {"A"});
+        recorder().answers[enter] = true;
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+        EXPECT_EQ(recorder().calls, Calls{enter});
+        recorder().answers[enter] = false;
+        recorder().calls.clear();
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Return); // goes on to the default button
+        EXPECT_FALSE(dialog.isVisible());
+        EXPECT_EQ(recorder().calls, (Calls{enter, "A.isValid", "A.onOk", "A.isValid"}));
+    });
+}
+
+TEST_F(Frame, DragOverTheTreeMovesNeitherPageNorHighlight) {
+    run([](QDialog& dialog) {
+        visit(dialog, {"A"});
+        auto* tree = dialog.findChild<QTreeWidget*>();
+        const auto centre = [tree](int row) {
+            return tree->visualItemRect(tree->topLevelItem(row)).center();
+        };
+        QTest::mousePress(tree->viewport(), Qt::LeftButton, {}, centre(0));
+        QMouseEvent drag(QEvent::MouseMove, centre(1), tree->viewport()->mapToGlobal(centre(1)), Qt::NoButton,
+                         Qt::LeftButton, {});
+        QCoreApplication::sendEvent(tree->viewport(), &drag);
+        QTest::mouseRelease(tree->viewport(), Qt::LeftButton, {}, centre(1));
+        EXPECT_EQ(selectedCategory(dialog), "A");
+        EXPECT_EQ(pageCaption(dialog), "A");
+        EXPECT_EQ(recorder().calls, Calls{});
+        click(dialog, "Cancel");
+    });
+}
+
+TEST_F(Frame, AddInThatNobodyLinksGetsTheConfigurationAndMayLeaveThingsBehind) {
+    catalogue("<dialog><name>A</name><classid>Configured</classid><localization>" CONFIGURED_ADDIN
+              "</localization></dialog><dialog><name>B</name><classid>Plain</"
+              "classid><localization>" CONFIGURED_ADDIN "</localization></dialog>");
+    for (int call = 0; call < 2; ++call) {
+        run([](QDialog& dialog) {
+            selectCategory(dialog, "A");
+            EXPECT_TRUE(testsupport::controlByCaption(dialog, "GRID_HR = 254000"));
+            selectCategory(dialog, "B");
+            EXPECT_TRUE(testsupport::controlByCaption(dialog, "no configuration"));
+            click(dialog, "Cancel");
+        });
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+}
+
 TEST_F(Frame, UpdaterOfAnAddInIsToldOnceHoweverOftenItIsGiven) {
     AskingUpdater shared({});
     recorder().updater = &shared;
@@ -264,12 +374,18 @@ TEST_F(Frame, TabWalksFromTheTreeThroughThePageToTheButtons) {
     });
 }
 
-TEST_F(Frame, DialogFitsASmallScreenAndScrollsThePage) {
+TEST_F(Frame, DialogFitsASmallScreenAndScrollsToTheFocus) {
     run([](QDialog& dialog) {
-        dialog.resize(500, 300);
         EXPECT_LE(dialog.minimumSizeHint().width(), 780);
         EXPECT_LE(dialog.minimumSizeHint().height(), 560);
-        EXPECT_TRUE(testsupport::controlByCaption(dialog, "Help")->isVisible());
+        auto* field = dialog.findChild<QScrollArea*>()->findChild<QLineEdit*>();
+        field->parentWidget()->setMinimumHeight(2000);
+        dialog.resize(500, 300);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(dialog.focusWidget(), field);
+        EXPECT_FALSE(field->visibleRegion().isEmpty());
+        EXPECT_FALSE(testsupport::controlByCaption(dialog, "Help")->visibleRegion().isEmpty());
         click(dialog, "Cancel");
     });
 }

@@ -3,6 +3,7 @@
 #include "ovsettings/propdialogtemplate.h"
 #include "ovsettings/propertypagefactory.h"
 
+#include <QtGui/QKeyEvent>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QVBoxLayout>
 
@@ -28,6 +29,10 @@ public:
         layout->addWidget(new QLineEdit(this));
         return true;
     }
+    bool PreTranslateMessage(QKeyEvent* event) override {
+        const std::string call = key_ + ".key" + std::to_string(event->key());
+        return recorder().answers.contains(call) && asked(call.c_str() + key_.size() + 1);
+    }
     bool onOk() override { return asked("onOk"); }
     bool onApply() override { return asked("onApply"); }
     bool onCancel() override { return asked("onCancel"); }
@@ -50,20 +55,30 @@ private:
     std::string key_;
 };
 
-/// Every key is a page; "Null" is one that cannot be made.
+/// Every key is a page; "Null" is one that cannot be made, "Shared" one that is served again and again.
 class RecordingFactory : public ovsettings::CPropertyPageFactory {
 public:
     ovsettings::CPropDialogTemplate* createPage(const std::string& key, QWidget* parent) override {
         recorder().calls.push_back(key + ".made");
         if (key == "Null")
             return nullptr;
+        if (key == "Shared" && shared_)
+            return shared_;
         auto* page = new CRecordingPage(key);
         page->createWindow(parent);
+        if (key == "Shared")
+            shared_ = page;
         return page;
     }
-    void removePage(const std::string&) override {}
+    void removePage(const std::string& name) override {
+        if (const auto act = recorder().acts.find(name + ".removed"); act != recorder().acts.end())
+            act->second();
+    }
     bool hasPage(const std::string& key) override { return key != "Unknown"; }
     Orv::IUpdater* getUpdater() override { return recorder().updater; }
+
+private:
+    QPointer<ovsettings::CPropDialogTemplate> shared_;
 };
 
 } // namespace

@@ -25,8 +25,10 @@ TEST(FileValidator, TakesBareNamesAndInItsStrictModeOnlyFilesThatOpen) {
         bool existing;
         bool bare;
     } cases[] = {
-        {"here.cfg", true, true},     {"missing.cfg", false, true},   {"sub\\here.cfg", false, false},
-        {"./here.cfg", false, false}, {"C:\\here.cfg", false, false}, {"", false, true},
+        {"HERE.cfg", true, true},        {"..", false, true},
+        {"here.cfg", true, true},        {"missing.cfg", false, true},
+        {"sub\\here.cfg", false, false}, {"./here.cfg", false, false},
+        {"C:\\here.cfg", false, false},  {"", false, true},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(CFileValidator(CFileValidator::existingBareName).isValid(c.path), c.existing) << c.path;

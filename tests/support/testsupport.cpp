@@ -91,6 +91,8 @@ void whenModal(const std::function<void(QWidget&)>& script) {
         timer->stop();
         timer->deleteLater();
         const QPointer<QWidget> opened(modal);
+        // The offscreen platform activates no window by itself once another one has closed.
+        QApplication::setActiveWindow(modal);
         script(*modal);
         if (opened && opened->isVisible()) {
             ADD_FAILURE() << "the script left a " << opened->metaObject()->className() << " open";

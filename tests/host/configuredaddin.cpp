@@ -1,0 +1,71 @@
+// An add-in as its author would write one, with things that outlive the dialog.
+
+#include "orv/appconfiguration.h"
+#include "ovsettings/propdialogtemplate.h"
+#include "ovsettings/propertypagefactory.h"
+
+#include <QtCore/QTimer>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QVBoxLayout>
+
+namespace {
+
+class CLeftover : public QObject {
+public:
+    using QObject::QObject;
+    ~CLeftover() override { setObjectName(QStringLiteral("gone")); }
+};
+
+void say(QWidget& page, const QString& text) {
+    (new QVBoxLayout(&page))->addWidget(new QLabel(text));
+}
+
+class CConfiguredPage : public ovsettings::CPropDialogTemplateEx {
+public:
+    explicit CConfiguredPage(QWidget* parent) : CPropDialogTemplateEx(9001, parent) { name = "Configured"; }
+
+    void setAppConfiguration(Orv::iAppConfiguration* appConfig) override { appConfig_ = appConfig; }
+
+    bool OnInitDialog() override {
+        Orv::iAppConfiguration::Property grid("GRID_HR");
+        if (appConfig_ && appConfig_->getProperty(grid))
+            say(*this, QStringLiteral("GRID_HR = ") + QString::fromStdString(grid.values.front()));
+        return true;
+    }
+
+    bool onCancel() override {
+        (new CLeftover(qApp))->deleteLater();
+        new QLabel(window());
+        QTimer::singleShot(0, qApp, [] { CLeftover().setObjectName(QStringLiteral("late")); });
+        return true;
+    }
+
+private:
+    Orv::iAppConfiguration* appConfig_ = nullptr;
+};
+
+class CPlainPage : public ovsettings::CPropDialogTemplate {
+public:
+    explicit CPlainPage(QWidget* parent) : CPropDialogTemplate(9002, parent) {}
+
+    bool OnInitDialog() override {
+        say(*this, QStringLiteral("no configuration"));
+        return true;
+    }
+};
+
+class Factory : public ovsettings::CFactoryEx {
+public:
+    Factory() {
+        addPage<CConfiguredPage>("Configured");
+        addPage<CPlainPage>("Plain");
+    }
+};
+
+} // namespace
+
+extern "C" __attribute__((visibility("default"))) ovsettings::CPropertyPageFactory* getFactory() {
+    static Factory factory;
+    return &factory;
+}
