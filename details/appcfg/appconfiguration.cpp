@@ -15,21 +15,25 @@ float notificationValue(const std::vector<std::string>& values) {
     return values.empty() ? 0.0F : floatFromText(values.front());
 }
 
-/// The field's text is no more what a configuration gave.
+/// The field's text is no more what a configuration gave, nor what the cache prints.
 void replaceField(Record& record, std::size_t field, const std::string& text) {
     auto& current = record.property.values[field];
     if (current == text)
         return;
     current = text;
+    record.isFlushed = false;
     record.origins[field].value.reset();
 }
 
-void forgetOrigins(Record& record) {
+/// The text is behind the cache, which has what no configuration gave.
+void outdateText(Record& record) {
+    record.isFlushed = false;
     for (auto& origin : record.origins)
         origin.value.reset();
 }
 
 void resizeFields(Record& record, std::size_t count) {
+    record.isFlushed = record.isFlushed && count == record.property.values.size();
     record.property.values.resize(count);
     record.property.readonly.resize(count);
     record.origins.resize(count);
@@ -116,7 +120,7 @@ bool iAppConfiguration::setNumber(std::string_view key, float value) {
     if (!row || !impl_->numbers[*row])
         return false;
     impl_->numbers[*row] = value;
-    forgetOrigins(impl_->records[*row]);
+    outdateText(impl_->records[*row]);
     impl_->notify(key, value);
     return true;
 }
@@ -142,7 +146,7 @@ bool iAppConfiguration::setGraphics(std::string_view key, int visible, int selec
     if (!row || !impl_->graphics[*row])
         return false;
     impl_->graphics[*row] = Graphics{visible, selectable, colour, fillStyle, lineStyle, lineThickness};
-    forgetOrigins(impl_->records[*row]);
+    outdateText(impl_->records[*row]);
     impl_->notify(key, static_cast<float>(visible));
     return true;
 }

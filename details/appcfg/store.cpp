@@ -44,6 +44,7 @@ bool iAppConfiguration::Impl::isCached(std::size_t row) const {
 
 void iAppConfiguration::Impl::refreshCache(std::size_t row) {
     const auto& property = records[row].property;
+    records[row].isFlushed = false;
     const auto cache = kindTraits(property.kind).cache;
     if (cache == Cache::number)
         numbers[row] = property.values.empty() ? 0.0F : floatFromText(property.values.front());
@@ -52,6 +53,9 @@ void iAppConfiguration::Impl::refreshCache(std::size_t row) {
 }
 
 void iAppConfiguration::Impl::flushCache(std::size_t row) {
+    if (records[row].isFlushed)
+        return;
+    records[row].isFlushed = true;
     auto& property = records[row].property;
     if (numbers[row] && !property.values.empty())
         property.values.front() = floatToText(*numbers[row]);

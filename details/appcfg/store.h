@@ -23,6 +23,7 @@ struct Origin {
 struct Record {
     iAppConfiguration::Property property;
     std::vector<Origin> origins;
+    bool isFlushed = false; ///< true while the text is what the cache prints; most saves find it so
 };
 
 /// A property's text in the form in which the caches print it. Kinds without a cache have no other than the

@@ -1,8 +1,13 @@
 #include "details/shell/internalpages.h"
 
+#include "details/pages/advanced/generaldialog.h"
+#include "details/pages/editor/globalnetsdialog.h"
 #include "details/pages/editor/griddialog.h"
 #include "details/pages/editor/metricsdialog.h"
 #include "details/pages/editor/netsdialog.h"
+#include "details/pages/editor/newobjectdialog.h"
+#include "details/pages/editor/panandzoomdialog.h"
+#include "details/pages/startup/runonstartupdialog.h"
 #include "details/shell/emptydialog.h"
 #include "orv/projectconfiguration.h"
 #include "orv/projectfiledata.h"
@@ -26,9 +31,14 @@ void add(CFactoryEx& factory, const char* key) {
 }
 
 constexpr InternalPage kInternalPages[] = {
+    {"Pan and Zoom", add<CPanAndZoomDialog>, Registered::always},
+    {"Advanced", add<CGeneralDialog>, Registered::always},
     {"Metrics", add<CMetricsDialog>, Registered::always},
     {"Grid", add<CGridDialog>, Registered::always},
     {"Nets", add<CNetsDialog>, Registered::always},
+    {"Global Nets", add<CGlobalNetsDialog>, Registered::always},
+    {"Run on Startup", add<CRunOnStartupDialog>, Registered::always},
+    {"New Object", add<CNewObjectDialog>, Registered::always},
     {"Empty", add<CEmptyDialog>, Registered::always},
 };
 

@@ -5,7 +5,10 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cctype>
+#include <filesystem>
 #include <memory>
+#include <system_error>
 
 namespace platform {
 
@@ -31,6 +34,16 @@ std::optional<std::string> nameWithoutCase(const std::string& directory, const s
             found = entry->d_name;
     }
     return found;
+}
+
+bool isSeparator(char c) {
+    return kSeparators.find(c) != std::string_view::npos;
+}
+
+bool isFullElsewhere(std::string_view path) {
+    const bool drive = path.size() >= 3 && std::isalpha(static_cast<unsigned char>(path[0])) &&
+                       path[1] == ':' && isSeparator(path[2]);
+    return drive || path.starts_with("\\\\");
 }
 
 } // namespace
@@ -75,6 +88,16 @@ std::optional<std::string> resolveExisting(std::string_view text) {
     if (!nameExists(resolved))
         return std::nullopt;
     return resolved;
+}
+
+std::string fullPath(std::string_view path) {
+    const auto existing = resolveExisting(path);
+    if (!existing && isFullElsewhere(path))
+        return std::string(path);
+    std::error_code noCurrentDirectory;
+    const auto full = std::filesystem::absolute(existing.value_or(platformPath(path)), noCurrentDirectory)
+                          .lexically_normal();
+    return noCurrentDirectory ? std::string(path) : full.string();
 }
 
 bool isDirectory(const std::string& path) {

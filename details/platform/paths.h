@@ -28,6 +28,11 @@ bool isBareName(std::string_view text);
 /// @return the path as it is spelled on disk, or nothing if there is none.
 std::optional<std::string> resolveExisting(std::string_view path);
 
+/// The path from the root, without "." and "..". A relative path begins at the current directory, and what is
+/// on disk gets its spelling there. A path with a drive letter or a server name is full elsewhere and stays
+/// as it is.
+std::string fullPath(std::string_view path);
+
 bool isDirectory(const std::string& path);
 
 } // namespace platform

@@ -71,6 +71,12 @@ void CCategoryTree::mouseMoveEvent(QMouseEvent* event) {
         QTreeWidget::mouseMoveEvent(event);
 }
 
+/// The highlight reaches over the whole width, however short the captions are.
+void CCategoryTree::resizeEvent(QResizeEvent* event) {
+    header()->setMinimumSectionSize(viewport()->width());
+    QTreeWidget::resizeEvent(event);
+}
+
 void CCategoryTree::setLeaveCheck(LeaveCheck check) {
     leaveCheck_ = std::move(check);
 }

@@ -20,6 +20,7 @@ public:
 
 protected:
     void mouseMoveEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     class GuardedSelection;

@@ -4,10 +4,12 @@
 #include "details/appcfg/unitglue.h"
 #include "details/widgets/decimalspinctrl.h"
 #include "details/widgets/lockmark.h"
+#include "details/widgets/radiobutton.h"
 #include "details/widgets/stringconversion.h"
 #include "orv/appconfiguration.h"
 
 #include <QtWidgets/QCheckBox>
+#include <QtWidgets/QComboBox>
 #include <QtWidgets/QGroupBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QRadioButton>
@@ -80,7 +82,7 @@ CChoiceBinding::CChoiceBinding(std::string key, QGroupBox& group, std::vector<Ch
 void CChoiceBinding::showText(const Orv::iAppConfiguration&, const std::string& text) {
     const long value = std::strtol(text.c_str(), nullptr, 10);
     const auto found = std::ranges::find(buttons_, value, &ChoiceButton::value);
-    (found != buttons_.end() ? *found : buttons_.at(other_)).button->setChecked(true);
+    checkRadioButton(*(found != buttons_.end() ? *found : buttons_.at(other_)).button);
 }
 
 void CChoiceBinding::showLock(const Orv::iAppConfiguration& appConfig) {
@@ -97,8 +99,25 @@ std::optional<std::string> CChoiceBinding::text() const {
     return std::to_string(buttons_.at(other_).value);
 }
 
+CIndexBinding::CIndexBinding(std::string key, QComboBox& list) : CBinding(std::move(key)), list_(list) {
+}
+
+void CIndexBinding::showText(const Orv::iAppConfiguration&, const std::string& text) {
+    const long index = std::strtol(text.c_str(), nullptr, 10);
+    list_.setCurrentIndex(index >= 0 && index < list_.count() ? static_cast<int>(index) : -1);
+}
+
+void CIndexBinding::showLock(const Orv::iAppConfiguration& appConfig) {
+    markLocked(list_, appConfig, key());
+}
+
+std::optional<std::string> CIndexBinding::text() const {
+    return std::to_string(list_.currentIndex());
+}
+
 CLengthBinding::CLengthBinding(std::string key, CDecimalSpinCtrl& control, QLabel& unitLabel)
     : CBinding(std::move(key)), control_(control), unitLabel_(unitLabel) {
+    setUnit(unit_);
 }
 
 void CLengthBinding::followUnit(const Orv::iAppConfiguration& appConfig) {
@@ -124,14 +143,19 @@ std::string CLengthBinding::normalForm(const std::string& stored) const {
     return Orv::lengthToText(Orv::lengthFromText(stored));
 }
 
-void CLengthBinding::render(long length, Orv::Metrics::Unit unit) {
+void CLengthBinding::setUnit(Orv::Metrics::Unit unit) {
     const Orv::Metrics::UnitTraits traits(unit);
     const double step = Orv::lengthStep(unit);
     control_.setRange(step, kStepsInRange * step, step);
     control_.setDecimals(traits.Precision());
-    control_.setValue(Orv::toDisplay(length, unit));
     unitLabel_.setText(toQString(traits.Abbreviation()));
+    control_.setAccessibleDescription(toQString(traits.FullName()));
     unit_ = unit;
+}
+
+void CLengthBinding::render(long length, Orv::Metrics::Unit unit) {
+    setUnit(unit);
+    control_.setValue(Orv::toDisplay(length, unit));
     rendered_ = length;
 }
 

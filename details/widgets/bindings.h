@@ -9,6 +9,7 @@
 #include <vector>
 
 class QCheckBox;
+class QComboBox;
 class QGroupBox;
 class QLabel;
 class QRadioButton;
@@ -94,8 +95,22 @@ private:
     NoneChecked noneChecked_;
 };
 
+/// A list, by the index from 0 of what is selected. The stored text counts as far as it is an integer; one
+/// that is no index selects nothing, and nothing selected stores -1.
+class CIndexBinding : public CBinding {
+public:
+    CIndexBinding(std::string key, QComboBox& list);
+
+private:
+    void showText(const Orv::iAppConfiguration& appConfig, const std::string& text) override;
+    void showLock(const Orv::iAppConfiguration& appConfig) override;
+    std::optional<std::string> text() const override;
+
+    QComboBox& list_;
+};
+
 /// A length in a spin control, with a label that shows the unit. The limits follow the unit: one step of its
-/// last decimal to a thousand steps.
+/// last decimal to a thousand steps. Until it is shown it is set up for inches.
 class CLengthBinding : public CBinding {
 public:
     CLengthBinding(std::string key, CDecimalSpinCtrl& control, QLabel& unitLabel);
@@ -112,6 +127,7 @@ private:
     std::optional<std::string> text() const override;
     std::string normalForm(const std::string& stored) const override;
 
+    void setUnit(Orv::Metrics::Unit unit);
     void render(long length, Orv::Metrics::Unit unit);
     long length() const;
 

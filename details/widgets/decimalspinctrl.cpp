@@ -1,16 +1,12 @@
 #include "details/widgets/decimalspinctrl.h"
 
+#include "details/widgets/numbertext.h"
+
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QLineEdit>
 
 #include <algorithm>
-#include <array>
-#include <charconv>
-#include <clocale>
 #include <cmath>
-#include <cstdlib>
-#include <limits>
-#include <locale.h>
 
 namespace ovsettings {
 
@@ -19,29 +15,10 @@ namespace {
 constexpr int kMostPositions = 32767;
 constexpr double kRelativeTolerance = 1e-9;
 constexpr double kLeastTolerance = 1e-9;
-/// The first digit of the smallest number stands at decimal 324.
-constexpr int kMostDecimals = 340;
-constexpr int kSignificantDigits = 6;
 constexpr int kShownDigits = 10;
-
-double finite(double value) {
-    constexpr double kLargest = std::numeric_limits<double>::max();
-    return std::isnan(value) ? 0.0 : std::clamp(value, -kLargest, kLargest);
-}
 
 double tolerance(double value) {
     return std::max(std::abs(kRelativeTolerance * value), kLeastTolerance);
-}
-
-QChar localeDecimalPoint() {
-    const QString point = QString::fromLocal8Bit(std::localeconv()->decimal_point);
-    return point.isEmpty() ? QLatin1Char('.') : point.front();
-}
-
-/// Reads as atof does in the C locale, whatever the process has set.
-double parse(const QByteArray& text) {
-    static const locale_t cLocale = newlocale(LC_ALL_MASK, "C", nullptr);
-    return finite(strtod_l(text.constData(), nullptr, cLocale));
 }
 
 } // namespace
@@ -51,7 +28,8 @@ CDecimalSpinCtrl::CDecimalSpinCtrl(QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
     // The base class keeps no value for us; it has nothing to work out at each key.
     setKeyboardTracking(false);
-    connect(lineEdit(), &QLineEdit::textEdited, this, [this] { edited_ = true; });
+    // Whatever changes the text: assistive technology does so without a key.
+    connect(lineEdit(), &QLineEdit::textChanged, this, [this] { edited_ = true; });
     setRange(minimum_, maximum_, step_);
 }
 
@@ -82,8 +60,18 @@ void CDecimalSpinCtrl::setValue(double value) {
     reposition();
 }
 
+void CDecimalSpinCtrl::enterValue(double value) {
+    setValue(value);
+    edited_ = true;
+}
+
 double CDecimalSpinCtrl::getValue() const {
-    return parse(text().replace(decimalPoint_, QLatin1Char('.')).toLatin1());
+    return numberFromTyped(text(), decimalPoint_);
+}
+
+bool CDecimalSpinCtrl::isInRange() const {
+    const double value = getValue();
+    return value >= minimum_ && value <= maximum_;
 }
 
 void CDecimalSpinCtrl::disable() {
@@ -91,13 +79,7 @@ void CDecimalSpinCtrl::disable() {
 }
 
 QString CDecimalSpinCtrl::formatted(double value, int decimals) const {
-    std::array<char, std::numeric_limits<double>::max_exponent10 + kMostDecimals + 4> buffer;
-    const auto [end, error] =
-        decimals < 0 ? std::to_chars(buffer.begin(), buffer.end(), value, std::chars_format::general,
-                                     kSignificantDigits)
-                     : std::to_chars(buffer.begin(), buffer.end(), value, std::chars_format::fixed,
-                                     std::min(decimals, kMostDecimals));
-    return QString::fromLatin1(buffer.data(), end - buffer.data()).replace(QLatin1Char('.'), decimalPoint_);
+    return numberText(value, decimals, decimalPoint_);
 }
 
 /// A number below the resolution of the display is never shown as 0.

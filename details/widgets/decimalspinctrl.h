@@ -13,6 +13,11 @@ namespace ovsettings {
 /// input counts as the largest number of its sign, or as 0.
 class CDecimalSpinCtrl : public QAbstractSpinBox {
     Q_OBJECT
+    // By these names assistive technology reads and sets a spin box.
+    Q_PROPERTY(double value READ getValue WRITE enterValue)
+    Q_PROPERTY(double minimum READ minimum)
+    Q_PROPERTY(double maximum READ maximum)
+    Q_PROPERTY(double singleStep READ step)
 
 public:
     explicit CDecimalSpinCtrl(QWidget* parent = nullptr);
@@ -29,10 +34,15 @@ public:
     /// Shows a number and forgets that the user edited the text. A number too small for the decimals gets as
     /// many more as it takes not to be shown as 0.
     void setValue(double value);
+    /// Shows a number as if the user had typed it.
+    void enterValue(double value);
     /// The number that the text begins with; 0 if it begins with none.
     double getValue() const;
 
-    /// True once the user has typed or stepped since the last setValue.
+    /// True if the value lies within the limits, both included.
+    bool isInRange() const;
+
+    /// True once the text was changed in any other way than by setValue, since the last one.
     bool isEdited() const { return edited_; }
 
     void disable();
@@ -50,6 +60,9 @@ public:
     void stepBy(int delta) override;
 
 protected:
+    double minimum() const { return minimum_; }
+    double maximum() const { return maximum_; }
+    double step() const { return step_; }
     StepEnabled stepEnabled() const override;
     void wheelEvent(QWheelEvent* event) override;
 

@@ -18,10 +18,14 @@ void lock(QWidget& widget, const QString& toolTip) {
 
 } // namespace
 
+QString lockToolTip(const Orv::iAppConfiguration& appConfig, const std::string& key, std::size_t field) {
+    return QCoreApplication::translate("ovsettings", "Locked by %1")
+        .arg(toQString(appConfig.lockingDirectory(key, field)));
+}
+
 void markLocked(QWidget& control, const Orv::iAppConfiguration& appConfig, const std::string& key,
                 std::size_t field) {
-    const QString toolTip = QCoreApplication::translate("ovsettings", "Locked by %1")
-                                .arg(toQString(appConfig.lockingDirectory(key, field)));
+    const QString toolTip = lockToolTip(appConfig, key, field);
     lock(control, toolTip);
     for (QAbstractButton* button : control.findChildren<QAbstractButton*>())
         lock(*button, toolTip);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtCore/QString>
+
 #include <string>
 
 class QWidget;
@@ -9,6 +11,10 @@ class iAppConfiguration;
 }
 
 namespace ovsettings {
+
+/// What a user is told of a locked field: the directory that locks it.
+/// @param field index from 0.
+QString lockToolTip(const Orv::iAppConfiguration& appConfig, const std::string& key, std::size_t field = 0);
 
 /// Makes a control look locked: it and the label whose buddy it is are disabled, and a tool tip on both names
 /// the directory that locks the field. A group box takes the buttons inside it along.

@@ -1,14 +1,18 @@
 #include "details/widgets/messagebox.h"
 
+#include <QtWidgets/QAbstractSpinBox>
+
 namespace ovsettings {
 
 namespace {
 
 QMessageBox::StandardButton show(QWidget* parent, const QString& text, const QString& title,
-                                 QMessageBox::Icon icon, QMessageBox::StandardButtons buttons) {
+                                 QMessageBox::Icon icon, QMessageBox::StandardButtons buttons,
+                                 QMessageBox::StandardButton preset) {
     // The page that asks may be hidden behind another one; its window is not.
     QMessageBox box(icon, title, text, buttons, parent ? parent->window() : nullptr);
     box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(preset);
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 
@@ -19,11 +23,18 @@ QString applicationTitle() {
 }
 
 void showMessage(QWidget* parent, const QString& text, const QString& title) {
-    show(parent, text, title, QMessageBox::Warning, QMessageBox::Ok);
+    show(parent, text, title, QMessageBox::Warning, QMessageBox::Ok, QMessageBox::Ok);
 }
 
-bool askYesNo(QWidget* parent, const QString& text, const QString& title, QMessageBox::Icon icon) {
-    return show(parent, text, title, icon, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+bool askYesNo(QWidget* parent, const QString& text, const QString& title, QMessageBox::Icon icon,
+              QMessageBox::StandardButton preset) {
+    return show(parent, text, title, icon, QMessageBox::Yes | QMessageBox::No, preset) == QMessageBox::Yes;
+}
+
+void refuseEntry(QAbstractSpinBox& field, const QString& text) {
+    showMessage(&field, text);
+    field.setFocus();
+    field.selectAll();
 }
 
 } // namespace ovsettings

@@ -3,6 +3,7 @@
 #include <QtCore/QString>
 #include <QtWidgets/QMessageBox>
 
+class QAbstractSpinBox;
 class QWidget;
 
 namespace ovsettings {
@@ -13,8 +14,12 @@ QString applicationTitle();
 /// Shows a text with an OK button, modal to the window of `parent`.
 void showMessage(QWidget* parent, const QString& text, const QString& title = applicationTitle());
 
-/// Asks with the buttons Yes and No. Escape answers No.
+/// Asks with the buttons Yes and No, of which Enter presses `preset`. Escape answers No.
 bool askYesNo(QWidget* parent, const QString& text, const QString& title,
-              QMessageBox::Icon icon = QMessageBox::NoIcon);
+              QMessageBox::Icon icon = QMessageBox::NoIcon,
+              QMessageBox::StandardButton preset = QMessageBox::Yes);
+
+/// Tells why what was typed is refused, and leads to it: the field gets the focus, its text is selected.
+void refuseEntry(QAbstractSpinBox& field, const QString& text);
 
 } // namespace ovsettings

@@ -68,8 +68,8 @@ public:
     /// Opens the page's topic in the online help.
     virtual int showHelp();
 
-    /// True once the page is a child of the dialog: it can be shown.
-    bool hasWindow() const { return parentWidget() != nullptr; }
+    /// True once the page can be shown: its template is built, or it came with a parent of its own.
+    bool hasWindow() const { return built_ || parentWidget() != nullptr; }
 
 protected:
     /// Set by the concrete page's constructor; never null.

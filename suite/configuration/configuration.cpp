@@ -215,6 +215,8 @@ bool Configuration::canBeText(const std::string& text) const {
 
 void Configuration::noteKey(const std::string& path, const std::string& key, std::optional<KeyState> state) {
     const bool isSaid = saysOfKey(path, key, state);
+    if (isSaid && keyEdits_.empty())
+        return;
     KeyName name(sectionPath(path), key);
     if (isSaid)
         keyEdits_.erase(name);
@@ -233,6 +235,8 @@ bool Configuration::saysOfKey(const std::string& path, const std::string& key,
 void Configuration::noteGroup(const std::string& path, const std::string& typeWord, const std::string& key,
                               std::optional<ConfigurationDocument::Attributes> attributes) {
     const bool isSaid = saysOfGroup(path, typeWord, key, attributes);
+    if (isSaid && groupEdits_.empty())
+        return;
     GroupName name(sectionPath(path), typeWord, key);
     if (isSaid)
         groupEdits_.erase(name);

@@ -13,7 +13,7 @@ struct KeyRecorder : Orv::iAppConfiguration::iEventSink {
 
 } // namespace
 
-void EditorPages::load(const std::vector<Entry>& entries) {
+void EditorPages::loadAsWritten(const std::vector<Entry>& entries) {
     std::string text = "<configuration>\n <section path=\"Orvane/SETTINGS\">\n";
     for (const Entry& entry : entries) {
         text += "  <value name=\"" + entry.key + "\"" + (entry.locked ? " locked=\"yes\"" : "") + ">" +
@@ -21,6 +21,10 @@ void EditorPages::load(const std::vector<Entry>& entries) {
     }
     testsupport::writeFile(installation_.site() / "orvane.xml", text + " </section>\n</configuration>\n");
     ASSERT_TRUE(appConfig_.load());
+}
+
+void EditorPages::load(const std::vector<Entry>& entries) {
+    loadAsWritten(entries);
     for (const Entry& entry : entries)
         ASSERT_EQ(stored(entry.key), entry.value) << "the file is not read as meant";
 }

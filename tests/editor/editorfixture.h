@@ -26,6 +26,8 @@ class EditorPages : public testing::Test {
 protected:
     /// Loads a configuration whose site level holds these entries.
     void load(const std::vector<Entry>& entries);
+    /// The same with values that the store may read as others.
+    void loadAsWritten(const std::vector<Entry>& entries);
 
     /// Opens a page as the settings dialog does.
     template <typename Page>

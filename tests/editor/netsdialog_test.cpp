@@ -2,6 +2,7 @@
 
 #include "details/appcfg/unitglue.h"
 #include "details/pages/editor/griddialog.h"
+#include "details/pages/editor/newobjectdialog.h"
 #include "details/widgets/decimalspinctrl.h"
 #include "tests/editor/editorfixture.h"
 
@@ -160,8 +161,9 @@ TEST_F(EditorPages, DefaultLengthsPassTheLimitsOfTheirPagesInEveryUnit) {
     load({});
     open<ovsettings::CGridDialog>();
     open<CNetsDialog>();
+    open<ovsettings::CNewObjectDialog>();
     const auto lengths = window_.findChildren<CDecimalSpinCtrl*>();
-    ASSERT_EQ(lengths.size(), 2);
+    ASSERT_EQ(lengths.size(), 3);
     for (const Orv::Metrics::Unit unit : units) {
         Orv::setConfiguredUnit(appConfig_, unit);
         for (auto* page : window_.findChildren<ovsettings::CPropDialogTemplate*>())

@@ -6,7 +6,9 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <array>
 #include <cerrno>
+#include <filesystem>
 
 namespace {
 
@@ -58,6 +60,23 @@ TEST(Paths, AreFoundInTheirOwnSpellingFirstAndThenWithoutRegardToCase) {
             << row.asked;
     }
     EXPECT_EQ(resolveExisting(""), std::nullopt);
+}
+
+TEST(Paths, FullPathBeginsAtTheRootAndIsSpelledAsOnDisk) {
+    const testsupport::TemporaryDirectory root;
+    testsupport::writeFile(root / "Forms/a.frm", "");
+    const std::string here = std::filesystem::current_path().string();
+    const std::string directory = root.path().string();
+    const std::array<std::pair<std::string, std::string>, 6> rows{{
+        {directory + "/Forms/../FORMS\\A.FRM", directory + "/Forms/a.frm"},
+        {directory + "/./x/../missing", directory + "/missing"},
+        {"missing\\x", here + "/missing/x"},
+        {"\\missing", "/missing"},
+        {"C:\\forms\\a.frm", "C:\\forms\\a.frm"},
+        {"\\\\server\\a.frm", "\\\\server\\a.frm"},
+    }};
+    for (const auto& [path, full] : rows)
+        EXPECT_EQ(platform::fullPath(path), full) << path;
 }
 
 TEST(ReadFile, TakesRegularFilesOnlyAndNamesTheCause) {

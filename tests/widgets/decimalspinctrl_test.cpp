@@ -2,6 +2,7 @@
 
 #include "tests/support/testsupport.h"
 
+#include <QtGui/QAccessible>
 #include <QtTest/QTest>
 #include <QtWidgets/QLineEdit>
 #include <gtest/gtest.h>
@@ -179,6 +180,26 @@ TEST(DecimalSpinCtrl, RemembersThatTheUserEditedUntilAValueIsSet) {
     type(control, "7");
     // Enter makes the line edit forget that it was modified.
     QTest::keyClick(&control, Qt::Key_Return);
+    EXPECT_TRUE(control.isEdited());
+}
+
+TEST(DecimalSpinCtrl, IsReadAndEditedByAssistiveTechnology) {
+    CDecimalSpinCtrl control;
+    control.setRange(1, 50, 1);
+    control.setValue(5);
+    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&control);
+    ASSERT_TRUE(accessible && accessible->valueInterface());
+    QAccessibleValueInterface& value = *accessible->valueInterface();
+    EXPECT_EQ(value.currentValue().toDouble(), 5);
+    EXPECT_EQ(value.minimumValue().toDouble(), 1);
+    EXPECT_EQ(value.maximumValue().toDouble(), 50);
+    value.setCurrentValue(7);
+    EXPECT_EQ(control.getValue(), 7);
+    EXPECT_TRUE(control.isEdited());
+    control.setValue(5);
+    ASSERT_TRUE(accessible->editableTextInterface());
+    accessible->editableTextInterface()->replaceText(0, 1, QStringLiteral("9"));
+    EXPECT_EQ(control.getValue(), 9);
     EXPECT_TRUE(control.isEdited());
 }
 

@@ -49,6 +49,8 @@ bool CGridDialog::onOk() {
 }
 
 bool CGridDialog::onApply() {
+    if (!spacing_) // opened without a configuration: there is nothing to store
+        return true;
     if (!checkSpacing())
         return false;
     bindings_.store(*appConfig_);
@@ -89,11 +91,9 @@ bool CGridDialog::checkSpacing() {
         return true;
 
     const int precision = Orv::Metrics::UnitTraits(spacing_->unit()).Precision();
-    showMessage(this, tr("Grid Spacing value should be between %1 and %2")
-                          .arg(control.formatted(minimum, precision),
-                               control.formatted(maximum, kUpperLimitDecimals)));
-    control.setFocus();
-    control.selectAll();
+    refuseEntry(control, tr("Grid Spacing value should be between %1 and %2")
+                             .arg(control.formatted(minimum, precision),
+                                  control.formatted(maximum, kUpperLimitDecimals)));
     return false;
 }
 

@@ -46,8 +46,8 @@ bool CMetricsDialog::OnInitDialog() {
     Orv::Metrics::ListAvaibleUnits(units);
     for (const Unit unit : units)
         ui_->units->addItem(toQString(UnitTraits(unit).FullName()), static_cast<int>(unit));
-    const Unit configured = Orv::getConfiguredUnit(*appConfig_);
-    ui_->units->setCurrentIndex(ui_->units->findText(toQString(UnitTraits(configured).FullName())));
+    told_ = Orv::getConfiguredUnit(*appConfig_);
+    ui_->units->setCurrentIndex(ui_->units->findText(toQString(UnitTraits(told_).FullName())));
 
     const std::string key = UnitTraits::GetUnitCfgKey();
     std::string ignored;
@@ -63,37 +63,31 @@ bool CMetricsDialog::onOk() {
 }
 
 bool CMetricsDialog::onApply() {
-    if (const auto unit = selectedUnit())
+    if (const auto unit = selectedUnit()) {
         Orv::setConfiguredUnit(*appConfig_, *unit);
-    storedOnLeave_ = false;
+        told_ = *unit;
+    }
     return true;
 }
 
 bool CMetricsDialog::onLeave() {
-    const bool store =
-        unitDiffers() &&
-        askYesNo(this, tr("Do you want to save the changes you've made in this page?"), tr("Metrics"));
-    if (store) {
-        onApply();
-        storedOnLeave_ = true;
-    }
+    const auto unit = selectedUnit();
+    if (unit && *unit != Orv::getConfiguredUnit(*appConfig_) &&
+        askYesNo(this, tr("Do you want to save the changes you've made in this page?"), tr("Metrics")))
+        Orv::setConfiguredUnit(*appConfig_, *unit);
     return true;
 }
 
 /// A unit stored on leaving is news to the host until the next commit has told it.
 bool CMetricsDialog::isModified() const {
-    return storedOnLeave_ || unitDiffers();
+    const auto unit = selectedUnit();
+    return unit && *unit != told_;
 }
 
 std::optional<Unit> CMetricsDialog::selectedUnit() const {
     if (!appConfig_ || !hasWindow() || ui_->units->currentIndex() < 0)
         return std::nullopt;
     return Unit(static_cast<Unit::Id>(ui_->units->currentData().toInt()));
-}
-
-bool CMetricsDialog::unitDiffers() const {
-    const auto unit = selectedUnit();
-    return unit && *unit != Orv::getConfiguredUnit(*appConfig_);
 }
 
 } // namespace ovsettings

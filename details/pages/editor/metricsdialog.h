@@ -30,11 +30,10 @@ public:
 
 private:
     std::optional<Orv::Metrics::Unit> selectedUnit() const;
-    bool unitDiffers() const;
 
     std::unique_ptr<Ui::CMetricsDialog> ui_;
     Orv::iAppConfiguration* appConfig_ = nullptr;
-    bool storedOnLeave_ = false;
+    Orv::Metrics::Unit told_; ///< the unit that the host knows of: as read, or as last committed
 };
 
 } // namespace ovsettings

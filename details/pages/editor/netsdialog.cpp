@@ -97,6 +97,8 @@ bool CNetsDialog::onOk() {
 }
 
 bool CNetsDialog::onApply() {
+    if (!distance_) // opened without a configuration: there is nothing to store
+        return true;
     if (!checkDistance())
         return false;
     bindings_.store(*appConfig_);
@@ -127,17 +129,14 @@ bool CNetsDialog::checkDistance() {
     if (!distance_)
         return true;
     CDecimalSpinCtrl& control = distance_->control();
-    double minimum = 0, maximum = 0, step = 0;
-    control.getRange(minimum, maximum, step);
-    const double value = control.getValue();
-    if (value >= minimum && value <= maximum)
+    if (control.isInRange())
         return true;
 
-    showMessage(this, tr("Avoidance value should be between %1 and %2")
-                          .arg(control.formatted(minimum, kLimitDecimals),
-                               control.formatted(maximum, kLimitDecimals)));
-    control.setFocus();
-    control.selectAll();
+    double minimum = 0, maximum = 0, step = 0;
+    control.getRange(minimum, maximum, step);
+    refuseEntry(control, tr("Avoidance value should be between %1 and %2")
+                             .arg(control.formatted(minimum, kLimitDecimals),
+                                  control.formatted(maximum, kLimitDecimals)));
     return false;
 }
 

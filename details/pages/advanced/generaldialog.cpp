@@ -1,0 +1,107 @@
+#include "details/pages/advanced/generaldialog.h"
+
+#include "details/appcfg/unitglue.h"
+#include "details/pages/advanced/generalchoices.h"
+#include "details/pages/advanced/generalrowunitvalueedit.h"
+#include "details/widgets/stringconversion.h"
+#include "ui_generaldialog.h"
+
+#include <algorithm>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr unsigned kTemplate = 135;
+
+} // namespace
+
+CGeneralDialog::CGeneralDialog(QWidget* parent)
+    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CGeneralDialog>()) {
+    name = "Advanced";
+    helpTopic = "OV_SETUP_SETTINGS_ADVANCED";
+    helpBook = "orvane_ref";
+}
+
+CGeneralDialog::~CGeneralDialog() = default;
+
+void CGeneralDialog::setAppConfiguration(Orv::iAppConfiguration* appConfig) {
+    appConfig_ = appConfig;
+}
+
+bool CGeneralDialog::buildTemplate() {
+    ui_->setupUi(this);
+    return true;
+}
+
+bool CGeneralDialog::OnInitDialog() {
+    if (!appConfig_)
+        return false;
+    grid_ = ui_->grid;
+    grid_->setAppConfiguration(appConfig_);
+    grid_->onInitialUpdate();
+    return true;
+}
+
+bool CGeneralDialog::onOk() {
+    return onApply();
+}
+
+bool CGeneralDialog::onApply() {
+    if (grid_) {
+        for (const auto& row : grid_->rows())
+            storeRow(*row);
+    }
+    return true;
+}
+
+bool CGeneralDialog::onEnter() {
+    if (!grid_)
+        return true;
+    const Orv::Metrics::Unit unit = Orv::getConfiguredUnit(*appConfig_);
+    for (const auto& row : grid_->rows()) {
+        if (auto* length = dynamic_cast<CGeneralRowUnitValueEdit*>(row.get()))
+            length->onUnitChanged(unit);
+    }
+    return true;
+}
+
+bool CGeneralDialog::onLeave() {
+    return validate();
+}
+
+bool CGeneralDialog::isValid() {
+    return validate();
+}
+
+bool CGeneralDialog::isModified() const {
+    return grid_ &&
+           std::ranges::any_of(grid_->rows(), [this](const auto& row) { return isRowModified(*row); });
+}
+
+bool CGeneralDialog::validate() {
+    if (!grid_)
+        return true;
+    return grid_->endEdit() &&
+           std::ranges::all_of(grid_->rows(), [](const auto& row) { return row->validate(); });
+}
+
+void CGeneralDialog::storeRow(CGeneralRow& row) {
+    std::string text;
+    row.store(text);
+    const ChoiceTable* table = choiceTableOf(row.getKey());
+    if (!table)
+        return;
+    if (const ChoiceWritten* written = writtenFor(*table, toQString(text)))
+        writeChoice(*table, *written, *appConfig_);
+}
+
+bool CGeneralDialog::isRowModified(const CGeneralRow& row) const {
+    const ChoiceTable* table = choiceTableOf(row.getKey());
+    if (!table)
+        return row.isModified();
+    const ChoiceWritten* written = writtenFor(*table, row.valueText());
+    return written && wouldChange(*table, *written, *appConfig_);
+}
+
+} // namespace ovsettings

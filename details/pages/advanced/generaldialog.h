@@ -1,0 +1,45 @@
+#pragma once
+
+#include "ovsettings/propdialogtemplate.h"
+
+#include <memory>
+
+namespace ovsettings {
+
+class CGeneralGrid;
+class CGeneralRow;
+
+namespace Ui {
+class CGeneralDialog;
+}
+
+/// The page "Advanced": a property sheet of the settings that have no page of their own.
+class CGeneralDialog : public CPropDialogTemplateEx {
+    Q_OBJECT
+
+public:
+    explicit CGeneralDialog(QWidget* parent);
+    ~CGeneralDialog() override;
+
+    void setAppConfiguration(Orv::iAppConfiguration* appConfig) override;
+    bool buildTemplate() override;
+    bool OnInitDialog() override;
+    bool onOk() override;
+    bool onApply() override;
+    bool onEnter() override;
+    bool onLeave() override;
+    bool isValid() override;
+    bool isModified() const override;
+
+private:
+    bool validate();
+    void storeRow(CGeneralRow& row);
+    bool isRowModified(const CGeneralRow& row) const;
+
+    std::unique_ptr<Ui::CGeneralDialog> ui_;
+    Orv::iAppConfiguration* appConfig_ = nullptr;
+    /// Null until the page is filled, and a page that is not has nothing to refuse.
+    CGeneralGrid* grid_ = nullptr;
+};
+
+} // namespace ovsettings

@@ -1,0 +1,21 @@
+#include "details/pages/advanced/generallabel.h"
+
+#include "details/pages/advanced/generalgrid.h"
+#include "details/widgets/stringconversion.h"
+
+namespace ovsettings {
+
+unsigned CGeneralLabel::init(unsigned rowIndex) {
+    takeRows(rowIndex);
+    showCaption(toQString(caption()));
+    grid().joinCells(static_cast<int>(rowIndex), kCaptionColumn, kValueColumn);
+    return rowIndex + 1;
+}
+
+void CGeneralLabel::store(std::string&) {
+}
+
+void CGeneralLabel::setDisplayValue(const std::string&) {
+}
+
+} // namespace ovsettings

@@ -1,0 +1,88 @@
+#include "details/pages/advanced/generalrow.h"
+
+#include "details/appcfg/appcfg.h"
+#include "details/pages/advanced/generalgrid.h"
+#include "details/widgets/lockmark.h"
+#include "details/widgets/messagebox.h"
+#include "details/widgets/stringconversion.h"
+
+#include <algorithm>
+
+namespace ovsettings {
+
+CGeneralRow::CGeneralRow(CGeneralGrid& grid, std::string caption)
+    : grid_(grid), caption_(std::move(caption)) {
+}
+
+CGeneralRow::~CGeneralRow() = default;
+
+void CGeneralRow::setKey(const std::string& key) {
+    key_ = key;
+}
+
+const std::string& CGeneralRow::getKey() const {
+    return key_;
+}
+
+bool CGeneralRow::validate() {
+    return true;
+}
+
+bool CGeneralRow::isModified() const {
+    return false;
+}
+
+void CGeneralRow::takeRows(unsigned rowIndex, unsigned rows) {
+    rowIndex_ = rowIndex;
+    grid_.setRowCount(std::max(grid_.rowCount(), static_cast<int>(rowIndex + rows - 1)));
+}
+
+void CGeneralRow::showCaption(const QString& text) {
+    const auto row = static_cast<int>(rowIndex_);
+    GridCellStyle style = grid_.cellStyle(row, kCaptionColumn);
+    style.readOnly = true;
+    style.enabled = false;
+    grid_.setCellStyle(row, kCaptionColumn, style);
+    grid_.setCellText(row, kCaptionColumn, text);
+}
+
+void CGeneralRow::showValueStyle(GridCellStyle style, bool locked) {
+    const auto row = static_cast<int>(rowIndex_);
+    if (locked) {
+        style.readOnly = style.greyed = true;
+        style.toolTip = lockToolTip(grid_.appConfiguration(), key_);
+        GridCellStyle captionStyle = grid_.cellStyle(row, kCaptionColumn);
+        captionStyle.greyed = true;
+        captionStyle.toolTip = style.toolTip;
+        grid_.setCellStyle(row, kCaptionColumn, captionStyle);
+    }
+    grid_.setCellStyle(row, kValueColumn, style);
+}
+
+QString CGeneralRow::valueText() const {
+    return grid_.cellText(static_cast<int>(rowIndex_), kValueColumn);
+}
+
+void CGeneralRow::setValueText(const QString& text) {
+    grid_.setCellText(static_cast<int>(rowIndex_), kValueColumn, text);
+}
+
+void CGeneralRow::refuseValue(const QString& message) {
+    showMessage(&grid_, message);
+    grid_.setCurrentCell(static_cast<int>(rowIndex_), kValueColumn);
+    grid_.setFocus();
+}
+
+bool CGeneralRow::readKey(std::string& text) const {
+    bool locked = false;
+    if (!key_.empty())
+        Orv::getValue(grid_.appConfiguration(), key_, text, locked);
+    return locked;
+}
+
+void CGeneralRow::writeKey(const std::string& text) {
+    if (!key_.empty())
+        Orv::setValue(grid_.appConfiguration(), key_, text);
+}
+
+} // namespace ovsettings

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "details/widgets/grid/gridcellstyle.h"
+
+#include <QtCore/QString>
+
+#include <string>
+
+namespace Orv {
+class iAppConfiguration;
+}
+
+namespace ovsettings {
+
+class CGeneralGrid;
+
+/// A line of the property sheet: a caption, and a value that comes from a key of the configuration and goes
+/// back to it. The row's cells are made by init; before that nothing of it is on show.
+class CGeneralRow {
+public:
+    /// @param grid    where the row is shown; must outlive it.
+    /// @param caption the text of the left column, UTF-8.
+    CGeneralRow(CGeneralGrid& grid, std::string caption);
+    virtual ~CGeneralRow();
+    CGeneralRow(const CGeneralRow&) = delete;
+    CGeneralRow& operator=(const CGeneralRow&) = delete;
+
+    /// Puts the displayed value in `text`; rows that stand for their key's text write it too.
+    virtual void store(std::string& text) = 0;
+    /// Gives the row a value or, for rows of choices, a further choice.
+    virtual void setDisplayValue(const std::string& text) = 0;
+    /// The configuration key; empty for none.
+    virtual void setKey(const std::string& key);
+    virtual const std::string& getKey() const;
+    /// Makes the row's cells from grid row `rowIndex` on and returns the next free grid row.
+    virtual unsigned init(unsigned rowIndex) = 0;
+    /// Checks the displayed value; what is wrong with it has been told when the result is false.
+    virtual bool validate();
+    /// True if store would change the key's value. A row that writes no key never does.
+    virtual bool isModified() const;
+    /// The text of the value cell, as it is on show.
+    QString valueText() const;
+
+protected:
+    static constexpr int kCaptionColumn = 1;
+    static constexpr int kValueColumn = 2;
+
+    CGeneralGrid& grid() const { return grid_; }
+    const std::string& caption() const { return caption_; }
+    unsigned rowIndex() const { return rowIndex_; }
+    /// Takes `rows` grid rows from `rowIndex` on, adding those that the grid does not have yet.
+    void takeRows(unsigned rowIndex, unsigned rows = 1);
+
+    void showCaption(const QString& text);
+    /// Sets the style of the value cell. A locked one is read-only, looks locked together with its caption,
+    /// and says who locks it.
+    void showValueStyle(GridCellStyle style, bool locked);
+    void setValueText(const QString& text);
+    /// Says what is wrong with the value and goes to its cell.
+    void refuseValue(const QString& message);
+
+    /// Reads the key. @return true if it is locked.
+    bool readKey(std::string& text) const;
+    /// Writes the key if there is one.
+    void writeKey(const std::string& text);
+
+private:
+    unsigned rowIndex_ = 0;
+    CGeneralGrid& grid_;
+    std::string key_;
+    std::string caption_;
+};
+
+} // namespace ovsettings

@@ -1,0 +1,89 @@
+#include "details/pages/advanced/generalrowunitvalueedit.h"
+
+#include "details/appcfg/unitglue.h"
+#include "details/widgets/numbertext.h"
+#include "details/widgets/stringconversion.h"
+
+#include <QtCore/QCoreApplication>
+
+namespace ovsettings {
+
+using Orv::Metrics::Unit;
+using Orv::Metrics::UnitTraits;
+
+CGeneralRowUnitValueEdit::CGeneralRowUnitValueEdit(CGeneralGrid& grid, std::string caption, Unit unit)
+    : CGeneralRow(grid, std::move(caption)), unit_(unit) {
+}
+
+void CGeneralRowUnitValueEdit::setLimits(long minimum, long maximum) {
+    minimum_ = minimum;
+    maximum_ = maximum;
+}
+
+unsigned CGeneralRowUnitValueEdit::init(unsigned rowIndex) {
+    takeRows(rowIndex);
+    showUnitCaption();
+    std::string text;
+    locked_ = readKey(text);
+    showValueStyle({.kind = GridCellKind::maskedEdit}, locked_);
+    stored_ = Orv::lengthFromText(text);
+    showLength(stored_);
+    return rowIndex + 1;
+}
+
+void CGeneralRowUnitValueEdit::store(std::string& text) {
+    const long shown = length();
+    text = Orv::lengthToText(shown);
+    writeKey(text);
+    // What was written, not what a read gives back: the store rounds numbers to six digits.
+    stored_ = shown;
+}
+
+void CGeneralRowUnitValueEdit::setDisplayValue(const std::string& text) {
+    showLength(Orv::lengthFromText(text));
+}
+
+void CGeneralRowUnitValueEdit::onUnitChanged(Unit unit) {
+    const long same = length();
+    unit_ = unit;
+    showUnitCaption();
+    showLength(same);
+}
+
+bool CGeneralRowUnitValueEdit::validate() {
+    if (minimum_ == maximum_)
+        return true;
+    const long shown = length();
+    if (shown >= minimum_ && shown <= maximum_)
+        return true;
+    refuseValue(
+        QCoreApplication::translate("ovsettings", "value should be between %1 and %2 %3")
+            .arg(lengthText(minimum_), lengthText(maximum_), toQString(UnitTraits(unit_).Abbreviation())));
+    return false;
+}
+
+bool CGeneralRowUnitValueEdit::isModified() const {
+    return !getKey().empty() && !locked_ && length() != stored_;
+}
+
+void CGeneralRowUnitValueEdit::showUnitCaption() {
+    showCaption(toQString(caption() + " [" + UnitTraits(unit_).Abbreviation() + "]"));
+}
+
+void CGeneralRowUnitValueEdit::showLength(long length) {
+    shown_ = length;
+    setValueText(lengthText(length));
+}
+
+/// A text that the user left alone stands for the length it was made from, not for its own few decimals:
+/// otherwise looking at an eighth of an inch would store thirteen hundredths.
+long CGeneralRowUnitValueEdit::length() const {
+    const QString text = valueText();
+    return text == lengthText(shown_) ? shown_ : Orv::fromDisplay(numberFromTyped(text), unit_);
+}
+
+QString CGeneralRowUnitValueEdit::lengthText(long length) const {
+    return numberText(Orv::toDisplay(length, unit_), UnitTraits(unit_).Precision());
+}
+
+} // namespace ovsettings

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "details/widgets/bindings.h"
+#include "ovsettings/propdialogtemplate.h"
+
+#include <memory>
+
+namespace ovsettings {
+
+namespace Ui {
+class CNewObjectDialog;
+}
+
+/// The page "New Objects": origin and size of a text that the schematic editor places.
+class CNewObjectDialog : public CPropDialogTemplateEx {
+    Q_OBJECT
+
+public:
+    explicit CNewObjectDialog(QWidget* parent);
+    ~CNewObjectDialog() override;
+
+    void setAppConfiguration(Orv::iAppConfiguration* appConfig) override;
+    bool buildTemplate() override;
+    bool OnInitDialog() override;
+    bool onOk() override;
+    bool onApply() override;
+    bool onEnter() override;
+    bool onLeave() override;
+    bool isValid() override;
+    bool isModified() const override;
+
+private:
+    bool checkSize();
+
+    std::unique_ptr<Ui::CNewObjectDialog> ui_;
+    Orv::iAppConfiguration* appConfig_ = nullptr;
+    CBindings bindings_;
+    /// One of the bindings; null until the page is filled, and a page that is not has nothing to refuse.
+    CLengthBinding* size_ = nullptr;
+};
+
+} // namespace ovsettings

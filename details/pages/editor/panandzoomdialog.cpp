@@ -1,0 +1,164 @@
+#include "details/pages/editor/panandzoomdialog.h"
+
+#include "details/appcfg/appcfg.h"
+#include "details/widgets/lockmark.h"
+#include "details/widgets/radiobutton.h"
+#include "ui_panandzoomdialog.h"
+
+#include <algorithm>
+#include <array>
+
+namespace ovsettings {
+
+namespace {
+
+using Form = Ui_CPanAndZoomDialog;
+
+constexpr unsigned kTemplate = 129;
+
+/// A button and the key whose lock disables it.
+struct ButtonRow {
+    const char* key;
+    QRadioButton* Form::*button;
+};
+
+/// In the order in which the keys are written.
+constexpr std::array kZoomButtons{
+    ButtonRow{"LORVIK_ZOOM", &Form::lorvikZoom},
+    ButtonRow{"SARN_ZOOM", &Form::sarnZoom},
+    ButtonRow{"DEFAULT_ZOOM", &Form::defaultZoom},
+};
+constexpr std::array kStrokeButtons{
+    ButtonRow{"MIDSTROKE", &Form::rightButton},
+    ButtonRow{"MIDSTROKE", &Form::middleButton},
+    ButtonRow{"STROKES", &Form::strokesOff},
+};
+
+const char* flagText(bool on) {
+    return on ? "1" : "0";
+}
+
+} // namespace
+
+CPanAndZoomDialog::CPanAndZoomDialog(QWidget* parent)
+    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CPanAndZoomDialog>()) {
+    name = "Pan and Zoom";
+    helpTopic = "OV_SETUP_SETTINGS_SCH_ED_PAN_ZOOM";
+    helpBook = "orvane_ref";
+}
+
+CPanAndZoomDialog::~CPanAndZoomDialog() = default;
+
+void CPanAndZoomDialog::setAppConfiguration(Orv::iAppConfiguration* appConfig) {
+    appConfig_ = appConfig;
+}
+
+bool CPanAndZoomDialog::buildTemplate() {
+    ui_->setupUi(this);
+    for (const QRadioButton* button : {ui_->sarnZoom, ui_->middleButton})
+        connect(button, &QRadioButton::clicked, this, &CPanAndZoomDialog::keepMiddleButtonFree);
+    return true;
+}
+
+bool CPanAndZoomDialog::OnInitDialog() {
+    if (!appConfig_)
+        return false;
+    showLocks();
+    showZoom();
+    showStrokes();
+    return true;
+}
+
+bool CPanAndZoomDialog::onOk() {
+    return onApply();
+}
+
+bool CPanAndZoomDialog::onApply() {
+    if (!appConfig_ || !hasWindow())
+        return true;
+    store(zoomFlags());
+    keepMiddleButtonFree();
+    store(strokeFlags());
+    return true;
+}
+
+bool CPanAndZoomDialog::isModified() const {
+    return appConfig_ && hasWindow() && (wouldChange(zoomFlags()) || wouldChange(strokeFlags()));
+}
+
+std::string CPanAndZoomDialog::stored(const char* key) const {
+    std::string text;
+    Orv::getValue(*appConfig_, key, text);
+    return text;
+}
+
+void CPanAndZoomDialog::showLocks() {
+    const auto show = [this](const ButtonRow& row) {
+        std::string ignored;
+        bool locked = false;
+        Orv::getValue(*appConfig_, row.key, ignored, locked);
+        if (locked)
+            markLocked(*(ui_.get()->*row.button), *appConfig_, row.key);
+    };
+    std::ranges::for_each(kZoomButtons, show);
+    std::ranges::for_each(kStrokeButtons, show);
+}
+
+/// The default style's own flag is not asked, and a flag that is neither on nor off leaves all styles
+/// unchecked. That is meant.
+void CPanAndZoomDialog::showZoom() {
+    const std::string sarn = stored("SARN_ZOOM");
+    if (stored("LORVIK_ZOOM") == "1")
+        checkRadioButton(*ui_->lorvikZoom);
+    else if (sarn == "1")
+        checkRadioButton(*ui_->sarnZoom);
+    else if (sarn == "0")
+        checkRadioButton(*ui_->defaultZoom);
+}
+
+void CPanAndZoomDialog::showStrokes() {
+    if (stored("STROKES") != "1")
+        checkRadioButton(*ui_->strokesOff);
+    else if (stored("MIDSTROKE") == "1")
+        checkRadioButton(*ui_->middleButton);
+    else
+        checkRadioButton(*ui_->rightButton);
+}
+
+void CPanAndZoomDialog::keepMiddleButtonFree() {
+    if (ui_->sarnZoom->isChecked() && ui_->middleButton->isChecked())
+        checkRadioButton(*ui_->rightButton);
+}
+
+CPanAndZoomDialog::Flags CPanAndZoomDialog::zoomFlags() const {
+    Flags flags;
+    for (const ButtonRow& row : kZoomButtons)
+        flags.push_back({row.key, (ui_.get()->*row.button)->isChecked()});
+    if (std::ranges::none_of(flags, &Flag::on))
+        flags.clear();
+    return flags;
+}
+
+/// Strokes that are off leave their button alone: turned on again, they are drawn with the same one.
+CPanAndZoomDialog::Flags CPanAndZoomDialog::strokeFlags() const {
+    if (ui_->strokesOff->isChecked())
+        return {{"STROKES", false}};
+    const bool middle = ui_->middleButton->isChecked() && !ui_->sarnZoom->isChecked();
+    return {{"STROKES", true}, {"MIDSTROKE", middle}};
+}
+
+void CPanAndZoomDialog::store(const Flags& flags) {
+    for (const Flag& flag : flags)
+        Orv::setValue(*appConfig_, flag.key, flagText(flag.on));
+}
+
+bool CPanAndZoomDialog::wouldChange(const Flags& flags) const {
+    return std::ranges::any_of(flags, [this](const Flag& flag) {
+        std::string text;
+        bool locked = false;
+        Orv::getValue(*appConfig_, flag.key, text, locked);
+        return !locked && text != flagText(flag.on);
+    });
+}
+
+} // namespace ovsettings

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "ovsettings/propdialogtemplate.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace ovsettings {
+
+namespace Ui {
+class CPanAndZoomDialog;
+}
+
+/// The page "Strokes, Pan and Zoom": in whose manner the schematic editor pans and zooms, and which mouse
+/// button draws strokes.
+class CPanAndZoomDialog : public CPropDialogTemplateEx {
+    Q_OBJECT
+
+public:
+    explicit CPanAndZoomDialog(QWidget* parent);
+    ~CPanAndZoomDialog() override;
+
+    void setAppConfiguration(Orv::iAppConfiguration* appConfig) override;
+    bool buildTemplate() override;
+    bool OnInitDialog() override;
+    bool onOk() override;
+    bool onApply() override;
+    bool isModified() const override;
+
+private:
+    struct Flag {
+        const char* key;
+        bool on;
+    };
+    using Flags = std::vector<Flag>;
+
+    std::string stored(const char* key) const;
+    void showLocks();
+    void showZoom();
+    void showStrokes();
+    /// The middle button belongs to the zoom style "SARN": strokes are turned back to the right one.
+    void keepMiddleButtonFree();
+
+    /// What a store writes, in this order; a key that is not in it is left alone.
+    Flags zoomFlags() const;
+    Flags strokeFlags() const;
+    void store(const Flags& flags);
+    bool wouldChange(const Flags& flags) const;
+
+    std::unique_ptr<Ui::CPanAndZoomDialog> ui_;
+    Orv::iAppConfiguration* appConfig_ = nullptr;
+};
+
+} // namespace ovsettings

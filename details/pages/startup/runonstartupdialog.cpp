@@ -1,0 +1,155 @@
+#include "details/pages/startup/runonstartupdialog.h"
+
+#include "details/platform/environment.h"
+#include "details/platform/paths.h"
+#include "details/widgets/messagebox.h"
+#include "details/widgets/stringconversion.h"
+#include "ui_runonstartupdialog.h"
+
+#include <filesystem>
+#include <optional>
+#include <system_error>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr unsigned kTemplate = 140;
+constexpr unsigned kFormPrefix = 14;
+constexpr unsigned kScriptPrefix = 15;
+
+/// Only the user's directory counts, writable or not.
+std::string firstWorkingDirectory() {
+    const std::string list = platform::environmentVariable("WDIR").value_or("");
+    return list.substr(0, list.find(';'));
+}
+
+bool fileExists(const std::string& path) {
+    const auto existing = platform::resolveExisting(path);
+    std::error_code unreachable;
+    return existing && std::filesystem::exists(*existing, unreachable) && !platform::isDirectory(*existing);
+}
+
+} // namespace
+
+CRunOnStartupDialog::CRunOnStartupDialog(QWidget* parent)
+    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CRunOnStartupDialog>()) {
+    name = "Run on Startup";
+    helpTopic = "OV_SETUP_SETTINGS_RUN_ON_STARTUP";
+    helpBook = "orvane_ref";
+}
+
+CRunOnStartupDialog::~CRunOnStartupDialog() = default;
+
+bool CRunOnStartupDialog::buildTemplate() {
+    ui_->setupUi(this);
+    return true;
+}
+
+bool CRunOnStartupDialog::OnInitDialog() {
+    forms_.attach(*ui_->forms, tr("&Forms:"));
+    scripts_.attach(*ui_->scripts, tr("&Scripts:"));
+    fileName_ = firstWorkingDirectory() + "\\scripts.ini";
+    forms_.read(fileName_, kFormPrefix);
+    scripts_.read(fileName_, kScriptPrefix);
+    refreshControls();
+    return true;
+}
+
+bool CRunOnStartupDialog::onOk() {
+    return onApply();
+}
+
+bool CRunOnStartupDialog::onApply() {
+    if (!hasWindow())
+        return true;
+    storeList(forms_);
+    storeList(scripts_);
+    return true;
+}
+
+void CRunOnStartupDialog::storeList(CFileList& list) {
+    if (!list.store())
+        showMessage(this, tr("Writing %1 failed").arg(toQString(fileName_)));
+}
+
+bool CRunOnStartupDialog::isModified() const {
+    return forms_.isChanged() || scripts_.isChanged();
+}
+
+int CRunOnStartupDialog::refreshControls() {
+    forms_.exchange(Exchange::toControls);
+    scripts_.exchange(Exchange::toControls);
+    return 1;
+}
+
+void CRunOnStartupDialog::CFileList::attach(CListBoxFileEditorEx& editor, const QString& title) {
+    editor_ = &editor;
+    editor.setTitle(title);
+}
+
+void CRunOnStartupDialog::CFileList::read(const std::string& fileName, unsigned prefixId) {
+    file_.setUp(fileName, prefixId);
+    file_.read(strings_);
+}
+
+void CRunOnStartupDialog::CFileList::exchange(Exchange direction) {
+    if (direction == Exchange::toControls) {
+        QStringList lines;
+        for (const std::string& string : strings_) {
+            lines.append(toQString(string));
+            if (toUtf8(lines.back()) != string)
+                undecodable_[lines.back()] = string;
+        }
+        editor_->setLines(lines);
+        return;
+    }
+    editor_->finishEditing();
+    strings_.clear();
+    for (const QString& line : editor_->lines()) {
+        const auto original = undecodable_.find(line);
+        strings_.push_back(original == undecodable_.end() ? toUtf8(line) : original->second);
+    }
+}
+
+bool CRunOnStartupDialog::CFileList::store() {
+    exchange(Exchange::fromControls);
+    const bool stored = file_.write(strings_);
+    editor_->clearChanged();
+    return stored;
+}
+
+bool CRunOnStartupDialog::CFileList::isChanged() const {
+    return editor_ && editor_->isChanged();
+}
+
+void CRunOnStartupDialog::CListBoxFileEditorEx::lineAdded(int row, const QString& text) {
+    checkFile(row, text);
+}
+
+void CRunOnStartupDialog::CListBoxFileEditorEx::lineRenamed(int row, const QString& text) {
+    checkFile(row, text);
+}
+
+void CRunOnStartupDialog::CListBoxFileEditorEx::lineDeleted(int) {
+    changed_ = true;
+}
+
+void CRunOnStartupDialog::CListBoxFileEditorEx::lineMoved(int, int) {
+    changed_ = true;
+}
+
+/// A renamed entry for a missing file that the user does not want goes as a new one does; this is meant.
+void CRunOnStartupDialog::CListBoxFileEditorEx::checkFile(int row, const QString& text) {
+    changed_ = true;
+    const QString path = toQString(platform::fullPath(toUtf8(text)));
+    if (!fileExists(toUtf8(text)) &&
+        !askYesNo(this, tr("%1\n\nThis file does not exist.\nAdd the file anyway?").arg(path),
+                  applicationTitle(), QMessageBox::Question, QMessageBox::No)) {
+        removeLine(row);
+        return;
+    }
+    setLine(row, path);
+}
+
+} // namespace ovsettings

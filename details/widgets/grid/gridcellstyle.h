@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QtCore/QStringList>
+#include <QtGui/QColor>
+
+#include <optional>
+
+namespace ovsettings {
+
+/// The control that a cell is shown and edited with. What the cell's text means follows from it.
+enum class GridCellKind {
+    text,       ///< any text, in a line
+    maskedEdit, ///< a text that fits `mask`
+    checkBox,   ///< "1" is checked, any other text is not
+    dropDown,   ///< one of `choices`; another text is shown until one is chosen
+    radioGroup, ///< the index, from 0, of one of `choices`
+    button,     ///< the caption of a push button
+    colour,     ///< a packed colour, red in the low byte, in decimal
+};
+
+/// What a whole number typed into a cell must lie between, and what the user is told otherwise.
+struct GridCellLimits {
+    long minimum;
+    long maximum;
+    QString message;
+};
+
+/// How a cell looks and what can be done with it.
+struct GridCellStyle {
+    GridCellKind kind = GridCellKind::text;
+    /// The cell can be reached and read, not changed.
+    bool readOnly = false;
+    /// A cell that is not enabled is never the current one; it looks as any other.
+    bool enabled = true;
+    /// Drawn as a disabled control is.
+    bool greyed = false;
+    QStringList choices = {};
+    Qt::Orientation orientation = Qt::Horizontal; ///< of a radio group
+    /// One "#" for each digit there may be, any other character for itself; empty allows any text.
+    QString mask = {};
+    std::optional<GridCellLimits> limits = {};
+    std::optional<QColor> interior = {};
+    QString toolTip = {};
+};
+
+} // namespace ovsettings

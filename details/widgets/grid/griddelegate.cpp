@@ -1,0 +1,311 @@
+#include "details/widgets/grid/griddelegate.h"
+
+#include "details/widgets/grid/gridmodel.h"
+#include "details/widgets/grid/gridwnd.h"
+
+#include <QtGui/QKeyEvent>
+#include <QtGui/QPainter>
+#include <QtGui/QValidator>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QLineEdit>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr int kButtonMargin = 2;
+constexpr int kColourMargin = 3;
+constexpr int kArrowSize = 10;
+constexpr int kArrowMargin = 4;
+
+/// Lets only texts through that fit a mask. A text that came from elsewhere and does not fit may stay, or be
+/// shortened until it does.
+class CMaskValidator : public QValidator {
+public:
+    CMaskValidator(const QString& mask, QString original, QObject* parent)
+        : QValidator(parent), mask_(mask), original_(std::move(original)) {}
+
+    State validate(QString& text, int&) const override {
+        if (fits(text) || text == original_)
+            return Acceptable;
+        return !fits(original_) && text.size() < original_.size() ? Intermediate : Invalid;
+    }
+
+private:
+    bool fits(const QString& text) const {
+        qsizetype at = 0;
+        for (const QChar placeholder : mask_) {
+            const bool isDigit = placeholder == QLatin1Char('#');
+            if (at < text.size() &&
+                (isDigit ? text[at] >= u'0' && text[at] <= u'9' : text[at] == placeholder))
+                ++at;
+        }
+        return at == text.size();
+    }
+
+    QString mask_;
+    QString original_;
+};
+
+/// Ends the edit of its cell when the list closes: with another choice, or with the one there was.
+class CCellList : public QComboBox {
+public:
+    CCellList(CGridWnd& grid, QWidget* parent) : QComboBox(parent), grid_(grid) { setFrame(false); }
+
+    void hidePopup() override {
+        const bool wasOpen = view()->isVisible();
+        QComboBox::hidePopup();
+        if (!wasOpen)
+            return;
+        // The choice is taken over only after this; and by then the edit may have ended in another way.
+        CGridWnd* grid = &grid_;
+        const QPointer<CCellList> list(this);
+        QMetaObject::invokeMethod(
+            grid,
+            [grid, list] {
+                if (list && list->isVisible())
+                    grid->endEdit();
+            },
+            Qt::QueuedConnection);
+    }
+
+private:
+    CGridWnd& grid_;
+};
+
+QWidget* makeList(CGridWnd& grid, QWidget* parent, const CGridModel::Cell& cell) {
+    auto* list = new CCellList(grid, parent);
+    list->addItems(cell.style.choices);
+    list->setPlaceholderText(cell.text);
+    return list;
+}
+
+QWidget* makeEdit(QWidget* parent, const CGridModel::Cell& cell) {
+    auto* edit = new QLineEdit(parent);
+    edit->setFrame(false);
+    if (!cell.style.mask.isEmpty())
+        edit->setValidator(new CMaskValidator(cell.style.mask, cell.text, edit));
+    return edit;
+}
+
+/// An editor's list is a window of its own, but the editor's child.
+bool isWithin(const QWidget* widget, const QWidget* editor) {
+    while (widget && widget != editor)
+        widget = widget->parentWidget();
+    return widget != nullptr;
+}
+
+/// Check boxes take their outline from the window's colour, which on a dark base is next to nothing.
+QColor outlineColour(const QPalette& palette) {
+    const QColor text = palette.color(QPalette::Text), base = palette.color(QPalette::Base);
+    const auto mixed = [](int of, int with) {
+        return (3 * of + 2 * with) / 5;
+    };
+    return QColor(mixed(text.red(), base.red()), mixed(text.green(), base.green()),
+                  mixed(text.blue(), base.blue()));
+}
+
+QRect choiceRect(const QRect& cell, const GridCellStyle& style, int choice) {
+    const int count = static_cast<int>(style.choices.size());
+    if (style.orientation == Qt::Horizontal)
+        return QRect(cell.x() + choice * cell.width() / count, cell.y(), cell.width() / count, cell.height());
+    return QRect(cell.x(), cell.y() + choice * cell.height() / count, cell.width(), cell.height() / count);
+}
+
+template <typename Option>
+Option controlOption(const QStyleOptionViewItem& cell) {
+    Option option;
+    option.rect = cell.rect;
+    option.palette = cell.palette;
+    option.direction = cell.direction;
+    option.fontMetrics = cell.fontMetrics;
+    option.state = cell.state & (QStyle::State_Enabled | QStyle::State_Active);
+    return option;
+}
+
+void drawArrow(QPainter& painter, const QStyleOptionViewItem& cell) {
+    auto option = controlOption<QStyleOption>(cell);
+    option.rect =
+        QStyle::alignedRect(cell.direction, Qt::AlignRight | Qt::AlignVCenter, QSize(kArrowSize, kArrowSize),
+                            cell.rect.adjusted(kArrowMargin, 0, -kArrowMargin, 0));
+    cell.widget->style()->drawPrimitive(QStyle::PE_IndicatorArrowDown, &option, &painter, cell.widget);
+}
+
+void drawButton(QPainter& painter, const QStyleOptionViewItem& cell, const QString& text) {
+    auto option = controlOption<QStyleOptionButton>(cell);
+    option.rect = cell.rect.adjusted(kButtonMargin, kButtonMargin, -kButtonMargin, -kButtonMargin);
+    option.state |= QStyle::State_Raised;
+    option.text = text;
+    cell.widget->style()->drawControl(QStyle::CE_PushButton, &option, &painter, cell.widget);
+}
+
+void drawColour(QPainter& painter, const QStyleOptionViewItem& cell, const QColor& colour) {
+    const QRect inside =
+        cell.rect.adjusted(kColourMargin, kColourMargin, -kColourMargin - 1, -kColourMargin - 1);
+    painter.save();
+    painter.setPen(cell.palette.color(QPalette::Text));
+    painter.setBrush(colour);
+    painter.drawRect(inside);
+    painter.restore();
+}
+
+void drawChoices(QPainter& painter, const QStyleOptionViewItem& cell, const CGridModel::Cell& group) {
+    const bool selected = cell.state & QStyle::State_Selected;
+    for (int choice = 0; choice < group.style.choices.size(); ++choice) {
+        auto option = controlOption<QStyleOptionButton>(cell);
+        option.rect = choiceRect(cell.rect, group.style, choice).adjusted(kColourMargin, 0, 0, 0);
+        option.text = group.style.choices[choice];
+        option.state |= group.text == QString::number(choice) ? QStyle::State_On : QStyle::State_Off;
+        option.palette.setBrush(QPalette::WindowText,
+                                cell.palette.brush(selected ? QPalette::HighlightedText : QPalette::Text));
+        cell.widget->style()->drawControl(QStyle::CE_RadioButton, &option, &painter, cell.widget);
+    }
+}
+
+} // namespace
+
+CGridDelegate::CGridDelegate(CGridWnd& grid, const CGridModel& model)
+    : QStyledItemDelegate(&grid), grid_(grid), model_(model) {
+}
+
+void CGridDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    const CGridModel::Cell& cell = model_.cell(index);
+    // Whether a cell can be current is one thing, what it looks like another.
+    const bool greyed = cell.style.greyed || !grid_.isEnabled();
+    option->state.setFlag(QStyle::State_Enabled, !greyed);
+    const bool active = option->state & QStyle::State_Active;
+    option->palette.setCurrentColorGroup(greyed   ? QPalette::Disabled
+                                         : active ? QPalette::Active
+                                                  : QPalette::Inactive);
+    option->palette.setColor(QPalette::Window, outlineColour(option->palette));
+    if (cell.style.kind == GridCellKind::dropDown) {
+        const int width = option->rect.width() - kArrowSize - 3 * kArrowMargin;
+        option->text = option->fontMetrics.elidedText(option->text, option->textElideMode, width);
+    }
+}
+
+void CGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const {
+    QStyledItemDelegate::paint(painter, option, index);
+    const CGridModel::Cell& cell = model_.cell(index);
+    QStyleOptionViewItem shown = option;
+    initStyleOption(&shown, index);
+    switch (cell.style.kind) {
+    case GridCellKind::dropDown:
+        if (!cell.style.readOnly)
+            drawArrow(*painter, shown);
+        break;
+    case GridCellKind::radioGroup:
+        drawChoices(*painter, shown, cell);
+        break;
+    case GridCellKind::button:
+        drawButton(*painter, shown, cell.text);
+        break;
+    case GridCellKind::colour:
+        if (const std::optional<QColor> colour = colourOf(cell.text))
+            drawColour(*painter, shown, *colour);
+        break;
+    case GridCellKind::text:
+    case GridCellKind::maskedEdit:
+    case GridCellKind::checkBox:
+        break;
+    }
+}
+
+QWidget* CGridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                                     const QModelIndex& index) const {
+    if (!grid_.onStartEditing(index.row() + 1, index.column() + 1))
+        return nullptr;
+    const CGridModel::Cell& cell = model_.cell(index);
+    editor_ =
+        cell.style.kind == GridCellKind::dropDown ? makeList(grid_, parent, cell) : makeEdit(parent, cell);
+    editor_->setAccessibleName(model_.cellName(index));
+    editor_->setAutoFillBackground(true);
+    edited_ = index;
+    return editor_;
+}
+
+void CGridDelegate::destroyEditor(QWidget* editor, const QModelIndex& index) const {
+    editor_ = nullptr;
+    edited_ = QModelIndex();
+    QStyledItemDelegate::destroyEditor(editor, index);
+}
+
+QString CGridDelegate::editorText() const {
+    if (const auto* edit = qobject_cast<QLineEdit*>(editor_.data()))
+        return edit->text();
+    const auto* list = qobject_cast<QComboBox*>(editor_.data());
+    return list && list->currentIndex() >= 0 ? list->currentText() : model_.cell(edited_).text;
+}
+
+void CGridDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
+    const QString text = model_.cell(index).text;
+    if (auto* edit = qobject_cast<QLineEdit*>(editor))
+        edit->setText(text);
+    else if (auto* list = qobject_cast<QComboBox*>(editor))
+        list->setCurrentIndex(list->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
+}
+
+void CGridDelegate::setModelData(QWidget*, QAbstractItemModel* model, const QModelIndex& index) const {
+    const QString text = editorText();
+    if (text != model_.cell(index).text)
+        model->setData(index, text, Qt::EditRole);
+}
+
+void CGridDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                         const QModelIndex&) const {
+    editor->setGeometry(option.rect);
+}
+
+bool CGridDelegate::editorEvent(QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& option,
+                                const QModelIndex& index) {
+    const GridCellStyle style = model_.cell(index).style;
+    if (style.kind != GridCellKind::radioGroup || style.readOnly || !style.enabled ||
+        event->type() != QEvent::MouseButtonRelease)
+        return QStyledItemDelegate::editorEvent(event, model, option, index);
+    const QPoint at = static_cast<QMouseEvent*>(event)->position().toPoint();
+    for (int choice = 0; choice < style.choices.size(); ++choice) {
+        if (choiceRect(option.rect, style, choice).contains(at))
+            return model->setData(index, QString::number(choice), Qt::EditRole);
+    }
+    return false;
+}
+
+bool CGridDelegate::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != editor_)
+        return QStyledItemDelegate::eventFilter(watched, event);
+    if (event->type() == QEvent::KeyPress)
+        return handleEditorKey(*static_cast<QKeyEvent*>(event));
+    if (event->type() == QEvent::FocusOut) {
+        // An edit goes on while a menu, the editor's own list or another window is in front.
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason &&
+            reason != Qt::ActiveWindowFocusReason && !isWithin(QApplication::focusWidget(), editor_))
+            grid_.leaveEdit();
+        return false;
+    }
+    return QStyledItemDelegate::eventFilter(watched, event);
+}
+
+bool CGridDelegate::handleEditorKey(const QKeyEvent& event) {
+    switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        grid_.endEdit();
+        return true;
+    case Qt::Key_Escape:
+        grid_.closeEditor(editor_, QAbstractItemDelegate::RevertModelCache);
+        return true;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        if (grid_.endEdit())
+            grid_.focusNextPrevChild(event.key() == Qt::Key_Tab);
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace ovsettings

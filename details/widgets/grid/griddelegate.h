@@ -1,0 +1,55 @@
+#pragma once
+
+#include "details/widgets/grid/gridcellstyle.h"
+
+#include <QtCore/QPersistentModelIndex>
+#include <QtCore/QPointer>
+#include <QtWidgets/QStyledItemDelegate>
+
+namespace ovsettings {
+
+class CGridModel;
+class CGridWnd;
+
+/// Draws the cells of a grid and makes the controls that edit them. A cell whose control needs no typing, a
+/// check box for one, is worked on in place; the others get an editor over the cell.
+class CGridDelegate : public QStyledItemDelegate {
+    Q_OBJECT
+
+public:
+    /// @param grid the view and parent; @param model its cells.
+    CGridDelegate(CGridWnd& grid, const CGridModel& model);
+
+    /// The open editor, null if there is none, and its cell.
+    QWidget* editor() const { return editor_; }
+    QModelIndex editedIndex() const { return edited_; }
+    /// What the editor would give its cell.
+    QString editorText() const;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const override;
+    void destroyEditor(QWidget* editor, const QModelIndex& index) const override;
+    void setEditorData(QWidget* editor, const QModelIndex& index) const override;
+    void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
+    void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                              const QModelIndex& index) const override;
+    bool editorEvent(QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& option,
+                     const QModelIndex& index) override;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    bool handleEditorKey(const QKeyEvent& event);
+
+    CGridWnd& grid_;
+    const CGridModel& model_;
+    // The interface makes and destroys editors in constant functions.
+    mutable QPointer<QWidget> editor_;
+    mutable QPersistentModelIndex edited_;
+};
+
+} // namespace ovsettings

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "details/widgets/grid/gridcellstyle.h"
+
+#include <QtCore/QAbstractTableModel>
+
+#include <vector>
+
+namespace ovsettings {
+
+/// The cells of a grid. Its indices count from 0, as those of every model; CGridWnd turns them into the
+/// grid's own, which count from 1.
+class CGridModel : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    struct Cell {
+        QString text;
+        GridCellStyle style;
+    };
+
+    using QAbstractTableModel::QAbstractTableModel;
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    /// An edit by the user: changes the text, by EditRole, or the state of a check box.
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+    /// New cells are empty; the others keep what they have.
+    void setRowCount(int count);
+    void setColumnCount(int count);
+    /// An index that is none names an empty cell, which nothing is written to.
+    const Cell& cell(const QModelIndex& index) const;
+    void setText(const QModelIndex& index, const QString& text);
+    void setStyle(const QModelIndex& index, const GridCellStyle& style);
+    QString header(int column) const;
+    void setHeader(int column, const QString& text);
+    /// What a cell is for, without its value: the first cell of its row and the header of its column.
+    QString cellName(const QModelIndex& index) const;
+
+Q_SIGNALS:
+    /// The user gave a cell another text.
+    void edited(const QModelIndex& index);
+
+private:
+    QString spokenValue(const Cell& cell) const;
+
+    std::vector<std::vector<Cell>> rows_;
+    std::vector<QString> headers_;
+};
+
+/// The colour of a cell of kind colour; nothing if its text is no number.
+std::optional<QColor> colourOf(const QString& cellText);
+
+} // namespace ovsettings

@@ -1,0 +1,343 @@
+#include "details/widgets/grid/gridwnd.h"
+
+#include "details/widgets/grid/griddelegate.h"
+#include "details/widgets/grid/gridmodel.h"
+#include "details/widgets/messagebox.h"
+
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QLineEdit>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace ovsettings {
+
+CGridWnd::CGridWnd(QWidget* parent)
+    : QTableView(parent), model_(new CGridModel(this)), delegate_(new CGridDelegate(*this, *model_)) {
+    setModel(model_);
+    setItemDelegate(delegate_);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(AnyKeyPressed);
+    setWordWrap(false);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setVerticalScrollMode(ScrollPerPixel);
+    horizontalHeader()->setHighlightSections(false);
+    verticalHeader()->setHighlightSections(false);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    fitRowHeights();
+    connect(model_, &CGridModel::edited, this,
+            [this](const QModelIndex& index) { onCellChanged(index.row() + 1, index.column() + 1); });
+    connect(this, &QTableView::clicked, this, &CGridWnd::clickCell);
+    connect(this, &QTableView::doubleClicked, this,
+            [this](const QModelIndex& index) { onDoubleClick(index.row() + 1, index.column() + 1); });
+}
+
+/// An editor that is still open would lose the focus, and so end its edit, in a grid that is half gone.
+CGridWnd::~CGridWnd() {
+    if (isEditing())
+        closeEditor(delegate_->editor(), QAbstractItemDelegate::RevertModelCache);
+}
+
+void CGridWnd::setRowCount(int count) {
+    model_->setRowCount(count);
+}
+
+void CGridWnd::setColumnCount(int count) {
+    model_->setColumnCount(count);
+}
+
+int CGridWnd::rowCount() const {
+    return model_->rowCount();
+}
+
+int CGridWnd::columnCount() const {
+    return model_->columnCount();
+}
+
+QModelIndex CGridWnd::indexOf(int row, int column) const {
+    return model_->index(row - 1, column - 1);
+}
+
+void CGridWnd::setCellText(int row, int column, const QString& text) {
+    if (row == 0)
+        model_->setHeader(column - 1, text);
+    else
+        model_->setText(indexOf(row, column), text);
+}
+
+QString CGridWnd::cellText(int row, int column) const {
+    if (row == 0)
+        return model_->header(column - 1);
+    const QModelIndex index = indexOf(row, column);
+    return isEditing() && index == delegate_->editedIndex() ? delegate_->editorText()
+                                                            : model_->cell(index).text;
+}
+
+void CGridWnd::setCellStyle(int row, int column, const GridCellStyle& style) {
+    model_->setStyle(indexOf(row, column), style);
+    fitRowHeight(row, style);
+}
+
+GridCellStyle CGridWnd::cellStyle(int row, int column) const {
+    return model_->cell(indexOf(row, column)).style;
+}
+
+void CGridWnd::joinCells(int row, int column, int columns) {
+    setSpan(row - 1, column - 1, 1, columns);
+}
+
+void CGridWnd::setWidthOfColumn(int column, int width) {
+    setColumnWidth(column - 1, width);
+}
+
+int CGridWnd::widthOfColumn(int column) const {
+    return columnWidth(column - 1);
+}
+
+int CGridWnd::clientWidth() const {
+    return viewport()->width();
+}
+
+void CGridWnd::showHeaders(bool columnHeaders, bool rowHeaders) {
+    horizontalHeader()->setVisible(columnHeaders);
+    verticalHeader()->setVisible(rowHeaders);
+}
+
+int CGridWnd::currentRow() const {
+    return currentIndex().row() + 1;
+}
+
+int CGridWnd::currentColumn() const {
+    return currentIndex().column() + 1;
+}
+
+void CGridWnd::setCurrentCell(int row, int column) {
+    if (endEdit())
+        setCurrentIndex(indexOf(row, column));
+}
+
+void CGridWnd::startEdit() {
+    const QModelIndex index = currentIndex();
+    const CGridModel::Cell& cell = model_->cell(index);
+    if (!index.isValid() || cell.style.readOnly)
+        return;
+    switch (cell.style.kind) {
+    case GridCellKind::checkBox: {
+        const bool checked = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+        model_->setData(index, checked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+        break;
+    }
+    case GridCellKind::radioGroup:
+        if (const auto count = static_cast<int>(cell.style.choices.size()); count > 0)
+            model_->setData(index, QString::number((cell.text.toInt() + 1) % count), Qt::EditRole);
+        break;
+    case GridCellKind::button:
+    case GridCellKind::colour:
+        onCellPressed(index.row() + 1, index.column() + 1);
+        break;
+    case GridCellKind::dropDown:
+        edit(index);
+        if (auto* list = qobject_cast<QComboBox*>(delegate_->editor()))
+            list->showPopup();
+        break;
+    case GridCellKind::text:
+    case GridCellKind::maskedEdit:
+        edit(index);
+        break;
+    }
+}
+
+bool CGridWnd::isEditing() const {
+    return delegate_->editor() != nullptr;
+}
+
+QString CGridWnd::refusalOfEdit() const {
+    const QModelIndex index = delegate_->editedIndex();
+    return refusal(index.row() + 1, index.column() + 1, delegate_->editorText());
+}
+
+void CGridWnd::commitEdit() {
+    commitData(delegate_->editor());
+    closeEditor(delegate_->editor(), QAbstractItemDelegate::NoHint);
+}
+
+/// The base gives the focus back only while the window is the active one, which it is not yet when a list or
+/// a message box has just closed.
+void CGridWnd::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+    const bool hadFocus = window()->focusWidget() == editor;
+    QTableView::closeEditor(editor, hint);
+    if (hadFocus)
+        setFocus();
+}
+
+bool CGridWnd::endEdit() {
+    if (!isEditing())
+        return true;
+    const QString message = refusalOfEdit();
+    if (message.isEmpty()) {
+        commitEdit();
+        return true;
+    }
+    showMessage(this, message);
+    delegate_->editor()->setFocus();
+    if (auto* edit = qobject_cast<QLineEdit*>(delegate_->editor()))
+        edit->selectAll();
+    return false;
+}
+
+void CGridWnd::leaveEdit() {
+    if (isEditing() && refusalOfEdit().isEmpty())
+        commitEdit();
+}
+
+bool CGridWnd::onStartEditing(int, int) {
+    return true;
+}
+
+QString CGridWnd::refusal(int row, int column, const QString& text) const {
+    const std::optional<GridCellLimits> limits = cellStyle(row, column).limits;
+    if (!limits)
+        return {};
+    const long value = std::strtol(text.toLatin1().constData(), nullptr, 10);
+    return value < limits->minimum || value > limits->maximum ? limits->message : QString();
+}
+
+void CGridWnd::onCellChanged(int, int) {
+}
+
+void CGridWnd::onCellPressed(int, int) {
+}
+
+bool CGridWnd::onClick(int, int) {
+    return false;
+}
+
+void CGridWnd::onDoubleClick(int, int) {
+}
+
+bool CGridWnd::onKey(const QKeyEvent&) {
+    return false;
+}
+
+void CGridWnd::layoutColumns() {
+}
+
+void CGridWnd::clickCell(const QModelIndex& index) {
+    if (onClick(index.row() + 1, index.column() + 1) || isEditing() || index != currentIndex())
+        return;
+    // Check boxes and radio groups have a place of their own to be clicked at.
+    const GridCellKind kind = model_->cell(index).style.kind;
+    if (kind != GridCellKind::checkBox && kind != GridCellKind::radioGroup)
+        startEdit();
+}
+
+void CGridWnd::mousePressEvent(QMouseEvent* event) {
+    if (endEdit())
+        QTableView::mousePressEvent(event);
+}
+
+void CGridWnd::keyPressEvent(QKeyEvent* event) {
+    if (currentIndex().isValid() && !isEditing() && (onKey(*event) || handleKey(*event))) {
+        event->accept();
+        return;
+    }
+    if (endEdit())
+        QTableView::keyPressEvent(event);
+}
+
+bool CGridWnd::handleKey(const QKeyEvent& event) {
+    const GridCellKind kind = model_->cell(currentIndex()).style.kind;
+    const bool isTyped = kind == GridCellKind::text || kind == GridCellKind::maskedEdit;
+    switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_F2:
+        startEdit();
+        return true;
+    case Qt::Key_Space:
+        if (isTyped)
+            return false;
+        startEdit();
+        return true;
+    case Qt::Key_Delete:
+    case Qt::Key_Backspace:
+        if (!isTyped)
+            return false;
+        startEdit();
+        if (auto* edit = qobject_cast<QLineEdit*>(delegate_->editor()))
+            edit->clear();
+        return true;
+    case Qt::Key_F4:
+    case Qt::Key_Down:
+        if (kind != GridCellKind::dropDown ||
+            (event.key() == Qt::Key_Down && !(event.modifiers() & Qt::AltModifier)))
+            return false;
+        startEdit();
+        return true;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        // Without Ctrl it goes through focusNextPrevChild and never comes here.
+        return QAbstractScrollArea::focusNextPrevChild(event.key() == Qt::Key_Tab &&
+                                                       !(event.modifiers() & Qt::ShiftModifier));
+    default:
+        return false;
+    }
+}
+
+bool CGridWnd::focusNextPrevChild(bool next) {
+    return moveCurrent(next) || QWidget::focusNextPrevChild(next);
+}
+
+bool CGridWnd::moveCurrent(bool forward) {
+    const int columns = columnCount();
+    const int cells = rowCount() * columns;
+    const int step = forward ? 1 : -1;
+    const int present = currentIndex().isValid() ? currentIndex().row() * columns + currentIndex().column()
+                                                 : (forward ? -1 : cells);
+    for (int cell = present + step; cell >= 0 && cell < cells; cell += step) {
+        const QModelIndex index = model_->index(cell / columns, cell % columns);
+        if (index.flags() & Qt::ItemIsEnabled) {
+            setCurrentIndex(index);
+            return true;
+        }
+    }
+    return false;
+}
+
+void CGridWnd::focusInEvent(QFocusEvent* event) {
+    QTableView::focusInEvent(event);
+    if (!currentIndex().isValid() && event->reason() != Qt::MouseFocusReason)
+        moveCurrent(true);
+}
+
+void CGridWnd::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    layoutColumns();
+}
+
+void CGridWnd::changeEvent(QEvent* event) {
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        fitRowHeights();
+        layoutColumns();
+    }
+}
+
+void CGridWnd::fitRowHeights() {
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
+    for (int row = 1; row <= rowCount(); ++row) {
+        for (int column = 1; column <= columnCount(); ++column)
+            fitRowHeight(row, cellStyle(row, column));
+    }
+}
+
+void CGridWnd::fitRowHeight(int row, const GridCellStyle& style) {
+    if (style.kind != GridCellKind::radioGroup || style.orientation == Qt::Horizontal)
+        return;
+    const int lines = std::max(1, static_cast<int>(style.choices.size()));
+    setRowHeight(row - 1, lines * verticalHeader()->defaultSectionSize());
+}
+
+} // namespace ovsettings

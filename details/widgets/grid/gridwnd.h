@@ -1,0 +1,107 @@
+#pragma once
+
+#include "details/widgets/grid/gridcellstyle.h"
+
+#include <QtWidgets/QTableView>
+
+namespace ovsettings {
+
+class CGridDelegate;
+class CGridModel;
+
+/// The base of every grid of the product: a table of cells, each with a text and a style.
+///
+/// Rows and columns count from 1; row 0 is the header, of which only the text can be set. A cell outside the
+/// grid reads as empty and is not written.
+///
+/// Without a mouse: the arrows go from cell to cell; Tab goes through them in reading order and from the last
+/// one to the next control, Shift+Tab the other way; Ctrl+Tab leaves the grid at once, in either direction.
+/// F2, Enter, or typing begins an edit, Delete one of an empty text; Enter ends it, Escape gives the old text
+/// back. Alt+Down or F4 opens a list. Space, F2 or Enter toggles a check box, goes on to the next choice of a
+/// radio group, or presses a button or a colour.
+class CGridWnd : public QTableView {
+    Q_OBJECT
+
+public:
+    explicit CGridWnd(QWidget* parent = nullptr);
+    ~CGridWnd() override;
+
+    /// Cells that stay keep what they have; new ones are empty.
+    void setRowCount(int count);
+    void setColumnCount(int count);
+    int rowCount() const;
+    int columnCount() const;
+
+    void setCellText(int row, int column, const QString& text);
+    /// The text of a cell as it is on show: while the cell is edited, that of the editor.
+    QString cellText(int row, int column) const;
+    void setCellStyle(int row, int column, const GridCellStyle& style);
+    GridCellStyle cellStyle(int row, int column) const;
+    /// Makes a cell take up the place of `columns` cells of its row.
+    void joinCells(int row, int column, int columns);
+
+    /// Widths in pixels.
+    void setWidthOfColumn(int column, int width);
+    int widthOfColumn(int column) const;
+    /// The width that the columns have between them.
+    int clientWidth() const;
+    void showHeaders(bool columnHeaders, bool rowHeaders);
+
+    /// The current cell; row and column 0 if there is none.
+    int currentRow() const;
+    int currentColumn() const;
+    void setCurrentCell(int row, int column);
+
+    /// Does with the current cell what its control is for: opens the editor, toggles the check box, presses
+    /// the button.
+    void startEdit();
+    bool isEditing() const;
+    /// Ends an edit in progress, if there is one. A text that is refused is told about and stays in the
+    /// editor. @return false if it was refused.
+    bool endEdit();
+
+protected:
+    /// Asked before an editor opens; false keeps the cell as it is.
+    virtual bool onStartEditing(int row, int column);
+    /// Why a text typed into a cell cannot be taken; empty if it can. The base holds it to the style's
+    /// limits.
+    virtual QString refusal(int row, int column, const QString& text) const;
+    /// The user has given a cell another text.
+    virtual void onCellChanged(int row, int column);
+    /// The user pressed a button or a colour.
+    virtual void onCellPressed(int row, int column);
+    /// A left click on a cell; true if that is all it was for.
+    virtual bool onClick(int row, int column);
+    virtual void onDoubleClick(int row, int column);
+    /// A key, with a current cell and no editor open; true keeps it from the grid.
+    virtual bool onKey(const QKeyEvent& event);
+    /// Sets the widths of the columns, after a change of the grid's size or font.
+    virtual void layoutColumns();
+
+    void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+
+private:
+    friend class CGridDelegate;
+
+    QModelIndex indexOf(int row, int column) const;
+    QString refusalOfEdit() const;
+    /// Ends an edit whose text can be taken; another one stays open, and nothing is said yet.
+    void leaveEdit();
+    void commitEdit();
+    void clickCell(const QModelIndex& index);
+    bool handleKey(const QKeyEvent& event);
+    bool moveCurrent(bool forward);
+    void fitRowHeights();
+    void fitRowHeight(int row, const GridCellStyle& style);
+
+    CGridModel* model_;
+    CGridDelegate* delegate_;
+};
+
+} // namespace ovsettings

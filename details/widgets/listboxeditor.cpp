@@ -1,0 +1,351 @@
+#include "details/widgets/listboxeditor.h"
+
+#include <QtCore/QMetaProperty>
+#include <QtCore/QPointer>
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QListWidget>
+#include <QtWidgets/QStyledItemDelegate>
+#include <QtWidgets/QToolButton>
+#include <QtWidgets/QVBoxLayout>
+
+#include <algorithm>
+#include <array>
+
+namespace ovsettings {
+
+/// Edits a line in place. What was entered reaches the list only when the control for it is closed: what
+/// follows may ask the user, or take the line out.
+class CLineDelegate : public QStyledItemDelegate {
+public:
+    explicit CLineDelegate(CListBoxEditor& owner) : QStyledItemDelegate(&owner), owner_(owner) {
+        owner.list().setItemDelegate(this);
+        connect(this, &QAbstractItemDelegate::closeEditor, &owner, [this] { closed(); });
+    }
+
+    bool isEditing() const { return control_; }
+
+    void finish() {
+        if (!control_)
+            return;
+        Q_EMIT commitData(control_);
+        Q_EMIT closeEditor(control_);
+    }
+
+    void cancel() {
+        if (control_)
+            Q_EMIT closeEditor(control_, RevertModelCache);
+    }
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                          const QModelIndex& index) const override {
+        index_ = index;
+        entered_.reset();
+        control_ = owner_.createLineEditor(parent, index.row());
+        return control_;
+    }
+
+    void setModelData(QWidget* control, QAbstractItemModel*, const QModelIndex&) const override {
+        entered_ = control->property(control->metaObject()->userProperty().name()).toString();
+    }
+
+    void updateEditorGeometry(QWidget* control, const QStyleOptionViewItem& option,
+                              const QModelIndex&) const override {
+        control->setGeometry(option.rect);
+    }
+
+    /// As wide as the list, so that a long line is elided, and high enough to be edited.
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        constexpr int kMargin = 3;
+        const int height = QStyledItemDelegate::sizeHint(option, index).height();
+        return {0, std::max(height, option.fontMetrics.height() + 2 * kMargin)};
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress || watched != control_)
+            return QStyledItemDelegate::eventFilter(watched, event);
+        // Neither goes on to the next line or to the dialog's default button.
+        constexpr std::array kEnds{Qt::Key_Return, Qt::Key_Enter, Qt::Key_Tab, Qt::Key_Backtab};
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (std::find(kEnds.begin(), kEnds.end(), key) == kEnds.end())
+            return QStyledItemDelegate::eventFilter(watched, event);
+        finish();
+        return true;
+    }
+
+private:
+    void closed() {
+        control_ = nullptr;
+        const auto entered = std::exchange(entered_, std::nullopt);
+        if (index_.isValid())
+            owner_.endEditing(index_.row(), entered);
+    }
+
+    CListBoxEditor& owner_;
+    mutable QPointer<QWidget> control_;
+    mutable QPersistentModelIndex index_;
+    mutable std::optional<QString> entered_;
+};
+
+CListBoxEditor::CListBoxEditor(QWidget* parent)
+    : QWidget(parent), titleRow_(new QHBoxLayout), title_(new QLabel(this)) {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addLayout(titleRow_);
+    titleRow_->setSpacing(0);
+    titleRow_->addWidget(title_, 1);
+    const auto button = [this](const char* icon, const QString& text, const QKeySequence& key) {
+        QToolButton* made = makeButton(QLatin1String(icon), text, key);
+        titleRow_->addWidget(made);
+        return made;
+    };
+    new_ = button("new", tr("New"), Qt::Key_Insert);
+    delete_ = button("delete", tr("Delete"), Qt::Key_Delete);
+    up_ = button("up", tr("Move up"), Qt::ALT | Qt::Key_Up);
+    down_ = button("down", tr("Move down"), Qt::ALT | Qt::Key_Down);
+
+    list_ = new QListWidget(this);
+    layout->addWidget(list_);
+    list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    list_->setUniformItemSizes(true);
+    list_->setTextElideMode(Qt::ElideMiddle);
+    list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    title_->setBuddy(list_);
+    delegate_ = new CLineDelegate(*this);
+    connectControls();
+    updateButtons();
+}
+
+QToolButton* CListBoxEditor::makeButton(const QString& icon, const QString& text, const QKeySequence& key) {
+    auto* button = new QToolButton(this);
+    button->setAutoRaise(true);
+    button->setIcon(QIcon(QLatin1String(":/ovsettings/images/") + icon + QLatin1String(".svg")));
+    button->setText(text);
+    button->setToolTip(key.isEmpty() ? text
+                                     : tr("%1 (%2)").arg(text, key.toString(QKeySequence::NativeText)));
+    return button;
+}
+
+QToolButton& CListBoxEditor::addButton(const QString& icon, const QString& text, const QKeySequence& key) {
+    QToolButton* button = makeButton(icon, text, key);
+    titleRow_->insertWidget(titleRow_->indexOf(new_) + 1, button);
+    setTabOrder(new_, button);
+    return *button;
+}
+
+void CListBoxEditor::connectControls() {
+    connect(new_, &QToolButton::clicked, this, [this] { newLine(); });
+    connect(delete_, &QToolButton::clicked, this, &CListBoxEditor::deleteLine);
+    connect(up_, &QToolButton::clicked, this, [this] { moveLine(-1); });
+    connect(down_, &QToolButton::clicked, this, [this] { moveLine(+1); });
+    connect(list_, &QListWidget::currentRowChanged, this, &CListBoxEditor::updateButtons);
+    connect(list_, &QListWidget::doubleClicked, this,
+            [this](const QModelIndex& index) { editLine(index.row()); });
+    list_->installEventFilter(this);
+}
+
+void CListBoxEditor::setTitle(const QString& title) {
+    title_->setText(title);
+    QString name = title;
+    name.remove(QLatin1Char('&')).remove(QLatin1Char(':'));
+    list_->setAccessibleName(name);
+    for (QToolButton* button : findChildren<QToolButton*>(QString(), Qt::FindDirectChildrenOnly))
+        button->setAccessibleName(name + QLatin1String(": ") + button->text());
+}
+
+void CListBoxEditor::setLines(const QStringList& lines) {
+    cancelEditing();
+    list_->clear();
+    for (const QString& text : lines)
+        insertLine(lineCount(), text);
+    if (placeForNew_)
+        insertLine(lineCount(), QString());
+    updateButtons();
+}
+
+QStringList CListBoxEditor::lines() const {
+    QStringList lines;
+    lines.reserve(lineCount());
+    for (int row = 0; row < lineCount(); ++row)
+        lines.append(line(row));
+    return lines;
+}
+
+int CListBoxEditor::lineCount() const {
+    return list_->count();
+}
+
+QString CListBoxEditor::line(int row) const {
+    return list_->item(row)->text();
+}
+
+void CListBoxEditor::insertLine(int row, const QString& text) {
+    auto* item = new QListWidgetItem;
+    item->setFlags(item->flags() | Qt::ItemIsEditable);
+    list_->insertItem(row, item);
+    setLine(list_->row(item), text);
+}
+
+void CListBoxEditor::setLine(int row, const QString& text) {
+    QListWidgetItem* item = list_->item(row);
+    item->setText(text);
+    item->setToolTip(text);
+    item->setData(Qt::AccessibleTextRole, text.isEmpty() ? tr("New line") : text);
+}
+
+void CListBoxEditor::removeLine(int row) {
+    delete list_->takeItem(row);
+    updateButtons();
+}
+
+int CListBoxEditor::currentRow() const {
+    return list_->currentRow();
+}
+
+void CListBoxEditor::setCurrentRow(int row) {
+    list_->setCurrentRow(row);
+}
+
+void CListBoxEditor::finishEditing() {
+    delegate_->finish();
+}
+
+void CListBoxEditor::cancelEditing() {
+    delegate_->cancel();
+}
+
+void CListBoxEditor::newLine() {
+    finishEditing();
+    if (lineCount() == 0 || !isPlaceForNew(lineCount() - 1))
+        insertLine(lineCount(), QString());
+    editInPlace(lineCount() - 1);
+}
+
+void CListBoxEditor::editLine(int row) {
+    editInPlace(row);
+}
+
+void CListBoxEditor::editInPlace(int row) {
+    finishEditing();
+    list_->setCurrentRow(row);
+    list_->setFocus();
+    list_->edit(list_->currentIndex());
+}
+
+QWidget* CListBoxEditor::createLineEditor(QWidget* parent, int) {
+    auto* control = new QLineEdit(parent);
+    control->setFrame(false);
+    control->setAccessibleName(list_->accessibleName());
+    return control;
+}
+
+void CListBoxEditor::endEditing(int row, const std::optional<QString>& text) {
+    enterText(row, text.value_or(line(row)));
+}
+
+void CListBoxEditor::enterText(int row, const QString& text) {
+    const QString before = line(row);
+    const bool place = isPlaceForNew(row);
+    if (text.isEmpty() && !place) {
+        removeLine(row);
+        if (!before.isEmpty())
+            lineDeleted(row);
+    } else if (text != before) {
+        setLine(row, text);
+        if (place)
+            insertLine(lineCount(), QString());
+        if (before.isEmpty())
+            lineAdded(row, text);
+        else
+            lineRenamed(row, text);
+    }
+    updateButtons();
+}
+
+void CListBoxEditor::deleteLine() {
+    cancelEditing();
+    const int row = currentRow();
+    if (!isEntry(row))
+        return;
+    removeLine(row);
+    lineDeleted(row);
+}
+
+void CListBoxEditor::moveLine(int distance) {
+    finishEditing();
+    const int from = currentRow();
+    const int to = from + distance;
+    if (!isEntry(from) || !isEntry(to) || !mayMove(from, to))
+        return;
+    list_->insertItem(to, list_->takeItem(from));
+    list_->setCurrentRow(to);
+    lineMoved(from, to);
+}
+
+void CListBoxEditor::lineAdded(int, const QString&) {
+}
+
+void CListBoxEditor::lineRenamed(int, const QString&) {
+}
+
+void CListBoxEditor::lineDeleted(int) {
+}
+
+void CListBoxEditor::lineMoved(int, int) {
+}
+
+bool CListBoxEditor::mayMove(int, int) {
+    return true;
+}
+
+bool CListBoxEditor::isPlaceForNew(int row) const {
+    return placeForNew_ && row == lineCount() - 1 && line(row).isEmpty();
+}
+
+bool CListBoxEditor::isEntry(int row) const {
+    return row >= 0 && row < lineCount() && !isPlaceForNew(row);
+}
+
+void CListBoxEditor::updateButtons() {
+    const int row = currentRow();
+    delete_->setEnabled(isEntry(row));
+    up_->setEnabled(isEntry(row) && isEntry(row - 1));
+    down_->setEnabled(isEntry(row) && isEntry(row + 1));
+}
+
+bool CListBoxEditor::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && !delegate_->isEditing() &&
+        handleKey(*static_cast<QKeyEvent*>(event)))
+        return true;
+    return QWidget::eventFilter(watched, event);
+}
+
+bool CListBoxEditor::handleKey(const QKeyEvent& event) {
+    const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    const int key = event.key();
+    if (modifiers == Qt::AltModifier && (key == Qt::Key_Up || key == Qt::Key_Down)) {
+        moveLine(key == Qt::Key_Up ? -1 : +1);
+        return true;
+    }
+    if (modifiers != Qt::NoModifier)
+        return false;
+    switch (key) {
+    case Qt::Key_Insert:
+        newLine();
+        return true;
+    case Qt::Key_Delete:
+        deleteLine();
+        return true;
+    case Qt::Key_F2:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (currentRow() >= 0)
+            editLine(currentRow());
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace ovsettings

@@ -1,0 +1,42 @@
+#include "details/widgets/listboxfileeditor.h"
+
+#include "details/platform/paths.h"
+#include "details/widgets/stringconversion.h"
+
+#include <QtGui/QShortcut>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QListWidget>
+#include <QtWidgets/QToolButton>
+
+namespace ovsettings {
+
+namespace {
+
+QString directoryOf(const QString& file) {
+    const std::string path = toUtf8(file);
+    return toQString(platform::resolveExisting(platform::splitPath(path).directory).value_or(""));
+}
+
+} // namespace
+
+CListBoxFileEditor::CListBoxFileEditor(QWidget* parent) : CListBoxEditor(parent) {
+    constexpr auto kKey = Qt::Key_F4;
+    const QToolButton& button = addButton(QStringLiteral("browse"), tr("Browse..."), kKey);
+    connect(&button, &QToolButton::clicked, this, &CListBoxFileEditor::browse);
+    auto* shortcut = new QShortcut(kKey, &list());
+    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(shortcut, &QShortcut::activated, this, &CListBoxFileEditor::browse);
+    setPlaceForNew(true);
+    setLines({});
+}
+
+void CListBoxFileEditor::browse() {
+    cancelEditing();
+    const int row = currentRow() < 0 ? lineCount() - 1 : currentRow();
+    const QString file = QFileDialog::getOpenFileName(window(), tr("Select File"), directoryOf(line(row)),
+                                                      tr("All Files (*)"));
+    if (!file.isEmpty())
+        enterText(row, file);
+}
+
+} // namespace ovsettings

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "details/widgets/listboxeditor.h"
+
+namespace ovsettings {
+
+/// A list of files: a button, and F4 in the list, chooses the file of the current line, or of a new one.
+class CListBoxFileEditor : public CListBoxEditor {
+    Q_OBJECT
+
+public:
+    explicit CListBoxFileEditor(QWidget* parent = nullptr);
+
+private:
+    void browse();
+};
+
+} // namespace ovsettings

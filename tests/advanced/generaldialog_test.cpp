@@ -1,0 +1,336 @@
+#include "details/pages/advanced/generaldialog.h"
+
+#include "details/appcfg/unitglue.h"
+#include "details/pages/advanced/generalgrid.h"
+#include "tests/editor/editorfixture.h"
+
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+
+#include <algorithm>
+
+using Orv::Metrics::Unit;
+using ovsettings::CGeneralDialog;
+using ovsettings::CGeneralGrid;
+using ovsettings::GridCellKind;
+
+namespace {
+
+class AdvancedPage : public EditorPages {
+protected:
+    CGeneralDialog& openPage() {
+        auto& page = open<CGeneralDialog>();
+        page.resize(600, 300);
+        window_.resize(600, 300);
+        window_.show();
+        window_.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
+        return page;
+    }
+
+    CGeneralGrid& grid() { return *window_.findChild<CGeneralGrid*>(); }
+
+    int rowOf(const std::string& caption) {
+        for (int row = 1; row <= grid().rowCount(); ++row) {
+            if (grid().cellText(row, 1).toStdString() == caption)
+                return row;
+        }
+        ADD_FAILURE() << "no row " << caption;
+        return 0;
+    }
+
+    std::string shown(const std::string& caption) { return grid().cellText(rowOf(caption), 2).toStdString(); }
+
+    /// Where keys go. A box or list that has just closed leaves the activation on its way back, so the
+    /// application may know of no focus.
+    QWidget* focus() { return window_.focusWidget(); }
+
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(focus(), key, modifiers);
+    }
+
+    void goTo(const std::string& caption) {
+        grid().setFocus();
+        grid().setCurrentCell(rowOf(caption), 2);
+    }
+
+    void typeInto(const std::string& caption, const char* text) {
+        goTo(caption);
+        press(Qt::Key_F2);
+        QTest::keyClicks(focus(), QLatin1String(text));
+    }
+
+    void enter(const std::string& caption, const char* text) {
+        typeInto(caption, text);
+        press(Qt::Key_Return);
+    }
+
+    void choose(const std::string& caption, const char* choice) {
+        goTo(caption);
+        press(Qt::Key_Down, Qt::AltModifier);
+        ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+        auto* list = QApplication::activePopupWidget()->findChild<QAbstractItemView*>();
+        const auto found =
+            list->model()->match(list->model()->index(0, 0), Qt::DisplayRole, QLatin1String(choice));
+        ASSERT_FALSE(found.isEmpty()) << choice;
+        QTest::keyClick(list, Qt::Key_Home);
+        for (int step = 0; step < found.front().row(); ++step)
+            QTest::keyClick(list, Qt::Key_Down);
+        QTest::keyClick(list, Qt::Key_Return);
+        QApplication::processEvents();
+    }
+};
+
+} // namespace
+
+TEST_F(AdvancedPage, ShowsTheDefaultsAndAppliesThemUnchanged) {
+    load({});
+    CGeneralDialog& page = openPage();
+    ASSERT_EQ(grid().rowCount(), 25);
+    EXPECT_FALSE(page.isModified());
+    for (const auto& row : grid().rows()) {
+        ASSERT_NE(Orv::iAppConfiguration::kindOf(row->getKey()), 0) << row->getKey();
+        EXPECT_FALSE(row->valueText().isEmpty()) << row->getKey();
+    }
+    EXPECT_EQ(shown("Crosshair Cursor"), "None");
+    EXPECT_EQ(shown("Pintype Arrows"), "None");
+    EXPECT_EQ(shown("Language"), "Default");
+    EXPECT_EQ(shown("Box Size [in]"), "0.05");
+
+    std::vector<std::string> expected;
+    for (const auto& row : grid().rows()) {
+        expected.push_back(row->getKey());
+        if (row->getKey() == "PINTYPE_ARROWS")
+            expected.push_back("EURO_ARROWS");
+    }
+    EXPECT_EQ(keysWrittenBy(page), expected);
+    ASSERT_TRUE(appConfig_.save());
+    const std::string file = testsupport::readFile(installation_.user() / "orvane.xml");
+    for (const std::string& key : expected)
+        EXPECT_EQ(file.find('"' + key + '"'), std::string::npos) << key << " does not differ";
+}
+
+TEST_F(AdvancedPage, StoresWhatTheUserSets) {
+    load({});
+    testsupport::writeFile(installation_.user() / "orvane.xml", "<configuration/>");
+    CGeneralDialog& page = openPage();
+    goTo("Auto Pan");
+    press(Qt::Key_Space);
+    EXPECT_TRUE(page.isModified());
+    press(Qt::Key_Space);
+    EXPECT_FALSE(page.isModified());
+    press(Qt::Key_Space);
+    choose("Pintype Arrows", "Half Size");
+    typeInto("Selection Distance [in]", "0.25");
+    EXPECT_TRUE(page.isModified());
+    EXPECT_TRUE(page.isValid()) << "ends the edit";
+    EXPECT_FALSE(grid().isEditing());
+    ASSERT_TRUE(page.onOk());
+    EXPECT_FALSE(page.isModified());
+    ASSERT_TRUE(appConfig_.save());
+
+    Orv::iAppConfiguration reread;
+    ASSERT_TRUE(reread.load());
+    EXPECT_EQ(reread.getNumber("AUTOPAN"), 0);
+    EXPECT_EQ(reread.getNumber("PINTYPE_ARROWS"), 1);
+    EXPECT_EQ(reread.getNumber("EURO_ARROWS"), 1);
+    EXPECT_EQ(reread.getNumber("SDISTANCE_HR"), 635000);
+}
+
+TEST_F(AdvancedPage, ShowsAChoiceForEachStoredValueAndAppliesWhatItShows) {
+    struct {
+        const char* caption;
+        std::vector<Entry> stored;
+        const char* shown;
+        std::vector<std::string> applied;
+    } const rows[] = {
+        {"Crosshair Cursor", {{"CROSSCURSOR", "1"}}, "Small", {"1"}},
+        // Shown in another spelling than the choice, and so not written.
+        {"Crosshair Cursor", {{"CROSSCURSOR", "2"}}, "Full Extant", {"2"}},
+        {"Crosshair Cursor", {{"CROSSCURSOR", "5"}}, "", {"5"}},
+        {"Language", {{"LANGUAGE", "ENG"}}, "English", {"ENG"}},
+        {"Language", {{"LANGUAGE", "JPN"}}, "Japanese", {"JPN"}},
+        {"Language", {{"LANGUAGE", "eng"}}, "Japanese", {"JPN"}},
+        {"Language", {{"LANGUAGE", "Default\nENG"}}, "Japanese", {"JPN"}},
+        {"Pintype Arrows", {{"PINTYPE_ARROWS", "0"}, {"EURO_ARROWS", "1"}}, "None", {"0", "0"}},
+        {"Pintype Arrows", {{"PINTYPE_ARROWS", "1"}, {"EURO_ARROWS", "0"}}, "Full Size", {"1", "0"}},
+        {"Pintype Arrows", {{"PINTYPE_ARROWS", "7"}, {"EURO_ARROWS", "-1"}}, "Half Size", {"1", "1"}},
+    };
+    for (const auto& row : rows) {
+        load(row.stored);
+        CGeneralDialog& page = openPage();
+        SCOPED_TRACE(row.stored.front().value);
+        EXPECT_EQ(shown(row.caption), row.shown);
+        bool changes = false;
+        for (std::size_t at = 0; at < row.stored.size(); ++at)
+            changes |= row.stored[at].value != row.applied[at];
+        EXPECT_EQ(page.isModified(), changes);
+        ASSERT_TRUE(page.onApply());
+        EXPECT_FALSE(page.isModified());
+        for (std::size_t at = 0; at < row.stored.size(); ++at)
+            EXPECT_EQ(stored(row.stored[at].key), row.applied[at]);
+        delete &page;
+    }
+}
+
+TEST_F(AdvancedPage, WritesTheValuesOfAChoice) {
+    struct {
+        const char* caption;
+        const char* choice;
+        std::vector<std::pair<std::string, std::string>> written;
+    } const rows[] = {
+        {"Crosshair Cursor", "None", {{"CROSSCURSOR", "0"}}},
+        {"Crosshair Cursor", "Full Extent", {{"CROSSCURSOR", "2"}}},
+        {"Crosshair Cursor", "Small", {{"CROSSCURSOR", "1"}}},
+        {"Language", "English", {{"LANGUAGE", "ENG"}}},
+        {"Language", "Japanese", {{"LANGUAGE", "JPN"}}},
+        {"Language", "Default", {{"LANGUAGE", "Default"}}},
+        {"Pintype Arrows", "Full Size", {{"PINTYPE_ARROWS", "1"}, {"EURO_ARROWS", "0"}}},
+        {"Pintype Arrows", "Half Size", {{"PINTYPE_ARROWS", "1"}, {"EURO_ARROWS", "1"}}},
+        {"Pintype Arrows", "None", {{"PINTYPE_ARROWS", "0"}, {"EURO_ARROWS", "0"}}},
+    };
+    load({{"CROSSCURSOR", "2"}});
+    CGeneralDialog& page = openPage();
+    const std::vector<std::string> untouched = keysWrittenBy(page);
+    EXPECT_EQ(std::ranges::count(untouched, "CROSSCURSOR"), 0);
+    for (const auto& row : rows) {
+        choose(row.caption, row.choice);
+        EXPECT_TRUE(page.isModified()) << row.choice;
+        ASSERT_TRUE(page.onApply());
+        EXPECT_FALSE(page.isModified()) << row.choice;
+        for (const auto& [key, value] : row.written)
+            EXPECT_EQ(stored(key), value) << row.choice;
+    }
+}
+
+TEST_F(AdvancedPage, ShowsWhichRowsAreLockedAndByWhom) {
+    load({{"AUTOPAN", "0", true},
+          {"BOXSIZE_HR", "254000", true},
+          {"LANGUAGE", "ENG", true},
+          {"CROSSCURSOR", "1", true},
+          {"PINTYPE_ARROWS", "1", true}});
+    CGeneralDialog& page = openPage();
+    const std::string toolTip = "Locked by " + siteDirectory();
+    for (const char* caption : {"Auto Pan", "Box Size [in]", "Language"}) {
+        const int row = rowOf(caption);
+        for (const int column : {1, 2}) {
+            EXPECT_TRUE(grid().cellStyle(row, column).greyed) << caption;
+            EXPECT_EQ(grid().cellStyle(row, column).toolTip.toStdString(), toolTip);
+        }
+        const std::string before = shown(caption);
+        goTo(caption);
+        EXPECT_EQ(grid().currentRow(), row) << "it can be read out";
+        for (const Qt::Key key : {Qt::Key_Space, Qt::Key_F2, Qt::Key_7})
+            press(key);
+        EXPECT_FALSE(grid().isEditing());
+        EXPECT_EQ(shown(caption), before);
+    }
+    EXPECT_FALSE(grid().cellStyle(rowOf("Dot Size [in]"), 2).greyed);
+
+    // These two do not look locked; the store knows better.
+    choose("Crosshair Cursor", "None");
+    choose("Pintype Arrows", "None");
+    EXPECT_FALSE(page.isModified());
+    ASSERT_TRUE(page.onApply());
+    EXPECT_EQ(stored("CROSSCURSOR"), "1");
+    EXPECT_EQ(stored("PINTYPE_ARROWS"), "1");
+    EXPECT_EQ(stored("BOXSIZE_HR"), "254000");
+}
+
+TEST_F(AdvancedPage, ShowsTheSameLengthsInAnotherUnit) {
+    load({{"BOXSIZE_HR", "317500"}, {"DOTSIZE_HR", "1.016e+06"}});
+    CGeneralDialog& page = openPage();
+    EXPECT_EQ(shown("Box Size [in]"), "0.12");
+    EXPECT_EQ(shown("Dot Size [in]"), "0.40");
+    enter("Selection Distance [in]", "0.3");
+    struct {
+        Unit unit;
+        const char* box;
+        const char* dot;
+        const char* distance;
+        const char* abbreviation;
+    } const rows[] = {
+        {Unit::centimetre, "0.318", "1.016", "0.762", "cm"},
+        {Unit::thousandth, "125", "400", "300", "th"},
+        {Unit::millimetre, "3.17", "10.16", "7.62", "mm"},
+        {Unit::inch, "0.12", "0.40", "0.30", "in"},
+    };
+    for (const auto& row : rows) {
+        Orv::setConfiguredUnit(appConfig_, row.unit);
+        ASSERT_TRUE(page.onEnter());
+        const std::string unit = std::string(" [") + row.abbreviation + "]";
+        EXPECT_EQ(shown("Box Size" + unit), row.box);
+        EXPECT_EQ(shown("Dot Size" + unit), row.dot);
+        EXPECT_EQ(shown("Selection Distance" + unit), row.distance);
+    }
+    ASSERT_TRUE(page.onApply());
+    EXPECT_EQ(stored("BOXSIZE_HR"), "317500") << "a length that is only looked at stays";
+    EXPECT_EQ(Orv::lengthFromText(stored("DOTSIZE_HR")), 1016000);
+    EXPECT_EQ(Orv::lengthFromText(stored("SDISTANCE_HR")), 762000);
+}
+
+TEST_F(AdvancedPage, TakesAnyTextForALengthAndSurvivesIt) {
+    struct {
+        const char* typed;
+        double stored;
+    } const rows[] = {
+        {"nonsense", 0},       {"1.5 in", 3810000}, {"-2", -5080000},
+        {"1e400", 9.22337e18}, {"nan", 0},          {"0.7777777", 1975560},
+    };
+    for (const auto& row : rows) {
+        load({});
+        CGeneralDialog& page = openPage();
+        enter("Box Size [in]", row.typed);
+        EXPECT_EQ(shown("Box Size [in]"), row.typed);
+        EXPECT_TRUE(page.isValid()) << "the page sets no limits";
+        ASSERT_TRUE(page.onApply());
+        EXPECT_EQ(std::stod(stored("BOXSIZE_HR")), row.stored) << row.typed;
+        EXPECT_FALSE(page.isModified()) << row.typed;
+        Orv::setConfiguredUnit(appConfig_, Unit::millimetre);
+        EXPECT_TRUE(page.onEnter());
+        Orv::setConfiguredUnit(appConfig_, Unit::inch);
+        delete &page;
+    }
+}
+
+TEST_F(AdvancedPage, CountsAFlagThatIsNoneAsOffAndKeepsIt) {
+    load({{"AUTOPAN", "2"}});
+    testsupport::writeFile(
+        installation_.site() / "orvane.xml",
+        "<configuration><section path=\"Orvane/SETTINGS\"><value name=\"AUTOPAN\">2</value>"
+        "<value name=\"BITNUMBERS\"/><value name=\"LANGUAGE\"/></section></configuration>");
+    ASSERT_TRUE(appConfig_.load());
+    CGeneralDialog& page = openPage();
+    EXPECT_EQ(shown("Auto Pan"), "2");
+    ASSERT_TRUE(page.onApply());
+    EXPECT_EQ(stored("AUTOPAN"), "2");
+    goTo("Auto Pan");
+    press(Qt::Key_Space);
+    ASSERT_TRUE(page.onApply());
+    EXPECT_EQ(stored("AUTOPAN"), "1");
+    EXPECT_FALSE(page.isModified());
+}
+
+TEST_F(AdvancedPage, GivesTheValuesTheWidthThatTheCaptionsLeave) {
+    load({});
+    CGeneralDialog& page = openPage();
+    const QString longest = QStringLiteral("Copy and Paste Sheet using Conflict Resolution");
+    const int captions = grid().widthOfColumn(1);
+    EXPECT_GT(captions, grid().fontMetrics().horizontalAdvance(longest));
+    for (const int width : {600, 900, 500}) {
+        page.resize(width, 300);
+        QApplication::processEvents();
+        EXPECT_EQ(grid().widthOfColumn(1), captions);
+        EXPECT_EQ(grid().widthOfColumn(1) + grid().widthOfColumn(2), grid().clientWidth());
+    }
+}
+
+TEST_F(AdvancedPage, WithoutAWindowRefusesNothingAndWritesNothing) {
+    load({});
+    CGeneralDialog page(nullptr);
+    page.setAppConfiguration(&appConfig_);
+    EXPECT_TRUE(page.isValid());
+    EXPECT_TRUE(page.onEnter());
+    EXPECT_FALSE(page.isModified());
+    EXPECT_TRUE(keysWrittenBy(page).empty());
+}

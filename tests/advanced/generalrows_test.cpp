@@ -1,0 +1,146 @@
+// The row classes, those included that the page does not use.
+
+#include "details/pages/advanced/generalcheckbox.h"
+#include "details/pages/advanced/generalgrid.h"
+#include "details/pages/advanced/generallabel.h"
+#include "details/pages/advanced/generallorvikkeybindingscheckbox.h"
+#include "details/pages/advanced/generalrowedit.h"
+#include "details/pages/advanced/generalrowradio.h"
+#include "details/pages/advanced/generalrowunitvalueedit.h"
+#include "orv/appconfiguration.h"
+#include "tests/support/testsupport.h"
+
+#include <gtest/gtest.h>
+
+using namespace ovsettings;
+using testsupport::answerNextMessageBox;
+
+namespace {
+
+class GeneralRows : public testing::Test {
+protected:
+    GeneralRows() {
+        appConfig_.load();
+        grid_.setAppConfiguration(&appConfig_);
+    }
+
+    template <typename Row, typename... Arguments>
+    Row& add(const char* key, Arguments... arguments) {
+        auto row = std::make_unique<Row>(grid_, arguments...);
+        Row& added = *row;
+        added.setKey(key);
+        grid_.appendRow(std::move(row));
+        return added;
+    }
+
+    static std::string stored(CGeneralRow& row) {
+        std::string text = "untouched";
+        row.store(text);
+        return text;
+    }
+
+    testsupport::Installation installation_;
+    Orv::iAppConfiguration appConfig_;
+    CGeneralGrid grid_;
+};
+
+} // namespace
+
+TEST_F(GeneralRows, NumberOutsideItsLimitsIsRefusedWithTheRowsMessage) {
+    auto& row = add<CGeneralRowEdit>("SHEETSIZE", "Sheet");
+    row.setDisplayValue("nonsense");
+    EXPECT_TRUE(row.validate()) << "there are no limits";
+    row.setLimits(1, 10);
+    for (const char* text : {"nonsense", "", "0", "11", "99999999999999999999"}) {
+        row.setDisplayValue(text);
+        std::string message;
+        answerNextMessageBox("OK", &message);
+        EXPECT_FALSE(row.validate()) << text;
+        EXPECT_EQ(message, "Incorrect value");
+        EXPECT_EQ(row.valueText().toStdString(), text);
+        EXPECT_EQ(grid_.currentRow(), 1);
+    }
+    row.setErrorText("Too many");
+    std::string message;
+    answerNextMessageBox("OK", &message);
+    EXPECT_FALSE(row.validate());
+    EXPECT_EQ(message, "Too many");
+    row.setDisplayValue("10");
+    EXPECT_TRUE(row.validate());
+    EXPECT_TRUE(row.isModified());
+    EXPECT_EQ(stored(row), "10");
+    EXPECT_FALSE(row.isModified());
+    EXPECT_EQ(appConfig_.getNumber("SHEETSIZE"), 10);
+}
+
+TEST_F(GeneralRows, LengthOutsideItsLimitsIsRefusedInItsUnit) {
+    auto& row = add<CGeneralRowUnitValueEdit>("GRID_HR", "Grid", Orv::Metrics::Unit::inch);
+    row.setLimits(0, 0);
+    row.setDisplayValue("-5e9");
+    EXPECT_TRUE(row.validate());
+    row.setLimits(25400, 2540000);
+    for (const auto& [unit, expected] :
+         {std::pair{Orv::Metrics::Unit::inch, "value should be between 0.01 and 1.00 in"},
+          {Orv::Metrics::Unit::millimetre, "value should be between 0.25 and 25.40 mm"}}) {
+        row.onUnitChanged(unit);
+        std::string message;
+        answerNextMessageBox("OK", &message);
+        EXPECT_FALSE(row.validate());
+        EXPECT_EQ(message, expected);
+    }
+    row.setDisplayValue("25400");
+    EXPECT_TRUE(row.validate()) << "0.254 mm, shown as 0.25, is the limit itself";
+}
+
+TEST_F(GeneralRows, FlagShowsItsKeyWhateverItIsGiven) {
+    auto& row = add<CGeneralCheckBox>("AUTOPAN", "Pan");
+    appConfig_.setNumber("AUTOPAN", 0);
+    row.setDisplayValue("1");
+    EXPECT_EQ(row.valueText().toStdString(), "0");
+}
+
+TEST_F(GeneralRows, ChoicesAreSplitAtLineFeeds) {
+    auto row = std::make_unique<CGeneralRowCheckBox>(grid_, "List");
+    row->setDisplayValue("one\ntwo");
+    row->setDisplayValue("");
+    row->select("none of them");
+    grid_.appendRow(std::move(row));
+    EXPECT_EQ(grid_.cellStyle(1, 2).choices, (QStringList{"one", "two", ""}));
+    EXPECT_EQ(stored(*grid_.rows().front()), "none of them");
+}
+
+TEST_F(GeneralRows, RadioGroupTakesThreeLinesAndALabelOne) {
+    auto radio = std::make_unique<CGeneralRowRadio>(grid_, "Mode");
+    radio->setDisplayValue("a");
+    radio->setDisplayValue("b");
+    radio->setCurrent(1);
+    radio->setHorizontal(true);
+    grid_.appendRow(std::move(radio));
+    auto& label = add<CGeneralLabel>("", "Heading");
+    EXPECT_EQ(grid_.rowCount(), 4);
+    EXPECT_EQ(grid_.cellText(4, 1).toStdString(), "Heading");
+    EXPECT_EQ(grid_.columnSpan(3, 0), 2);
+    EXPECT_EQ(stored(label), "untouched");
+    grid_.setCurrentCell(2, 1);
+    grid_.startEdit();
+    EXPECT_EQ(stored(*grid_.rows().front()), "0");
+}
+
+TEST_F(GeneralRows, KeyBindingsAreOneOfTwoScripts) {
+    struct {
+        const char* given;
+        const char* shown;
+        const char* stored;
+    } const rows[] = {
+        {"pdbindings.vbs", "0", "pdbindings.vbs"},
+        {"lorvik_wvo.vbs", "1", "lorvik_wvo.vbs"},
+        {"other.vbs", "1", "lorvik_wvo.vbs"},
+    };
+    for (const auto& sample : rows) {
+        auto row = std::make_unique<CGeneralLorvikKeyBindingsCheckBox>(grid_, "Keys");
+        row->setDisplayValue(sample.given);
+        grid_.appendRow(std::move(row));
+        EXPECT_EQ(grid_.rows().back()->valueText().toStdString(), sample.shown);
+        EXPECT_EQ(stored(*grid_.rows().back()), sample.stored);
+    }
+}

@@ -1,0 +1,38 @@
+#include "details/pages/editor/globalnetsdialog.h"
+
+#include "details/pages/editor/globalsgrid.h"
+
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+#include <gtest/gtest.h>
+
+TEST(GlobalNetsPage, KeepsWhatIsTypedAndStoresNothing) {
+    QWidget window;
+    ovsettings::CGlobalNetsDialog page(nullptr);
+    page.createWindow(&window);
+    page.show();
+    page.resize(400, 300);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    auto& grid = *page.findChild<ovsettings::CGlobalsGrid*>();
+    EXPECT_EQ(grid.rowCount(), 11);
+    EXPECT_EQ(grid.cellText(0, 1).toStdString(), "Global Net");
+    EXPECT_EQ(grid.cellText(0, 2).toStdString(), "Alias");
+    EXPECT_NEAR(grid.widthOfColumn(1), grid.widthOfColumn(2), 1);
+    EXPECT_EQ(grid.widthOfColumn(1) + grid.widthOfColumn(2), grid.clientWidth());
+
+    grid.setFocus();
+    for (const char* text : {"VCC", "+5V"}) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F2);
+        QTest::keyClicks(QApplication::focusWidget(), QLatin1String(text));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    EXPECT_TRUE(page.onLeave());
+    page.hide();
+    EXPECT_TRUE(page.onOk());
+    EXPECT_FALSE(page.isModified());
+    page.show();
+    EXPECT_EQ(grid.cellText(1, 1).toStdString(), "VCC");
+    EXPECT_EQ(grid.cellText(1, 2).toStdString(), "+5V");
+}

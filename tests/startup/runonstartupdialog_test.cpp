@@ -1,0 +1,275 @@
+#include "details/pages/startup/runonstartupdialog.h"
+
+#include "details/platform/profilefile.h"
+#include "orv/appconfiguration.h"
+#include "orv/projectconfiguration.h"
+#include "orv/updater.h"
+#include "ovsettings/showsettingsdialog.h"
+#include "ovsettings/updatehost.h"
+#include "tests/support/testsupport.h"
+
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QDialog>
+#include <QtWidgets/QListWidget>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <filesystem>
+
+using ovsettings::CRunOnStartupDialog;
+
+namespace {
+
+namespace fs = std::filesystem;
+using testsupport::find;
+using testsupport::readFile;
+using testsupport::writeFile;
+
+class AskingUpdater : public Orv::IUpdater {
+public:
+    bool updateSettings(ovsettings::IUpdateHost* host) override {
+        changed.push_back(host->isPageChanged("run on startup"));
+        return true;
+    }
+    std::vector<bool> changed;
+};
+
+/// The page in the settings dialog of a real installation.
+class RunOnStartup : public testing::Test {
+protected:
+    RunOnStartup() {
+        writeFile(installation_.standard() / "settings.xml",
+                  "<settings><dialog><name>Run on Startup</name><classid>Run on Startup</classid>"
+                  "<localization>internal</localization></dialog></settings>");
+        EXPECT_TRUE(configuration_.load());
+    }
+
+    fs::path scripts() const { return installation_.user() / "scripts.ini"; }
+    std::string existingFile(const std::string& name) const {
+        writeFile(installation_.user() / name, "");
+        return (installation_.user() / name).string();
+    }
+
+    /// Opens the dialog, runs the script and presses the button, if the script has not closed it.
+    void inDialog(const std::function<void(QDialog&)>& script, const char* button = "OK") {
+        testsupport::whenDialog([&](QDialog& dialog) {
+            script(dialog);
+            if (dialog.isVisible())
+                QTest::mouseClick(find<QPushButton>(dialog, button), Qt::LeftButton);
+        });
+        ovsettings::showSettingsDialog(configuration_, project_, &updater_);
+    }
+
+    static QListWidget& list(QWidget& dialog, const char* title) { return *find<QListWidget>(dialog, title); }
+    static std::string lines(QListWidget& list) {
+        QStringList lines;
+        for (int row = 0; row < list.count(); ++row)
+            lines << list.item(row)->text();
+        return lines.join(QLatin1Char('|')).toStdString();
+    }
+    static void key(QListWidget& list, int row, Qt::Key key) {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(list.window()));
+        list.setCurrentRow(row);
+        list.setFocus();
+        QTest::keyClick(&list, key);
+    }
+    static void type(const std::string& text) {
+        QTest::keyClicks(QApplication::focusWidget(), QString::fromStdString(text));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    }
+    static void add(QListWidget& list, const std::string& text) {
+        key(list, 0, Qt::Key_Insert);
+        type(text);
+    }
+
+    testsupport::Installation installation_;
+    Orv::iAppConfiguration configuration_;
+    Orv::CProjectConfiguration project_;
+    AskingUpdater updater_;
+};
+
+} // namespace
+
+TEST_F(RunOnStartup, WritesBothListsInOrderAndTheRestOfTheFileStays) {
+    const std::string form = existingFile("a.frm");
+    const std::string script = existingFile("s 1.bas");
+    const std::string text = "; mine\r\n[Other]\r\nForm#0=x\r\n\r\n[plandraw] ; lists\r\n"
+                             "form#0 = \"b.frm\"\r\nForm#1=c.frm\r\nColour=red\r\n\r\n; end\r\n";
+    writeFile(scripts(), text);
+    inDialog([](QDialog& dialog) {
+        EXPECT_EQ(lines(list(dialog, "Forms:")), "b.frm|c.frm|");
+        EXPECT_EQ(lines(list(dialog, "Scripts:")), "");
+    });
+    EXPECT_EQ(readFile(scripts()), text);
+    EXPECT_EQ(updater_.changed, std::vector{false});
+
+    inDialog([&](QDialog& dialog) {
+        add(list(dialog, "Forms:"), form);
+        add(list(dialog, "Scripts:"), script);
+        key(list(dialog, "Forms:"), 0, Qt::Key_Delete);
+    });
+    EXPECT_EQ(readFile(scripts()), "; mine\r\n[Other]\r\nForm#0=x\r\n\r\n[plandraw] ; lists\r\n"
+                                   "form#0 = c.frm\r\nForm#1=" +
+                                       form + "\r\nColour=red\r\nScript#0=" + script + "\r\n\r\n; end\r\n");
+    EXPECT_EQ(updater_.changed, (std::vector{false, true}));
+}
+
+TEST_F(RunOnStartup, KeysBehindAGapAreLeftAlone) {
+    writeFile(scripts(), "[PlanDraw]\nForm#0=a\nForm#2=c\nForm#3=d\n");
+    inDialog([](QDialog& dialog) {
+        EXPECT_EQ(lines(list(dialog, "Forms:")), "a|");
+        key(list(dialog, "Forms:"), 0, Qt::Key_Delete);
+    });
+    EXPECT_EQ(readFile(scripts()), "[PlanDraw]\nForm#2=c\nForm#3=d\n");
+
+    const std::string file = existingFile("a.frm");
+    inDialog([&](QDialog& dialog) {
+        add(list(dialog, "Forms:"), file);
+        add(list(dialog, "Forms:"), file);
+    });
+    // Both that were added, and the key behind them that the empty last line stands for.
+    EXPECT_EQ(readFile(scripts()), "[PlanDraw]\nForm#3=d\nForm#0=" + file + "\nForm#1=" + file + "\n");
+}
+
+TEST_F(RunOnStartup, NothingToRunMakesNoFile) {
+    inDialog([](QDialog&) {});
+    EXPECT_FALSE(fs::exists(scripts()));
+}
+
+TEST_F(RunOnStartup, AppliedListCountsForTheNextApply) {
+    const std::string file = existingFile("a.frm");
+    inDialog([&](QDialog& dialog) {
+        for (int i = 0; i < 3; ++i)
+            add(list(dialog, "Forms:"), file);
+        QTest::mouseClick(find<QPushButton>(dialog, "Apply"), Qt::LeftButton);
+        for (int i = 0; i < 2; ++i)
+            key(list(dialog, "Forms:"), 0, Qt::Key_Delete);
+    });
+    EXPECT_EQ(readFile(scripts()), "[PlanDraw]\nForm#0=" + file + "\n");
+    EXPECT_EQ(updater_.changed, (std::vector{true, true}));
+}
+
+TEST_F(RunOnStartup, AsksBeforeAMissingFileIsAddedWithNoAsTheDefault) {
+    constexpr char kQuestion[] = "\n\nThis file does not exist.\nAdd the file anyway?";
+    const std::string file = existingFile("Real.frm");
+    const std::string missing = (installation_.user() / "missing.frm").string();
+    struct Row {
+        const char* what;
+        bool rename;
+        std::string text;
+        const char* answer; ///< null where no question is to come
+        std::string after;
+    };
+    const std::array rows{
+        Row{"added, no", false, missing, "No", file + "|"},
+        Row{"added, yes", false, missing, "Yes", file + "|" + missing + "|"},
+        Row{"renamed, no", true, missing, "No", ""},
+        Row{"renamed, yes", true, missing, "Yes", missing + "|"},
+        Row{"a directory", true, installation_.user().string(), "No", ""},
+        Row{"existing, in full", false, (installation_.user() / "x/..\\REAL.frm").string(), nullptr,
+            file + "|" + file + "|"},
+    };
+    fs::create_directories(installation_.user() / "x");
+    writeFile(scripts(), "[PlanDraw]\nForm#0=" + file + "\n");
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.what);
+        inDialog(
+            [&](QDialog& dialog) {
+                QListWidget& forms = list(dialog, "Forms:");
+                key(forms, 0, row.rename ? Qt::Key_F2 : Qt::Key_Insert);
+                std::string asked;
+                if (row.answer) {
+                    testsupport::whenModal([&](QWidget& modal) {
+                        auto& box = dynamic_cast<QMessageBox&>(modal);
+                        asked = box.text().toStdString();
+                        EXPECT_EQ(box.icon(), QMessageBox::Question);
+                        EXPECT_EQ(box.defaultButton(), box.button(QMessageBox::No));
+                        find<QPushButton>(box, row.answer)->click();
+                    });
+                }
+                type(row.text);
+                EXPECT_EQ(lines(forms), row.after);
+                EXPECT_EQ(asked, row.answer ? row.text + kQuestion : "");
+            },
+            "Cancel");
+    }
+    EXPECT_EQ(readFile(scripts()), "[PlanDraw]\nForm#0=" + file + "\n") << "Cancel stores nothing";
+}
+
+TEST_F(RunOnStartup, LineThatIsStillEditedIsStoredByOk) {
+    const std::string file = existingFile("a.frm");
+    inDialog([&](QDialog& dialog) {
+        key(list(dialog, "Scripts:"), 0, Qt::Key_Insert);
+        QTest::keyClicks(QApplication::focusWidget(), QString::fromStdString(file));
+    });
+    EXPECT_EQ(readFile(scripts()), "[PlanDraw]\nScript#0=" + file + "\n");
+}
+
+TEST_F(RunOnStartup, FailedWriteIsToldOnceForEachListAndTheDialogCloses) {
+    fs::create_directories(scripts());
+    const std::string file = existingFile("a.frm");
+    std::vector<std::string> told;
+    const auto noteNext = [&](const auto& self) -> void {
+        testsupport::whenModal([&, self](QWidget& modal) {
+            told.push_back(dynamic_cast<QMessageBox&>(modal).text().toStdString());
+            if (told.size() < 2)
+                self(self);
+            dynamic_cast<QDialog&>(modal).accept();
+        });
+    };
+    inDialog([&](QDialog& dialog) {
+        add(list(dialog, "Forms:"), file);
+        add(list(dialog, "Forms:"), file);
+        add(list(dialog, "Scripts:"), file);
+        noteNext(noteNext);
+    });
+    const std::string message = "Writing " + installation_.user().string() + "\\scripts.ini failed";
+    EXPECT_EQ(told, (std::vector{message, message}));
+}
+
+TEST_F(RunOnStartup, NothingOfTheFileIsLostByShowingIt) {
+    const std::string longName(3000, 'x');
+    const std::array texts{
+        "[PlanDraw]\nForm#0=" + longName + "\nForm#1=last\n",
+        std::string("[PlanDraw]\nForm#0=Gr\xF6\xDF"
+                    "e.frm\nScript#0=\xFF\n"),
+        std::string("\xFF\xFE[\0P\0l\0", 8),
+        std::string(3, '\0') + "[PlanDraw]\nForm#0=a" + std::string(1, '\0') + "b\n",
+    };
+    for (const std::string& text : texts) {
+        writeFile(scripts(), text);
+        inDialog([](QDialog&) {});
+        EXPECT_EQ(readFile(scripts()), text);
+    }
+    // A name that is no text is moved as it is.
+    writeFile(scripts(), "[PlanDraw]\nForm#0=\xFF.frm\nForm#1=b\n");
+    inDialog([](QDialog& dialog) {
+        QListWidget& forms = list(dialog, "Forms:");
+        forms.setCurrentRow(0);
+        QTest::keyClick(&forms, Qt::Key_Down, Qt::AltModifier);
+    });
+    EXPECT_EQ(readFile(scripts()), "[PlanDraw]\nForm#0=b\nForm#1=\xFF.frm\n");
+}
+
+TEST_F(RunOnStartup, WithoutAUserDirectoryNothingIsReadOrWrittenInTheRoot) {
+    const std::string file = existingFile("a.frm");
+    for (const std::optional<std::string>& list : {std::optional<std::string>(), {""}, {";/tmp"}}) {
+        const testsupport::ScopedEnvironment wdir("WDIR", list);
+        CRunOnStartupDialog page(nullptr);
+        QWidget window;
+        page.createWindow(&window);
+        EXPECT_TRUE(page.onApply());
+        page.setParent(nullptr);
+        page.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&page));
+        add(*find<QListWidget>(page, "Forms:"), file);
+        std::string told;
+        testsupport::answerNextMessageBox("OK", &told);
+        EXPECT_TRUE(page.onOk());
+        EXPECT_EQ(told, "Writing \\scripts.ini failed");
+        EXPECT_FALSE(fs::exists("/scripts.ini"));
+    }
+}

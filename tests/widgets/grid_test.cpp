@@ -1,0 +1,413 @@
+#include "details/widgets/grid/gridwnd.h"
+
+#include "tests/support/testsupport.h"
+
+#include <QtGui/QAccessible>
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QVBoxLayout>
+#include <gtest/gtest.h>
+
+using ovsettings::CGridWnd;
+using ovsettings::GridCellKind;
+using ovsettings::GridCellStyle;
+using testsupport::answerNextMessageBox;
+
+namespace {
+
+/// Notes what the grid's hooks are told.
+class RecordingGrid : public CGridWnd {
+public:
+    std::vector<std::string> calls;
+    bool mayEdit = true;
+    bool takesClicks = false;
+    int takenKey = 0;
+
+    QPoint centre(int row, int column) const {
+        return visualRect(model()->index(row - 1, column - 1)).center();
+    }
+
+    QRect rect(int row, int column) const { return visualRect(model()->index(row - 1, column - 1)); }
+
+    std::string text(int row, int column) const { return cellText(row, column).toStdString(); }
+
+protected:
+    bool onStartEditing(int row, int column) override {
+        note("start", row, column);
+        return mayEdit;
+    }
+    void onCellChanged(int row, int column) override { note("changed", row, column); }
+    void onCellPressed(int row, int column) override { note("pressed", row, column); }
+    bool onClick(int row, int column) override {
+        note("click", row, column);
+        return takesClicks;
+    }
+    void onDoubleClick(int row, int column) override { note("double", row, column); }
+    bool onKey(const QKeyEvent& event) override { return event.key() == takenKey; }
+
+private:
+    void note(const char* what, int row, int column) {
+        calls.push_back(std::string(what) + ' ' + std::to_string(row) + ' ' + std::to_string(column));
+    }
+};
+
+using Calls = std::vector<std::string>;
+
+/// A grid of one column of captions and one of cells, between two buttons.
+class Grid : public testing::Test {
+protected:
+    Grid() {
+        auto* layout = new QVBoxLayout(&window_);
+        layout->addWidget(&before_);
+        layout->addWidget(&grid_);
+        layout->addWidget(&after_);
+        grid_.setColumnCount(2);
+        window_.resize(500, 400);
+        window_.show();
+        window_.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
+    }
+
+    int add(const QString& caption, const GridCellStyle& style, const QString& text) {
+        const int row = grid_.rowCount() + 1;
+        grid_.setRowCount(row);
+        grid_.setCellStyle(row, 1, {.readOnly = true, .enabled = false});
+        grid_.setCellText(row, 1, caption);
+        grid_.setCellStyle(row, 2, style);
+        grid_.setCellText(row, 2, text);
+        return row;
+    }
+
+    void goTo(int row, int column = 2) {
+        grid_.setFocus();
+        grid_.setCurrentCell(row, column);
+    }
+
+    /// Where keys go. A box or list that has just closed leaves the activation on its way back, so the
+    /// application may know of no focus.
+    QWidget* focus() { return window_.focusWidget(); }
+
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(focus(), key, modifiers);
+    }
+    /// The first key may open the editor that the others go to.
+    void type(const char* text) {
+        for (const char* key = text; *key; ++key)
+            QTest::keyClick(focus(), *key);
+    }
+    void click(const QPoint& at) { QTest::mouseClick(grid_.viewport(), Qt::LeftButton, {}, at); }
+
+    QWidget window_;
+    QPushButton before_;
+    RecordingGrid grid_;
+    QPushButton after_;
+};
+
+} // namespace
+
+TEST_F(Grid, BeginsEndsAndRestoresAnEditByKeys) {
+    const int row = add("Name", {}, "old");
+    const int below = add("Below", {}, "");
+    const auto edit = [&](Qt::Key begin, const char* text, Qt::Key end) {
+        goTo(row);
+        press(begin);
+        EXPECT_TRUE(grid_.isEditing());
+        type(text);
+        EXPECT_EQ(grid_.text(row, 2), text) << "the text on show is the editor's";
+        press(end);
+        EXPECT_FALSE(grid_.isEditing());
+    };
+    edit(Qt::Key_F2, "one", Qt::Key_Return);
+    EXPECT_EQ(grid_.text(row, 2), "one");
+    EXPECT_EQ(grid_.currentRow(), row);
+    EXPECT_TRUE(grid_.hasFocus());
+    edit(Qt::Key_Return, "two", Qt::Key_Escape);
+    EXPECT_EQ(grid_.text(row, 2), "one");
+    EXPECT_TRUE(window_.isVisible());
+    edit(Qt::Key_Enter, "three", Qt::Key_Tab);
+    EXPECT_EQ(grid_.text(row, 2), "three");
+    EXPECT_EQ(grid_.currentRow(), below);
+    edit(Qt::Key_Delete, "", Qt::Key_Down);
+    EXPECT_EQ(grid_.text(row, 2), "");
+    EXPECT_EQ(grid_.currentRow(), below);
+
+    type("x y");
+    after_.setFocus();
+    EXPECT_EQ(grid_.text(below, 2), "x y") << "the focus went elsewhere";
+    EXPECT_TRUE(after_.hasFocus());
+    EXPECT_FALSE(grid_.isEditing());
+}
+
+TEST_F(Grid, GoesThroughItsCellsByTabAndIsLeftByIt) {
+    for (const char* caption : {"a", "b", "c"})
+        add(caption, {}, caption);
+    grid_.setCellStyle(2, 2, {.enabled = false});
+    before_.setFocus();
+    press(Qt::Key_Tab);
+    EXPECT_TRUE(grid_.hasFocus());
+    EXPECT_EQ(grid_.currentRow(), 1);
+    EXPECT_EQ(grid_.currentColumn(), 2) << "captions are not gone to";
+    press(Qt::Key_Tab);
+    EXPECT_EQ(grid_.currentRow(), 3);
+    press(Qt::Key_Up);
+    EXPECT_EQ(grid_.currentRow(), 1);
+    press(Qt::Key_Down);
+    press(Qt::Key_Tab);
+    EXPECT_TRUE(after_.hasFocus());
+    press(Qt::Key_Backtab);
+    EXPECT_TRUE(grid_.hasFocus());
+    press(Qt::Key_Backtab);
+    EXPECT_EQ(grid_.currentRow(), 1);
+    press(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_TRUE(after_.hasFocus());
+    goTo(3);
+    press(Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_TRUE(before_.hasFocus());
+}
+
+TEST_F(Grid, WorksOnControlsInPlace) {
+    const QStringList choices{"one", "two", "three"};
+    const int box = add("Box", {.kind = GridCellKind::checkBox}, "abc");
+    const int across = add("Across", {.kind = GridCellKind::radioGroup, .choices = choices}, "0");
+    const int down =
+        add("Down", {.kind = GridCellKind::radioGroup, .choices = choices, .orientation = Qt::Vertical}, "2");
+    const int button = add("Button", {.kind = GridCellKind::button}, "Press");
+    const int colour = add("Colour", {.kind = GridCellKind::colour}, "255");
+    grid_.setWidthOfColumn(2, 300);
+
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_F2}) {
+        grid_.setCellText(box, 2, "abc");
+        goTo(box);
+        press(key);
+        EXPECT_EQ(grid_.text(box, 2), "1");
+        press(key);
+        EXPECT_EQ(grid_.text(box, 2), "0");
+        goTo(down);
+        press(key);
+        EXPECT_EQ(grid_.text(down, 2), "0");
+        grid_.setCellText(down, 2, "2");
+        grid_.calls.clear();
+        goTo(button);
+        press(key);
+        goTo(colour);
+        press(key);
+        EXPECT_EQ(grid_.calls, (Calls{"pressed 4 2", "pressed 5 2"}));
+    }
+    EXPECT_GE(grid_.rect(down, 2).height(), 3 * grid_.fontMetrics().height());
+
+    click(QPoint(grid_.rect(box, 2).left() + 8, grid_.centre(box, 2).y()));
+    EXPECT_EQ(grid_.text(box, 2), "1");
+    click(grid_.centre(box, 2));
+    EXPECT_EQ(grid_.text(box, 2), "1") << "beside the box";
+    click(grid_.centre(across, 2));
+    EXPECT_EQ(grid_.text(across, 2), "1");
+    click(grid_.centre(down, 2));
+    EXPECT_EQ(grid_.text(down, 2), "1");
+    grid_.calls.clear();
+    click(grid_.centre(button, 2));
+    EXPECT_EQ(grid_.calls, (Calls{"click 4 2", "pressed 4 2"}));
+}
+
+TEST_F(Grid, ReadOnlyCellsAreReachedAndNotChanged) {
+    for (const auto kind :
+         {GridCellKind::text, GridCellKind::maskedEdit, GridCellKind::checkBox, GridCellKind::dropDown,
+          GridCellKind::radioGroup, GridCellKind::button, GridCellKind::colour}) {
+        const int row = add("Locked", {.kind = kind, .readOnly = true, .choices = {"a", "b"}}, "0");
+        goTo(row);
+        ASSERT_EQ(grid_.currentRow(), row);
+        for (const Qt::Key key : {Qt::Key_F2, Qt::Key_Return, Qt::Key_Space, Qt::Key_1, Qt::Key_Delete})
+            press(key);
+        press(Qt::Key_Down, Qt::AltModifier);
+        grid_.setCurrentCell(row, 2);
+        click(QPoint(grid_.rect(row, 2).left() + 8, grid_.centre(row, 2).y()));
+        EXPECT_FALSE(grid_.isEditing());
+        EXPECT_EQ(grid_.text(row, 2), "0");
+    }
+    for (const std::string& call : grid_.calls)
+        EXPECT_TRUE(call.starts_with("click")) << call;
+}
+
+TEST_F(Grid, MaskLetsDigitsThrough) {
+    struct {
+        const char* before;
+        const char* typed;
+        const char* after;
+    } const rows[] = {
+        {"5", "12x-3", "123"}, {"", "123456789", "1234567"}, {"", "\xd9\xa1", ""},
+        {"abc", "7", "7"},     {"abc", "", "abc"},           {"-5", "", "-5"},
+    };
+    const int row =
+        add("Count", {.kind = GridCellKind::maskedEdit, .mask = QStringLiteral("#######")}, QString());
+    for (const auto& sample : rows) {
+        grid_.setCellText(row, 2, sample.before);
+        goTo(row);
+        press(Qt::Key_F2);
+        type(sample.typed);
+        press(Qt::Key_Return);
+        EXPECT_EQ(grid_.text(row, 2), sample.after) << sample.before << ' ' << sample.typed;
+    }
+    // What does not fit is shortened key by key.
+    grid_.setCellText(row, 2, "1ab");
+    press(Qt::Key_F2);
+    press(Qt::Key_End);
+    press(Qt::Key_Backspace);
+    press(Qt::Key_Backspace);
+    press(Qt::Key_Return);
+    EXPECT_EQ(grid_.text(row, 2), "1");
+}
+
+TEST_F(Grid, KeepsARefusedTextInItsEditorAndSaysWhy) {
+    const int row = add("Width", {.limits = {{1, 10, "between 1 and 10"}}}, "5");
+    const int other = add("Other", {}, "");
+    const std::vector<std::function<void()>> waysOut{
+        [&] { press(Qt::Key_Return); },         [&] { press(Qt::Key_Tab); },
+        [&] { press(Qt::Key_Down); },           [&] { click(grid_.centre(other, 2)); },
+        [&] { EXPECT_FALSE(grid_.endEdit()); },
+    };
+    for (const char* typed : {"11", "0", "x", ""}) {
+        goTo(row);
+        press(Qt::Key_Delete);
+        type(typed);
+        for (const auto& leave : waysOut) {
+            std::string message;
+            answerNextMessageBox("OK", &message);
+            leave();
+            EXPECT_EQ(message, "between 1 and 10");
+            EXPECT_TRUE(grid_.isEditing());
+            EXPECT_EQ(grid_.text(row, 2), typed);
+            EXPECT_EQ(grid_.currentRow(), row);
+        }
+        // Another control may have the focus; the text waits, and nothing is said until it has to be.
+        after_.setFocus();
+        EXPECT_TRUE(grid_.isEditing());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        grid_.findChild<QLineEdit*>()->setFocus();
+        press(Qt::Key_Escape);
+        EXPECT_EQ(grid_.text(row, 2), "5");
+    }
+    type("10");
+    press(Qt::Key_Return);
+    EXPECT_EQ(grid_.text(row, 2), "10");
+}
+
+TEST_F(Grid, ChoosesFromAListByKeysAndMouse) {
+    const int row =
+        add("List", {.kind = GridCellKind::dropDown, .choices = {"Alpha", "Beta", "Gamma"}}, "Alfa");
+    const auto popup = [] {
+        return QApplication::activePopupWidget();
+    };
+    const auto openList = [&] {
+        goTo(row);
+        press(Qt::Key_Down, Qt::AltModifier);
+        ASSERT_NE(popup(), nullptr);
+        EXPECT_EQ(grid_.text(row, 2),
+                  grid_.model()->index(row - 1, 1).data(Qt::EditRole).toString().toStdString());
+    };
+    const auto pressInList = [&](std::initializer_list<Qt::Key> keys) {
+        for (const Qt::Key key : keys)
+            QTest::keyClick(popup()->findChild<QAbstractItemView*>(), key);
+        QApplication::processEvents();
+        EXPECT_FALSE(grid_.isEditing());
+        EXPECT_EQ(popup(), nullptr);
+    };
+    openList();
+    pressInList({Qt::Key_Escape});
+    EXPECT_EQ(grid_.text(row, 2), "Alfa") << "a text that is no choice stays";
+    EXPECT_TRUE(grid_.calls == Calls{"start 1 2"});
+    openList();
+    pressInList({Qt::Key_End, Qt::Key_Return});
+    EXPECT_EQ(grid_.text(row, 2), "Gamma");
+    openList();
+    pressInList({Qt::Key_Up, Qt::Key_Escape});
+    EXPECT_EQ(grid_.text(row, 2), "Gamma");
+
+    press(Qt::Key_B);
+    EXPECT_EQ(grid_.text(row, 2), "Beta");
+    press(Qt::Key_Escape);
+    EXPECT_EQ(grid_.text(row, 2), "Gamma");
+    press(Qt::Key_A);
+    press(Qt::Key_Tab);
+    EXPECT_EQ(grid_.text(row, 2), "Alpha");
+
+    click(grid_.centre(row, 2));
+    ASSERT_NE(popup(), nullptr);
+    pressInList({Qt::Key_Down, Qt::Key_Return});
+    EXPECT_EQ(grid_.text(row, 2), "Beta");
+}
+
+TEST_F(Grid, AsksWhoDerivesFromIt) {
+    const int row = add("Name", {}, "old");
+    goTo(row);
+    grid_.mayEdit = false;
+    press(Qt::Key_F2);
+    EXPECT_FALSE(grid_.isEditing());
+    grid_.mayEdit = true;
+    grid_.takesClicks = true;
+    click(grid_.centre(row, 2));
+    EXPECT_FALSE(grid_.isEditing());
+    grid_.takenKey = Qt::Key_F2;
+    press(Qt::Key_F2);
+    EXPECT_FALSE(grid_.isEditing());
+    grid_.calls.clear();
+    QTest::mouseDClick(grid_.viewport(), Qt::LeftButton, {}, grid_.centre(row, 2));
+    type("n");
+    press(Qt::Key_Return);
+    press(Qt::Key_Return);
+    press(Qt::Key_Return);
+    EXPECT_EQ(grid_.calls, (Calls{"double 1 2", "start 1 2", "changed 1 2", "start 1 2"}))
+        << "an edit that changes nothing is no change";
+}
+
+TEST_F(Grid, TellsWhoCannotSeeItWhatEachCellIs) {
+    grid_.setCellText(0, 2, "Value");
+    GridCellStyle locked{.readOnly = true, .toolTip = "Locked by /etc"};
+    add("Name", locked, "a\nb");
+    add("Flag", {.kind = GridCellKind::checkBox}, "1");
+    add("Mode", {.kind = GridCellKind::radioGroup, .choices = {"x", "y"}}, "1");
+    add("Ink", {.kind = GridCellKind::colour}, "255");
+    add("Odd", {.kind = GridCellKind::colour}, "no colour");
+    auto* table = QAccessible::queryAccessibleInterface(&grid_)->tableInterface();
+    const char* const names[] = {"Name, Value, a b", "Flag, Value, checked", "Mode, Value, y",
+                                 "Ink, Value, #ff0000", "Odd, Value"};
+    for (int row = 0; row < 5; ++row)
+        EXPECT_EQ(table->cellAt(row, 1)->text(QAccessible::Name).toStdString(), names[row]);
+    EXPECT_EQ(table->cellAt(0, 1)->text(QAccessible::Description).toStdString(), "Locked by /etc");
+    goTo(1);
+    grid_.setCellStyle(1, 2, {});
+    press(Qt::Key_F2);
+    EXPECT_EQ(QApplication::focusWidget()->accessibleName().toStdString(), "Name, Value");
+}
+
+TEST_F(Grid, PaintsStatedColours) {
+    const int ink = add("Ink", {.kind = GridCellKind::colour}, "16711680"); // blue in the high byte
+    const int paper = add("Paper", {.interior = QColor(1, 2, 3)}, "");
+    grid_.clearSelection();
+    const QImage picture = grid_.viewport()->grab().toImage();
+    EXPECT_EQ(picture.pixelColor(grid_.centre(ink, 2)), QColor(0, 0, 255));
+    EXPECT_EQ(picture.pixelColor(grid_.centre(paper, 2)), QColor(1, 2, 3));
+}
+
+TEST_F(Grid, KeepsItsCellsWhenItGrowsAndIgnoresThoseItDoesNotHave) {
+    add("a", {}, "1");
+    grid_.setColumnCount(3);
+    grid_.setRowCount(4);
+    EXPECT_EQ(grid_.text(1, 2), "1");
+    grid_.setCellText(4, 3, "end");
+    EXPECT_EQ(grid_.text(4, 3), "end");
+    for (const auto& [row, column] : {std::pair{5, 1}, {1, 4}, {-1, 1}, {1, 0}, {0, 9}}) {
+        grid_.setCellText(row, column, "outside");
+        grid_.setCellStyle(row, column, {.readOnly = true});
+        EXPECT_EQ(grid_.text(row, column), "");
+        EXPECT_FALSE(grid_.cellStyle(row, column).readOnly);
+    }
+    grid_.setColumnCount(2);
+    grid_.setRowCount(1);
+    EXPECT_EQ(grid_.text(1, 2), "1");
+    grid_.setRowCount(0);
+    goTo(1);
+    press(Qt::Key_F2);
+    EXPECT_EQ(grid_.currentRow(), 0);
+}

@@ -1,0 +1,266 @@
+#include "details/widgets/listboxeditor.h"
+
+#include "details/widgets/listboxfileeditor.h"
+#include "details/widgets/messagebox.h"
+#include "tests/support/testsupport.h"
+
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QDialog>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QListWidget>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QToolButton>
+#include <QtWidgets/QVBoxLayout>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <filesystem>
+
+using ovsettings::CListBoxEditor;
+using ovsettings::CListBoxFileEditor;
+
+namespace {
+
+/// Writes down what it is told, and takes out lines of the text "bad", after a question.
+class CRecordingList : public CListBoxEditor {
+public:
+    using CListBoxEditor::list;
+
+    QStringList takeLog() { return std::exchange(log_, {}); }
+
+    bool movesAllowed = true;
+    bool choices = false;
+
+protected:
+    void lineAdded(int row, const QString& text) override { entered("added", row, text); }
+    void lineRenamed(int row, const QString& text) override { entered("renamed", row, text); }
+    void lineDeleted(int row) override { log("deleted %1", row); }
+    void lineMoved(int from, int to) override { log_ << QStringLiteral("moved %1 %2").arg(from).arg(to); }
+    bool mayMove(int, int) override { return movesAllowed; }
+
+    QWidget* createLineEditor(QWidget* parent, int row) override {
+        if (!choices)
+            return CListBoxEditor::createLineEditor(parent, row);
+        auto* combo = new QComboBox(parent);
+        combo->addItems({QStringLiteral("one"), QStringLiteral("two")});
+        return combo;
+    }
+
+private:
+    void log(const char* what, int row) { log_ << QString::fromLatin1(what).arg(row); }
+    void entered(const char* what, int row, const QString& text) {
+        log_ << QStringLiteral("%1 %2 %3").arg(QLatin1String(what)).arg(row).arg(text);
+        if (text == QLatin1String("bad") && !ovsettings::askYesNo(this, text, text))
+            removeLine(row);
+    }
+
+    QStringList log_;
+};
+
+QStringList words(const char* text) {
+    return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+/// A list editor in a dialog with a default button, as a page has it.
+class ListBoxEditor : public testing::Test {
+protected:
+    ListBoxEditor() {
+        auto* layout = new QVBoxLayout(&dialog_);
+        editor_ = new CRecordingList;
+        editor_->setTitle(QStringLiteral("&Lines:"));
+        editor_->setPlaceForNew(true);
+        layout->addWidget(editor_);
+        ok_ = new QPushButton(QStringLiteral("OK"));
+        ok_->setDefault(true);
+        QObject::connect(ok_, &QPushButton::clicked, &dialog_, &QDialog::accept);
+        layout->addWidget(ok_);
+        dialog_.show();
+        fill("a b c");
+    }
+
+    void fill(const char* lines, int current = 0) {
+        editor_->setLines(words(lines));
+        editor_->setCurrentRow(current);
+        // A message box that closed leaves no window active for a moment.
+        dialog_.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog_));
+        editor_->list().setFocus();
+        editor_->takeLog();
+    }
+
+    static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    }
+    static void type(const char* text) { QTest::keyClicks(QApplication::focusWidget(), QLatin1String(text)); }
+
+    QToolButton& button(const char* text) { return *testsupport::find<QToolButton>(*editor_, text); }
+    void click(const char* text) { QTest::mouseClick(&button(text), Qt::LeftButton); }
+    std::string lines() const { return editor_->lines().join(QLatin1Char(' ')).toStdString(); }
+    std::string log() { return editor_->takeLog().join(QLatin1Char(',')).toStdString(); }
+
+    QDialog dialog_;
+    CRecordingList* editor_;
+    QPushButton* ok_;
+};
+
+} // namespace
+
+TEST_F(ListBoxEditor, EveryKeyDoesWhatItsButtonDoes) {
+    struct Row {
+        const char* what;
+        int current;
+        std::function<void()> act;
+        const char* lines;
+        const char* log;
+        int currentAfter;
+    };
+    const std::array rows{
+        Row{"Insert", 1, [] { press(Qt::Key_Insert), type("d"), press(Qt::Key_Return); }, "a b c d ",
+            "added 3 d", 3},
+        Row{"New", 1, [this] { click("New"), type("d"), press(Qt::Key_Return); }, "a b c d ", "added 3 d", 3},
+        Row{"Enter in the empty line", 3, [] { press(Qt::Key_Enter), type("d"), press(Qt::Key_Tab); },
+            "a b c d ", "added 3 d", 3},
+        Row{"F2", 1, [] { press(Qt::Key_F2), type("x"), press(Qt::Key_Return); }, "a x c ", "renamed 1 x", 1},
+        Row{"Enter", 1, [] { press(Qt::Key_Return), type("x"), press(Qt::Key_Return); }, "a x c ",
+            "renamed 1 x", 1},
+        Row{"Escape", 1, [] { press(Qt::Key_F2), type("x"), press(Qt::Key_Escape); }, "a b c ", "", 1},
+        Row{"Escape from a new one", 1, [] { press(Qt::Key_Insert), type("x"), press(Qt::Key_Escape); },
+            "a b c ", "", 3},
+        Row{"same text", 1, [] { press(Qt::Key_F2), type("b"), press(Qt::Key_Return); }, "a b c ", "", 1},
+        Row{"emptied", 1, [] { press(Qt::Key_F2), press(Qt::Key_Delete), press(Qt::Key_Return); }, "a c ",
+            "deleted 1", 1},
+        Row{"Delete key", 1, [] { press(Qt::Key_Delete); }, "a c ", "deleted 1", 1},
+        Row{"Delete", 1, [this] { click("Delete"); }, "a c ", "deleted 1", 1},
+        Row{"Delete while editing", 1, [this] { press(Qt::Key_F2), type("x"), click("Delete"); }, "a c ",
+            "deleted 1", 1},
+        Row{"Alt+Up", 1, [] { press(Qt::Key_Up, Qt::AltModifier); }, "b a c ", "moved 1 0", 0},
+        Row{"Move up", 1, [this] { click("Move up"); }, "b a c ", "moved 1 0", 0},
+        Row{"Alt+Down", 1, [] { press(Qt::Key_Down, Qt::AltModifier); }, "a c b ", "moved 1 2", 2},
+        Row{"Move down", 1, [this] { click("Move down"); }, "a c b ", "moved 1 2", 2},
+        Row{"moved while editing", 0, [this] { press(Qt::Key_F2), type("x"), click("Move down"); }, "b x c ",
+            "renamed 0 x,moved 0 1", 1},
+        Row{"first up", 0, [] { press(Qt::Key_Up, Qt::AltModifier); }, "a b c ", "", 0},
+        Row{"last behind the empty line", 2, [] { press(Qt::Key_Down, Qt::AltModifier); }, "a b c ", "", 2},
+        Row{"empty line up", 3, [] { press(Qt::Key_Up, Qt::AltModifier); }, "a b c ", "", 3},
+        Row{"empty line deleted", 3, [] { press(Qt::Key_Delete); }, "a b c ", "", 3},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.what);
+        fill("a b c", row.current);
+        row.act();
+        EXPECT_EQ(lines(), row.lines);
+        EXPECT_EQ(log(), row.log);
+        EXPECT_EQ(editor_->currentRow(), row.currentAfter);
+        EXPECT_EQ(QApplication::focusWidget(), &editor_->list());
+        ASSERT_TRUE(dialog_.isVisible()) << "the key went on to the dialog";
+    }
+}
+
+TEST_F(ListBoxEditor, ButtonsAreEnabledWhereTheyCanDoSomething) {
+    for (const auto& [row, expected] : {std::pair{0, "--+"}, {1, "-++"}, {2, "-+-"}, {3, "---"}}) {
+        editor_->setCurrentRow(row);
+        std::string enabled = row < 3 && !button("Delete").isEnabled() ? "!" : "-";
+        enabled += button("Move up").isEnabled() ? '+' : '-';
+        enabled += button("Move down").isEnabled() ? '+' : '-';
+        EXPECT_EQ(enabled, expected) << row;
+        EXPECT_EQ(button("Delete").isEnabled(), row < 3);
+    }
+    for (const QToolButton* each : editor_->findChildren<QToolButton*>()) {
+        EXPECT_FALSE(each->icon().pixmap(16).isNull()) << each->text().toStdString();
+        EXPECT_FALSE(each->toolTip().isEmpty());
+        EXPECT_EQ(each->accessibleName(), QStringLiteral("Lines: ") + each->text());
+    }
+}
+
+TEST_F(ListBoxEditor, LeavingTheLineStoresItAndTheHookMayAskAndTakeItOut) {
+    for (const char* answer : {"Yes", "No"}) {
+        for (const bool byFocus : {true, false}) {
+            fill("a b c", 1);
+            press(Qt::Key_F2);
+            type("bad");
+            testsupport::answerNextMessageBox(answer);
+            if (byFocus)
+                ok_->setFocus();
+            else
+                editor_->finishEditing();
+            EXPECT_EQ(lines(), std::string(answer) == "Yes" ? "a bad c " : "a c ");
+            EXPECT_EQ(log(), "renamed 1 bad") << "once";
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        }
+    }
+}
+
+TEST_F(ListBoxEditor, WithoutAPlaceForNewLinesOneIsMadeAndGoesAgainIfLeftEmpty) {
+    editor_->setPlaceForNew(false);
+    fill("a b");
+    press(Qt::Key_Insert);
+    EXPECT_EQ(lines(), "a b ");
+    press(Qt::Key_Escape);
+    EXPECT_EQ(lines(), "a b");
+    press(Qt::Key_Insert);
+    press(Qt::Key_Return);
+    EXPECT_EQ(lines(), "a b");
+    EXPECT_EQ(log(), "");
+    press(Qt::Key_Insert);
+    type("c");
+    press(Qt::Key_Return);
+    EXPECT_EQ(lines(), "a b c");
+    EXPECT_EQ(log(), "added 2 c");
+}
+
+TEST_F(ListBoxEditor, ARecordGoesAlongWithItsLineUnlessTheMoveIsRefused) {
+    editor_->list().item(0)->setData(Qt::UserRole, 42);
+    editor_->movesAllowed = false;
+    editor_->moveLine(+1);
+    EXPECT_EQ(lines(), "a b c ");
+    EXPECT_EQ(log(), "");
+    editor_->movesAllowed = true;
+    editor_->moveLine(+1);
+    EXPECT_EQ(lines(), "b a c ");
+    EXPECT_EQ(editor_->list().item(1)->data(Qt::UserRole).toInt(), 42);
+}
+
+TEST_F(ListBoxEditor, ADerivedListEditsWithAControlOfItsOwn) {
+    editor_->choices = true;
+    QListWidget& list = editor_->list();
+    const QPoint second = list.visualItemRect(list.item(1)).center();
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, second);
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, second);
+    auto* combo = dynamic_cast<QComboBox*>(QApplication::focusWidget());
+    ASSERT_NE(combo, nullptr);
+    QTest::keyClick(combo, Qt::Key_Down);
+    QTest::keyClick(combo, Qt::Key_Return);
+    EXPECT_EQ(log(), "renamed 1 " + combo->currentText().toStdString());
+}
+
+TEST(ListBoxFileEditor, BrowsingSetsTheCurrentLineOrBeginsANewOne) {
+    const testsupport::TemporaryDirectory directory;
+    testsupport::writeFile(directory / "x.frm", "");
+    testsupport::writeFile(directory / "y.frm", "");
+    CListBoxFileEditor editor;
+    editor.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&editor));
+    const auto browse = [&](const char* file) {
+        testsupport::whenModal([&](QWidget& modal) {
+            auto* name = modal.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+            ASSERT_NE(name, nullptr);
+            name->setText(QString::fromStdString((directory / file).string()));
+            QTest::keyClick(name, Qt::Key_Return);
+        });
+        QTest::mouseClick(testsupport::find<QToolButton>(editor, "Browse..."), Qt::LeftButton);
+        return editor.lines().join(QLatin1Char('|')).toStdString();
+    };
+    const std::string x = (directory / "x.frm").string();
+    const std::string y = (directory / "y.frm").string();
+    EXPECT_EQ(browse("x.frm"), x + "|");
+    editor.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&editor));
+    QTest::mouseClick(testsupport::find<QToolButton>(editor, "New"), Qt::LeftButton);
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("half a na"));
+    EXPECT_EQ(browse("y.frm"), x + "|" + y + "|");
+    editor.setCurrentRow(0);
+    EXPECT_EQ(browse("y.frm"), y + "|" + y + "|");
+}
