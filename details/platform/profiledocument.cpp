@@ -70,12 +70,19 @@ std::optional<std::string_view> keyOf(std::string_view line) {
     return key;
 }
 
-/// Cuts between characters of UTF-8.
+/// Cuts between characters of UTF-8, which have up to three bytes behind the first one; other bytes are cut
+/// anywhere.
 std::string_view cut(std::string_view text, std::size_t limit) {
+    constexpr std::size_t kMostTrailing = 3;
     if (text.size() <= limit)
         return text;
-    while (limit > 0 && (static_cast<unsigned char>(text[limit]) & 0xC0u) == 0x80u)
-        --limit;
+    const auto isTrailing = [text](std::size_t at) {
+        return (static_cast<unsigned char>(text[at]) & 0xC0u) == 0x80u;
+    };
+    for (std::size_t end = limit; end + kMostTrailing >= limit && end > 0; --end) {
+        if (!isTrailing(end))
+            return text.substr(0, end);
+    }
     return text.substr(0, limit);
 }
 

@@ -15,6 +15,13 @@
 
 namespace ovsettings {
 
+namespace {
+
+// Far from the first roles, which are a derived list's own.
+constexpr int kOriginRole = Qt::UserRole + 1000;
+
+} // namespace
+
 /// Edits a line in place. What was entered reaches the list only when the control for it is closed: what
 /// follows may ask the user, or take the line out.
 class CLineDelegate : public QStyledItemDelegate {
@@ -190,8 +197,17 @@ void CListBoxEditor::insertLine(int row, const QString& text) {
 void CListBoxEditor::setLine(int row, const QString& text) {
     QListWidgetItem* item = list_->item(row);
     item->setText(text);
+    item->setData(kOriginRole, QVariant());
     item->setToolTip(text);
     item->setData(Qt::AccessibleTextRole, text.isEmpty() ? tr("New line") : text);
+}
+
+void CListBoxEditor::setOrigin(int row, const QVariant& origin) {
+    list_->item(row)->setData(kOriginRole, origin);
+}
+
+QVariant CListBoxEditor::origin(int row) const {
+    return list_->item(row)->data(kOriginRole);
 }
 
 void CListBoxEditor::removeLine(int row) {
@@ -264,8 +280,10 @@ void CListBoxEditor::enterText(int row, const QString& text) {
 }
 
 void CListBoxEditor::deleteLine() {
+    // A line that was only begun goes with its edit, and the one beside it is not meant.
+    const QPersistentModelIndex meant(list_->currentIndex());
     cancelEditing();
-    const int row = currentRow();
+    const int row = meant.row();
     if (!isEntry(row))
         return;
     removeLine(row);
@@ -273,8 +291,10 @@ void CListBoxEditor::deleteLine() {
 }
 
 void CListBoxEditor::moveLine(int distance) {
+    // A refused edit takes its line away.
+    const QPersistentModelIndex meant(list_->currentIndex());
     finishEditing();
-    const int from = currentRow();
+    const int from = meant.row();
     const int to = from + distance;
     if (!isEntry(from) || !isEntry(to) || !mayMove(from, to))
         return;

@@ -46,6 +46,10 @@ public:
     void insertLine(int row, const QString& text);
     void setLine(int row, const QString& text);
     void removeLine(int row);
+    /// What a line stands for, where its text cannot say it all. It moves with the line, until the text is
+    /// set.
+    void setOrigin(int row, const QVariant& origin);
+    QVariant origin(int row) const;
 
     /// -1 if there is none.
     int currentRow() const;

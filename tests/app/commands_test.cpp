@@ -6,7 +6,6 @@
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
-#include <QtCore/QProcess>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -61,6 +60,8 @@ void expectOutcome(const CommandRow& row) {
 }
 
 TEST_F(Commands, EachCommandLineIsDoneOrRefusedWithOneClearLine) {
+    constexpr const char* kNoEmptyValue =
+        "LANGUAGE cannot be emptied, since an empty value is never written; it stays \"Default\"";
     const CommandRow rows[] = {
         {{"--help"}, 0, "usage: orvane-settings", ""},
         {{"--version"}, 0, "orvane-settings ", ""},
@@ -100,10 +101,7 @@ TEST_F(Commands, EachCommandLineIsDoneOrRefusedWithOneClearLine) {
         {{"set", "PLOT", "Sans", "Book", "400", "0", "0", "0", "0", "2"}, 1, "", "PLOT, BOLD cannot be"},
         {{"set", "LANGUAGE", "a\x01"}, 1, "", "without control characters"},
         {{"set", "MRU_PROJECTS"}, 0, "", ""},
-        {{"set", "LANGUAGE", ""},
-         1,
-         "",
-         "LANGUAGE cannot be emptied, since an empty value is never written; it stays \"Default\""},
+        {{"set", "LANGUAGE", ""}, 1, "", kNoEmptyValue},
     };
     for (const CommandRow& row : rows)
         expectOutcome(row);
@@ -163,9 +161,7 @@ TEST_F(Commands, LockedFieldIsRefusedNamingTheDirectoryAndAnEqualOneOfSeveralPas
     };
     for (const CommandRow& row : rows) {
         expectOutcome(row);
-        if (row.status != 0) {
-            EXPECT_NE(runProgram(row.words).err.find(" is locked by " + site + '\n'), std::string::npos);
-        }
+        EXPECT_NE(runProgram(row.words).err.find(" is locked by " + site + '\n'), std::string::npos);
     }
     EXPECT_FALSE(fs::exists(userFile())) << readFile(userFile());
     EXPECT_EQ(runProgram({"set", "NET", "1", "1", "0x00C000", "1", "0", "7"}).status, 0);
@@ -238,20 +234,15 @@ TEST_F(Commands, ListGivesEveryKeyWithItsLocksAndOriginsAsTextAndAsJson) {
     EXPECT_NE(table.find(" locked: COLOR 1, 1, 0x00c000, 1, 0, 1\n"), std::string::npos) << table;
 }
 
-TEST_F(Commands, NumbersKeepTheirPointInLanguagesWithAComma) {
-    const testsupport::TemporaryDirectory locales;
-    for (const std::string language : {"de_DE", "fr_FR"}) {
-        const std::string locale = language + ".UTF-8";
-        if (QProcess::execute("localedef", {"-i", QString::fromStdString(language), "-f", "UTF-8",
-                                            QString::fromStdString((locales / locale).string())}) != 0)
-            GTEST_SKIP() << "localedef cannot make " << locale;
-        const Circumstances abroad{{{"LC_ALL", locale}, {"LOCPATH", locales.path().string()}}, false, {}};
-        EXPECT_EQ(runProgram({"set", "PRINTSCALEFACTOR", "0.5"}, abroad).status, 0);
-        EXPECT_EQ(runProgram({"get", "PRINTSCALEFACTOR"}, abroad).out, "0.5\n");
-        EXPECT_NE(readFile(userFile()).find(">0.5<"), std::string::npos) << readFile(userFile());
-        EXPECT_EQ(runProgram({"set", "PRINTSCALEFACTOR", "0,5"}, abroad).status, 1);
-        ASSERT_EQ(runProgram({"set", "PRINTSCALEFACTOR", "1"}, abroad).status, 0);
-    }
+TEST_F(Commands, NumbersKeepTheirPointInALanguageWithAComma) {
+    const testsupport::GermanNumbers german;
+    if (!german.available())
+        GTEST_SKIP() << "no locale can be made here";
+    const Circumstances abroad{{{"LC_ALL", german.kName}}, false, {}};
+    EXPECT_EQ(runProgram({"set", "PRINTSCALEFACTOR", "0.5"}, abroad).status, 0);
+    EXPECT_EQ(runProgram({"get", "PRINTSCALEFACTOR"}, abroad).out, "0.5\n");
+    EXPECT_NE(readFile(userFile()).find(">0.5<"), std::string::npos) << readFile(userFile());
+    EXPECT_EQ(runProgram({"set", "PRINTSCALEFACTOR", "0,5"}, abroad).status, 1);
 }
 
 TEST_F(Commands, FailedWriteGivesPathAndCauseAndLeavesTheFile) {
@@ -278,10 +269,7 @@ TEST_F(Commands, DirectoriesThatAreNoUseAreToldWithTheReason) {
         {{"--wdir", "", "list"}, 1, "", "WDIR is empty"},
         {{"--wdir", standard, "list"}, 1, "", "at least two directories"},
         {{"--wdir", "/tmp;" + standard + ";/elsewhere", "list"}, 1, "", "/elsewhere, is not inside RSR_HOME"},
-        {{"--wdir", "/nowhere/user;" + standard, "set", "GRID_HR", "1"},
-         1,
-         "",
-         "the user's directory /nowhere/user does not exist"},
+        {{"--wdir", "/nowhere;" + standard, "set", "BELL", "0"}, 1, "", "directory /nowhere does not exist"},
         {{"--wdir=/nowhere/user;" + standard, "get", "GRID_HR"}, 0, "254000\n", ""},
     };
     for (const CommandRow& row : rows)

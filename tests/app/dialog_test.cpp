@@ -6,7 +6,6 @@
 #include <orv/appconfiguration.h>
 
 #include <QtWidgets/QComboBox>
-#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QTreeWidget>
 #include <gtest/gtest.h>

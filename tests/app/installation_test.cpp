@@ -12,77 +12,32 @@
 #include <filesystem>
 #include <iterator>
 #include <set>
+#include <sstream>
 
 namespace {
 
 namespace fs = std::filesystem;
 using Names = std::set<std::string>;
 
-const Names kPageKeys{
-    "Pan and Zoom",
-    "Advanced",
-    "Metrics",
-    "Grid",
-    "Nets",
-    "PCB",
-    "Color Schemes",
-    "Font Mappings",
-    "New Sheet",
-    "Global Nets",
-    "Run on Startup",
-    "New Object",
-    "Empty",
-    "Special Components",
-    "Central Library",
-    "Netlist Project",
-    "Borders",
-    "Symbol Libraries",
-    "NetNameDelimiter",
-    "Fixed Functions",
-    "PartBookDialog",
-    "Display",
-    "Objects",
-};
+const char* const kPageKeys =
+    "Pan and Zoom|Advanced|Metrics|Grid|Nets|PCB|Color Schemes|Font Mappings|New Sheet|Global Nets|"
+    "Run on Startup|New Object|Empty|Special Components|Central Library|Netlist Project|Borders|"
+    "Symbol Libraries|NetNameDelimiter|Fixed Functions|PartBookDialog|Display|Objects";
 
-const Names kCaptions{
-    "Project",
-    "Central Library",
-    "Designs",
-    "Projects",
-    "Special Components",
-    "Borders",
-    "Net Name Delimiter",
-    "OvPartBook",
-    "Schematic Editor",
-    "Units",
-    "Grid",
-    "Strokes, Pan and Zoom",
-    "New Sheets",
-    "New Objects",
-    "Nets",
-    "Interconnectivity Table",
-    "General",
-    "Slice and Dice",
-    "Properties",
-    "Navigator",
-    "Blocks",
-    "Symbols",
-    "Display",
-    "Objects",
-    "Font Mappings",
-    "Orvane Diagnostics",
-    "Cross Probing",
-    "Run on Startup",
-    "Advanced",
-    "Symbol Libraries",
-    "Bus Contents",
-    "Simulate",
-    "Fixed Functions",
-    // Shown as they stand.
-    "PCB",
-    "Color Schemes",
-    "Global Nets",
-};
+const char* const kCaptions =
+    "Project|Central Library|Designs|Projects|Special Components|Borders|Net Name Delimiter|"
+    "OvPartBook|Schematic Editor|Units|Grid|Strokes, Pan and Zoom|New Sheets|New Objects|Nets|"
+    "Interconnectivity Table|General|Slice and Dice|Properties|Navigator|Blocks|Symbols|Display|"
+    "Objects|Font Mappings|Orvane Diagnostics|Cross Probing|Run on Startup|Advanced|Symbol Libraries|"
+    "Bus Contents|Simulate|Fixed Functions|PCB|Color Schemes|Global Nets";
+
+Names split(const std::string& joined) {
+    Names names;
+    std::istringstream stream(joined);
+    for (std::string name; std::getline(stream, name, '|');)
+        names.insert(name);
+    return names;
+}
 
 Names textsOf(const QString& element) {
     QFile file(QStringLiteral(OV_INSTALLATION "/standard/settings.xml"));
@@ -98,10 +53,10 @@ Names textsOf(const QString& element) {
 }
 
 TEST(SampleCatalogue, ShowsEveryPageOfTheProductUnderKnownCaptions) {
-    EXPECT_EQ(textsOf("classid"), kPageKeys);
+    EXPECT_EQ(textsOf("classid"), split(kPageKeys));
     EXPECT_EQ(textsOf("localization"), (Names{"internal", "projects"}));
     Names strange;
-    std::ranges::set_difference(textsOf("name"), kCaptions, std::inserter(strange, strange.end()));
+    std::ranges::set_difference(textsOf("name"), split(kCaptions), std::inserter(strange, strange.end()));
     EXPECT_EQ(strange, Names{});
 }
 

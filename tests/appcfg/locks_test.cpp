@@ -11,36 +11,25 @@ protected:
 };
 
 TEST_F(Locks, TheFirstLockOnTheWayFromTheInstallationWinsForEveryShape) {
-    const struct {
-        const char* shape;
-        const char* key;
+    struct Shape {
+        const char *shape, *key;
         std::size_t field;
-        std::string (*write)(const std::string& text, bool locked);
-    } shapes[] = {
-        {"single value", "LANGUAGE", 0,
-         [](const std::string& t, bool l) {
-             return setting("LANGUAGE", t, l);
-         }},
-        {"number", "GRID_HR", 0,
-         [](const std::string& t, bool l) {
-             return setting("GRID_HR", t, l);
-         }},
-        {"list", "PRINTER", 1,
-         [](const std::string& t, bool l) {
-             return list("Orvane/COLORS", "PRINTER", {"0", t}, l ? 2 : 0);
-         }},
-        {"list of nothing before", "MRU_PROJECTS", 0,
-         [](const std::string& t, bool l) {
-             return list("Orvane/SETTINGS", "MRU_PROJECTS", {t}, l ? 1 : 0);
-         }},
-        {"attribute", "NET", 5,
-         [](const std::string& t, bool l) {
-             return object("NET", attribute("LINE_THICKNESS", t, l));
-         }},
-        {"group", "NET", 5,
-         [](const std::string& t, bool l) {
-             return object("NET", attribute("LINE_THICKNESS", t), l);
-         }},
+        std::string locked; // "@" stands for the text
+    };
+    const Shape shapes[] = {
+        {"single value", "LANGUAGE", 0, setting("LANGUAGE", "@", true)},
+        {"number", "GRID_HR", 0, setting("GRID_HR", "@", true)},
+        {"list", "PRINTER", 1, list("Orvane/COLORS", "PRINTER", {"0", "@"}, 2)},
+        {"list of nothing before", "MRU_PROJECTS", 0, list("Orvane/SETTINGS", "MRU_PROJECTS", {"@"}, 1)},
+        {"attribute", "NET", 5, object("NET", attribute("LINE_THICKNESS", "@", true))},
+        {"group", "NET", 5, object("NET", attribute("LINE_THICKNESS", "@"), true)},
+    };
+    const auto written = [](std::string text, char value, bool locked) {
+        text.replace(text.find('@'), 1, 1, value);
+        const std::string mark = lockMark(true);
+        for (auto at = text.find(mark); !locked && at != text.npos; at = text.find(mark))
+            text.erase(at, mark.size());
+        return text;
     };
     const struct {
         const char* locked; // i, s, u: locked by the installation, the site, the user; all three set a value
@@ -55,7 +44,7 @@ TEST_F(Locks, TheFirstLockOnTheWayFromTheInstallationWinsForEveryShape) {
         for (const auto& row : rows) {
             SCOPED_TRACE(std::string(shape.shape) + " " + row.locked);
             for (std::size_t i = 0; i < 3; ++i)
-                writeLevel(levels()[i], shape.write(std::to_string(i + 1), row.locked[i] != '.'));
+                writeLevel(levels()[i], written(shape.locked, "123"[i], row.locked[i] != '.'));
             ASSERT_TRUE(store.load());
             const auto property = read(shape.key);
             ASSERT_GT(property.values.size(), shape.field);
@@ -71,60 +60,43 @@ TEST_F(Locks, TheFirstLockOnTheWayFromTheInstallationWinsForEveryShape) {
 }
 
 TEST_F(Locks, ListsOfAnotherLengthReplaceUnlessALockForbids) {
+    // A letter is an item of a list, and the digits are the flags of its items.
     const struct {
-        const char* what;
-        Texts installation;
+        const char *what, *installation;
         std::size_t installationLocks;
-        Texts site;
-        Texts user;
+        const char *site, *user;
         std::size_t userLocks;
-        Texts values;
-        Texts defaults;
-        std::vector<std::uint8_t> locks;
+        const char *values, *defaults, *locks;
     } rows[] = {
-        {"user replaces", {"a", "b"}, 0, {}, {"x"}, 1, {"x"}, {"a", "b"}, {1}},
-        {"one locked field drops the user's list and its locks",
-         {"a", "b"},
-         1,
-         {},
-         {"x", "y", "z"},
-         3,
-         {"a", "b"},
-         {"a", "b"},
-         {1, 0}},
-        {"user of the same length changes what is free",
-         {"a", "b"},
-         1,
-         {},
-         {"x", "y"},
-         0,
-         {"a", "y"},
-         {"a", "b"},
-         {1, 0}},
-        {"site grows around a lock",
-         {"a", "b"},
-         1,
-         {"p", "q", "r"},
-         {},
-         0,
-         {"a", "q", "r"},
-         {"a", "q", "r"},
-         {1, 0, 0}},
-        {"site shrinks", {"a", "b"}, 0, {"p"}, {"x"}, 0, {"x"}, {"p"}, {0}},
+        {"user replaces", "ab", 0, "", "x", 1, "x", "ab", "1"},
+        {"one locked field drops the user's list and its locks", "ab", 1, "", "xyz", 3, "ab", "ab", "10"},
+        {"user of the same length changes what is free", "ab", 1, "", "xy", 0, "ay", "ab", "10"},
+        {"site grows around a lock", "ab", 1, "pqr", "", 0, "aqr", "aqr", "100"},
+        {"site shrinks", "ab", 0, "p", "x", 0, "x", "p", "0"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.what);
-        const auto printer = [](const Texts& items, std::size_t locks) {
-            return items.empty() ? std::string() : list("Orvane/COLORS", "PRINTER", items, locks);
+        const auto printer = [](const std::string& letters, std::size_t locks) {
+            Texts items;
+            for (const char letter : letters)
+                items.emplace_back(1, letter);
+            return items.empty() ? "" : list("Orvane/COLORS", "PRINTER", items, locks);
         };
         writeLevel(installation.standard(), printer(row.installation, row.installationLocks));
         writeLevel(installation.site(), printer(row.site, 0));
         writeLevel(installation.user(), printer(row.user, row.userLocks));
         ASSERT_TRUE(store.load());
         const auto property = read("PRINTER");
-        EXPECT_EQ(property.values, row.values);
-        EXPECT_EQ(property.defaults, row.defaults);
-        EXPECT_EQ(property.readonly, row.locks);
+        std::string values, defaults, locks;
+        for (const std::string& value : property.values)
+            values += value;
+        for (const std::string& value : property.defaults)
+            defaults += value;
+        for (const int lock : property.readonly)
+            locks += std::to_string(lock);
+        EXPECT_EQ(values, row.values);
+        EXPECT_EQ(defaults, row.defaults);
+        EXPECT_EQ(locks, row.locks);
     }
 }
 
@@ -155,8 +127,8 @@ TEST_F(Locks, NoUserFileChangesALockedSingleValue) {
 
 TEST_F(Locks, AnAttributeMayBeLockedWithoutAValueOfItsOwn) {
     writeLevel(installation.standard(), object("NET", "<attribute name=\"COLOR\" locked=\"yes\"/>"));
-    writeLevel(installation.user(),
-               object("NET", attribute("COLOR", "0x0000ff") + attribute("VISIBLE", "0")));
+    writeLevel(installation.user(), object("NET", attribute("COLOR", "0x0000ff") + attribute("VISIBLE", "0") +
+                                                      attribute("ODD", "1")));
     store.load();
     EXPECT_EQ(values("NET"), (Texts{"0", "1", "0x00ff00", "1", "0", "1"}));
     EXPECT_EQ(locks("NET"), (std::vector<std::uint8_t>{0, 0, 1, 0, 0, 0}));

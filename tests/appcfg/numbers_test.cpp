@@ -41,21 +41,6 @@ TEST(Numbers, TextReadsAsAStreamWouldReadIt) {
     EXPECT_EQ(floatFromText(nines + "e-1"), kMost);
 }
 
-TEST(Numbers, FloatsPrintWithSixSignificantDigits) {
-    const struct {
-        float number;
-        const char* text;
-    } rows[] = {
-        {0.0F, "0"},
-        {0.1F, "0.1"},
-        {254000.0F, "254000"},
-        {1016000.0F, "1.016e+06"},
-        {1234567.0F, "1.23457e+06"},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(floatToText(row.number), row.text);
-}
-
 TEST(Numbers, IntegersStopAtTheFirstOtherCharacterAndAtTheirLimits) {
     const struct {
         const char* text;

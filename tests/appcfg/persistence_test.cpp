@@ -3,11 +3,9 @@
 #include "suite/configuration.h"
 
 #include <algorithm>
-#include <chrono>
 #include <map>
 #include <optional>
 
-using Orv::iAppConfiguration;
 using testsupport::ScopedEnvironment;
 namespace fs = std::filesystem;
 
@@ -114,20 +112,6 @@ TEST_F(Persistence, OriginsStayThoseOfTheLoadWhenTheDirectoriesChange) {
     EXPECT_EQ(store.valueDirectory("GRID_HR", 0), installation.site().string());
 }
 
-TEST_F(Persistence, LessSpecificLevelsBecomeTheDefault) {
-    writeLevel(installation.standard(),
-               setting("GRID_HR", "100") + setting("MRU_SCHEMA", "colours.ovc") +
-                   object("NET", attribute("LINE_THICKNESS", "4") + attribute("ODD", "1")));
-    writeLevel(installation.user(),
-               setting("GRID_HR", "300") + object("NET", attribute("COLOR", "0x0000FF")));
-    store.load();
-    EXPECT_EQ(read("GRID_HR").defaults, Texts{"100"});
-    EXPECT_EQ(value("GRID_HR"), "300");
-    EXPECT_EQ(read("MRU_SCHEMA").defaults, Texts{"colours.ovc"});
-    EXPECT_EQ(read("NET").defaults, (Texts{"1", "1", "0x00ff00", "1", "0", "4"}));
-    EXPECT_EQ(values("NET"), (Texts{"1", "1", "0x0000ff", "1", "0", "4"}));
-}
-
 TEST_F(Persistence, EveryKindComesBackFromWhereItWasWritten) {
     // One key for each place in a file.
     const std::map<std::string, Texts> written = {
@@ -213,17 +197,4 @@ TEST_F(Persistence, TheUsersFileHoldsTheDifferencesFromTheInheritedDefaultsAndNo
 </configuration>
 )";
     EXPECT_EQ(userFile(), expected);
-}
-
-TEST_F(Persistence, ASaveWithNothingChangedLeavesTheFileAlone) {
-    ASSERT_TRUE(store.load());
-    Orv::setValue(store, "GRID_HR", "127000");
-    ASSERT_TRUE(store.save());
-    const auto file = installation.user() / "orvane.xml";
-    const auto longAgo = fs::last_write_time(file) - std::chrono::hours(1);
-    fs::last_write_time(file, longAgo);
-    EXPECT_TRUE(store.save());
-    EXPECT_TRUE(store.load());
-    EXPECT_TRUE(store.save());
-    EXPECT_EQ(fs::last_write_time(file), longAgo);
 }

@@ -1,9 +1,6 @@
 #include "tests/appcfg/storetest.h"
 
-#include <clocale>
-#include <cstdlib>
 #include <functional>
-#include <map>
 #include <utility>
 
 using Orv::iAppConfiguration;
@@ -197,19 +194,4 @@ TEST_F(Store, NewDefaultsReplaceLockedValuesAndKeepOneLockAField) {
     EXPECT_EQ(property.values, (Texts{"x", "y", "z"}));
     EXPECT_EQ(property.defaults, property.values);
     EXPECT_EQ(property.readonly, (std::vector<std::uint8_t>{1, 1, 0}));
-}
-
-TEST_F(Store, TheUsersLocaleLeavesStoredNumbersAlone) {
-    testsupport::TemporaryDirectory locales;
-    const auto command = "localedef -i de_DE -f UTF-8 " + (locales / "de_DE.UTF-8").string() + " 2>/dev/null";
-    const testsupport::ScopedEnvironment path("LOCPATH", locales.path().string());
-    if (std::system(command.c_str()) != 0 || !std::setlocale(LC_ALL, "de_DE.UTF-8"))
-        GTEST_SKIP() << "no German locale can be made here";
-    store.load();
-    Orv::setValue(store, "SDISTANCE_HR", "0.5");
-    EXPECT_EQ(store.getNumber("SDISTANCE_HR"), 0.5F);
-    EXPECT_EQ(value("SDISTANCE_HR"), "0.5");
-    store.save();
-    EXPECT_NE(userFile().find(">0.5<"), std::string::npos) << userFile();
-    std::setlocale(LC_ALL, "C");
 }

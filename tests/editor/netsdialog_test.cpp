@@ -2,7 +2,9 @@
 
 #include "details/appcfg/unitglue.h"
 #include "details/pages/editor/griddialog.h"
+#include "details/pages/editor/metricsdialog.h"
 #include "details/pages/editor/newobjectdialog.h"
+#include "details/pages/editor/panandzoomdialog.h"
 #include "details/widgets/decimalspinctrl.h"
 #include "tests/editor/editorfixture.h"
 
@@ -24,8 +26,6 @@ constexpr const char* kLabels = "Apply Labels in Series Split";
 
 class NetsPage : public EditorPages {
 protected:
-    CDecimalSpinCtrl& distance() { return *find<CDecimalSpinCtrl>(window_, "Avoidance Distance"); }
-
     QGroupBox& group(const std::string& title) {
         for (QGroupBox* box : window_.findChildren<QGroupBox*>()) {
             if (box->title().toStdString() == title)
@@ -46,11 +46,7 @@ protected:
 
 TEST_F(NetsPage, ShowsEachStoredChoiceAndWritesItBackInNormalForm) {
     struct {
-        const char* key;
-        const char* stored;
-        const char* group;
-        const char* caption;
-        const char* written;
+        const char *key, *stored, *group, *caption, *written;
     } const rows[] = {
         {"ROUTE", "0", kRoute, "Straight", "0"},
         {"ROUTE", "1", kRoute, "Orthogonal", "1"},
@@ -106,8 +102,7 @@ TEST_F(NetsPage, ChoosesByKeyboardWithinOneGroup) {
 TEST_F(NetsPage, RefusesADistanceBeyondTheLimitsEvenIfLeftAloneOrLocked) {
     struct {
         Entry entry;
-        const char* unit;
-        const char* message;
+        const char *unit, *message;
     } const rows[] = {
         {{"ADISTANCE_HR", "1270"}, "in", "Avoidance value should be between 0.01 and 10.00"},
         {{"ADISTANCE_HR", "1270", true}, "in", "Avoidance value should be between 0.01 and 10.00"},
@@ -143,17 +138,6 @@ TEST_F(NetsPage, DisablesALockedGroupAsAWhole) {
     EXPECT_EQ(stored("ATTR_ON_SPLIT"), "2");
 }
 
-TEST_F(NetsPage, FollowsTheUnitWithAnUnsavedEdit) {
-    load({});
-    CNetsDialog& page = open<CNetsDialog>();
-    EXPECT_EQ(distance().text().toStdString(), "0.20");
-    type(distance(), "0.125");
-    Orv::setConfiguredUnit(appConfig_, Orv::Metrics::Unit::millimetre);
-    EXPECT_TRUE(page.onEnter());
-    ASSERT_TRUE(page.onOk());
-    EXPECT_EQ(Orv::lengthFromText(stored("ADISTANCE_HR")), 317500);
-}
-
 /// The lengths that the pages of this room show, as they come with the product.
 TEST_F(EditorPages, DefaultLengthsPassTheLimitsOfTheirPagesInEveryUnit) {
     std::list<Orv::Metrics::Unit> units;
@@ -164,15 +148,35 @@ TEST_F(EditorPages, DefaultLengthsPassTheLimitsOfTheirPagesInEveryUnit) {
     open<ovsettings::CNewObjectDialog>();
     const auto lengths = window_.findChildren<CDecimalSpinCtrl*>();
     ASSERT_EQ(lengths.size(), 3);
+    const auto& distance = *find<CDecimalSpinCtrl>(window_, "Avoidance Distance");
     for (const Orv::Metrics::Unit unit : units) {
         Orv::setConfiguredUnit(appConfig_, unit);
         for (auto* page : window_.findChildren<ovsettings::CPropDialogTemplate*>())
             page->onEnter();
         for (const CDecimalSpinCtrl* length : lengths) {
+            const double inches = length == &distance ? 0.2 : 0.1;
             double minimum, maximum, step;
             length->getRange(minimum, maximum, step);
             EXPECT_GE(length->getValue(), minimum) << length->text().toStdString();
             EXPECT_LE(length->getValue(), maximum) << length->text().toStdString();
+            EXPECT_EQ(Orv::fromDisplay(length->getValue(), unit),
+                      Orv::fromDisplay(inches, Orv::Metrics::Unit::inch))
+                << "the same length in each unit";
         }
     }
+}
+
+TEST_F(EditorPages, APageWithoutAWindowRefusesNothingAndWritesNothing) {
+    load({});
+    const auto check = [this](ovsettings::CPropDialogTemplateEx&& page) {
+        page.setAppConfiguration(&appConfig_);
+        EXPECT_TRUE(page.isValid() && page.onEnter());
+        EXPECT_FALSE(page.isModified());
+        EXPECT_TRUE(keysWrittenBy(page).empty()) << page.metaObject()->className();
+    };
+    check(ovsettings::CGridDialog(nullptr));
+    check(ovsettings::CMetricsDialog(nullptr));
+    check(CNetsDialog(nullptr));
+    check(ovsettings::CNewObjectDialog(nullptr));
+    check(ovsettings::CPanAndZoomDialog(nullptr));
 }

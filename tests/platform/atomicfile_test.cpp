@@ -102,32 +102,6 @@ TEST(AtomicFile, FullDiskLeavesTheOldBytesAndNoTemporaryFile) {
     EXPECT_EQ(namesIn(root.path()), (std::set<std::string>{"file", ".file.lock"}));
 }
 
-TEST(AtomicFile, WriteProtectionOfTheFileOrItsDirectoryHolds) {
-    struct Row {
-        const char* what;
-        mode_t file;
-        mode_t directory;
-    };
-    constexpr Row kRows[] = {{"file", 0444, 0755}, {"directory", 0644, 0555}};
-    for (const Row& row : kRows) {
-        const TemporaryDirectory root;
-        writeFile(root / "file", "old");
-        ASSERT_TRUE(testsupport::giveToUnprivileged((root / "file").c_str()));
-        ASSERT_TRUE(testsupport::giveToUnprivileged(root.path().c_str()));
-        chmod((root / "file").c_str(), row.file);
-        chmod(root.path().c_str(), row.directory);
-        EXPECT_EQ(testsupport::runUnprivileged([&] {
-                      const auto failure = writeFileAtomically(root / "file", "new");
-                      return failure && failure->code == EACCES ? EXIT_SUCCESS : EXIT_FAILURE;
-                  }),
-                  EXIT_SUCCESS)
-            << row.what;
-        chmod(root.path().c_str(), 0755);
-        EXPECT_EQ(readFile(root / "file"), "old") << row.what;
-        EXPECT_FALSE(fs::exists(root / ".file.tmp"));
-    }
-}
-
 TEST(AtomicFile, ReadersAndAKilledWriterSeeWholeFilesOnly) {
     const TemporaryDirectory root;
     const std::string one(200'000, '1');

@@ -16,9 +16,7 @@ using namespace platform;
 
 TEST(Paths, SplitAtTheLastSeparatorOfEitherKind) {
     struct Row {
-        const char* text;
-        const char* directory;
-        const char* name;
+        const char *text, *directory, *name;
         bool bare;
     };
     constexpr Row kRows[] = {
@@ -41,8 +39,7 @@ TEST(Paths, AreFoundInTheirOwnSpellingFirstAndThenWithoutRegardToCase) {
     for (const char* name : {"Libs/Parts.lib", "Libs/PARTS.LIB", "Other/x", "other/only"})
         testsupport::writeFile(root.path() / name, name);
     struct Row {
-        const char* asked;
-        const char* found;
+        const char *asked, *found;
     };
     constexpr Row kRows[] = {
         {"Libs/Parts.lib", "Libs/Parts.lib"},

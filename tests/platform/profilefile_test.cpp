@@ -54,9 +54,7 @@ TEST_F(ProfileFile, ReadsNamesWithoutCaseAndValuesTrimmedAndUnquoted) {
                                      "[unclosed\n"
                                      "last=y");
     struct Row {
-        const char* section;
-        const char* key;
-        const char* value;
+        const char *section, *key, *value;
     };
     constexpr std::array rows{
         Row{"tools", "plain", "a b ; c = d"},
@@ -85,8 +83,7 @@ TEST_F(ProfileFile, ChangesOnlyTheLineOfTheEntry) {
     struct Row {
         const char* what;
         std::string before;
-        const char* section;
-        const char* key;
+        const char *section, *key;
         std::optional<std::string_view> value;
         std::string after;
     };
@@ -127,8 +124,7 @@ TEST_F(ProfileFile, ChangesOnlyTheLineOfTheEntry) {
 TEST_F(ProfileFile, RefusesWhatSuchATextCannotHold) {
     CProfileFile file = loaded("[A]\nk=1\n");
     struct Row {
-        const char* section;
-        const char* key;
+        const char *section, *key;
         std::string_view value;
     };
     constexpr std::array rows{

@@ -209,25 +209,27 @@ TEST_F(RunOnStartup, LineThatIsStillEditedIsStoredByOk) {
 }
 
 TEST_F(RunOnStartup, FailedWriteIsToldOnceForEachListAndTheDialogCloses) {
-    fs::create_directories(scripts());
-    const std::string file = existingFile("a.frm");
-    std::vector<std::string> told;
-    const auto noteNext = [&](const auto& self) -> void {
-        testsupport::whenModal([&, self](QWidget& modal) {
-            told.push_back(dynamic_cast<QMessageBox&>(modal).text().toStdString());
-            if (told.size() < 2)
-                self(self);
-            dynamic_cast<QDialog&>(modal).accept();
-        });
-    };
-    inDialog([&](QDialog& dialog) {
-        add(list(dialog, "Forms:"), file);
-        add(list(dialog, "Forms:"), file);
-        add(list(dialog, "Scripts:"), file);
-        noteNext(noteNext);
-    });
     const std::string message = "Writing " + installation_.user().string() + "\\scripts.ini failed";
-    EXPECT_EQ(told, (std::vector{message, message}));
+    const std::string utf16("\xFF\xFE[\0P\0l\0", 8);
+    for (const bool directory : {true, false}) {
+        fs::remove(scripts());
+        if (directory)
+            fs::create_directories(scripts());
+        else
+            writeFile(scripts(), utf16);
+        std::vector<std::string> told;
+        const auto noteNext = [&](const auto& self) -> void {
+            testsupport::whenModal([&, self](QWidget& modal) {
+                told.push_back(dynamic_cast<QMessageBox&>(modal).text().toStdString());
+                if (told.size() < 2)
+                    self(self);
+                dynamic_cast<QDialog&>(modal).accept();
+            });
+        };
+        inDialog([&](QDialog&) { noteNext(noteNext); });
+        EXPECT_EQ(told, (std::vector{message, message}));
+    }
+    EXPECT_EQ(readFile(scripts()), utf16);
 }
 
 TEST_F(RunOnStartup, NothingOfTheFileIsLostByShowingIt) {
@@ -236,7 +238,6 @@ TEST_F(RunOnStartup, NothingOfTheFileIsLostByShowingIt) {
         "[PlanDraw]\nForm#0=" + longName + "\nForm#1=last\n",
         std::string("[PlanDraw]\nForm#0=Gr\xF6\xDF"
                     "e.frm\nScript#0=\xFF\n"),
-        std::string("\xFF\xFE[\0P\0l\0", 8),
         std::string(3, '\0') + "[PlanDraw]\nForm#0=a" + std::string(1, '\0') + "b\n",
     };
     for (const std::string& text : texts) {
@@ -244,14 +245,10 @@ TEST_F(RunOnStartup, NothingOfTheFileIsLostByShowingIt) {
         inDialog([](QDialog&) {});
         EXPECT_EQ(readFile(scripts()), text);
     }
-    // A name that is no text is moved as it is.
-    writeFile(scripts(), "[PlanDraw]\nForm#0=\xFF.frm\nForm#1=b\n");
-    inDialog([](QDialog& dialog) {
-        QListWidget& forms = list(dialog, "Forms:");
-        forms.setCurrentRow(0);
-        QTest::keyClick(&forms, Qt::Key_Down, Qt::AltModifier);
-    });
-    EXPECT_EQ(readFile(scripts()), "[PlanDraw]\nForm#0=b\nForm#1=\xFF.frm\n");
+    // What cannot be shown as it is, or not in full, is moved as it is, alike as it may look.
+    writeFile(scripts(), "[PlanDraw]\nForm#0=b\nForm#1=\xFC.frm\nForm#2=\xF6.frm\nForm#3=" + longName + "\n");
+    inDialog([](QDialog& dialog) { key(list(dialog, "Forms:"), 0, Qt::Key_Delete); });
+    EXPECT_EQ(readFile(scripts()), "[PlanDraw]\nForm#0=\xFC.frm\nForm#1=\xF6.frm\nForm#2=" + longName + "\n");
 }
 
 TEST_F(RunOnStartup, WithoutAUserDirectoryNothingIsReadOrWrittenInTheRoot) {

@@ -11,6 +11,7 @@
 #include <QtWidgets/QTreeWidget>
 #include <gtest/gtest.h>
 
+#include <clocale>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -57,6 +58,17 @@ ScopedEnvironment::~ScopedEnvironment() {
         setenv(name_.c_str(), before_->c_str(), 1);
     else
         unsetenv(name_.c_str());
+}
+
+GermanNumbers::GermanNumbers()
+    : before_(std::setlocale(LC_NUMERIC, nullptr)), path_("LOCPATH", directory_.path()) {
+    const std::string locale = (directory_ / kName).string();
+    available_ = std::system(("localedef -i de_DE -f UTF-8 '" + locale + "' 2>/dev/null").c_str()) == 0 &&
+                 std::setlocale(LC_NUMERIC, kName) != nullptr;
+}
+
+GermanNumbers::~GermanNumbers() {
+    std::setlocale(LC_NUMERIC, before_.c_str());
 }
 
 void writeFile(const std::filesystem::path& path, const std::string& text) {

@@ -39,6 +39,24 @@ private:
     std::optional<std::string> before_;
 };
 
+/// Gives the C library German numbers, in a locale made for the purpose and named as Debian names it;
+/// programs that are started with the name in their environment find it too.
+class GermanNumbers {
+public:
+    GermanNumbers();
+    ~GermanNumbers();
+
+    static constexpr const char* kName = "de_DE.UTF-8";
+    /// False where no locale can be made.
+    bool available() const { return available_; }
+
+private:
+    std::string before_;
+    TemporaryDirectory directory_;
+    ScopedEnvironment path_;
+    bool available_;
+};
+
 void writeFile(const std::filesystem::path& path, const std::string& text);
 std::string readFile(const std::filesystem::path& path);
 

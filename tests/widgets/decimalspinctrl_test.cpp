@@ -4,11 +4,8 @@
 
 #include <QtGui/QAccessible>
 #include <QtTest/QTest>
-#include <QtWidgets/QLineEdit>
 #include <gtest/gtest.h>
 
-#include <clocale>
-#include <cstdlib>
 #include <limits>
 
 using ovsettings::CDecimalSpinCtrl;
@@ -24,30 +21,6 @@ void type(CDecimalSpinCtrl& control, const char* text) {
     QTest::keyClick(&control, Qt::Key_Delete);
     QTest::keyClicks(&control, QLatin1String(text));
 }
-
-/// Sets the C library's numbers to German ones, in a locale that the test makes for itself.
-class GermanNumbers {
-public:
-    GermanNumbers() : before_(std::setlocale(LC_NUMERIC, nullptr)), path_("LOCPATH", directory_.path()) {
-        const std::string source = (directory_ / "german").string();
-        testsupport::writeFile(source, "LC_NUMERIC\ndecimal_point \"<U002C>\"\nthousands_sep \"<U002E>\"\n"
-                                       "grouping 3;3\nEND LC_NUMERIC\n");
-        // It warns of the categories that are left out, and says so in its status.
-        const std::string make =
-            "localedef -c -i '" + source + "' -f UTF-8 '" + (directory_ / "german.UTF-8").string() + "'";
-        available_ = std::system((make + " >/dev/null 2>&1").c_str()) != -1 &&
-                     std::setlocale(LC_NUMERIC, "german.UTF-8") != nullptr;
-    }
-    ~GermanNumbers() { std::setlocale(LC_NUMERIC, before_.c_str()); }
-
-    bool available() const { return available_; }
-
-private:
-    std::string before_;
-    testsupport::TemporaryDirectory directory_;
-    testsupport::ScopedEnvironment path_;
-    bool available_ = false;
-};
 
 } // namespace
 
@@ -204,7 +177,7 @@ TEST(DecimalSpinCtrl, IsReadAndEditedByAssistiveTechnology) {
 }
 
 TEST(DecimalSpinCtrl, WritesTheDecimalPointOfTheLocaleAndReadsBoth) {
-    const GermanNumbers german;
+    const testsupport::GermanNumbers german;
     if (!german.available())
         GTEST_SKIP() << "no locale can be made here";
     CDecimalSpinCtrl control;

@@ -6,7 +6,6 @@
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
-#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QVBoxLayout>
 #include <gtest/gtest.h>
@@ -26,9 +25,7 @@ public:
     bool takesClicks = false;
     int takenKey = 0;
 
-    QPoint centre(int row, int column) const {
-        return visualRect(model()->index(row - 1, column - 1)).center();
-    }
+    QPoint centre(int row, int column) const { return rect(row, column).center(); }
 
     QRect rect(int row, int column) const { return visualRect(model()->index(row - 1, column - 1)); }
 
@@ -232,9 +229,7 @@ TEST_F(Grid, ReadOnlyCellsAreReachedAndNotChanged) {
 
 TEST_F(Grid, MaskLetsDigitsThrough) {
     struct {
-        const char* before;
-        const char* typed;
-        const char* after;
+        const char *before, *typed, *after;
     } const rows[] = {
         {"5", "12x-3", "123"}, {"", "123456789", "1234567"}, {"", "\xd9\xa1", ""},
         {"abc", "7", "7"},     {"abc", "", "abc"},           {"-5", "", "-5"},
@@ -257,6 +252,35 @@ TEST_F(Grid, MaskLetsDigitsThrough) {
     press(Qt::Key_Backspace);
     press(Qt::Key_Return);
     EXPECT_EQ(grid_.text(row, 2), "1");
+    // Half-way there, it is no text to keep.
+    grid_.setCellText(row, 2, "1ab");
+    press(Qt::Key_F2);
+    press(Qt::Key_End);
+    press(Qt::Key_Backspace);
+    press(Qt::Key_Return);
+    EXPECT_EQ(grid_.text(row, 2), "1ab");
+}
+
+TEST_F(Grid, KeysThatAnEditorHasNoUseForLeaveItOpen) {
+    const int row = add("Name", {}, "old");
+    goTo(row);
+    type("vcc");
+    for (const Qt::Key key : {Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_CapsLock, Qt::Key_F1})
+        press(key);
+    EXPECT_TRUE(grid_.isEditing());
+    type("X");
+    press(Qt::Key_Down);
+    EXPECT_FALSE(grid_.isEditing());
+    EXPECT_EQ(grid_.text(row, 2), "vccX");
+}
+
+TEST_F(Grid, JoinedCellsAreOneStop) {
+    const int joined = add("Across", {.readOnly = true}, "hidden");
+    const int next = add("Next", {}, "");
+    grid_.joinCells(joined, 1, 2);
+    grid_.setCurrentCell(joined, 1);
+    press(Qt::Key_Tab);
+    EXPECT_EQ(grid_.currentRow(), next);
 }
 
 TEST_F(Grid, KeepsARefusedTextInItsEditorAndSaysWhy) {

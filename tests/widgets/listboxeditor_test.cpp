@@ -8,7 +8,6 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDialog>
-#include <QtWidgets/QFileDialog>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QPushButton>
@@ -17,7 +16,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <filesystem>
 
 using ovsettings::CListBoxEditor;
 using ovsettings::CListBoxFileEditor;
@@ -113,8 +111,7 @@ TEST_F(ListBoxEditor, EveryKeyDoesWhatItsButtonDoes) {
         const char* what;
         int current;
         std::function<void()> act;
-        const char* lines;
-        const char* log;
+        const char *lines, *log;
         int currentAfter;
     };
     const std::array rows{
@@ -160,13 +157,12 @@ TEST_F(ListBoxEditor, EveryKeyDoesWhatItsButtonDoes) {
 }
 
 TEST_F(ListBoxEditor, ButtonsAreEnabledWhereTheyCanDoSomething) {
-    for (const auto& [row, expected] : {std::pair{0, "--+"}, {1, "-++"}, {2, "-+-"}, {3, "---"}}) {
+    for (const auto& [row, expected] : {std::pair{0, "+-+"}, {1, "+++"}, {2, "++-"}, {3, "---"}}) {
         editor_->setCurrentRow(row);
-        std::string enabled = row < 3 && !button("Delete").isEnabled() ? "!" : "-";
-        enabled += button("Move up").isEnabled() ? '+' : '-';
-        enabled += button("Move down").isEnabled() ? '+' : '-';
+        std::string enabled;
+        for (const char* each : {"Delete", "Move up", "Move down"})
+            enabled += button(each).isEnabled() ? '+' : '-';
         EXPECT_EQ(enabled, expected) << row;
-        EXPECT_EQ(button("Delete").isEnabled(), row < 3);
     }
     for (const QToolButton* each : editor_->findChildren<QToolButton*>()) {
         EXPECT_FALSE(each->icon().pixmap(16).isNull()) << each->text().toStdString();
@@ -209,6 +205,21 @@ TEST_F(ListBoxEditor, WithoutAPlaceForNewLinesOneIsMadeAndGoesAgainIfLeftEmpty) 
     press(Qt::Key_Return);
     EXPECT_EQ(lines(), "a b c");
     EXPECT_EQ(log(), "added 2 c");
+    press(Qt::Key_Insert);
+    type("d");
+    editor_->deleteLine();
+    EXPECT_EQ(lines(), "a b c") << "the line that was begun, and no other";
+    EXPECT_EQ(log(), "");
+}
+
+TEST_F(ListBoxEditor, MoveAfterARefusedEditMovesNothing) {
+    fill("a b c", 0);
+    press(Qt::Key_F2);
+    type("bad");
+    testsupport::answerNextMessageBox("No");
+    editor_->moveLine(+1);
+    EXPECT_EQ(lines(), "b c ");
+    EXPECT_EQ(log(), "renamed 0 bad");
 }
 
 TEST_F(ListBoxEditor, ARecordGoesAlongWithItsLineUnlessTheMoveIsRefused) {

@@ -14,21 +14,17 @@ unsigned CGeneralCheckBox::init(unsigned rowIndex) {
 void CGeneralCheckBox::store(std::string& text) {
     text = toUtf8(valueText());
     writeKey(text);
-    stored_ = text;
 }
 
 void CGeneralCheckBox::setDisplayValue(const std::string&) {
     showKey();
 }
 
-bool CGeneralCheckBox::isModified() const {
-    return !getKey().empty() && !locked_ && toUtf8(valueText()) != stored_;
-}
-
 void CGeneralCheckBox::showKey() {
-    locked_ = readKey(stored_);
-    showValueStyle({.kind = GridCellKind::checkBox}, locked_);
-    setValueText(toQString(stored_));
+    std::string text;
+    const bool locked = readKey(text);
+    showValueStyle({.kind = GridCellKind::checkBox}, locked);
+    setValueText(toQString(text));
 }
 
 } // namespace ovsettings

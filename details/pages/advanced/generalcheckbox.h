@@ -14,13 +14,9 @@ public:
     /// Ignores its argument and shows the key's value again.
     void setDisplayValue(const std::string& text) override;
     unsigned init(unsigned rowIndex) override;
-    bool isModified() const override;
 
 private:
     void showKey();
-
-    std::string stored_;
-    bool locked_ = false;
 };
 
 } // namespace ovsettings

@@ -105,16 +105,4 @@ void writeChoice(const ChoiceTable& table, const ChoiceWritten& written, Orv::iA
         Orv::setValue(appConfig, table.keys[at], written.values[at]);
 }
 
-bool wouldChange(const ChoiceTable& table, const ChoiceWritten& written,
-                 const Orv::iAppConfiguration& appConfig) {
-    for (std::size_t at = 0; at < table.keys.size(); ++at) {
-        std::string stored;
-        bool locked = false;
-        Orv::getValue(appConfig, table.keys[at], stored, locked);
-        if (!locked && stored != written.values[at])
-            return true;
-    }
-    return false;
-}
-
 } // namespace ovsettings

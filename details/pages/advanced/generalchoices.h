@@ -52,8 +52,5 @@ QString shownChoice(const ChoiceTable& table, const Orv::iAppConfiguration& appC
 /// What to write for the text that is on show; null if it is no choice, and then nothing is written.
 const ChoiceWritten* writtenFor(const ChoiceTable& table, const QString& shown);
 void writeChoice(const ChoiceTable& table, const ChoiceWritten& written, Orv::iAppConfiguration& appConfig);
-/// True if writing would change a key; locked ones do not change.
-bool wouldChange(const ChoiceTable& table, const ChoiceWritten& written,
-                 const Orv::iAppConfiguration& appConfig);
 
 } // namespace ovsettings

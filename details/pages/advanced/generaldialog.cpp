@@ -27,6 +27,8 @@ CGeneralDialog::~CGeneralDialog() = default;
 
 void CGeneralDialog::setAppConfiguration(Orv::iAppConfiguration* appConfig) {
     appConfig_ = appConfig;
+    if (grid_)
+        grid_->setAppConfiguration(appConfig);
 }
 
 bool CGeneralDialog::buildTemplate() {
@@ -74,11 +76,6 @@ bool CGeneralDialog::isValid() {
     return validate();
 }
 
-bool CGeneralDialog::isModified() const {
-    return grid_ &&
-           std::ranges::any_of(grid_->rows(), [this](const auto& row) { return isRowModified(*row); });
-}
-
 bool CGeneralDialog::validate() {
     if (!grid_)
         return true;
@@ -94,14 +91,6 @@ void CGeneralDialog::storeRow(CGeneralRow& row) {
         return;
     if (const ChoiceWritten* written = writtenFor(*table, toQString(text)))
         writeChoice(*table, *written, *appConfig_);
-}
-
-bool CGeneralDialog::isRowModified(const CGeneralRow& row) const {
-    const ChoiceTable* table = choiceTableOf(row.getKey());
-    if (!table)
-        return row.isModified();
-    const ChoiceWritten* written = writtenFor(*table, row.valueText());
-    return written && wouldChange(*table, *written, *appConfig_);
 }
 
 } // namespace ovsettings

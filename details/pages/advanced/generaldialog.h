@@ -13,7 +13,8 @@ namespace Ui {
 class CGeneralDialog;
 }
 
-/// The page "Advanced": a property sheet of the settings that have no page of their own.
+/// The page "Advanced": a property sheet of the settings that have no page of their own. Its changes are not
+/// reported to the host by name, and that is meant: the host reads these settings when it needs them.
 class CGeneralDialog : public CPropDialogTemplateEx {
     Q_OBJECT
 
@@ -29,12 +30,10 @@ public:
     bool onEnter() override;
     bool onLeave() override;
     bool isValid() override;
-    bool isModified() const override;
 
 private:
     bool validate();
     void storeRow(CGeneralRow& row);
-    bool isRowModified(const CGeneralRow& row) const;
 
     std::unique_ptr<Ui::CGeneralDialog> ui_;
     Orv::iAppConfiguration* appConfig_ = nullptr;

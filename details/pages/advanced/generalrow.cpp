@@ -28,10 +28,6 @@ bool CGeneralRow::validate() {
     return true;
 }
 
-bool CGeneralRow::isModified() const {
-    return false;
-}
-
 void CGeneralRow::takeRows(unsigned rowIndex, unsigned rows) {
     rowIndex_ = rowIndex;
     grid_.setRowCount(std::max(grid_.rowCount(), static_cast<int>(rowIndex + rows - 1)));

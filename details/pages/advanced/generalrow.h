@@ -36,8 +36,6 @@ public:
     virtual unsigned init(unsigned rowIndex) = 0;
     /// Checks the displayed value; what is wrong with it has been told when the result is false.
     virtual bool validate();
-    /// True if store would change the key's value. A row that writes no key never does.
-    virtual bool isModified() const;
     /// The text of the value cell, as it is on show.
     QString valueText() const;
 

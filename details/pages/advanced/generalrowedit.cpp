@@ -20,16 +20,16 @@ void CGeneralRowEdit::setErrorText(const std::string& text) {
 unsigned CGeneralRowEdit::init(unsigned rowIndex) {
     takeRows(rowIndex);
     showCaption(toQString(caption()));
-    locked_ = readKey(stored_);
-    showValueStyle({.kind = GridCellKind::maskedEdit, .mask = QStringLiteral("#######")}, locked_);
-    setValueText(toQString(stored_));
+    std::string text;
+    const bool locked = readKey(text);
+    showValueStyle({.kind = GridCellKind::maskedEdit, .mask = QStringLiteral("#######")}, locked);
+    setValueText(toQString(text));
     return rowIndex + 1;
 }
 
 void CGeneralRowEdit::store(std::string& text) {
     text = toUtf8(valueText());
     writeKey(text);
-    stored_ = text;
 }
 
 void CGeneralRowEdit::setDisplayValue(const std::string& text) {
@@ -44,10 +44,6 @@ bool CGeneralRowEdit::validate() {
         return true;
     refuseValue(QCoreApplication::translate("ovsettings", errorText_.c_str()));
     return false;
-}
-
-bool CGeneralRowEdit::isModified() const {
-    return !getKey().empty() && !locked_ && toUtf8(valueText()) != stored_;
 }
 
 } // namespace ovsettings

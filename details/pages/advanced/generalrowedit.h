@@ -18,14 +18,11 @@ public:
     void setDisplayValue(const std::string& text) override;
     unsigned init(unsigned rowIndex) override;
     bool validate() override;
-    bool isModified() const override;
 
 private:
     long minimum_ = 0;
     long maximum_ = 0;
-    std::string errorText_ = "Incorrect value";
-    std::string stored_;
-    bool locked_ = false;
+    std::string errorText_ = QT_TRANSLATE_NOOP("ovsettings", "Incorrect value");
 };
 
 } // namespace ovsettings

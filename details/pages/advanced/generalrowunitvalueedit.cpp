@@ -24,19 +24,17 @@ unsigned CGeneralRowUnitValueEdit::init(unsigned rowIndex) {
     takeRows(rowIndex);
     showUnitCaption();
     std::string text;
-    locked_ = readKey(text);
-    showValueStyle({.kind = GridCellKind::maskedEdit}, locked_);
-    stored_ = Orv::lengthFromText(text);
-    showLength(stored_);
+    const bool locked = readKey(text);
+    showValueStyle({.kind = GridCellKind::maskedEdit}, locked);
+    if (!getKey().empty())
+        showLength(Orv::lengthFromText(text));
     return rowIndex + 1;
 }
 
 void CGeneralRowUnitValueEdit::store(std::string& text) {
-    const long shown = length();
-    text = Orv::lengthToText(shown);
+    shown_ = length();
+    text = Orv::lengthToText(shown_);
     writeKey(text);
-    // What was written, not what a read gives back: the store rounds numbers to six digits.
-    stored_ = shown;
 }
 
 void CGeneralRowUnitValueEdit::setDisplayValue(const std::string& text) {
@@ -60,10 +58,6 @@ bool CGeneralRowUnitValueEdit::validate() {
         QCoreApplication::translate("ovsettings", "value should be between %1 and %2 %3")
             .arg(lengthText(minimum_), lengthText(maximum_), toQString(UnitTraits(unit_).Abbreviation())));
     return false;
-}
-
-bool CGeneralRowUnitValueEdit::isModified() const {
-    return !getKey().empty() && !locked_ && length() != stored_;
 }
 
 void CGeneralRowUnitValueEdit::showUnitCaption() {

@@ -20,7 +20,6 @@ public:
     void setDisplayValue(const std::string& text) override;
     unsigned init(unsigned rowIndex) override;
     bool validate() override;
-    bool isModified() const override;
 
 private:
     void showUnitCaption();
@@ -32,8 +31,6 @@ private:
     long maximum_ = 0;
     Orv::Metrics::Unit unit_;
     long shown_ = 0;
-    long stored_ = 0;
-    bool locked_ = false;
 };
 
 } // namespace ovsettings

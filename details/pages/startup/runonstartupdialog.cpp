@@ -17,6 +17,7 @@ namespace {
 constexpr unsigned kTemplate = 140;
 constexpr unsigned kFormPrefix = 14;
 constexpr unsigned kScriptPrefix = 15;
+constexpr qsizetype kLongestValue = 1024; ///< in characters, on show
 
 /// Only the user's directory counts, writable or not.
 std::string firstWorkingDirectory() {
@@ -63,14 +64,16 @@ bool CRunOnStartupDialog::onOk() {
 bool CRunOnStartupDialog::onApply() {
     if (!hasWindow())
         return true;
-    storeList(forms_);
-    storeList(scripts_);
+    // Both lists first: an edit that is still open may end with a question.
+    for (CFileList* list : {&forms_, &scripts_})
+        list->exchange(Exchange::fromControls);
+    for (CFileList* list : {&forms_, &scripts_}) {
+        if (!list->write())
+            showMessage(this, tr("Writing %1 failed").arg(toQString(fileName_)));
+    }
+    for (CFileList* list : {&forms_, &scripts_})
+        list->clearChanged();
     return true;
-}
-
-void CRunOnStartupDialog::storeList(CFileList& list) {
-    if (!list.store())
-        showMessage(this, tr("Writing %1 failed").arg(toQString(fileName_)));
 }
 
 bool CRunOnStartupDialog::isModified() const {
@@ -96,27 +99,32 @@ void CRunOnStartupDialog::CFileList::read(const std::string& fileName, unsigned 
 void CRunOnStartupDialog::CFileList::exchange(Exchange direction) {
     if (direction == Exchange::toControls) {
         QStringList lines;
-        for (const std::string& string : strings_) {
-            lines.append(toQString(string));
-            if (toUtf8(lines.back()) != string)
-                undecodable_[lines.back()] = string;
-        }
+        for (const std::string& string : strings_)
+            lines.append(toQString(string).left(kLongestValue));
         editor_->setLines(lines);
+        // A name that is too long to show, or no UTF-8, is written as it was until the user changes it.
+        for (int row = 0; row < lines.size(); ++row) {
+            const std::string& string = strings_[static_cast<std::size_t>(row)];
+            if (toUtf8(lines[row]) != string)
+                editor_->setOrigin(row, QByteArray::fromStdString(string));
+        }
         return;
     }
     editor_->finishEditing();
     strings_.clear();
-    for (const QString& line : editor_->lines()) {
-        const auto original = undecodable_.find(line);
-        strings_.push_back(original == undecodable_.end() ? toUtf8(line) : original->second);
+    for (int row = 0; row < editor_->lineCount(); ++row) {
+        const QVariant origin = editor_->origin(row);
+        strings_.push_back(origin.isValid() ? origin.toByteArray().toStdString()
+                                            : toUtf8(editor_->line(row)));
     }
 }
 
-bool CRunOnStartupDialog::CFileList::store() {
-    exchange(Exchange::fromControls);
-    const bool stored = file_.write(strings_);
+bool CRunOnStartupDialog::CFileList::write() {
+    return file_.write(strings_);
+}
+
+void CRunOnStartupDialog::CFileList::clearChanged() {
     editor_->clearChanged();
-    return stored;
 }
 
 bool CRunOnStartupDialog::CFileList::isChanged() const {
@@ -143,7 +151,7 @@ void CRunOnStartupDialog::CListBoxFileEditorEx::lineMoved(int, int) {
 void CRunOnStartupDialog::CListBoxFileEditorEx::checkFile(int row, const QString& text) {
     changed_ = true;
     const QString path = toQString(platform::fullPath(toUtf8(text)));
-    if (!fileExists(toUtf8(text)) &&
+    if (!fileExists(toUtf8(path)) &&
         !askYesNo(this, tr("%1\n\nThis file does not exist.\nAdd the file anyway?").arg(path),
                   applicationTitle(), QMessageBox::Question, QMessageBox::No)) {
         removeLine(row);

@@ -6,7 +6,6 @@
 
 #include <QtCore/QString>
 
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -66,18 +65,15 @@ private:
         void read(const std::string& fileName, unsigned prefixId);
         virtual void exchange(Exchange direction);
         /// @return false if the list could not be written as a whole.
-        bool store();
+        bool write();
+        void clearChanged();
         bool isChanged() const;
 
     private:
         CListBoxFileEditorEx* editor_ = nullptr;
         std::vector<std::string> strings_;
         ScriptsIni file_;
-        /// What the list box shows of names that are no UTF-8, and the names themselves.
-        std::map<QString, std::string> undecodable_;
     };
-
-    void storeList(CFileList& list);
 
     std::unique_ptr<Ui::CRunOnStartupDialog> ui_;
     CFileList forms_;

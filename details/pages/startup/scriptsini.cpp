@@ -13,7 +13,6 @@ namespace ovsettings {
 namespace {
 
 constexpr std::string_view kSection = "PlanDraw";
-constexpr std::size_t kLongestValue = 1024;
 
 } // namespace
 
@@ -25,7 +24,7 @@ void ScriptsIni::setUp(const std::string& fileName, unsigned prefixId) {
 }
 
 void ScriptsIni::read(std::vector<std::string>& list) {
-    platform::CProfileFile file(fileName_, kLongestValue);
+    platform::CProfileFile file(fileName_);
     readable_ = hasDirectory() && !file.load();
     list.clear();
     count_ = 0;
@@ -39,9 +38,11 @@ void ScriptsIni::read(std::vector<std::string>& list) {
 }
 
 bool ScriptsIni::write(const std::vector<std::string>& list) {
-    if (!readable_)
+    if (!hasDirectory())
         return std::all_of(list.begin(), list.end(), [](const std::string& value) { return value.empty(); });
-    platform::CProfileFile file(fileName_, kLongestValue);
+    if (!readable_)
+        return false;
+    platform::CProfileFile file(fileName_);
     bool written = !file.load();
     count_ = std::max(count_, static_cast<int>(list.size()));
     for (int index = 0; index < count_; ++index) {

@@ -300,7 +300,7 @@ bool CGridDelegate::handleEditorKey(const QKeyEvent& event) {
         return true;
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
-        if (grid_.endEdit())
+        if (grid_.endEdit() && !(event.modifiers() & Qt::ControlModifier && grid_.handleKey(event)))
             grid_.focusNextPrevChild(event.key() == Qt::Key_Tab);
         return true;
     default:

@@ -96,6 +96,9 @@ QString CGridModel::cellName(const QModelIndex& index) const {
         parts << onOneLine(cell(index.siblingAtColumn(0)).text);
     parts << header(index.column());
     parts.removeAll(QString());
+    // A property sheet has captions in its first column; in a table the rows are told apart by number.
+    if (index.column() == 0 && !header(0).isEmpty())
+        parts << QString::number(index.row() + 1);
     return parts.join(QLatin1String(", "));
 }
 

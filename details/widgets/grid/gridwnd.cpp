@@ -14,6 +14,14 @@
 
 namespace ovsettings {
 
+namespace {
+
+bool movesCurrent(int key) {
+    return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp || key == Qt::Key_PageDown;
+}
+
+} // namespace
+
 CGridWnd::CGridWnd(QWidget* parent)
     : QTableView(parent), model_(new CGridModel(this)), delegate_(new CGridDelegate(*this, *model_)) {
     setModel(model_);
@@ -86,6 +94,9 @@ GridCellStyle CGridWnd::cellStyle(int row, int column) const {
 
 void CGridWnd::joinCells(int row, int column, int columns) {
     setSpan(row - 1, column - 1, 1, columns);
+    // What lies under the joined cell is out of sight, and out of reach.
+    for (int covered = column + 1; covered < column + columns; ++covered)
+        setCellStyle(row, covered, {.readOnly = true, .enabled = false});
 }
 
 void CGridWnd::setWidthOfColumn(int column, int width) {
@@ -159,7 +170,10 @@ QString CGridWnd::refusalOfEdit() const {
 }
 
 void CGridWnd::commitEdit() {
-    commitData(delegate_->editor());
+    // A text that its mask does not allow may be on the way to one that it does; it is none to keep.
+    const auto* edit = qobject_cast<QLineEdit*>(delegate_->editor());
+    if (!edit || edit->hasAcceptableInput())
+        commitData(delegate_->editor());
     closeEditor(delegate_->editor(), QAbstractItemDelegate::NoHint);
 }
 
@@ -241,6 +255,11 @@ void CGridWnd::mousePressEvent(QMouseEvent* event) {
 void CGridWnd::keyPressEvent(QKeyEvent* event) {
     if (currentIndex().isValid() && !isEditing() && (onKey(*event) || handleKey(*event))) {
         event->accept();
+        return;
+    }
+    // A key that an open editor has no use for: only one that moves to another cell ends the edit.
+    if (isEditing() && !movesCurrent(event->key())) {
+        event->ignore();
         return;
     }
     if (endEdit())
