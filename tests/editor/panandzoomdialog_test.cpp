@@ -6,7 +6,6 @@
 #include <QtWidgets/QRadioButton>
 
 #include <array>
-#include <ranges>
 #include <span>
 
 using ovsettings::CPanAndZoomDialog;
@@ -151,7 +150,8 @@ TEST_F(PanAndZoomPage, ReachesEveryFreeButtonByKeyboard) {
             EXPECT_TRUE(button(row.tabStops[group]).hasFocus());
             // Upwards, so that the zoom style does not stay "SARN".
             const auto& captions = group == 0 ? kZooms : kStrokes;
-            for (const char* caption : captions | std::views::reverse) {
+            for (auto at = captions.rbegin(); at != captions.rend(); ++at) {
+                const char* caption = *at;
                 if (!button(caption).isEnabled())
                     continue;
                 for (int steps = 0; !button(caption).hasFocus() && steps < 3; ++steps)

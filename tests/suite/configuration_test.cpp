@@ -9,6 +9,8 @@
 
 #include <csignal>
 #include <filesystem>
+#include <sstream>
+#include <string>
 
 namespace {
 
@@ -298,45 +300,32 @@ TEST_F(ConfigurationFile, KeepsWhatAnEditDoesNotConcern) {
 }
 
 TEST_F(ConfigurationFile, CarriesEveryTextToTheByte) {
-    const Values kTexts = {"",
-                           " ",
-                           " leading and trailing ",
-                           "line\nfeed\n",
-                           "carriage\r\nreturn\r",
-                           "\t\ttabs",
-                           "]]>",
-                           "<a b=\"c\">&amp;'</a>",
-                           "&#65;&lt;",
-                           "<!-- -->",
-                           "é € 𝄞",
-                           std::string("nul\0inside", 10),
-                           "\x01\x1f",
-                           "\x7f",
-                           "\xff invalid",
-                           "overlong \xc1\x81",
-                           "surrogate \xed\xa0\x80",
-                           "cut short \xe2\x82",
-                           "\xef\xbf\xbe and \xef\xbf\xbf",
-                           "\xef\xbb\xbf mark first",
-                           std::string(100'000, 'x')};
+    using namespace std::string_literals;
+    Values texts{std::string(100'000, 'x'), "\x7f"};
+    const std::string joined =
+        "| | leading and trailing |line\nfeed\n|carriage\r\nreturn\r|\t\ttabs|]]>|<a "
+        "b=\"c\">&amp;'</a>|&#65;&lt;|"
+        "<!-- -->|é € 𝄞|nul\0inside|\x01\x1f|\xff invalid|overlong \xc1\x81|surrogate \xed\xa0\x80|"
+        "cut short \xe2\x82|\xef\xbf\xbe and \xef\xbf\xbf|\xef\xbb\xbf mark first"s;
+    std::istringstream pieces(joined);
+    for (std::string text; std::getline(pieces, text, '|');)
+        texts.push_back(text);
     ASSERT_TRUE(edit([&](IOvConfiguration& c) {
         Attributes attributes;
-        for (std::size_t i = 0; i < kTexts.size(); ++i) {
-            c.writeValue(kPath, "V" + std::to_string(i), kTexts[i]);
-            attributes["A" + std::to_string(i)] = kTexts[i];
+        for (std::size_t i = 0; i < texts.size(); ++i) {
+            c.writeValue(kPath, "V" + std::to_string(i), texts[i]);
+            attributes["A" + std::to_string(i)] = texts[i];
         }
-        c.writeList(kPath, "LIST", kTexts);
+        c.writeList(kPath, "LIST", texts);
         c.writeGroup(kPath, "t", "GROUP", attributes);
         c.writeValue("path &\n\"<é", "key ]]>\t'", "named");
     }));
-    for (std::size_t i = 0; i < kTexts.size(); ++i)
-        EXPECT_EQ(valuesOf("V" + std::to_string(i)), Values{kTexts[i]}) << i;
-    EXPECT_EQ(valuesOf("LIST"), kTexts);
-    const struct stat before = [&] {
-        struct stat status {};
-        stat(file().c_str(), &status);
-        return status;
-    }();
+    for (std::size_t i = 0; i < texts.size(); ++i)
+        EXPECT_EQ(valuesOf("V" + std::to_string(i)), Values{texts[i]}) << i;
+    EXPECT_EQ(valuesOf("LIST"), texts);
+    struct stat before {
+    }, after{};
+    stat(file().c_str(), &before);
     EXPECT_TRUE(edit([&](IOvConfiguration& c) {
         Attributes attributes;
         AttributeLocks locks;
@@ -344,14 +333,13 @@ TEST_F(ConfigurationFile, CarriesEveryTextToTheByte) {
         Locks flags;
         bool locked = false;
         EXPECT_TRUE(c.readGroup(kPath, "t", "GROUP", attributes, locks, locked));
-        EXPECT_EQ(attributes.size(), kTexts.size());
-        for (std::size_t i = 0; i < kTexts.size(); ++i)
-            EXPECT_EQ(attributes["A" + std::to_string(i)], kTexts[i]) << i;
+        EXPECT_EQ(attributes.size(), texts.size());
+        for (std::size_t i = 0; i < texts.size(); ++i)
+            EXPECT_EQ(attributes["A" + std::to_string(i)], texts[i]) << i;
         EXPECT_TRUE(c.readList("path &\n\"<é", "key ]]>\t'", values, flags));
-        c.writeList(kPath, "LIST", kTexts);
+        c.writeList(kPath, "LIST", texts);
         c.writeGroup(kPath, "t", "GROUP", attributes);
     }));
-    struct stat after {};
     stat(file().c_str(), &after);
     EXPECT_EQ(after.st_ino, before.st_ino);
     EXPECT_TRUE(messages_.empty()) << messages_.front();
@@ -361,7 +349,7 @@ TEST_F(ConfigurationFile, CarriesEveryTextToTheByte) {
         c.writeList(kPath, "LIST", {"fits", std::string(5u << 20, 'x')});
     }));
     EXPECT_EQ(messages_.size(), 2u);
-    EXPECT_EQ(valuesOf("LIST"), kTexts);
+    EXPECT_EQ(valuesOf("LIST"), texts);
 }
 
 TEST_F(ConfigurationFile, EditsThatComeToNothingTouchNothing) {
@@ -424,6 +412,79 @@ TEST_F(ConfigurationFile, ALaterSaveRevertsNothingThatItDidNotChange) {
     EXPECT_EQ(valuesOf("THEIRS"), Values{"theirs"});
     EXPECT_EQ(valuesOf("BOTH"), Values{"mine"});
     EXPECT_EQ(valuesOf("SAME"), Values{});
+}
+
+// A file that is saved again is not parsed again, which must not show: each step is done on a twin too, whose
+// file is read afresh because another one was saved in between.
+TEST_F(ConfigurationFile, SavingAgainGivesWhatReadingAgainWould) {
+    using Step = std::function<void(IOvConfiguration&)>;
+    const auto set = [](std::string key, std::string value) -> Step {
+        return [=](IOvConfiguration& c) {
+            c.writeValue(kPath, key, value);
+        };
+    };
+    const auto drop = [](std::string key) -> Step {
+        return [=](IOvConfiguration& c) {
+            c.removeKey(kPath, key);
+        };
+    };
+    const auto list = [](Values values) -> Step {
+        return [=](IOvConfiguration& c) {
+            c.writeList(kPath, "LIST", values);
+        };
+    };
+    const auto group = [](Attributes attributes) -> Step {
+        return [=](IOvConfiguration& c) {
+            c.writeGroup("Orvane/OBJECTS", "object", "NET", attributes);
+        };
+    };
+    const Step steps[] = {
+        set("A", "1"),
+        drop("A"),
+        drop("REMARKED"),
+        set("B", "\x01"),
+        set("B", "<&>"),
+        drop("CROWDED"),
+        drop("NEXT"),
+        set("A", " 2\r\n"),
+        list({"x", "", "y"}),
+        list({"y"}),
+        drop("LIST"),
+        set("LIST", "3"),
+        list({"4"}),
+        group({{"COLOR", "1"}, {"FILL_STYLE", ""}}),
+        group({{"FILL_STYLE", "2"}}),
+        [](IOvConfiguration& c) { c.removeGroup("Orvane/OBJECTS", "object", "NET"); },
+        group({{"COLOR", "3"}}),
+        drop("B"),
+        set("C", "6"),
+    };
+    const std::string start =
+        "<configuration>\n <section path='Orvane/SETTINGS'>\n  <!-- one -->\n"
+        "  <value name='REMARKED'>1</value> <!-- two -->\n\n"
+        "  <value name='CROWDED'/> <value name='NEXT'/>\n </section>\n</configuration>\n";
+    const testsupport::TemporaryDirectory twinRoot;
+    const testsupport::TemporaryDirectory otherRoot;
+    const auto editIn = [](const fs::path& directory, const Step& step) {
+        IOvConfiguration* configuration = manager().GetConfiguration(directory.string(), Access::write);
+        step(*configuration);
+        return manager().ReleaseConfiguration(configuration);
+    };
+    const fs::path twin = twinRoot / "orvane.xml";
+    writeFile(file(), start);
+    writeFile(twin, start);
+    for (std::size_t turn = 0; turn < std::size(steps); ++turn) {
+        ASSERT_TRUE(editIn(twinRoot.path(), steps[turn]));
+        ASSERT_TRUE(editIn(otherRoot.path(), set("TURN", std::to_string(turn))));
+    }
+    for (const Step& step : steps)
+        ASSERT_TRUE(edit(step));
+    EXPECT_EQ(readFile(file()), readFile(twin));
+
+    std::string foreign = readFile(file());
+    foreign.replace(foreign.find(">6<"), 3, ">7<");
+    writeFile(file(), foreign);
+    EXPECT_EQ(valuesOf("C"), Values{"7"}) << "what someone else wrote in between counts";
 }
 
 TEST_F(ConfigurationFile, ProcessesThatSaveAtTheSameTimeLoseNothing) {
@@ -539,10 +600,8 @@ TEST_F(ConfigurationFile, IsSharedThroughALinkAndFoundWithoutRegardToCase) {
 
 TEST_F(ConfigurationFile, ProtectionAgainstWritingIsToldWithPathAndCause) {
     struct Row {
-        const char* what;
-        const char* text;
-        mode_t file;
-        mode_t directory;
+        const char *what, *text;
+        mode_t file, directory;
         bool readable;
     };
     constexpr Row kRows[] = {
