@@ -111,12 +111,18 @@ int AtomicFile::checkWritable() const {
 }
 
 int AtomicFile::writeTemporary(std::string_view bytes) const {
+    const auto create = [this] {
+        return ::open(temporary_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, former_ ? 0600 : 0666);
+    };
+    int fd = create();
     // Under the lock, a file of this name is what a killed writer left, or a trap; it is never written
     // through.
-    if (unlink(temporary_.c_str()) != 0 && errno != ENOENT)
-        return errno;
-    Descriptor file(
-        ::open(temporary_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, former_ ? 0600 : 0666));
+    if (fd < 0 && errno == EEXIST) {
+        if (unlink(temporary_.c_str()) != 0)
+            return errno;
+        fd = create();
+    }
+    Descriptor file(fd);
     if (!file.valid())
         return errno;
     int code = former_ ? adoptAttributes(file.get()) : 0;

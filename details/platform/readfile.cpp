@@ -49,11 +49,19 @@ int readAll(int fd, std::size_t expected, std::string& bytes) {
     return 0;
 }
 
+/// Without a mark of the reading in the file's times, which the next flush would have to carry to the disk.
+/// Only the owner may leave that out.
+int openForReading(const std::string& path) {
+    constexpr int kFlags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+    const int fd = ::open(path.c_str(), kFlags | O_NOATIME);
+    return fd < 0 && errno == EPERM ? ::open(path.c_str(), kFlags) : fd;
+}
+
 } // namespace
 
 std::optional<FileError> readFile(const std::string& path, std::string& bytes) {
     bytes.clear();
-    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    const Descriptor file(openForReading(path));
     if (!file.valid())
         return FileError{path, kRead, errno};
     std::size_t size = 0;

@@ -32,9 +32,15 @@ void mergeName(std::vector<std::string>& names, const std::string& name, bool pr
 Configuration::Configuration(std::string path, ErrorLog& log) : path_(std::move(path)), log_(log) {
 }
 
-bool Configuration::read() {
+bool Configuration::read(std::optional<Contents> known) {
+    if (known)
+        bytes_ = std::move(known->bytes);
     std::optional<ConfigurationDocument> document;
     state_ = readFile(bytes_, document);
+    if (state_ == FileState::unchanged) {
+        state_ = FileState::read;
+        document = std::move(known->document);
+    }
     if (document)
         document_ = std::move(*document);
     document_.setReporter(
@@ -101,7 +107,18 @@ bool Configuration::save() {
     }
     if (!aside.empty())
         log_.report(path_ + ": the damaged file is kept as " + aside);
+    state_ = FileState::read;
+    bytes_ = text;
+    if (current)
+        document_ = std::move(*current);
     return true;
+}
+
+std::optional<Configuration::Contents> Configuration::takeContents() {
+    if (state_ != FileState::read || document_.isFlawed())
+        return std::nullopt;
+    document_.setReporter({});
+    return Contents{std::move(path_), std::move(bytes_), std::move(document_)};
 }
 
 void Configuration::applyEdits(ConfigurationDocument& document) const {
@@ -192,7 +209,7 @@ bool Configuration::readList(const std::string& path, const std::string& key,
     const bool present = document_.readKey(path, key, values, locks);
     if (keyEdits_.empty())
         return present;
-    const auto edit = keyEdits_.find({std::string(sectionPath(path)), key});
+    const auto edit = keyEdits_.find(KeyView(sectionPath(path), key));
     if (edit == keyEdits_.end())
         return present;
     values = edit->second ? edit->second->values : std::vector<std::string>();
@@ -214,14 +231,11 @@ bool Configuration::canBeText(const std::string& text) const {
 }
 
 void Configuration::noteKey(const std::string& path, const std::string& key, std::optional<KeyState> state) {
-    const bool isSaid = saysOfKey(path, key, state);
-    if (isSaid && keyEdits_.empty())
-        return;
-    KeyName name(sectionPath(path), key);
-    if (isSaid)
-        keyEdits_.erase(name);
-    else
-        keyEdits_.insert_or_assign(std::move(name), std::move(state));
+    if (!saysOfKey(path, key, state)) {
+        keyEdits_.insert_or_assign(KeyName(sectionPath(path), key), std::move(state));
+    } else if (const auto edit = keyEdits_.find(KeyView(sectionPath(path), key)); edit != keyEdits_.end()) {
+        keyEdits_.erase(edit);
+    }
 }
 
 bool Configuration::saysOfKey(const std::string& path, const std::string& key,

@@ -7,6 +7,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <tuple>
 #include <utility>
 
@@ -17,16 +18,30 @@ namespace suite {
 /// other out, and values that are there already, come to nothing.
 class Configuration final : public Orv::IOvConfiguration {
 public:
+    /// A file and what it amounts to.
+    struct Contents {
+        std::string path;
+        std::string bytes;
+        ConfigurationDocument document;
+    };
+
     /// @param path where `orvane.xml` is, or would be.
     Configuration(std::string path, ErrorLog& log);
 
+    const std::string& path() const { return path_; }
+
     /// Reads the file; a missing one says nothing. @return false, after a report, if it is damaged; the
     /// configuration is then an empty one.
-    bool read();
+    /// @param known what is known of this file; it need not be parsed again if it still has these bytes.
+    bool read(std::optional<Contents> known = std::nullopt);
 
     /// Writes the changes, if there are any. They are applied to the file as it is by then, so what others
     /// changed meanwhile stays. @return false, after a report, if that failed.
     bool save();
+
+    /// After a save that succeeded: the file as it is by now. Nothing if there is none, or if it has flaws,
+    /// which are to be found again, and in their new places, whenever it is read.
+    std::optional<Contents> takeContents();
 
     void writeGroup(const std::string& path, const std::string& typeWord, const std::string& key,
                     const std::map<std::string, std::string>& attributes) override;
@@ -49,10 +64,16 @@ private:
         std::vector<std::string> values;
         bool isList = false;
     };
-    using KeyName = std::pair<std::string, std::string>;                 // section path, key
+    using KeyName = std::pair<std::string, std::string>; // section path, key
+    using KeyView = std::pair<std::string_view, std::string_view>;
+    /// Looks a name up without making strings of it: a save asks for each of its keys.
+    struct KeyLess {
+        using is_transparent = void;
+        bool operator()(const KeyView& a, const KeyView& b) const { return a < b; }
+    };
     using GroupName = std::tuple<std::string, std::string, std::string>; // section path, type word, key
     // Nothing for what is to be removed.
-    using KeyEdits = std::map<KeyName, std::optional<KeyState>>;
+    using KeyEdits = std::map<KeyName, std::optional<KeyState>, KeyLess>;
     using GroupEdits = std::map<GroupName, std::optional<ConfigurationDocument::Attributes>>;
 
     enum class FileState { missing, read, unchanged, damaged };

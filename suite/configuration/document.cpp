@@ -415,6 +415,7 @@ bool ConfigurationDocument::isLocked(const xmlNode* element) const {
 }
 
 void ConfigurationDocument::report(const xmlNode* element, std::string text) const {
+    flawed_ = true;
     if (reporter_)
         reporter_({xmlGetLineNo(element), std::move(text)});
 }

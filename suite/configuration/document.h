@@ -62,6 +62,9 @@ public:
     /// The text of the file. Empty if it could not be produced, which takes a lack of memory.
     std::string serialise() const;
 
+    /// True once a part of the file could not be taken as it stands.
+    bool isFlawed() const { return flawed_; }
+
 private:
     // Type word and name; the type word of values and lists is empty. All views are into the tree.
     using Name = std::pair<std::string_view, std::string_view>;
@@ -99,6 +102,7 @@ private:
     Reporter reporter_;
     mutable Index index_;
     mutable bool indexed_ = false;
+    mutable bool flawed_ = false;
 };
 
 /// Drops the slashes at the end of a section path, which mean nothing.

@@ -88,9 +88,14 @@ bool endsItsLine(const xmlNode* node) {
     return !node->next || (node->next->type == XML_TEXT_NODE && view(node->next->content).starts_with('\n'));
 }
 
+// Leaves no two texts side by side: a tree that was edited is the one that its file gives.
 void freeNode(xmlNode* node) {
+    xmlNode* before = node->prev;
+    xmlNode* behind = node->next;
     xmlUnlinkNode(node);
     xmlFreeNode(node);
+    if (before && behind && before->type == XML_TEXT_NODE && behind->type == XML_TEXT_NODE)
+        xmlTextMerge(before, behind);
 }
 
 void removeLineBefore(xmlNode* element) {

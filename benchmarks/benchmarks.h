@@ -1,0 +1,13 @@
+#pragma once
+
+namespace bench {
+
+/// Each tells the benchmark library of the measurements of one subject. The dialog's needs an application
+/// object.
+void registerReads();
+void registerLoads();
+void registerSaves();
+void registerDialog();
+void registerStartup();
+
+} // namespace bench
