@@ -240,10 +240,12 @@ void Configuration::noteKey(const std::string& path, const std::string& key, std
 
 bool Configuration::saysOfKey(const std::string& path, const std::string& key,
                               const std::optional<KeyState>& state) const {
+    const bool isThere = document_.hasKey(path, key);
+    if (!state || !isThere)
+        return !state && !isThere;
     std::vector<std::string> values;
     std::vector<std::uint8_t> locks;
-    const bool present = document_.readKey(path, key, values, locks);
-    return state ? present && values == state->values : !present;
+    return document_.readKey(path, key, values, locks) && values == state->values;
 }
 
 void Configuration::noteGroup(const std::string& path, const std::string& typeWord, const std::string& key,
@@ -261,13 +263,14 @@ void Configuration::noteGroup(const std::string& path, const std::string& typeWo
 // A group that is written carries no lock marks, so one that has some says something else.
 bool Configuration::saysOfGroup(const std::string& path, const std::string& typeWord, const std::string& key,
                                 const std::optional<ConfigurationDocument::Attributes>& attributes) const {
+    const bool isThere = document_.hasGroup(path, typeWord, key);
+    if (!attributes || !isThere)
+        return !attributes && !isThere;
     ConfigurationDocument::Attributes present;
     std::map<std::string, int> locks;
     bool locked = false;
-    const bool isThere = document_.readGroup(path, typeWord, key, present, locks, locked);
-    if (!attributes)
-        return !isThere;
-    return isThere && !locked && locks.empty() && present == *attributes;
+    return document_.readGroup(path, typeWord, key, present, locks, locked) && !locked && locks.empty() &&
+           present == *attributes;
 }
 
 } // namespace suite

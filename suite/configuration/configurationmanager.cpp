@@ -11,15 +11,23 @@ namespace {
 
 constexpr const char* kFileName = "/orvane.xml";
 
+/// Where a directory's configuration is, or would be; nothing if there is no such directory.
+std::optional<std::string> fileIn(const std::string& directory) {
+    if (directory.empty())
+        return std::nullopt;
+    if (auto file = platform::resolveExisting(directory + kFileName))
+        return file;
+    const auto place = platform::resolveExisting(directory);
+    return place && platform::isDirectory(*place) ? std::optional(*place + kFileName) : std::nullopt;
+}
+
 } // namespace
 
 Orv::IOvConfiguration* ConfigurationManager::GetConfiguration(const std::string& directory, Access access) {
-    const auto place = platform::resolveExisting(directory);
-    if (!place || !platform::isDirectory(*place))
+    const auto path = fileIn(directory);
+    if (!path)
         return nullptr;
-    const std::string path = *place + kFileName;
-    auto configuration =
-        std::make_unique<Configuration>(platform::resolveExisting(path).value_or(path), log_);
+    auto configuration = std::make_unique<Configuration>(*path, log_);
     const bool isWhole =
         configuration->read(access == Access::write ? takeKept(configuration->path()) : std::nullopt);
     return isWhole || access == Access::write ? configuration.release() : nullptr;

@@ -337,8 +337,13 @@ void ConfigurationDocument::indexEntry(Section& section, xmlNode* element) const
 }
 
 const ConfigurationDocument::Section* ConfigurationDocument::section(std::string_view path) const {
-    const auto found = index().find(sectionPath(path));
-    return found == index_.end() ? nullptr : &found->second;
+    if (!recent_.isKnown || recent_.path != path) {
+        const auto found = index().find(sectionPath(path));
+        recent_.path = path;
+        recent_.section = found == index_.end() ? nullptr : &found->second;
+        recent_.isKnown = true;
+    }
+    return recent_.section;
 }
 
 const xmlNode* ConfigurationDocument::find(std::string_view path, const Name& name) const {
@@ -353,6 +358,7 @@ ConfigurationDocument::Section& ConfigurationDocument::obtainSection(const std::
     const auto known = index().find(sectionPath(path));
     if (known != index_.end())
         return index_.at(known->first);
+    recent_ = {};
     xmlNode* element = xml::appendElement(xmlDocGetRootElement(tree_.get()), kSection);
     xml::setAttribute(element, kPath, std::string(sectionPath(path)));
     Section& section = index_[*xml::attribute(element, kPath)];

@@ -45,6 +45,13 @@ public:
                  std::vector<std::uint8_t>& locks) const;
     bool readGroup(const std::string& path, const std::string& type, const std::string& key,
                    Attributes& attributes, std::map<std::string, int>& locks, bool& groupLocked) const;
+    /// Whether there is a value or list, or a group, of that name.
+    bool hasKey(std::string_view path, std::string_view key) const {
+        return find(path, {{}, key}) != nullptr;
+    }
+    bool hasGroup(std::string_view path, std::string_view type, std::string_view key) const {
+        return find(path, {type, key}) != nullptr;
+    }
     /// True if a value or list is locked as a whole.
     bool isKeyLocked(const std::string& path, const std::string& key) const;
     Values keys(const std::string& path) const;
@@ -77,6 +84,12 @@ private:
         std::vector<std::pair<Name, xmlNode*>> duplicates;
     };
     using Index = std::unordered_map<std::string_view, Section>;
+    /// The section that was asked for last, null if there is none: keys are asked for section by section.
+    struct Recent {
+        std::string path;
+        const Section* section = nullptr;
+        bool isKnown = false;
+    };
     struct FreeTree {
         void operator()(xmlDoc* tree) const { xmlFreeDoc(tree); }
     };
@@ -101,6 +114,7 @@ private:
     std::unique_ptr<xmlDoc, FreeTree> tree_;
     Reporter reporter_;
     mutable Index index_;
+    mutable Recent recent_;
     mutable bool indexed_ = false;
     mutable bool flawed_ = false;
 };
