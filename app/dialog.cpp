@@ -6,7 +6,6 @@
 #include "app/outcome.h"
 #include "app/workspace.h"
 
-#include <orv/projectconfiguration.h>
 #include <orv/updater.h>
 #include <ovsettings/showsettingsdialog.h>
 #include <ovsettings/updatehost.h>
@@ -50,11 +49,13 @@ constexpr std::array kPageNames{
     "Empty",
 };
 
-class ChangePrinter : public Orv::IUpdater {
+// The host's part of a commit.
+class CommitFollower : public Orv::IUpdater {
 public:
-    explicit ChangePrinter(std::ostream& out) : out_(out) {}
+    CommitFollower(Project& project, std::ostream& out) : project_(project), out_(out) {}
 
     bool updateSettings(ovsettings::IUpdateHost* host) override {
+        project_.saveLibraries();
         for (const char* page : kPageNames) {
             if (host->isPageChanged(page))
                 out_ << "changed: " << page << std::endl;
@@ -63,6 +64,7 @@ public:
     }
 
 private:
+    Project& project_;
     std::ostream& out_;
 };
 
@@ -99,7 +101,8 @@ void startAtPage(Orv::iAppConfiguration& configuration, const std::string& page)
     configuration.setProperty(property);
 }
 
-void openDialog(Orv::iAppConfiguration& configuration, const Options& options, std::ostream& out) {
+void openDialog(Orv::iAppConfiguration& configuration, Project& project, const Options& options,
+                std::ostream& out) {
     // The dialog records the category that it really shows, so a name that it does not have is noticed here.
     QTimer arrival;
     arrival.setSingleShot(true);
@@ -114,9 +117,9 @@ void openDialog(Orv::iAppConfiguration& configuration, const Options& options, s
     }
     TroubleBox box;
     const ScopedErrorHandler handler([&box](const std::string& message) { box(message); });
-    Orv::CProjectConfiguration noProject;
-    ChangePrinter printer(out);
-    ovsettings::showSettingsDialog(configuration, noProject, options.catalogue, &printer);
+    CommitFollower follower(project, out);
+    ovsettings::showSettingsDialog(configuration, project.configuration(), options.catalogue, &follower);
+    project.saveLibraries(); // a page may have stored its list and the commit gone no further
 }
 
 int runDialog(const Options& options, Arguments) {
@@ -135,7 +138,10 @@ int runDialog(const Options& options, Arguments) {
         return refuse(*failure);
     if (const auto obstacle = obstacleToSaving(configuration))
         return refuse(*obstacle);
-    openDialog(configuration, options, std::cout);
+    Project project;
+    if (const auto failure = project.open(options))
+        return refuse(*failure);
+    openDialog(configuration, project, options, std::cout);
     return kDone;
 }
 

@@ -10,9 +10,12 @@ class iAppConfiguration;
 
 namespace app {
 
-/// Opens the settings dialog on a loaded configuration, with no project. Needs a QApplication.
+class Project;
+
+/// Opens the settings dialog on a loaded configuration and a project. Needs a QApplication.
 /// @param out receives a line "changed: NAME" for each changed page, at each commit.
-void openDialog(Orv::iAppConfiguration& configuration, const Options& options, std::ostream& out);
+void openDialog(Orv::iAppConfiguration& configuration, Project& project, const Options& options,
+                std::ostream& out);
 
 /// Makes the category of that name the first to be shown. Nothing is saved.
 void startAtPage(Orv::iAppConfiguration& configuration, const std::string& page);

@@ -21,6 +21,7 @@ commands:
   get KEY                     the values of a key, one field a line
   set KEY VALUE...            stores all fields of a key in the user's directory
   explain KEY                 what each working directory says about a key, and what won
+  scheme show FILE            the color schemes of a scheme file: palettes and layers
   tour DIRECTORY [--dark] [--size WIDTHxHEIGHT]
                               visits every category of the dialog without a screen, and saves
                               a picture of each, and summary.txt, in the directory
@@ -29,6 +30,7 @@ options, before the command:
   --home DIR        the installation; otherwise RSR_HOME, otherwise the sample installation
   --wdir LIST       the working directories, separated by ";", the user's first; otherwise WDIR,
                     otherwise the user's own, then site and standard of the installation
+  --project FILE    the project to open with the dialog or the tour; otherwise none
   --catalogue NAME  the dialog's catalogue in the installation's standard directory (settings.xml)
   --page NAME       the category to open the dialog at, by its name in the catalogue
   --help, --version
@@ -52,10 +54,15 @@ struct CommandRow {
 };
 
 constexpr std::array kCommands{
-    CommandRow{"", app::runDialog},         CommandRow{"list", app::runList},
-    CommandRow{"get", app::runGet},         CommandRow{"set", app::runSet},
-    CommandRow{"explain", app::runExplain}, CommandRow{"tour", app::runTour},
-    CommandRow{"--help", runHelp},          CommandRow{"-h", runHelp},
+    CommandRow{"", app::runDialog},
+    CommandRow{"list", app::runList},
+    CommandRow{"get", app::runGet},
+    CommandRow{"set", app::runSet},
+    CommandRow{"explain", app::runExplain},
+    CommandRow{"scheme", app::runScheme},
+    CommandRow{"tour", app::runTour},
+    CommandRow{"--help", runHelp},
+    CommandRow{"-h", runHelp},
     CommandRow{"--version", runVersion},
 };
 

@@ -21,6 +21,10 @@ constexpr std::array kOptions{
               [](Options& options, const std::string& value) {
                   options.workingDirectories = value;
               }},
+    OptionRow{"--project",
+              [](Options& options, const std::string& value) {
+                  options.project = value;
+              }},
     OptionRow{"--catalogue",
               [](Options& options, const std::string& value) {
                   options.catalogue = value;

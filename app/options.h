@@ -11,6 +11,7 @@ namespace app {
 struct Options {
     std::optional<std::string> home;
     std::optional<std::string> workingDirectories;
+    std::optional<std::string> project;
     std::string catalogue = "settings.xml";
     std::optional<std::string> page;
 };

@@ -6,7 +6,6 @@
 #include "app/tourguide.h"
 #include "app/workspace.h"
 
-#include <orv/projectconfiguration.h>
 #include <ovsettings/showsettingsdialog.h>
 #include <suite/wdirutils.h>
 
@@ -178,8 +177,7 @@ int conclude(const TourOptions& tour, const TourGuide& guide) {
         if (stop.file.empty())
             status = refuse("the picture of " + stop.caption + " could not be written");
     }
-    std::cout << guide.stops().size() << " categories visited, pictures in " << tour.directory.string()
-              << '\n';
+    std::cout << guide.stops().size() << " views visited, pictures in " << tour.directory.string() << '\n';
     return status;
 }
 
@@ -211,12 +209,14 @@ int runTour(const Options& options, Arguments arguments) {
     const auto failure = loadConfiguration(configuration);
     if (failure || !copied)
         return refuse(failure.value_or("the working directories are not usable"));
+    Project project;
+    if (const auto reason = project.open(options))
+        return refuse(*reason);
     if (options.page)
         startAtPage(configuration, *options.page);
     TourGuide guide(tour.directory, tour.size);
     const ScopedErrorHandler handler([&guide](const std::string& message) { guide.note(message); });
-    Orv::CProjectConfiguration noProject;
-    ovsettings::showSettingsDialog(configuration, noProject, options.catalogue, nullptr);
+    ovsettings::showSettingsDialog(configuration, project.configuration(), options.catalogue, nullptr);
     guide.finish();
     return conclude(tour, guide);
 }

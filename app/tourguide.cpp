@@ -6,6 +6,7 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QDialog>
 #include <QtWidgets/QMessageBox>
+#include <QtWidgets/QRadioButton>
 #include <QtWidgets/QTreeWidgetItemIterator>
 
 #include <cxxabi.h>
@@ -19,6 +20,16 @@ namespace app {
 namespace {
 
 constexpr qsizetype kLongestName = 60;
+
+/// A page that looks another way with a radio button of it checked; each such button gets a picture too.
+struct FurtherView {
+    const char* pageClass;
+    const char* radioCaption;
+};
+
+constexpr FurtherView kFurtherViews[] = {
+    {"CObjectColorDialog", "ICT"},
+};
 
 // Letters and digits of any script stay; each run of other characters becomes one "-".
 std::string fileNameOf(std::size_t number, const QString& caption) {
@@ -47,8 +58,8 @@ std::string classOf(const ovsettings::CPropDialogTemplate& page) {
     return scope == std::string::npos ? name : name.substr(scope + 2);
 }
 
-const ovsettings::CPropDialogTemplate* shownPage(const QWidget& dialog) {
-    for (const auto* page : dialog.findChildren<ovsettings::CPropDialogTemplate*>()) {
+ovsettings::CPropDialogTemplate* shownPage(const QWidget& dialog) {
+    for (auto* page : dialog.findChildren<ovsettings::CPropDialogTemplate*>()) {
         if (page->isVisible() && page->hasWindow())
             return page;
     }
@@ -119,8 +130,8 @@ void TourGuide::visitNext() {
     }
     if (modal != dialog_)
         return;
-    if (stops_.size() < route_.size()) {
-        stops_.push_back(visit(*route_[stops_.size()]));
+    if (visited_ < route_.size()) {
+        visit(*route_[visited_++]);
         return;
     }
     visits_.stop();
@@ -135,23 +146,44 @@ void TourGuide::meetDialog(QTreeWidget& tree) {
         dialog_->resize(*size_);
 }
 
-TourStop TourGuide::visit(QTreeWidgetItem& item) {
-    const std::string caption = item.text(0).toStdString();
+void TourGuide::visit(QTreeWidgetItem& item) {
+    const QString caption = item.text(0);
     tree_->setCurrentItem(&item);
     QApplication::processEvents();
 
-    TourStop stop{caption, {}, {}, {}};
-    if (!dialog_ || tree_->currentItem() != &item)
-        return stop;
+    if (!dialog_ || tree_->currentItem() != &item) {
+        stops_.push_back({caption.toStdString(), {}, {}, {}});
+        return;
+    }
     // Each category has a page of its own; one that was on show before has stayed because this one has none.
-    if (const auto* page = shownPage(*dialog_); page && seen_.insert(page).second)
-        stop.pageClass = classOf(*page);
+    auto* page = shownPage(*dialog_);
+    const std::string pageClass = page && seen_.insert(page).second ? classOf(*page) : std::string();
+    takePicture(caption, pageClass);
+    for (const FurtherView& view : kFurtherViews) {
+        if (pageClass == view.pageClass)
+            takePictureWith(*page, QString::fromUtf8(view.radioCaption), caption, pageClass);
+    }
+}
+
+void TourGuide::takePictureWith(QWidget& page, const QString& radioCaption, const QString& caption,
+                                const std::string& pageClass) {
+    for (auto* radio : page.findChildren<QRadioButton*>()) {
+        if (radio->text().remove(QLatin1Char('&')) != radioCaption)
+            continue;
+        radio->setChecked(true);
+        QApplication::processEvents();
+        takePicture(caption + QLatin1Char(' ') + radioCaption, pageClass);
+    }
+}
+
+void TourGuide::takePicture(const QString& caption, const std::string& pageClass) {
+    TourStop stop{caption.toStdString(), {}, pageClass, {}};
     const QPixmap picture = dialog_->grab();
-    const std::string file = fileNameOf(stops_.size() + 1, item.text(0));
+    const std::string file = fileNameOf(stops_.size() + 1, caption);
     if (picture.save(QString::fromStdString((directory_ / file).string()), "PNG"))
         stop.file = file;
     stop.size = picture.size();
-    return stop;
+    stops_.push_back(std::move(stop));
 }
 
 } // namespace app

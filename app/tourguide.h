@@ -17,9 +17,9 @@ class CPropDialogTemplate;
 
 namespace app {
 
-/// One category that the tour came to.
+/// One picture of the tour: a category that it came to, or a further view of its page.
 struct TourStop {
-    std::string caption;
+    std::string caption;   ///< of the category; of a further view with what is checked
     std::string file;      ///< name of the picture; empty if it could not be written
     std::string pageClass; ///< class of the page on show; empty if there was none
     QSize size;            ///< of the picture, in pixels
@@ -45,7 +45,10 @@ private:
     void closeBox();
     void visitNext();
     void meetDialog(QTreeWidget& tree);
-    TourStop visit(QTreeWidgetItem& item);
+    void visit(QTreeWidgetItem& item);
+    void takePicture(const QString& caption, const std::string& pageClass);
+    void takePictureWith(QWidget& page, const QString& radioCaption, const QString& caption,
+                         const std::string& pageClass);
 
     std::filesystem::path directory_;
     std::optional<QSize> size_;
@@ -57,6 +60,7 @@ private:
     QPointer<QTreeWidget> tree_;
     std::set<const ovsettings::CPropDialogTemplate*> seen_;
     std::vector<QTreeWidgetItem*> route_;
+    std::size_t visited_ = 0;
     std::vector<TourStop> stops_;
     std::vector<std::string> notes_;
 };

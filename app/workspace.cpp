@@ -3,6 +3,8 @@
 #include "app/outcome.h"
 
 #include <suite/configuration.h>
+#include <suite/openproject.h>
+#include <suite/projectfile.h>
 #include <suite/wdirutils.h>
 
 #include <QtCore/QStandardPaths>
@@ -122,6 +124,28 @@ std::optional<std::string> obstacleToSaving(const Orv::iAppConfiguration& config
     return std::nullopt;
 }
 
+Project::Project() = default;
+Project::~Project() = default;
+
+std::optional<std::string> Project::open(const Options& options) {
+    if (!options.project)
+        return std::nullopt;
+    std::string reason;
+    opened_ = NProjectTools::COpenProject::open(*options.project, reason);
+    if (opened_)
+        return std::nullopt;
+    return "the project cannot be opened: " + reason;
+}
+
+Orv::CProjectConfiguration& Project::configuration() {
+    return opened_ ? opened_->configuration() : none_;
+}
+
+void Project::saveLibraries() {
+    if (opened_ && configuration().librariesChanged && opened_->saveLibraries())
+        configuration().librariesChanged = false;
+}
+
 bool openConfiguration(const Options& options, Orv::iAppConfiguration& configuration) {
     setUpEnvironment(options);
     const std::optional<std::string> failure = loadConfiguration(configuration);
@@ -131,11 +155,13 @@ bool openConfiguration(const Options& options, Orv::iAppConfiguration& configura
 }
 
 ScopedErrorHandler::ScopedErrorHandler(std::function<void(const std::string& message)> handler) {
-    Orv::IOvConfigurationManager::Instance().SetErrorHandler(std::move(handler));
+    Orv::IOvConfigurationManager::Instance().SetErrorHandler(handler);
+    NProjectTools::CProjectFile::SetErrorHandler(std::move(handler));
 }
 
 ScopedErrorHandler::~ScopedErrorHandler() {
     Orv::IOvConfigurationManager::Instance().SetErrorHandler({});
+    NProjectTools::CProjectFile::SetErrorHandler({});
 }
 
 } // namespace app

@@ -3,10 +3,16 @@
 #include "app/options.h"
 
 #include <orv/appconfiguration.h>
+#include <orv/projectconfiguration.h>
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
+
+namespace NProjectTools {
+class COpenProject;
+}
 
 namespace app {
 
@@ -21,11 +27,31 @@ std::optional<std::string> loadConfiguration(Orv::iAppConfiguration& configurati
 /// Why nothing could be saved, as far as it can be told before trying, or nothing.
 std::optional<std::string> obstacleToSaving(const Orv::iAppConfiguration& configuration);
 
+/// The project of a run, as the options name it, or none.
+class Project {
+public:
+    Project();
+    ~Project();
+    Project(const Project&) = delete;
+    Project& operator=(const Project&) = delete;
+
+    /// Opens what the options name. @return why that failed, or nothing.
+    std::optional<std::string> open(const Options& options);
+    Orv::CProjectConfiguration& configuration();
+    /// Writes the library list into the project file if the dialog has changed it. What cannot be written is
+    /// told to the error handler, and tried again the next time.
+    void saveLibraries();
+
+private:
+    std::unique_ptr<NProjectTools::COpenProject> opened_;
+    Orv::CProjectConfiguration none_;
+};
+
 /// setUpEnvironment and loadConfiguration. A failure is told. @return true if the configuration is loaded.
 bool openConfiguration(const Options& options, Orv::iAppConfiguration& configuration);
 
-/// Receives, until the end of its scope, what the configuration files' reader and writer have to complain
-/// about.
+/// Receives, until the end of its scope, what the reader and the writer of configuration files and the writer
+/// of project files have to complain about.
 class ScopedErrorHandler {
 public:
     explicit ScopedErrorHandler(std::function<void(const std::string& message)> handler);

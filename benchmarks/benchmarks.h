@@ -9,5 +9,7 @@ void registerLoads();
 void registerSaves();
 void registerDialog();
 void registerStartup();
+void registerSchemeFile();
+void registerObjects();
 
 } // namespace bench

@@ -34,6 +34,8 @@ int run(int argc, char** argv) {
     bench::registerSaves();
     bench::registerDialog();
     bench::registerStartup();
+    bench::registerSchemeFile();
+    bench::registerObjects();
     bench::RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     return reporter.isWhole() ? 0 : 1;

@@ -5,6 +5,7 @@ install(TARGETS OvSettings OvSuite EXPORT OvSettingsTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(TARGETS orvane-settings RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(DIRECTORY installation/ DESTINATION ${CMAKE_INSTALL_DATADIR}/orvane)
+install(DIRECTORY samples DESTINATION ${CMAKE_INSTALL_DATADIR}/orvane)
 install(EXPORT OvSettingsTargets NAMESPACE OvSettings::
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/OvSettings)
 configure_package_config_file(cmake/OvSettingsConfig.cmake.in OvSettingsConfig.cmake

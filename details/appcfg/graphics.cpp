@@ -1,5 +1,6 @@
 #include "details/appcfg/graphics.h"
 
+#include "details/appcfg/colours.h"
 #include "details/appcfg/numbers.h"
 #include "orv/appconfiguration.h"
 

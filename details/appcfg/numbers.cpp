@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <cstdint>
-#include <cstdio>
 #include <limits>
 #include <system_error>
 
@@ -61,10 +59,6 @@ float outOfRange(std::string_view number) {
     return number.front() == '-' ? -magnitude : magnitude;
 }
 
-std::uint32_t withOuterBytesSwapped(std::uint32_t colour) {
-    return (colour & 0xff00ff00U) | (colour & 0xffU) << 16 | (colour >> 16 & 0xffU);
-}
-
 } // namespace
 
 float floatFromText(std::string_view text) {
@@ -92,18 +86,17 @@ std::string integerToText(int number) {
     return std::to_string(number);
 }
 
-int colourFromText(std::string_view text) {
+std::int64_t hexadecimalFromText(std::string_view text) {
     auto digits = withoutPlus(withoutLeadingSpace(text));
+    const bool isNegative = digits.starts_with("-");
+    if (isNegative)
+        digits.remove_prefix(1);
     if (digits.starts_with("0x") || digits.starts_with("0X"))
         digits.remove_prefix(2);
-    return static_cast<int>(withOuterBytesSwapped(clampedInteger<std::uint32_t>(digits, 16)));
-}
-
-std::string colourToText(int colour) {
-    char text[16];
-    const int length =
-        std::snprintf(text, sizeof text, "0x%06x", withOuterBytesSwapped(static_cast<std::uint32_t>(colour)));
-    return {text, static_cast<std::size_t>(length)};
+    if (digits.starts_with("-")) // a second sign is no number
+        return 0;
+    const auto magnitude = clampedInteger<std::int64_t>(digits, 16);
+    return isNegative ? -magnitude : magnitude;
 }
 
 } // namespace Orv

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -16,9 +17,7 @@ std::string floatToText(float number);
 int integerFromText(std::string_view text);
 std::string integerToText(int number);
 
-/// Between colour text, red first ("0xRRGGBB", at base 16 with or without the prefix), and a packed colour
-/// with red in the low byte.
-int colourFromText(std::string_view text);
-std::string colourToText(int colour);
+/// As integerFromText, at base 16 and of 64 bits, with or without the prefix "0x".
+std::int64_t hexadecimalFromText(std::string_view text);
 
 } // namespace Orv

@@ -3,6 +3,7 @@
 #include "details/appcfg/configurationhandle.h"
 #include "details/appcfg/numbers.h"
 #include "details/appcfg/transfer.h"
+#include "details/platform/asciicase.h"
 #include "details/platform/environment.h"
 #include "suite/wdirutils.h"
 
@@ -20,18 +21,11 @@ std::string withForwardSlashes(std::string path) {
     return path;
 }
 
-std::string inLowerCase(std::string text) {
-    std::ranges::transform(text, text.begin(), [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    });
-    return text;
-}
-
 /// Whether the least specific directory lies inside the installation. The lower-cased name is what counts;
 /// where case distinguishes files, an installation whose path has a capital letter is known by its own
 /// spelling only.
 bool liesInside(const std::string& directory, const std::string& home) {
-    return directory.find(inLowerCase(home)) != std::string::npos ||
+    return directory.find(platform::inLowerCase(home)) != std::string::npos ||
            directory.find(home) != std::string::npos;
 }
 

@@ -1,12 +1,22 @@
 #include "details/shell/internalpages.h"
 
 #include "details/pages/advanced/generaldialog.h"
+#include "details/pages/display/colordialog.h"
+#include "details/pages/display/displaydialog.h"
+#include "details/pages/display/fontdialog.h"
+#include "details/pages/display/objectcolordialog.h"
 #include "details/pages/editor/globalnetsdialog.h"
 #include "details/pages/editor/griddialog.h"
 #include "details/pages/editor/metricsdialog.h"
 #include "details/pages/editor/netsdialog.h"
 #include "details/pages/editor/newobjectdialog.h"
 #include "details/pages/editor/panandzoomdialog.h"
+#include "details/pages/project/centrallibrarydialog.h"
+#include "details/pages/project/fixedfunctionsdialog.h"
+#include "details/pages/project/netnamedelimiter.h"
+#include "details/pages/project/partbookdialog.h"
+#include "details/pages/project/pcbdialog.h"
+#include "details/pages/project/projectdialog.h"
 #include "details/pages/startup/runonstartupdialog.h"
 #include "details/shell/emptydialog.h"
 #include "orv/projectconfiguration.h"
@@ -36,10 +46,20 @@ constexpr InternalPage kInternalPages[] = {
     {"Metrics", add<CMetricsDialog>, Registered::always},
     {"Grid", add<CGridDialog>, Registered::always},
     {"Nets", add<CNetsDialog>, Registered::always},
+    {"PCB", add<CPCBDialog>, Registered::always},
+    {"Color Schemes", add<CColorDialog>, Registered::always},
+    {"Font Mappings", add<CFontDialog>, Registered::always},
     {"Global Nets", add<CGlobalNetsDialog>, Registered::always},
     {"Run on Startup", add<CRunOnStartupDialog>, Registered::always},
     {"New Object", add<CNewObjectDialog>, Registered::always},
     {"Empty", add<CEmptyDialog>, Registered::always},
+    {"Central Library", add<CCentralLibraryDialog>, Registered::projectOpen},
+    {"Netlist Project", add<CProjectDialog>, Registered::projectOpen},
+    {"NetNameDelimiter", add<CNetNameDelimiter>, Registered::projectOpen},
+    {"Fixed Functions", add<CFixedFunctionsDialog>, Registered::projectOpen},
+    {"PartBookDialog", add<CPartBookDialog>, Registered::projectOpen},
+    {"Display", add<CDisplayDialog>, Registered::always},
+    {"Objects", add<CObjectColorDialog>, Registered::always},
 };
 
 } // namespace

@@ -1,11 +1,11 @@
 #include "details/platform/paths.h"
 
+#include "details/platform/asciicase.h"
+
 #include <dirent.h>
-#include <strings.h>
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <cctype>
 #include <filesystem>
 #include <memory>
 #include <system_error>
@@ -30,7 +30,7 @@ std::optional<std::string> nameWithoutCase(const std::string& directory, const s
     const std::unique_ptr<DIR, Close> stream(opendir(directory.empty() ? "." : directory.c_str()));
     std::optional<std::string> found;
     while (const dirent* entry = stream ? readdir(stream.get()) : nullptr) {
-        if (strcasecmp(entry->d_name, name.c_str()) == 0 && (!found || entry->d_name < *found))
+        if (equalsWithoutCase(entry->d_name, name) && (!found || entry->d_name < *found))
             found = entry->d_name;
     }
     return found;
@@ -41,8 +41,7 @@ bool isSeparator(char c) {
 }
 
 bool isFullElsewhere(std::string_view path) {
-    const bool drive = path.size() >= 3 && std::isalpha(static_cast<unsigned char>(path[0])) &&
-                       path[1] == ':' && isSeparator(path[2]);
+    const bool drive = path.size() >= 3 && isLetter(path[0]) && path[1] == ':' && isSeparator(path[2]);
     return drive || path.starts_with("\\\\");
 }
 

@@ -1,5 +1,7 @@
 #include "details/platform/profiledocument.h"
 
+#include "details/platform/asciicase.h"
+
 #include <algorithm>
 
 namespace platform {
@@ -15,10 +17,6 @@ bool isBlank(char c) {
 
 bool isQuote(char c) {
     return c == '"' || c == '\'';
-}
-
-char lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
 std::string_view trimmed(std::string_view text) {
@@ -91,13 +89,12 @@ std::string_view cut(std::string_view text, std::size_t limit) {
 std::size_t ProfileDocument::Hash::operator()(std::string_view text) const {
     std::size_t hash = 14695981039346656037u; // FNV-1a
     for (const char c : text)
-        hash = (hash ^ static_cast<unsigned char>(lower(c))) * 1099511628211u;
+        hash = (hash ^ static_cast<unsigned char>(toLower(c))) * 1099511628211u;
     return hash;
 }
 
 bool ProfileDocument::Equal::operator()(std::string_view one, std::string_view other) const {
-    return std::equal(one.begin(), one.end(), other.begin(), other.end(),
-                      [](char a, char b) { return lower(a) == lower(b); });
+    return equalsWithoutCase(one, other);
 }
 
 ProfileDocument::ProfileDocument(std::string_view text, std::size_t valueLimit) : valueLimit_(valueLimit) {

@@ -1,6 +1,7 @@
 #include "details/platform/readfile.h"
 
 #include "details/platform/descriptor.h"
+#include "details/platform/paths.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -72,6 +73,16 @@ std::optional<FileError> readFile(const std::string& path, std::string& bytes) {
         return std::nullopt;
     bytes.clear();
     return FileError{path, kRead, code};
+}
+
+bool opensForReading(const std::string& path) {
+    const auto existing = resolveExisting(path);
+    if (!existing)
+        return false;
+    const Descriptor file(openForReading(*existing));
+    std::size_t size = 0;
+    const int code = file.valid() ? checkReadable(file.get(), size) : errno;
+    return code == 0 || code == EFBIG;
 }
 
 } // namespace platform

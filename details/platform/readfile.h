@@ -14,4 +14,7 @@ constexpr std::size_t kLargestFile = 64u << 20; ///< in bytes; what is larger is
 /// @return the error, with `bytes` empty; a missing file has the code ENOENT.
 [[nodiscard]] std::optional<FileError> readFile(const std::string& path, std::string& bytes);
 
+/// Whether a path names a regular file that may be read; its name is looked for as resolveExisting does.
+bool opensForReading(const std::string& path);
+
 } // namespace platform

@@ -1,21 +1,9 @@
 #include "details/shell/captionmap.h"
 
+#include "details/platform/asciicase.h"
 #include "details/shell/stringtable.h"
 
-#include <algorithm>
-#include <cctype>
-
 namespace ovsettings {
-
-namespace {
-
-std::string upperCase(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-    return text;
-}
-
-} // namespace
 
 void CCaptionMap::setLanguages(unsigned keyLanguage, unsigned captionLanguage) {
     keyLanguage_ = keyLanguage;
@@ -27,12 +15,12 @@ void CCaptionMap::load(unsigned firstId, unsigned lastId) {
         const auto key = loadString(id, keyLanguage_);
         const auto caption = loadString(id, captionLanguage_);
         if (key && caption)
-            captions_.insert_or_assign(upperCase(*key), *caption);
+            captions_.insert_or_assign(platform::inUpperCase(*key), *caption);
     }
 }
 
 std::string CCaptionMap::translate(const std::string& text) const {
-    const auto found = captions_.find(upperCase(text));
+    const auto found = captions_.find(platform::inUpperCase(text));
     return found == captions_.end() ? text : found->second;
 }
 

@@ -1,13 +1,15 @@
 #include "details/shell/propfile.h"
 
 #include "details/platform/paths.h"
+#include "details/platform/readfile.h"
 #include "details/widgets/messagebox.h"
 #include "details/widgets/stringconversion.h"
 
+#include <QtCore/QCoreApplication>
+#include <QtCore/QFileInfo>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QLineEdit>
 
-#include <fstream>
 #include <vector>
 
 namespace ovsettings {
@@ -15,20 +17,34 @@ namespace ovsettings {
 namespace {
 
 void tellIncorrectFileName(QWidget& field) {
-    showMessage(&field, QStringLiteral("Incorrect file name!"));
+    showMessage(&field, QCoreApplication::translate("ovsettings", "Incorrect file name!"));
 }
 
-bool opensForReading(const std::string& path) {
-    const auto file = platform::resolveExisting(path);
-    return file && !platform::isDirectory(*file) && std::ifstream(*file).is_open();
-}
+/// A pattern that stands in the name field never becomes the chosen file: accepting it lists what matches.
+class FileChooser : public QFileDialog {
+public:
+    using QFileDialog::QFileDialog;
+
+    void accept() override {
+        const QString chosen = selectedFiles().value(0);
+        const QString pattern = QFileInfo(chosen).fileName();
+        if (!pattern.contains(QLatin1Char('*')) || QFileInfo::exists(chosen)) {
+            QFileDialog::accept();
+            return;
+        }
+        QStringList filters = nameFilters();
+        if (!filters.contains(pattern))
+            setNameFilters(filters << pattern);
+        selectNameFilter(pattern);
+    }
+};
 
 } // namespace
 
 bool CFileValidator::isValid(const std::string& path) const {
     switch (mode_) {
     case existingBareName:
-        return platform::isBareName(path) && opensForReading(path);
+        return platform::isBareName(path) && platform::opensForReading(path);
     case bareName:
         return platform::isBareName(path);
     default:
@@ -42,10 +58,14 @@ CPropFile::CPropFile(QLineEdit& edit) : edit_(edit) {
 CPropFile::~CPropFile() = default;
 
 void CPropFile::browse() {
-    QFileDialog dialog(edit_.window(), toQString(title_), toQString(initialDirectory_),
+    FileChooser dialog(edit_.window(), toQString(title_), toQString(initialDirectory_),
                        toQString(toolkitFilter(filter_)));
+    dialog.setOption(QFileDialog::DontUseNativeDialog); // its patterns are handled above
     dialog.setFileMode(QFileDialog::AnyFile);
-    // No default suffix: the one such fields are given is their whole filter, which is none.
+    if (!defaultName_.empty())
+        dialog.selectFile(toQString(defaultName_));
+    // Left to itself a field has no default suffix: the one it is given is its whole filter, which is none.
+    dialog.setDefaultSuffix(toQString(defaultSuffix_));
     if (dialog.exec() != QDialog::Accepted)
         return;
     const QString path = dialog.selectedFiles().value(0);
@@ -93,6 +113,14 @@ void CPropFile::setFilter(const std::string& filter) {
 
 void CPropFile::setTitle(const std::string& title) {
     title_ = title;
+}
+
+void CPropFile::setDefaultName(const std::string& name) {
+    defaultName_ = name;
+}
+
+void CPropFile::setDefaultSuffix(const std::string& suffix) {
+    defaultSuffix_ = suffix;
 }
 
 std::string toolkitFilter(std::string_view pairs) {

@@ -48,12 +48,19 @@ public:
     /// @param filter pairs of description and patterns, each ended by "|", as in "Text (*.txt)|*.txt||".
     void setFilter(const std::string& filter);
     void setTitle(const std::string& title);
+    /// @param name what stands in the chooser's name field at first; a pattern as in "*.txt" lists the files
+    ///             that match when the user accepts it. Empty means nothing.
+    void setDefaultName(const std::string& name);
+    /// @param suffix without a dot, for names that are typed without one.
+    void setDefaultSuffix(const std::string& suffix);
 
 private:
     QLineEdit& edit_;
     std::string initialDirectory_;
     std::string filter_;
     std::string title_;
+    std::string defaultName_;
+    std::string defaultSuffix_;
     bool valid_ = true;
     const CFileValidator* validator_ = nullptr;
 };

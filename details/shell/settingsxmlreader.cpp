@@ -2,24 +2,18 @@
 
 #include "details/platform/paths.h"
 #include "details/platform/readfile.h"
+#include "details/platform/xmldocument.h"
 #include "details/shell/pagemanager.h"
 #include "details/widgets/messagebox.h"
 
 #include <QtWidgets/QApplication>
 #include <libxml/parser.h>
 
-#include <memory>
 #include <string_view>
 
 namespace ovsettings {
 
 namespace {
-
-using Document = std::unique_ptr<xmlDoc, decltype(&xmlFreeDoc)>;
-
-// Nothing is fetched, no entity is replaced by its content, and the parser's own limits on depth and growth
-// stand.
-constexpr int kParserOptions = XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING | XML_PARSE_NOCDATA;
 
 struct ValueElement {
     std::string_view name;
@@ -50,14 +44,12 @@ const char* textOf(const xmlNode& element) {
     return child && child->type == XML_TEXT_NODE ? reinterpret_cast<const char*>(child->content) : nullptr;
 }
 
-Document parseFile(const std::string& path) {
-    Document document(nullptr, &xmlFreeDoc);
+platform::XmlDocument parseFile(const std::string& path) {
     const auto file = platform::resolveExisting(path);
     std::string bytes;
-    if (file && !platform::readFile(*file, bytes))
-        document.reset(xmlReadMemory(bytes.data(), static_cast<int>(bytes.size()), file->c_str(), nullptr,
-                                     kParserOptions));
-    return document;
+    if (!file || platform::readFile(*file, bytes))
+        return nullptr;
+    return platform::parseXml(bytes, XML_PARSE_NOCDATA);
 }
 
 } // namespace
@@ -69,7 +61,7 @@ bool CSettingsXmlReader::read(const std::string& path) {
     if (!loaded_)
         xmlInitParser();
     loaded_ = false;
-    const Document document = parseFile(path);
+    const platform::XmlDocument document = parseFile(path);
     if (!document) {
         showMessage(QApplication::activeWindow(), QStringLiteral("File not found\n"));
         return false;

@@ -22,8 +22,8 @@ QString applicationTitle() {
     return QStringLiteral("Orvane");
 }
 
-void showMessage(QWidget* parent, const QString& text, const QString& title) {
-    show(parent, text, title, QMessageBox::Warning, QMessageBox::Ok, QMessageBox::Ok);
+void showMessage(QWidget* parent, const QString& text, const QString& title, QMessageBox::Icon icon) {
+    show(parent, text, title, icon, QMessageBox::Ok, QMessageBox::Ok);
 }
 
 bool askYesNo(QWidget* parent, const QString& text, const QString& title, QMessageBox::Icon icon,

@@ -12,7 +12,8 @@ namespace ovsettings {
 QString applicationTitle();
 
 /// Shows a text with an OK button, modal to the window of `parent`.
-void showMessage(QWidget* parent, const QString& text, const QString& title = applicationTitle());
+void showMessage(QWidget* parent, const QString& text, const QString& title = applicationTitle(),
+                 QMessageBox::Icon icon = QMessageBox::Warning);
 
 /// Asks with the buttons Yes and No, of which Enter presses `preset`. Escape answers No.
 bool askYesNo(QWidget* parent, const QString& text, const QString& title,

@@ -69,6 +69,8 @@ TEST_F(Commands, EachCommandLineIsDoneOrRefusedWithOneClearLine) {
         {{"--frobnicate", "list"}, 2, "", "unknown option --frobnicate"},
         {{""}, 2, "", "the command is empty"},
         {{"--home"}, 2, "", "a value is missing after --home"},
+        {{"--project"}, 2, "", "a value is missing after --project"},
+        {{"--project", "/nowhere.prj", "get", "UNIT"}, 0, "in\n", ""},
         {{"list", "--all"}, 2, "", "not --all"},
         {{"get"}, 2, "", "get takes one key"},
         {{"get", "GRID_HR", "UNIT"}, 2, "", "get takes one key"},

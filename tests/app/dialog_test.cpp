@@ -1,11 +1,13 @@
 // What the program does around the dialog, with a user at it.
 
 #include "app/dialog.h"
+#include "app/workspace.h"
 #include "tests/support/testsupport.h"
 
 #include <orv/appconfiguration.h>
 
 #include <QtWidgets/QComboBox>
+#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QTreeWidget>
 #include <gtest/gtest.h>
@@ -27,6 +29,7 @@ protected:
 
     testsupport::Installation installation;
     Orv::iAppConfiguration configuration;
+    app::Project project;
     app::Options options;
     std::ostringstream out;
 };
@@ -46,7 +49,7 @@ TEST_F(Dialog, EachPageThatTheUserChangedIsNamedAtEachCommit) {
         press(dialog, "Apply");
         press(dialog, "Cancel");
     });
-    app::openDialog(configuration, options, out);
+    app::openDialog(configuration, project, options, out);
     EXPECT_EQ(out.str(), "changed: Metrics\n");
 }
 
@@ -57,7 +60,7 @@ TEST_F(Dialog, UnknownPageIsToldAndTheDialogOpensAtAnother) {
         QApplication::processEvents();
         press(dialog, "Cancel");
     });
-    app::openDialog(configuration, options, out);
+    app::openDialog(configuration, project, options, out);
     EXPECT_NE(
         testing::internal::GetCapturedStderr().find("there is no category Nowhere; the dialog opens at "),
         std::string::npos);
@@ -74,9 +77,37 @@ TEST_F(Dialog, TroubleWithTheUsersFileIsShownOnceAndNotAtEveryPageSwitch) {
             press(dialog, "Cancel");
         },
         &boxes);
-    app::openDialog(configuration, options, out);
+    app::openDialog(configuration, project, options, out);
     ASSERT_EQ(boxes.size(), 1u);
     EXPECT_NE(boxes.front().find(installation.user().string()), std::string::npos) << boxes.front();
+}
+
+TEST_F(Dialog, PagesOfTheProjectAreThereAndTroubleWithItsFileIsShown) {
+    const fs::path file = installation.user() / "board.prj";
+    testsupport::writeFile(file, "[DesignInfo]\nDBCFile=old.dbc\n");
+    options.project = file.string();
+    options.page = "OvPartBook";
+    ASSERT_EQ(project.open(options), std::nullopt);
+    const fs::path lock = installation.user() / ".board.prj.lock";
+    for (const bool writable : {true, false}) {
+        std::string told;
+        if (!writable) {
+            fs::remove(lock);
+            fs::create_directory(lock);
+        }
+        testsupport::whenModal([&](QWidget& dialog) {
+            auto* field = testsupport::find<QLineEdit>(dialog, "OvPartBook configuration");
+            ASSERT_NE(field, nullptr);
+            field->setText(writable ? "new.dbc" : "lost.dbc");
+            if (!writable)
+                testsupport::answerNextMessageBox("OK", &told);
+            press(dialog, "OK");
+        });
+        app::openDialog(configuration, project, options, out);
+        EXPECT_EQ(testsupport::readFile(file), "[DesignInfo]\nDBCFile=new.dbc\n");
+        EXPECT_EQ(told.find(lock.string()) != std::string::npos, !writable) << told;
+    }
+    EXPECT_EQ(out.str(), "changed: PartBook\nchanged: PartBook\n");
 }
 
 } // namespace

@@ -65,6 +65,27 @@ TEST_F(Tour, EachCategoryOfTheInstallationGetsItsPictureAndNothingElseChanges) {
     EXPECT_EQ(readFile(installation.user() / "orvane.xml"), "<configuration/>");
 }
 
+TEST_F(Tour, PagesOfAProjectAreVisitedToo) {
+    const std::string project = (root / "board.prj").string();
+    for (const Words& command : {Words{}, Words{"tour", pictures.string()}}) {
+        Words words{"--project", project};
+        words.insert(words.end(), command.begin(), command.end());
+        const Outcome refused = runProgram(words);
+        EXPECT_EQ(refused.status, 1);
+        EXPECT_NE(refused.err.find("the project cannot be opened: " + project), std::string::npos)
+            << refused.err;
+    }
+    EXPECT_FALSE(fs::exists(pictures / "summary.txt"));
+
+    writeFile(project, "[DesignInfo]\n");
+    writeCatalogue({{"A", "Fixed Functions"}, {"B", "NetNameDelimiter"}, {"C", "PartBookDialog"}});
+    ASSERT_EQ(runProgram({"--project", project, "tour", pictures.string()}).status, 0);
+    const auto rows = summary();
+    ASSERT_EQ(rows.size(), 3u);
+    EXPECT_EQ(rows[2][2], "CPartBookDialog");
+    EXPECT_EQ(readFile(project), "[DesignInfo]\n");
+}
+
 TEST_F(Tour, DarkPicturesAreDarkAndNamesAreSafeForAFile) {
     writeCatalogue({{"A/B: *C*", "Empty"}, {"...", "Empty"}, {"Größe", "Empty"}});
     ASSERT_EQ(runProgram({"tour", pictures.string(), "--dark"}).status, 0);

@@ -1,3 +1,4 @@
+#include "details/appcfg/colours.h"
 #include "details/appcfg/numbers.h"
 
 #include <gtest/gtest.h>
@@ -60,17 +61,25 @@ TEST(Numbers, ColoursSwapRedAndBlueAndComeBackInLowerCase) {
         const char* text;
         int packed;
         const char* normal;
+        const char* brief;
     } rows[] = {
-        {"0x00FF00", 0x00ff00, "0x00ff00"},
-        {"0xfffbf0", 0xf0fbff, "0xfffbf0"},
-        {"0x80", 0x800000, "0x000080"},
-        {" c0c0c0", 0xc0c0c0, "0xc0c0c0"},
-        {"0Xff", 0xff0000, "0x0000ff"},
-        {"green", 0, "0x000000"},
-        {"0x", 0, "0x000000"},
+        {"0x00FF00", 0x00ff00, "0x00ff00", "0xff00"},
+        {"0xfffbf0", 0xf0fbff, "0xfffbf0", "0xfffbf0"},
+        {"0x80", 0x800000, "0x000080", "0x80"},
+        {" c0c0c0", 0xc0c0c0, "0xc0c0c0", "0xc0c0c0"},
+        {"0Xff", 0xff0000, "0x0000ff", "0xff"},
+        {"green", 0, "0x000000", "0x0"},
+        {"0x", 0, "0x000000", "0x0"},
+        {"0x12ff8000", 0x0080ff, "0xff8000", "0xff8000"},
+        {"-1", 0xffffff, "0xffffff", "0xffffff"},
+        {"0xfffffffffffffffffff", 0xffffff, "0xffffff", "0xffffff"},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(colourFromText(row.text), row.packed) << row.text;
         EXPECT_EQ(colourToText(row.packed), row.normal) << row.text;
+        EXPECT_EQ(colourToShortText(row.packed), row.brief) << row.text;
     }
+    EXPECT_EQ(colourFromPrefixedText("0xff8000"), 0x0080ff);
+    EXPECT_EQ(colourFromPrefixedText("255"), 0xff0000) << "no x: base 10";
+    EXPECT_EQ(colourFromPrefixedText("ff8000"), 0) << "no x: base 10";
 }

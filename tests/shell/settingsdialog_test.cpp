@@ -9,6 +9,7 @@
 #include "ovsettings/propdialogtemplate.h"
 #include "ovsettings/propertypagefactory.h"
 #include "ovsettings/updatehost.h"
+#include "suite/openproject.h"
 #include "tests/support/testsupport.h"
 
 #include <QtTest/QTest>
@@ -80,6 +81,41 @@ TEST(StringTables, HaveEveryCaptionInEveryLanguage) {
     EXPECT_FALSE(loadString(20001, 1031).has_value());
 }
 
+struct PageRow {
+    const char* key;
+    bool needsProject;
+};
+
+constexpr PageRow kPages[] = {
+    {"Pan and Zoom", false},   {"Advanced", false},       {"Metrics", false},
+    {"Grid", false},           {"Nets", false},           {"PCB", false},
+    {"Color Schemes", false},  {"Font Mappings", false},  {"Global Nets", false},
+    {"Run on Startup", false}, {"New Object", false},     {"Empty", false},
+    {"Central Library", true}, {"Netlist Project", true}, {"NetNameDelimiter", true},
+    {"Fixed Functions", true}, {"PartBookDialog", true},  {"Display", false},
+    {"Objects", false},
+};
+
+TEST(InternalFactory, HasThePagesOfAProjectOnlyWhileOneIsOpen) {
+    const testsupport::Installation installation;
+    testsupport::writeFile(installation.user() / "board.prj", "[DesignInfo]\n");
+    std::string error;
+    const auto project =
+        NProjectTools::COpenProject::open((installation.user() / "board.prj").string(), error);
+    ASSERT_NE(project, nullptr) << error;
+    CFactoryEx with;
+    registerInternalPages(with, &project->configuration());
+    Orv::CProjectConfiguration none;
+    for (Orv::CProjectConfiguration* closed : {&none, static_cast<Orv::CProjectConfiguration*>(nullptr)}) {
+        CFactoryEx without;
+        registerInternalPages(without, closed);
+        for (const PageRow& row : kPages) {
+            EXPECT_TRUE(with.hasPage(row.key)) << row.key;
+            EXPECT_EQ(without.hasPage(row.key), !row.needsProject) << row.key;
+        }
+    }
+}
+
 TEST(InternalFactory, MakesAWindowForEachOfItsPagesAndKnowsKeysExactly) {
     const testsupport::Installation installation;
     Orv::iAppConfiguration configuration;
@@ -88,7 +124,7 @@ TEST(InternalFactory, MakesAWindowForEachOfItsPagesAndKnowsKeysExactly) {
     factory.setConfigurations(&configuration, nullptr);
     registerInternalPages(factory, nullptr);
     QWidget parent;
-    for (const char* key : {"Metrics", "Grid", "Nets", "Empty"}) {
+    for (const char* key : {"Metrics", "Grid", "Nets", "PCB", "Empty"}) {
         CPropDialogTemplate* page = factory.createPage(key, &parent);
         ASSERT_NE(page, nullptr) << key;
         EXPECT_TRUE(page->hasWindow()) << key;
@@ -96,7 +132,6 @@ TEST(InternalFactory, MakesAWindowForEachOfItsPagesAndKnowsKeysExactly) {
         EXPECT_TRUE(page->isHidden()) << key;
     }
     EXPECT_FALSE(factory.hasPage("grid"));
-    EXPECT_FALSE(factory.hasPage("Borders"));
     EXPECT_EQ(factory.createPage("grid", &parent), nullptr);
     factory.removePage("no such page");
     factory.removePage("Grid");

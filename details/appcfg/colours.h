@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace Orv {
+
+/// Between the forms of a colour. A packed colour has red in the low byte, then green, then blue
+/// (0x00BBGGRR); a text has red first (0xRRGGBB). Numbers in a text read as in details/appcfg/numbers.h, so
+/// a text that is no number is black. What comes out of a text has no top byte and is never negative.
+
+/// Swaps the low and the high byte of 24 bits, and drops the top byte.
+int swapRedAndBlue(int colour);
+
+/// A text at base 16, with or without the prefix "0x", as a packed colour.
+int colourFromText(std::string_view text);
+/// A text at base 16 if it holds an "x" of either case, else at base 10; both red first.
+int colourFromPrefixedText(std::string_view text);
+
+/// "0x" and six lower-case digits.
+std::string colourToText(int colour);
+/// "0x" and as few lower-case digits as it takes.
+std::string colourToShortText(int colour);
+
+} // namespace Orv

@@ -1,0 +1,249 @@
+#include "details/pages/display/colordialog.h"
+
+#include "details/appcfg/appcfg.h"
+#include "details/appcfg/colours.h"
+#include "details/appcfg/numbers.h"
+#include "details/pages/display/sampleschematic.h"
+#include "details/platform/atomicfile.h"
+#include "details/platform/environment.h"
+#include "details/platform/paths.h"
+#include "details/widgets/gdipainter.h"
+#include "details/widgets/messagebox.h"
+#include "details/widgets/ownerdrawbutton.h"
+#include "details/widgets/radiobutton.h"
+#include "details/widgets/stringconversion.h"
+#include "orv/appconfiguration.h"
+#include "ui_colordialog.h"
+
+#include <QtWidgets/QFileDialog>
+
+#include <algorithm>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr unsigned kTemplate = 137;
+constexpr QRgb kPaper = 0xffffffff;
+
+/// Where the palette number of a slot comes from, and the word by which the preview asks for it.
+struct SlotRow {
+    const char* key;
+    std::size_t field; ///< of the key, from 0
+    const char* previewWord;
+};
+
+/// By slot. The file's words for the slots are kSlotWords.
+constexpr std::array<SlotRow, kPaletteSize> kSlots{{
+    {"LINE", 2, "LINE"},
+    {"BOX", 2, "BOX"},
+    {"TEXT", 2, "TEXT"},
+    {"CIRCLE", 2, "CIRCLE"},
+    {"ARC", 2, "ARC"},
+    {"NET", 2, "NET"},
+    {"ATTRIBUTE", 2, "PROPERTY"},
+    {"COMPONENT", 2, "COMPONENT"},
+    {"LABEL", 2, "LABEL"},
+    {"PIN", 2, "PIN"},
+    {"ANNOTATION_LAYER", 0, "ANNOTATION"},
+    {"SELECTION_LAYER", 0, "SELECTION"},
+    {"BACKGROUND_LAYER", 0, "BACKGROUND"},
+    {"VALUE_LAYER", 0, "VALUE"},
+    {"BORDER_LAYER", 0, "BORDER"},
+    {"HIGHLIGHT_LAYER", 0, "HIGHLIGHT"},
+}};
+
+/// A text colour, which is what these keys hold as they are delivered, reads as 0. That is meant.
+int paletteNumber(const Orv::iAppConfiguration& appConfig, const SlotRow& slot) {
+    std::vector<std::string> values;
+    Orv::getValues(appConfig, slot.key, values);
+    return slot.field < values.size() ? Orv::integerFromText(values[slot.field]) : 0;
+}
+
+Orv::CColorScheme::Numbers readColors(const Orv::iAppConfiguration& appConfig, const char* key) {
+    std::vector<std::string> values;
+    Orv::getValues(appConfig, key, values);
+    values.resize(kPaletteSize);
+    Orv::CColorScheme::Numbers colors{};
+    std::ranges::transform(values, colors.begin(), Orv::colourFromText);
+    return colors;
+}
+
+void storeColors(Orv::iAppConfiguration& appConfig, const char* key,
+                 const Orv::CColorScheme::Numbers& colors) {
+    std::vector<std::string> values(colors.size());
+    std::ranges::transform(colors, values.begin(), Orv::colourToText);
+    Orv::setValues(appConfig, key, values);
+}
+
+std::string defaultFile() {
+    return platform::environmentVariable("RSR_HOME").value_or("") + "/standard/colors.def";
+}
+
+} // namespace
+
+CColorDialog::CColorDialog(QWidget* parent)
+    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CColorDialog>()) {
+    name = "Color Schemes";
+    helpBook = "orvane_ref";
+}
+
+CColorDialog::~CColorDialog() = default;
+
+void CColorDialog::setAppConfiguration(Orv::iAppConfiguration* appConfig) {
+    appConfig_ = appConfig;
+}
+
+bool CColorDialog::buildTemplate() {
+    ui_->setupUi(this);
+    ui_->preview->setDrawing([this](const DrawItem& item) { drawPreview(item); });
+    connect(ui_->screen, &QRadioButton::clicked, this, [this] { showForm(ColorForm::screen); });
+    connect(ui_->printer, &QRadioButton::clicked, this, [this] { showForm(ColorForm::printer); });
+    connect(ui_->grid, &CColorsGrid::colorChanged, ui_->preview, qOverload<>(&QWidget::update));
+    connect(ui_->scheme, &QComboBox::activated, this, &CColorDialog::selectScheme);
+    connect(ui_->exportScheme, &QPushButton::clicked, this, &CColorDialog::exportScheme);
+    connect(ui_->importSchemes, &QPushButton::clicked, this, &CColorDialog::importSchemes);
+    return true;
+}
+
+bool CColorDialog::OnInitDialog() {
+    if (!appConfig_)
+        return false;
+    ui_->grid->onInitialUpdate();
+    fillPreviewEntries();
+    CPropDialogTemplateEx::OnInitDialog();
+    checkRadioButton(*ui_->screen);
+    addCurrentColors();
+    readSchemeFile(defaultFile());
+    return true;
+}
+
+bool CColorDialog::onOk() {
+    return onApply();
+}
+
+/// Stores the selected scheme. What the user changed in the palette since is not part of it.
+bool CColorDialog::onApply() {
+    if (!selected_)
+        return true;
+    storeColors(*appConfig_, "SCREEN", selected_->screenColors);
+    storeColors(*appConfig_, "PRINTER", selected_->printColors);
+    return true;
+}
+
+bool CColorDialog::onCancel() {
+    return true;
+}
+
+void CColorDialog::fillPreviewEntries() {
+    for (const SlotRow& slot : kSlots)
+        ui_->grid->setPreviewEntry(slot.previewWord, paletteNumber(*appConfig_, slot));
+}
+
+void CColorDialog::addCurrentColors() {
+    auto scheme = std::make_unique<Orv::CColorScheme>();
+    scheme->screenColors = readColors(*appConfig_, "SCREEN");
+    scheme->printColors = readColors(*appConfig_, "PRINTER");
+    scheme->name = "Current Colors";
+    schemes_.push_back(std::move(scheme));
+}
+
+void CColorDialog::showForm(ColorForm form) {
+    ui_->preview->update();
+    ui_->grid->refresh(form);
+}
+
+ColorForm CColorDialog::checkedForm() const {
+    return ui_->screen->isChecked() ? ColorForm::screen : ColorForm::printer;
+}
+
+/// A file that is refused in its middle leaves the schemes before that, and the page as it is.
+void CColorDialog::readSchemeFile(const std::string& path) {
+    Orv::ColorSchemes read = Orv::readColorSchemes(path);
+    for (Orv::CColorScheme& scheme : read.schemes)
+        schemes_.push_back(std::make_unique<Orv::CColorScheme>(std::move(scheme)));
+    if (read.error != Orv::ColorSchemeError::none)
+        showMessage(this, QString());
+    if (read.error != Orv::ColorSchemeError::none && read.error != Orv::ColorSchemeError::unreadable)
+        return;
+    // No entry is put in: the list of schemes stays empty, and with it all that hangs on a selection.
+    ui_->scheme->clear();
+    ui_->scheme->setCurrentIndex(0);
+    selectScheme();
+}
+
+void CColorDialog::selectScheme() {
+    const int index = ui_->scheme->currentIndex();
+    if (index < 0 || index >= static_cast<int>(schemes_.size()))
+        return;
+    selected_ = schemes_[static_cast<std::size_t>(index)].get();
+    for (int entry = 0; entry < static_cast<int>(kPaletteSize); ++entry) {
+        CColorCell& cell = *ui_->grid->cell(entry);
+        cell.setScreenColor(selected_->screenColors[static_cast<std::size_t>(entry)]);
+        cell.setPrintColor(selected_->printColors[static_cast<std::size_t>(entry)]);
+    }
+    showForm(checkedForm());
+}
+
+void CColorDialog::importSchemes() {
+    QFileDialog dialog(window(), tr("Load Color Scheme"), QString(),
+                       tr("Scheme files (*.scm);;All Files (*)"));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setDefaultSuffix(QStringLiteral("scm"));
+    if (dialog.exec() == QDialog::Accepted)
+        readSchemeFile(toUtf8(dialog.selectedFiles().value(0)));
+}
+
+void CColorDialog::exportScheme() {
+    if (ui_->scheme->currentText().isEmpty())
+        return;
+    QFileDialog dialog(window(), tr("Save Color Scheme"), QString(),
+                       tr("Scheme files (*.scm);;All Files (*)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("scm"));
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const std::string path = toUtf8(dialog.selectedFiles().value(0));
+    if (platform::writeFileAtomically(path, schemeText(schemeToExport(path))))
+        showMessage(this, tr("Unable to create file %1").arg(toQString(path)));
+}
+
+/// The palette as the user sees it, and the layers as they are configured.
+Orv::CColorScheme CColorDialog::schemeToExport(const std::string& path) const {
+    Orv::CColorScheme scheme;
+    scheme.name = schemeNameOf(path);
+    for (std::size_t entry = 0; entry < kPaletteSize; ++entry) {
+        scheme.screenColors[entry] = ui_->grid->color(static_cast<int>(entry), ColorForm::screen);
+        scheme.printColors[entry] = ui_->grid->color(static_cast<int>(entry), ColorForm::printer);
+    }
+    for (std::size_t slot = kFirstLayerSlot; slot < kPaletteSize; ++slot)
+        scheme.layerSlots[slot] = paletteNumber(*appConfig_, kSlots[slot]);
+    return scheme;
+}
+
+/// "ATTRIBUTE" is no word of the palette, which calls it "PROPERTY", and so comes out in entry 0. That is
+/// meant.
+void CColorDialog::drawPreview(const DrawItem& item) const {
+    if (item.action != DrawAction::entire)
+        return;
+    const ColorForm form = checkedForm();
+    const auto color = [&](const char* word) {
+        return toQColor(ui_->grid->color(ui_->grid->previewEntry(word), form));
+    };
+    QColor background = color("BACKGROUND");
+    if (form == ColorForm::printer)
+        background = QColor(kPaper);
+    else if (ui_->grid->previewEntry("BACKGROUND") == Orv::CColorScheme::kSystemColor)
+        background = palette().color(QPalette::Base);
+    paintSampleSchematic(item, {.background = background,
+                                .border = color("BORDER"),
+                                .box = color("BOX"),
+                                .pin = color("PIN"),
+                                .net = color("NET"),
+                                .label = color("LABEL"),
+                                .attribute = color("ATTRIBUTE"),
+                                .text = color("TEXT"),
+                                .circle = color("CIRCLE")});
+}
+
+} // namespace ovsettings

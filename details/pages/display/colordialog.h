@@ -1,0 +1,53 @@
+#pragma once
+
+#include "details/pages/display/colorsgrid.h"
+#include "ovsettings/propdialogtemplate.h"
+
+#include <memory>
+
+namespace ovsettings {
+
+struct DrawItem;
+
+namespace Ui {
+class CColorDialog;
+}
+
+/// The page "Color Schemes": the palette of the schematic editor, what it looks like, and its exchange with
+/// scheme files.
+///
+/// The list of schemes on the page stays empty, whatever files are read. So none is ever selected, the
+/// palette keeps what it has, and neither a store nor an export writes anything. That is meant.
+class CColorDialog : public CPropDialogTemplateEx {
+    Q_OBJECT
+
+public:
+    explicit CColorDialog(QWidget* parent);
+    ~CColorDialog() override;
+
+    void setAppConfiguration(Orv::iAppConfiguration* appConfig) override;
+    bool buildTemplate() override;
+    bool OnInitDialog() override;
+    bool onOk() override;
+    bool onApply() override;
+    bool onCancel() override;
+
+private:
+    void fillPreviewEntries();
+    void addCurrentColors();
+    void showForm(ColorForm form);
+    ColorForm checkedForm() const;
+    void readSchemeFile(const std::string& path);
+    void selectScheme();
+    void importSchemes();
+    void exportScheme();
+    Orv::CColorScheme schemeToExport(const std::string& path) const;
+    void drawPreview(const DrawItem& item) const;
+
+    std::unique_ptr<Ui::CColorDialog> ui_;
+    Orv::iAppConfiguration* appConfig_ = nullptr;
+    std::vector<std::unique_ptr<Orv::CColorScheme>> schemes_;
+    const Orv::CColorScheme* selected_ = nullptr; ///< one of schemes_
+};
+
+} // namespace ovsettings

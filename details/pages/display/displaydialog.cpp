@@ -1,0 +1,165 @@
+#include "details/pages/display/displaydialog.h"
+
+#include "details/appcfg/appcfg.h"
+#include "ui_displaydialog.h"
+
+#include <QtWidgets/QStyle>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr unsigned kTemplate = 147;
+constexpr std::size_t kVisible = 0; ///< the field of an object that says whether it is shown
+constexpr std::string_view kSeparator = " ,";
+
+struct FlagBox {
+    QCheckBox* Ui::CDisplayDialog::*box;
+    const char* key;
+};
+
+// In the order in which they are stored.
+constexpr FlagBox kTooltips[] = {
+    {&Ui::CDisplayDialog::netTooltips, "NET_TOOLTIPS"},
+    {&Ui::CDisplayDialog::pinTooltips, "PIN_TOOLTIPS"},
+    {&Ui::CDisplayDialog::componentTooltips, "COMPONENT_TOOLTIPS"},
+};
+
+void showText(QCheckBox& box, const std::string& text) {
+    box.setChecked(text != "0");
+}
+
+void showFlag(QCheckBox& box, const Orv::iAppConfiguration& appConfig, const std::string& key) {
+    std::string text;
+    Orv::getValue(appConfig, key, text);
+    showText(box, text);
+}
+
+const char* textOf(const QCheckBox& box) {
+    return box.isChecked() ? "1" : "0";
+}
+
+std::string_view trimmed(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    return first == std::string_view::npos ? std::string_view()
+                                           : text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+} // namespace
+
+CDisplayDialog::CDisplayDialog(QWidget* parent)
+    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CDisplayDialog>()) {
+    name = "Display";
+    helpTopic = "OV_SETUP_SETTINGS_DISPLAY_TOP";
+    helpBook = "orvane_ref";
+}
+
+CDisplayDialog::~CDisplayDialog() = default;
+
+void CDisplayDialog::setAppConfiguration(Orv::iAppConfiguration* appConfig) {
+    appConfig_ = appConfig;
+}
+
+bool CDisplayDialog::buildTemplate() {
+    ui_->setupUi(this);
+    // The boxes below another begin where its text does.
+    const int indent = style()->pixelMetric(QStyle::PM_IndicatorWidth) +
+                       style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing);
+    ui_->numbersLayout->setContentsMargins(isRightToLeft() ? 0 : indent, 0, isRightToLeft() ? indent : 0, 0);
+    connect(ui_->commonProperties, &QCheckBox::clicked, this, &CDisplayDialog::enableNumbers);
+    return true;
+}
+
+bool CDisplayDialog::OnInitDialog() {
+    if (!appConfig_)
+        return false;
+    std::vector<std::string> attribute;
+    Orv::getValues(*appConfig_, "ATTRIBUTE", attribute);
+    if (attribute.empty())
+        return true;
+    if (attribute[kVisible] == "0") {
+        ui_->commonProperties->setChecked(false);
+        ui_->pinNumbers->setChecked(false);
+        ui_->referenceDesignators->setChecked(false);
+        enableNumbers(false);
+    } else {
+        ui_->commonProperties->setChecked(true);
+        showFlag(*ui_->pinNumbers, *appConfig_, "PNUMSON");
+        showFlag(*ui_->referenceDesignators, *appConfig_, "RNUMSON");
+    }
+
+    std::vector<std::string> label;
+    Orv::getValues(*appConfig_, "LABEL", label);
+    if (label.empty())
+        return true;
+    showText(*ui_->names, label[kVisible]);
+    showFlag(*ui_->symbolText, *appConfig_, "COMPTEXTON");
+    // Again, so that the two may be checked while they are disabled. That is meant.
+    showFlag(*ui_->pinNumbers, *appConfig_, "PNUMSON");
+    showFlag(*ui_->referenceDesignators, *appConfig_, "RNUMSON");
+
+    std::vector<std::string> text;
+    Orv::getValues(*appConfig_, "TEXT", text);
+    if (text.empty())
+        return true;
+    showText(*ui_->graphicalText, text[kVisible]);
+    showFlag(*ui_->border, *appConfig_, "BORDERON");
+    for (const FlagBox& tooltip : kTooltips)
+        showFlag(*(*ui_.*tooltip.box), *appConfig_, tooltip.key);
+
+    std::vector<std::string> properties;
+    Orv::getValues(*appConfig_, "PROPERTIES_TOOLTIP", properties);
+    tooltipProperties_ = joinProperties(properties);
+    return true;
+}
+
+bool CDisplayDialog::onOk() {
+    return onApply();
+}
+
+bool CDisplayDialog::onApply() {
+    if (!appConfig_) // opened without a configuration: there is nothing to store
+        return true;
+    const bool common = ui_->commonProperties->isChecked();
+    Orv::setValueAt(*appConfig_, kVisible, "ATTRIBUTE", common ? "1" : "0");
+    Orv::setValue(*appConfig_, "PNUMSON", common ? textOf(*ui_->pinNumbers) : "0");
+    Orv::setValue(*appConfig_, "RNUMSON", common ? textOf(*ui_->referenceDesignators) : "0");
+    Orv::setValueAt(*appConfig_, kVisible, "LABEL", textOf(*ui_->names));
+    Orv::setValue(*appConfig_, "COMPTEXTON", textOf(*ui_->symbolText));
+    Orv::setValueAt(*appConfig_, kVisible, "TEXT", textOf(*ui_->graphicalText));
+    Orv::setValue(*appConfig_, "BORDERON", textOf(*ui_->border));
+    for (const FlagBox& tooltip : kTooltips)
+        Orv::setValue(*appConfig_, tooltip.key, textOf(*(*ui_.*tooltip.box)));
+    return true;
+}
+
+void CDisplayDialog::enableNumbers(bool enabled) {
+    ui_->referenceDesignators->setEnabled(enabled);
+    ui_->pinNumbers->setEnabled(enabled);
+}
+
+std::string CDisplayDialog::joinProperties(const std::vector<std::string>& properties) {
+    std::string text;
+    for (const std::string& property : properties) {
+        if (&property != &properties.front())
+            text += kSeparator;
+        text += property;
+    }
+    return text;
+}
+
+std::vector<std::string> CDisplayDialog::splitProperties(std::string_view text) {
+    std::vector<std::string> properties;
+    const auto add = [&properties](std::string_view piece) {
+        if (!piece.empty())
+            properties.emplace_back(piece);
+    };
+    for (std::size_t comma = text.find(','); comma != std::string_view::npos; comma = text.find(',')) {
+        add(trimmed(text.substr(0, comma)));
+        text.remove_prefix(comma + 1);
+    }
+    add(text);
+    return properties;
+}
+
+} // namespace ovsettings

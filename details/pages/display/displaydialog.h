@@ -1,0 +1,45 @@
+#pragma once
+
+#include "ovsettings/propdialogtemplate.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ovsettings {
+
+namespace Ui {
+class CDisplayDialog;
+}
+
+/// The page "Display": which classes of object the schematic editor shows, and which have tool tips. Nothing
+/// on it is disabled for a locked key: the store keeps what is locked.
+class CDisplayDialog : public CPropDialogTemplateEx {
+    Q_OBJECT
+
+public:
+    explicit CDisplayDialog(QWidget* parent);
+    ~CDisplayDialog() override;
+
+    void setAppConfiguration(Orv::iAppConfiguration* appConfig) override;
+    bool buildTemplate() override;
+    bool OnInitDialog() override;
+    bool onOk() override;
+    bool onApply() override;
+
+    /// The names of properties that have tool tips, as one text and back. A text is split at every comma; the
+    /// pieces lose the blanks around them, but for the last one, and empty pieces are dropped.
+    static std::string joinProperties(const std::vector<std::string>& properties);
+    static std::vector<std::string> splitProperties(std::string_view text);
+
+private:
+    void enableNumbers(bool enabled);
+
+    std::unique_ptr<Ui::CDisplayDialog> ui_;
+    Orv::iAppConfiguration* appConfig_ = nullptr;
+    /// Read as the page is filled; no control shows it.
+    std::string tooltipProperties_;
+};
+
+} // namespace ovsettings

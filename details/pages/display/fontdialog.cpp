@@ -1,0 +1,100 @@
+#include "details/pages/display/fontdialog.h"
+
+#include "details/appcfg/appcfg.h"
+#include "details/appcfg/numbers.h"
+#include "details/widgets/lockmark.h"
+#include "details/widgets/stringconversion.h"
+#include "ui_fontdialog.h"
+
+#include <QtWidgets/QFontDialog>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr unsigned kTemplate = 138;
+constexpr const char* kScaleFactorKey = "SCALEFACTOR";
+
+} // namespace
+
+CFontDialog::CFontDialog(QWidget* parent)
+    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CFontDialog>()) {
+    name = "Font Mappings";
+    helpTopic = "OV_SETUP_SETTINGS_DISPLAY_FONT_MAP";
+    helpBook = "orvane_ref";
+}
+
+CFontDialog::~CFontDialog() = default;
+
+void CFontDialog::setAppConfiguration(Orv::iAppConfiguration* appConfig) {
+    appConfig_ = appConfig;
+}
+
+bool CFontDialog::buildTemplate() {
+    ui_->setupUi(this);
+    ui_->grid->setAppConfiguration(appConfig_);
+    connect(ui_->editMapping, &QPushButton::clicked, this, &CFontDialog::editMapping);
+    connect(ui_->removeMapping, &QPushButton::clicked, this, &CFontDialog::removeMapping);
+    connect(ui_->grid, &CFontsGrid::editRequested, this, &CFontDialog::editMapping);
+    connect(ui_->grid, &CFontsGrid::removeRequested, this, &CFontDialog::removeMapping);
+    connect(ui_->grid, &CFontsGrid::rowSelected, this, &CFontDialog::followRow);
+    return true;
+}
+
+bool CFontDialog::OnInitDialog() {
+    ui_->grid->init();
+    if (!appConfig_)
+        return false;
+    ui_->grid->addRows();
+    ui_->grid->loadRows();
+
+    std::string factor;
+    bool locked = false;
+    Orv::getValue(*appConfig_, kScaleFactorKey, factor, locked);
+    ui_->scaleFactor->setText(toQString(factor));
+    if (locked)
+        markLocked(*ui_->scaleFactor, *appConfig_, kScaleFactorKey);
+    return true;
+}
+
+bool CFontDialog::onOk() {
+    return onApply();
+}
+
+bool CFontDialog::onApply() {
+    if (!appConfig_) // opened without a configuration: there is nothing to store
+        return true;
+    ui_->grid->storeRows();
+    // A text is kept as it was typed if it begins with a factor; another one is dropped without a word.
+    const std::string factor = toUtf8(ui_->scaleFactor->text());
+    if (Orv::floatFromText(factor) > 0)
+        Orv::setValue(*appConfig_, kScaleFactorKey, factor);
+    return true;
+}
+
+void CFontDialog::editMapping() {
+    CFontMapRow* row = ui_->grid->currentMapRow();
+    if (!row)
+        return;
+    QFontDialog chooser(row->description(), this);
+    chooser.setOption(QFontDialog::DontUseNativeDialog);
+    chooser.setWindowTitle(tr("Edit mapping"));
+    const QString offeredFace = chooser.currentFont().family();
+    if (chooser.exec() != QDialog::Accepted || chooser.selectedFont().family().isEmpty())
+        return;
+    row->take(chooser.selectedFont(), offeredFace);
+}
+
+void CFontDialog::removeMapping() {
+    if (CFontMapRow* row = ui_->grid->currentMapRow())
+        row->remove();
+}
+
+void CFontDialog::followRow() {
+    const CFontMapRow* row = ui_->grid->currentMapRow();
+    const bool changeable = !row || !row->isLocked();
+    ui_->editMapping->setEnabled(changeable);
+    ui_->removeMapping->setEnabled(changeable);
+}
+
+} // namespace ovsettings

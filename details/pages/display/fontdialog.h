@@ -1,0 +1,40 @@
+#pragma once
+
+#include "ovsettings/propdialogtemplate.h"
+
+#include <memory>
+
+namespace ovsettings {
+
+namespace Ui {
+class CFontDialog;
+}
+
+/// The page "Font Mappings": the screen font that stands for each stroke font of the schematic editor, and a
+/// factor for the size of all of them.
+class CFontDialog : public CPropDialogTemplateEx {
+    Q_OBJECT
+
+public:
+    explicit CFontDialog(QWidget* parent);
+    ~CFontDialog() override;
+
+    void setAppConfiguration(Orv::iAppConfiguration* appConfig) override;
+    bool buildTemplate() override;
+    bool OnInitDialog() override;
+    bool onOk() override;
+    bool onApply() override;
+
+    /// Lets the user choose a screen font for the grid's current row; without one it does nothing.
+    virtual void editMapping();
+    /// Takes the screen font from the grid's current row.
+    virtual void removeMapping();
+
+private:
+    void followRow();
+
+    std::unique_ptr<Ui::CFontDialog> ui_;
+    Orv::iAppConfiguration* appConfig_ = nullptr;
+};
+
+} // namespace ovsettings

@@ -1,0 +1,199 @@
+#include "details/pages/display/fontmaprow.h"
+
+#include "details/appcfg/appcfg.h"
+#include "details/appcfg/numbers.h"
+#include "details/pages/display/fontsgrid.h"
+#include "details/widgets/lockmark.h"
+#include "details/widgets/stringconversion.h"
+#include "orv/appconfiguration.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtGui/QFont>
+#include <QtGui/QFontDatabase>
+#include <QtGui/QFontInfo>
+
+#include <algorithm>
+
+namespace ovsettings {
+
+namespace {
+
+/// The fields of a font key.
+enum Field : std::size_t {
+    faceField,
+    styleField,
+    weightField,
+    charsetField,
+    italicField,
+    underlineField,
+    strikeoutField,
+    boldField,
+};
+
+/// The face of a stroke font that is not mapped.
+constexpr const char* kNotMapped = "0";
+/// The style of a font that has no style by name.
+constexpr const char* kNoStyle = "NONE";
+constexpr int kHeight = 30;
+constexpr int kHeaviest = 1000;
+/// Fonts know no character set here; this one leaves it to the face.
+constexpr int kDefaultCharset = 1;
+
+bool isMapped(const std::string& face) {
+    return !face.empty() && face != kNotMapped;
+}
+
+} // namespace
+
+const CFontMapRow::FlagField CFontMapRow::kFlagFields[] = {
+    {italicField, kItalic},
+    {underlineField, kUnderline},
+    {strikeoutField, kStrikeout},
+    {boldField, kBold},
+};
+
+CFontMapRow::CFontMapRow(CFontsGrid& grid, int row, std::string key, std::string caption,
+                         Orv::iAppConfiguration& configuration)
+    : grid_(grid),
+      row_(row),
+      key_(std::move(key)),
+      caption_(std::move(caption)),
+      configuration_(configuration) {
+    grid_.setCellText(row_, CFontsGrid::kStrokeFontColumn,
+                      QCoreApplication::translate("ovsettings", caption_.c_str()));
+}
+
+void CFontMapRow::load() {
+    showLock();
+    std::vector<std::string> values;
+    Orv::getValues(configuration_, key_, values);
+    if (values.size() <= faceField)
+        return;
+    face_ = values[faceField];
+    if (face_ != kNotMapped) {
+        if (values.size() <= styleField)
+            return;
+        style_ = values[styleField];
+        if (values.size() <= weightField)
+            return;
+        weight_ = Orv::integerFromText(values[weightField]);
+        if (values.size() <= charsetField)
+            return;
+        charset_ = Orv::integerFromText(values[charsetField]);
+        for (const FlagField& field : kFlagFields) {
+            if (values.size() <= field.field)
+                return;
+            if (values[field.field] == "1")
+                flags_ |= field.flag;
+        }
+    }
+    show();
+}
+
+void CFontMapRow::store() const {
+    Orv::iAppConfiguration::Property property(key_);
+    if (!configuration_.getProperty(property))
+        return;
+    const auto set = [&property](std::size_t field, const std::string& text) {
+        if (field < property.values.size())
+            property.values[field] = text;
+    };
+    set(faceField, face_);
+    if (isMapped(face_)) {
+        set(styleField, style_);
+        set(weightField, std::to_string(weight_));
+        set(charsetField, std::to_string(charset_));
+        for (const FlagField& field : kFlagFields)
+            set(field.field, flags_ & field.flag ? "1" : "0");
+    }
+    configuration_.setProperty(property);
+}
+
+QFont CFontMapRow::description() const {
+    QFont font;
+    if (isMapped(face_))
+        font.setFamily(toQString(face_));
+    font.setPixelSize(kHeight);
+    // Without a weight of its own a font has the usual one.
+    font.setWeight(weight_ > 0 ? static_cast<QFont::Weight>(std::min(weight_, kHeaviest)) : QFont::Normal);
+    font.setItalic(flags_ & kItalic);
+    font.setUnderline(flags_ & kUnderline);
+    font.setStrikeOut(flags_ & kStrikeout);
+    // A chooser that is not told begins with any style of the same weight, a slanted one too.
+    font.setStyleName(QFontInfo(font).styleName());
+    return font;
+}
+
+void CFontMapRow::take(const QFont& chosen, const QString& offeredFace) {
+    // A face that this machine lacks is offered as another, and stays if the user did not choose one.
+    const std::string face = toUtf8(chosen.family());
+    if (!isMapped(face_) || chosen.family() != offeredFace) {
+        charset_ = face == face_ ? charset_ : kDefaultCharset;
+        face_ = face;
+    }
+    weight_ = chosen.weight();
+    const QString styleName =
+        chosen.styleName().isEmpty() ? QFontDatabase::styleString(chosen) : chosen.styleName();
+    style_ = styleName.isEmpty() ? kNoStyle : toUtf8(styleName);
+    flags_ = (chosen.bold() ? kBold : 0) | (chosen.italic() ? kItalic : 0) |
+             (chosen.underline() ? kUnderline : 0) | (chosen.strikeOut() ? kStrikeout : 0);
+    show();
+}
+
+void CFontMapRow::remove() {
+    clearCell();
+    face_.clear();
+}
+
+void CFontMapRow::clearCell() {
+    grid_.setCellText(row_, CFontsGrid::kScaleableFontColumn, {});
+}
+
+bool CFontMapRow::isLocked() const {
+    return firstLockedField().has_value();
+}
+
+std::optional<std::size_t> CFontMapRow::firstLockedField() const {
+    std::vector<std::string> values;
+    std::vector<bool> locks;
+    Orv::getValues(configuration_, key_, values, locks);
+    const auto found = std::ranges::find(locks, true);
+    return found != locks.end() ? std::optional(static_cast<std::size_t>(found - locks.begin()))
+                                : std::nullopt;
+}
+
+void CFontMapRow::show() {
+    struct {
+        unsigned flag;
+        const char* word;
+    } constexpr kStyleWords[] = {
+        {kBold, QT_TRANSLATE_NOOP("ovsettings", " Bold")},
+        {kItalic, QT_TRANSLATE_NOOP("ovsettings", " Italic")},
+        {kUnderline, QT_TRANSLATE_NOOP("ovsettings", " Underline")},
+        {kStrikeout, QT_TRANSLATE_NOOP("ovsettings", " Strikeout")},
+    };
+    QString text = face_ == kNotMapped ? QString() : toQString(face_);
+    for (const auto& style : kStyleWords) {
+        if (flags_ & style.flag)
+            text += QCoreApplication::translate("ovsettings", style.word);
+    }
+    grid_.setCellText(row_, CFontsGrid::kScaleableFontColumn, text);
+    if (!isLocked()) {
+        // The buttons of the current row may lie over the end of a long text.
+        GridCellStyle style = grid_.cellStyle(row_, CFontsGrid::kScaleableFontColumn);
+        style.toolTip = text;
+        grid_.setCellStyle(row_, CFontsGrid::kScaleableFontColumn, style);
+    }
+}
+
+void CFontMapRow::showLock() {
+    const std::optional<std::size_t> locked = firstLockedField();
+    for (const int column : {CFontsGrid::kStrokeFontColumn, CFontsGrid::kScaleableFontColumn}) {
+        GridCellStyle style{.readOnly = true, .greyed = locked.has_value()};
+        if (locked)
+            style.toolTip = lockToolTip(configuration_, key_, *locked);
+        grid_.setCellStyle(row_, column, style);
+    }
+}
+
+} // namespace ovsettings

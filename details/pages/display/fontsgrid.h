@@ -1,0 +1,57 @@
+#pragma once
+
+#include "details/pages/display/fontmaprow.h"
+#include "details/widgets/grid/gridwnd.h"
+
+#include <memory>
+#include <vector>
+
+namespace ovsettings {
+
+class COwnBitmapBtn;
+
+/// The stroke fonts of the schematic editor, and the screen font that each is mapped to.
+class CFontsGrid : public CGridWnd {
+    Q_OBJECT
+
+public:
+    static constexpr int kStrokeFontColumn = 1;
+    static constexpr int kScaleableFontColumn = 2;
+
+    explicit CFontsGrid(QWidget* parent = nullptr);
+
+    /// Must be given before rows are added, and outlive the grid.
+    void setAppConfiguration(Orv::iAppConfiguration* appConfig) { appConfig_ = appConfig; }
+    void init();
+    /// One for each stroke font.
+    void addRows();
+    void loadRows();
+    void storeRows() const;
+    /// The row of the current cell; null if there is none.
+    CFontMapRow* currentMapRow() const;
+
+Q_SIGNALS:
+    /// The user wants to change the mapping of the current row, or to remove it.
+    void editRequested();
+    void removeRequested();
+    /// Another row has become the current one.
+    void rowSelected();
+
+protected:
+    bool onClick(int row, int column) override;
+    bool onKey(const QKeyEvent& event) override;
+    void layoutColumns() override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void updateGeometries() override;
+    void scrollContentsBy(int dx, int dy) override;
+
+private:
+    void placeButtons();
+
+    std::vector<std::unique_ptr<CFontMapRow>> rows_;
+    Orv::iAppConfiguration* appConfig_ = nullptr;
+    COwnBitmapBtn* editButton_;
+    COwnBitmapBtn* removeButton_;
+};
+
+} // namespace ovsettings

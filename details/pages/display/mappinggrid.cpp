@@ -1,0 +1,183 @@
+#include "details/pages/display/mappinggrid.h"
+
+#include "details/appcfg/appcfg.h"
+#include "details/appcfg/colours.h"
+#include "details/widgets/colorbutton.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QEvent>
+
+#include <algorithm>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr long kLeastWidth = 1;
+constexpr long kGreatestWidth = 10;
+
+struct GridColumn {
+    const char* header;
+    int characters; ///< the width, of average characters
+};
+
+/// In the order of the columns, from 1.
+constexpr GridColumn kGridColumns[CMappingRow::kColumns] = {
+    {QT_TRANSLATE_NOOP("ovsettings", "Object"), 22},     {QT_TRANSLATE_NOOP("ovsettings", "Color"), 6},
+    {QT_TRANSLATE_NOOP("ovsettings", "Text"), 5},        {QT_TRANSLATE_NOOP("ovsettings", "Fill Style"), 12},
+    {QT_TRANSLATE_NOOP("ovsettings", "Line Style"), 11}, {QT_TRANSLATE_NOOP("ovsettings", "Font"), 13},
+    {QT_TRANSLATE_NOOP("ovsettings", "Width"), 6},
+};
+
+} // namespace
+
+GridCellLimits CEditGrid::limits() {
+    return {kLeastWidth, kGreatestWidth,
+            QCoreApplication::translate("ovsettings", "Please enter a value between 1 and 10")};
+}
+
+bool CEditGrid::takes(const QString& text) {
+    return !text.isEmpty() && std::ranges::all_of(text, [](QChar c) { return c >= u'0' && c <= u'9'; });
+}
+
+void CMappingGrid::CMappingGridColorChangeNotifier::onColorChanged(int row, int column, int colour) {
+    grid_.changeColor(row, column, colour);
+}
+
+CMappingGrid::CMappingGrid(QWidget* parent) : CGridWnd(parent), notifier_(*this) {
+}
+
+CMappingGrid::~CMappingGrid() = default;
+
+void CMappingGrid::init() {
+    std::vector<std::string> texts;
+    Orv::getValues(*appConfig_, "SCREEN", texts);
+    std::vector<int> palette;
+    for (const std::string& text : texts)
+        palette.push_back(Orv::colourFromText(text));
+    colorButton_ = new ColorButton(*this);
+    colorButton_->setPalette(std::move(palette));
+    colorButton_->setObserver(&notifier_);
+    setRowCount(1);
+    setColumnCount(CMappingRow::kColumns);
+    showHeaders(true, false);
+    layoutColumns();
+    for (int column = 1; column <= CMappingRow::kColumns; ++column)
+        setCellText(0, column, QCoreApplication::translate("ovsettings", kGridColumns[column - 1].header));
+}
+
+template <typename Row, typename... Arguments>
+void CMappingGrid::append(const std::string& caption, const std::string& key, Arguments&&... arguments) {
+    const int number = mappingRowCount() + 1;
+    rows_.push_back(
+        std::make_unique<Row>(*this, number, caption, key, std::forward<Arguments>(arguments)...));
+    setRowCount(number);
+    rows_.back()->read();
+    rowsOfKeys_[key] = rows_.back().get();
+    keysOfRows_[number] = key;
+}
+
+void CMappingGrid::addRow(const std::string& caption, const std::string& key, const MappingValues& values) {
+    append<CMappingRow>(caption, key, values);
+}
+
+void CMappingGrid::addLayerRow(const std::string& caption, const std::string& key,
+                               const MappingValues& values) {
+    append<CMappingRowLayer>(caption, key, values);
+}
+
+void CMappingGrid::addTextRow(const std::string& caption, const std::string& key,
+                              const MappingValues& values) {
+    append<CMappingTextLayer>(caption, key, values);
+}
+
+void CMappingGrid::addIctRow(const std::string& caption, const std::string& key, int startingColor, int) {
+    append<CMappingICTObject>(caption, key, startingColor);
+}
+
+CMappingRow* CMappingGrid::mappingRow(int row) const {
+    const auto key = keysOfRows_.find(row);
+    return key == keysOfRows_.end() ? nullptr : rowOfKey(key->second);
+}
+
+CMappingRow* CMappingGrid::rowOfKey(std::string_view key) const {
+    const auto row = rowsOfKeys_.find(key);
+    return row == rowsOfKeys_.end() ? nullptr : row->second;
+}
+
+bool CMappingGrid::validate() {
+    // A text that is refused has been told about, and stays in its cell.
+    if (!endEdit())
+        return false;
+    bool valid = true;
+    for (const auto& row : rows_)
+        valid = row->validate() && valid;
+    return valid;
+}
+
+void CMappingGrid::store() {
+    for (const auto& row : rows_)
+        row->store();
+}
+
+void CMappingGrid::changeColor(int row, int column, int color) {
+    if (CMappingRow* changed = mappingRow(row)) {
+        if (column == CMappingRow::kColorColumn)
+            changed->setColor(color);
+        else
+            changed->setTextColor(color);
+    }
+    endEdit();
+    viewport()->update();
+    if (preview_)
+        preview_->repaint();
+}
+
+QString CMappingGrid::refusal(int row, int column, const QString& text) const {
+    if (column == CMappingRow::kWidthColumn && !CEditGrid::takes(text))
+        return CEditGrid::limits().message;
+    return CGridWnd::refusal(row, column, text);
+}
+
+void CMappingGrid::onCellPressed(int row, int column) {
+    colorButton_->initForCell(row, column);
+    colorButton_->open();
+}
+
+void CMappingGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    if (colorButton_)
+        colorButton_->hideButton();
+    CGridWnd::currentChanged(current, previous);
+}
+
+void CMappingGrid::layoutColumns() {
+    int characters = 0;
+    for (const GridColumn& column : kGridColumns)
+        characters += column.characters;
+    for (int column = 1; column <= CMappingRow::kColumns; ++column) {
+        const int share = kGridColumns[column - 1].characters;
+        setWidthOfColumn(
+            column, std::max(share * fontMetrics().averageCharWidth(), clientWidth() * share / characters));
+    }
+}
+
+QColor CMappingGrid::closedInterior() const {
+    return palette().color(QPalette::Window);
+}
+
+void CMappingGrid::changeEvent(QEvent* event) {
+    CGridWnd::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange)
+        return;
+    for (int row = 1; row <= rowCount(); ++row) {
+        for (int column = 1; column <= columnCount(); ++column) {
+            GridCellStyle style = cellStyle(row, column);
+            if (!style.interior)
+                continue;
+            style.interior = closedInterior();
+            setCellStyle(row, column, style);
+        }
+    }
+}
+
+} // namespace ovsettings

@@ -1,0 +1,100 @@
+#pragma once
+
+#include "details/pages/display/mappingrow.h"
+#include "details/widgets/colorchangeobserver.h"
+#include "details/widgets/grid/gridwnd.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ovsettings {
+
+class ColorButton;
+
+/// The control of a width cell: takes a whole number, in digits.
+class CEditGrid {
+public:
+    static GridCellLimits limits();
+    static bool takes(const QString& text);
+};
+
+/// How each kind of object is drawn: a table with a row a kind, and the columns "Object", "Color", "Text",
+/// "Fill Style", "Line Style", "Font" and "Width".
+class CMappingGrid : public CGridWnd {
+    Q_OBJECT
+
+public:
+    /// Tells its grid of a colour that the user has chosen.
+    class CMappingGridColorChangeNotifier : public IColorChangeObserver {
+    public:
+        explicit CMappingGridColorChangeNotifier(CMappingGrid& grid) : grid_(grid) {}
+        void onColorChanged(int row, int column, int colour) override;
+
+    private:
+        CMappingGrid& grid_;
+    };
+
+    explicit CMappingGrid(QWidget* parent = nullptr);
+    ~CMappingGrid() override;
+
+    /// Must be given before rows are added, and outlive the grid.
+    void setAppConfiguration(Orv::iAppConfiguration* appConfig) { appConfig_ = appConfig; }
+    Orv::iAppConfiguration* appConfiguration() const { return appConfig_; }
+    void setMode(std::string mode) { mode_ = std::move(mode); }
+    const std::string& mode() const { return mode_; }
+    /// What is repainted at each change of a colour; not owned.
+    void setPreview(QWidget* preview) { preview_ = preview; }
+
+    /// Makes the header and the controls of the cells, which offer the configured palette.
+    void init();
+
+    /// Each adds a row at the end and fills it from the configuration.
+    void addRow(const std::string& caption, const std::string& key, const MappingValues& values);
+    void addLayerRow(const std::string& caption, const std::string& key, const MappingValues& values);
+    void addTextRow(const std::string& caption, const std::string& key, const MappingValues& values);
+    /// @param key without its "ICT".
+    void addIctRow(const std::string& caption, const std::string& key, int startingColor, int spare = 0);
+
+    /// Of cells that are closed or locked.
+    QColor closedInterior() const;
+
+    int mappingRowCount() const { return static_cast<int>(rows_.size()); }
+    /// @param row from 1; null outside the table.
+    CMappingRow* mappingRow(int row) const;
+    /// The row of a key as it was added; null if there is none.
+    CMappingRow* rowOfKey(std::string_view key) const;
+
+    /// Ends the edit of the current cell and asks every row; what is wrong has been told if the result is
+    /// false.
+    bool validate();
+    /// Writes all rows to the configuration.
+    void store();
+    /// The user has given a cell another colour, packed.
+    void changeColor(int row, int column, int color);
+
+protected:
+    QString refusal(int row, int column, const QString& text) const override;
+    void onCellPressed(int row, int column) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void layoutColumns() override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    template <typename Row, typename... Arguments>
+    void append(const std::string& caption, const std::string& key, Arguments&&... arguments);
+
+    std::vector<std::unique_ptr<CMappingRow>> rows_;
+    std::map<std::string, CMappingRow*, std::less<>> rowsOfKeys_;
+    std::map<int, std::string> keysOfRows_;
+    std::string mode_;
+    Orv::iAppConfiguration* appConfig_ = nullptr;
+    QWidget* preview_ = nullptr;
+    CMappingGridColorChangeNotifier notifier_;
+    ColorButton* colorButton_ = nullptr;
+};
+
+} // namespace ovsettings

@@ -1,0 +1,378 @@
+#include "details/pages/display/mappingrow.h"
+
+#include "details/appcfg/appcfg.h"
+#include "details/appcfg/colours.h"
+#include "details/appcfg/numbers.h"
+#include "details/pages/display/mappinggrid.h"
+#include "details/widgets/lockmark.h"
+#include "details/widgets/messagebox.h"
+#include "details/widgets/stringconversion.h"
+#include "orv/appconfiguration.h"
+
+#include <QtCore/QCoreApplication>
+
+#include <algorithm>
+#include <cassert>
+#include <utility>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr const char* kFillNames[] = {
+    "Hollow", "Solid", "Diagdn1", "Diagup2", "Grey08", "Diagdn2", "Diagup1", "Horiz",
+    "Vert",   "Grid2", "Grid1",   "X2",      "X1",     "Grey50",  "Grey92",  "Grey04",
+};
+constexpr const char* kLineNames[] = {
+    "Solid", "Dash", "Center", "Phantom", "Big dash", "Dot", "Dash-Dot", "Medium Dash",
+};
+constexpr const char* kFontNames[] = {
+    "Fixed",  "Roman",           "Roman Italic", "Roman Bold", "Roman Bold Italic", "Sans Serif",
+    "Script", "Sans Serif Bold", "Script Bold",  "Gothic",     "Old English",       "Kanji",
+    "Plot",
+};
+
+constexpr int kClosed = -1;
+constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+constexpr MappingFields kObjectFields{CMappingRow::kColorColumn, 2, kNone, 3, 4, 5};
+constexpr MappingFields kTextFields{CMappingRow::kTextColumn, 2, kNone, 3, 4, kNone};
+constexpr MappingFields kLayerFields{CMappingRow::kColorColumn, 0, kNone, 1, 2, kNone};
+constexpr MappingFields kIctFields{CMappingRow::kColorColumn, 0, 1, kNone, kNone, kNone};
+constexpr std::size_t kLayerFontField = 3;
+
+constexpr int kStartingIctTextColor = 0xff0000;
+
+template <std::size_t Count>
+CMappingRow::Names numbered(const char* const (&names)[Count]) {
+    CMappingRow::Names numbered;
+    for (std::size_t i = 0; i < Count; ++i)
+        numbered.emplace(static_cast<int>(i), names[i]);
+    return numbered;
+}
+
+bool isDigit(QChar c) {
+    return c >= u'0' && c <= u'9';
+}
+
+QStringList choicesOf(const CMappingRow::Names& names) {
+    QStringList choices;
+    for (const auto& [index, name] : names)
+        choices << toQString(name);
+    return choices;
+}
+
+MappingValues withColorOfText(MappingValues values) {
+    values.color = std::exchange(values.textColor, kClosed);
+    return values;
+}
+
+MappingValues ictValues(int startingColor) {
+    MappingValues values;
+    values.color = startingColor;
+    values.textColor = kStartingIctTextColor;
+    return values;
+}
+
+} // namespace
+
+CMappingRow::CMappingRow(CMappingGrid& grid, int row, std::string caption, std::string key,
+                         const MappingValues& values)
+    : color_(values.color),
+      textColor_(values.textColor),
+      fill_(values.fill),
+      line_(values.line),
+      font_(values.font),
+      width_(values.width),
+      fillNames_(numbered(kFillNames)),
+      lineNames_(numbered(kLineNames)),
+      fontNames_(numbered(kFontNames)),
+      row_(row),
+      caption_(std::move(caption)),
+      key_(std::move(key)),
+      grid_(grid),
+      configuration_(grid.appConfiguration()) {
+}
+
+CMappingRow::~CMappingRow() = default;
+
+bool CMappingRow::validate() {
+    const int width = getWidth();
+    const GridCellLimits limits = CEditGrid::limits();
+    if (width == kClosed || (width >= limits.minimum && width <= limits.maximum))
+        return true;
+    showMessage(&grid_, limits.message);
+    grid_.setCurrentCell(row_, kWidthColumn);
+    grid_.setFocus();
+    return false;
+}
+
+void CMappingRow::store() {
+    storeColor(kObjectFields.color, getColor());
+    storeFontOrFill(kObjectFields.fillOrFont);
+    // A font goes into both fields, and that is meant: older editors take fill and line of a text from there.
+    if (getLine() != kClosed)
+        storeField(kObjectFields.line, getLine());
+    else if (getFont() != kClosed)
+        storeField(kObjectFields.line, getFont());
+    if (getWidth() != kClosed)
+        storeField(kObjectFields.width, getWidth());
+}
+
+void CMappingRow::applySchema(const std::string& color, const std::string& text) {
+    takeSchemaColors(kObjectFields, color, text);
+}
+
+std::string CMappingRow::getSchemaKey() const {
+    return caption_;
+}
+
+void CMappingRow::setColor(int color) {
+    color_ = color;
+    showColor(kColorColumn, color);
+}
+
+int CMappingRow::getColor() const {
+    return color_;
+}
+
+void CMappingRow::setTextColor(int color) {
+    textColor_ = color;
+    showColor(kTextColumn, color);
+}
+
+int CMappingRow::getTextColor() const {
+    return textColor_;
+}
+
+void CMappingRow::setFill(int fill) {
+    fill_ = fill;
+}
+
+int CMappingRow::getFill() const {
+    return indexOfName(fillNames_, kFillColumn, fill_);
+}
+
+void CMappingRow::setLine(int line) {
+    line_ = line;
+}
+
+int CMappingRow::getLine() const {
+    return indexOfName(lineNames_, kLineColumn, line_);
+}
+
+void CMappingRow::setFont(int font) {
+    font_ = font;
+}
+
+int CMappingRow::getFont() const {
+    return indexOfName(fontNames_, kFontColumn, font_);
+}
+
+void CMappingRow::setWidth(int width) {
+    width_ = width;
+}
+
+int CMappingRow::getWidth() const {
+    const QString text = cellText(kWidthColumn);
+    if (width_ == kClosed || !std::ranges::all_of(text, isDigit))
+        return kClosed;
+    return Orv::integerFromText(toUtf8(text));
+}
+
+void CMappingRow::read() {
+    readCells(kObjectFields);
+}
+
+void CMappingRow::readCells(const MappingFields& fields) {
+    values_.clear();
+    readOnly_.clear();
+    Orv::getValues(*configuration_, key_, values_, readOnly_);
+    assert(values_.size() == readOnly_.size());
+    showCell(kCaptionColumn, {.readOnly = true, .enabled = false},
+             QCoreApplication::translate("ovsettings", caption_.c_str()));
+    if (fields.colorColumn == kTextColumn) {
+        int none = kClosed;
+        readColor(kColorColumn, none, kNone);
+        readColor(kTextColumn, color_, fields.color);
+    } else {
+        readColor(kColorColumn, color_, fields.color);
+        readColor(kTextColumn, textColor_, fields.textColor);
+    }
+    readName(kFillColumn, fill_, fillNames_, fields.fillOrFont);
+    readName(kFontColumn, font_, fontNames_, fields.fillOrFont);
+    readName(kLineColumn, line_, lineNames_, fields.line);
+    readWidth(fields.width);
+}
+
+bool CMappingRow::opens(int column, int& value, std::size_t field) {
+    if (value != kClosed && field < values_.size())
+        return true;
+    value = kClosed;
+    showCell(column, {.readOnly = true, .enabled = false, .interior = grid_.closedInterior()}, {});
+    return false;
+}
+
+void CMappingRow::showCell(int column, GridCellStyle style, const QString& text) {
+    grid_.setCellStyle(row_, column, style);
+    grid_.setCellText(row_, column, text);
+}
+
+void CMappingRow::showField(int column, GridCellStyle style, std::size_t field, const QString& text) {
+    if (isLocked(field)) {
+        if (style.kind == GridCellKind::dropDown)
+            style.kind = GridCellKind::text;
+        style.readOnly = style.greyed = true;
+        style.interior = grid_.closedInterior();
+        style.toolTip = lockToolTip(*configuration_, key_, field);
+    }
+    showCell(column, style, text);
+}
+
+void CMappingRow::readColor(int column, int& color, std::size_t field) {
+    if (!opens(column, color, field))
+        return;
+    color = Orv::colourFromText(values_[field]);
+    showField(column, {.kind = GridCellKind::colour}, field, QString::number(color));
+}
+
+void CMappingRow::readName(int column, int& index, Names& names, std::size_t field) {
+    if (!opens(column, index, field))
+        return;
+    const QStringList choices = choicesOf(names);
+    index = Orv::integerFromText(values_[field]);
+    // An index without a name gets an empty one, and so is stored again as it was.
+    const std::string& name = names[index];
+    showField(column, {.kind = GridCellKind::dropDown, .choices = choices}, field, toQString(name));
+}
+
+void CMappingRow::readWidth(std::size_t field) {
+    if (!opens(kWidthColumn, width_, field))
+        return;
+    width_ = Orv::integerFromText(values_[field]);
+    showField(kWidthColumn, {.limits = CEditGrid::limits()}, field, QString::number(width_));
+}
+
+QString CMappingRow::cellText(int column) const {
+    return grid_.cellText(row_, column);
+}
+
+int CMappingRow::indexOfName(const Names& names, int column, int index) const {
+    if (index == kClosed)
+        return kClosed;
+    const std::string shown = toUtf8(cellText(column));
+    const auto found = std::ranges::find(names, shown, &Names::value_type::second);
+    return found == names.end() ? 0 : found->first;
+}
+
+bool CMappingRow::isLocked(std::size_t field) const {
+    return field < readOnly_.size() && readOnly_[field];
+}
+
+void CMappingRow::storeField(std::size_t field, int number) {
+    Orv::setValueAt(*configuration_, field, key_, Orv::integerToText(number));
+}
+
+void CMappingRow::storeColor(std::size_t field, int color) {
+    Orv::setValueAt(*configuration_, field, key_, Orv::colourToShortText(color));
+}
+
+void CMappingRow::storeFontOrFill(std::size_t field) {
+    storeField(field, getFont() != kClosed ? getFont() : getFill());
+}
+
+void CMappingRow::showColor(int column, int color) {
+    grid_.setCellText(row_, column, QString::number(color));
+}
+
+void CMappingRow::takeSchemaColors(const MappingFields& fields, const std::string& color,
+                                   const std::string& text) {
+    if (color_ != kClosed && !isLocked(fields.color))
+        CMappingRow::setColor(Orv::colourFromText(color));
+    if (textColor_ != kClosed && !isLocked(fields.textColor))
+        CMappingRow::setTextColor(Orv::colourFromText(text));
+}
+
+void CMappingRowLayer::store() {
+    storeColor(kLayerFields.color, getColor());
+    if (getFont() != kClosed || getFill() != kClosed)
+        storeFontOrFill(kLayerFields.fillOrFont);
+    if (getLine() != kClosed)
+        storeField(kLayerFields.line, getLine());
+    else if (getFont() != kClosed)
+        storeField(kLayerFontField, getFont());
+}
+
+void CMappingRowLayer::applySchema(const std::string& color, const std::string& text) {
+    takeSchemaColors(kLayerFields, color, text);
+}
+
+std::string CMappingRowLayer::getSchemaKey() const {
+    return caption() + "_LAYER";
+}
+
+void CMappingRowLayer::read() {
+    readCells(kLayerFields);
+}
+
+CMappingTextLayer::CMappingTextLayer(CMappingGrid& grid, int row, std::string caption, std::string key,
+                                     const MappingValues& values)
+    : CMappingRow(grid, row, std::move(caption), std::move(key), withColorOfText(values)) {
+}
+
+void CMappingTextLayer::store() {
+    storeColor(kTextFields.color, getColor());
+    storeFontOrFill(kTextFields.fillOrFont);
+    if (getLine() != kClosed)
+        storeField(kTextFields.line, getLine());
+    else if (getFont() != kClosed)
+        storeField(kTextFields.line, getFont());
+}
+
+void CMappingTextLayer::applySchema(const std::string&, const std::string& text) {
+    if (color_ != kClosed && !isLocked(kTextFields.color))
+        setColor(Orv::colourFromText(text));
+}
+
+void CMappingTextLayer::setColor(int color) {
+    color_ = color;
+    showColor(kTextColumn, color);
+}
+
+void CMappingTextLayer::setTextColor(int color) {
+    setColor(color);
+}
+
+int CMappingTextLayer::getTextColor() const {
+    return getColor();
+}
+
+void CMappingTextLayer::read() {
+    readCells(kTextFields);
+}
+
+CMappingICTObject::CMappingICTObject(CMappingGrid& grid, int row, std::string caption, std::string name,
+                                     int startingColor)
+    : CMappingRow(grid, row, std::move(caption), "ICT" + name, ictValues(startingColor)),
+      name_(std::move(name)) {
+}
+
+void CMappingICTObject::store() {
+    int color = 0, textColor = 0;
+    if (!configuration().getIctColors(name_, color, textColor))
+        return;
+    // The typed operation does not look at locks; the colours of locked fields never change here.
+    configuration().setIctColors(name_, getColor() == kClosed ? color : getColor(),
+                                 getTextColor() == kClosed ? textColor : getTextColor());
+}
+
+void CMappingICTObject::applySchema(const std::string& color, const std::string& text) {
+    takeSchemaColors(kIctFields, color, text);
+}
+
+void CMappingICTObject::read() {
+    if (Orv::iAppConfiguration::kindOf(key()) != Orv::iAppConfiguration::KindIctObject)
+        assert(false);
+    readCells(kIctFields);
+}
+
+} // namespace ovsettings

@@ -1,0 +1,307 @@
+#include "details/pages/display/objectcolordialog.h"
+
+#include "details/appcfg/appcfg.h"
+#include "details/appcfg/colours.h"
+#include "details/pages/display/icepreview.h"
+#include "details/pages/display/mappinggrid.h"
+#include "details/pages/display/objectschema.h"
+#include "details/pages/display/ovpreview.h"
+#include "details/platform/environment.h"
+#include "details/platform/paths.h"
+#include "details/shell/propfile.h"
+#include "details/widgets/messagebox.h"
+#include "details/widgets/ownerdrawbutton.h"
+#include "details/widgets/stringconversion.h"
+#include "orv/appconfiguration.h"
+#include "ui_objectcolordialog.h"
+
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QFileDialog>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr unsigned kTemplate = 148;
+constexpr const char* kRecentSchemes = "MRU_SCHEMA";
+
+constexpr const char* kSchematicMode = "OV";
+constexpr const char* kIctMode = "ICT";
+constexpr const char* kSchematicPreview = "ORV";
+constexpr const char* kIctPreview = "ICT";
+constexpr const char* kSchematicSection = "schematic";
+constexpr const char* kIctSection = "ict";
+
+/// A column that a row has; the configuration gives the value.
+constexpr int kOpen = 0;
+
+using AddRow = void (CMappingGrid::*)(const std::string& caption, const std::string& key,
+                                      const MappingValues& values);
+
+struct SchematicRow {
+    const char* key;
+    const char* caption;
+    AddRow add;
+    MappingValues values;
+};
+
+constexpr MappingValues kColor{.color = kOpen};
+constexpr MappingValues kShape{.color = kOpen, .fill = kOpen, .line = kOpen};
+constexpr MappingValues kStroke{.color = kOpen, .fill = kOpen, .line = kOpen, .width = kOpen};
+constexpr MappingValues kText{.textColor = kOpen, .font = kOpen};
+constexpr MappingValues kAttribute{.color = kOpen, .font = kOpen};
+
+constexpr AddRow kObject = &CMappingGrid::addRow;
+constexpr AddRow kLayer = &CMappingGrid::addLayerRow;
+constexpr AddRow kTextLayer = &CMappingGrid::addTextRow;
+
+constexpr SchematicRow kSchematicRows[] = {
+    {"ANNOTATION_LAYER", QT_TRANSLATE_NOOP("ovsettings", "Annotation"), kLayer, kColor},
+    {"ARC", QT_TRANSLATE_NOOP("ovsettings", "Arc"), kObject, kShape},
+    {"BACKGROUND_LAYER", QT_TRANSLATE_NOOP("ovsettings", "Background"), kLayer, kColor},
+    {"BORDER_LAYER", QT_TRANSLATE_NOOP("ovsettings", "Border"), kLayer, kColor},
+    {"BOX", QT_TRANSLATE_NOOP("ovsettings", "Box"), kObject, kShape},
+    {"BUS", QT_TRANSLATE_NOOP("ovsettings", "Bus"), kObject, kStroke},
+    {"CIRCLE", QT_TRANSLATE_NOOP("ovsettings", "Circle"), kObject, kShape},
+    {"COMPONENT", QT_TRANSLATE_NOOP("ovsettings", "Component"), kObject, kShape},
+    {"GRID_LAYER", QT_TRANSLATE_NOOP("ovsettings", "Grid"), kLayer, kColor},
+    {"HIGHLIGHT_LAYER", QT_TRANSLATE_NOOP("ovsettings", "Highlight"), kLayer, kShape},
+    {"LINE", QT_TRANSLATE_NOOP("ovsettings", "Line"), kObject, kStroke},
+    {"LABEL", QT_TRANSLATE_NOOP("ovsettings", "Name"), kTextLayer, kText},
+    {"NET", QT_TRANSLATE_NOOP("ovsettings", "Net"), kObject, kStroke},
+    {"PIN", QT_TRANSLATE_NOOP("ovsettings", "Pin"), kObject, kShape},
+    {"ATTRIBUTE", QT_TRANSLATE_NOOP("ovsettings", "Property"), kObject, kAttribute},
+    {"SELECTION_LAYER", QT_TRANSLATE_NOOP("ovsettings", "Selection"), kLayer, kColor},
+    {"TEXT", QT_TRANSLATE_NOOP("ovsettings", "Text"), kTextLayer, kText},
+    {"UNPLACEDCOMPONENT_LAYER", QT_TRANSLATE_NOOP("ovsettings", "Unplaced component"), kLayer, kColor},
+};
+
+struct IctRow {
+    const char* key;
+    const char* caption;
+    int startingColor; ///< packed, red in the low byte
+};
+
+constexpr IctRow kIctRows[] = {
+    {"COMPONENT", QT_TRANSLATE_NOOP("ovsettings", "Block"), 0x80B0E0},
+    {"BUS", QT_TRANSLATE_NOOP("ovsettings", "Bus"), 0x0060C0},
+    {"DIFFPAIR", QT_TRANSLATE_NOOP("ovsettings", "Diff Pair"), 0xE02020},
+    {"FUB", QT_TRANSLATE_NOOP("ovsettings", "Editable Block"), 0x80B0E0},
+    {"EDITCELL", QT_TRANSLATE_NOOP("ovsettings", "Editable Cell"), 0xE0E0E0},
+    {"FPGA", QT_TRANSLATE_NOOP("ovsettings", "FPGA"), 0x80B0E0},
+    {"NETS", QT_TRANSLATE_NOOP("ovsettings", "Global Net"), 0xE02020},
+    {"GROUP", QT_TRANSLATE_NOOP("ovsettings", "Group"), 0x0040C0},
+    {"HIGHLIGHT_LAYER", QT_TRANSLATE_NOOP("ovsettings", "Highlight"), 0xFF00FF},
+    {"INVALIDCELL", QT_TRANSLATE_NOOP("ovsettings", "Invalid Cell"), 0xB0B0B0},
+    {"NET", QT_TRANSLATE_NOOP("ovsettings", "Net"), 0xE02020},
+    {"PIN", QT_TRANSLATE_NOOP("ovsettings", "Pin"), 0x80B0E0},
+    {"PORT", QT_TRANSLATE_NOOP("ovsettings", "Port"), 0x0040C0},
+    {"SYMBOL", QT_TRANSLATE_NOOP("ovsettings", "Symbol"), 0x80B0E0},
+    {"BLOCK", QT_TRANSLATE_NOOP("ovsettings", "View"), 0x0060C0},
+};
+
+/// A file dialog for schemes. It has another default extension than the files have, and that is meant.
+class SchemeFileDialog : public QFileDialog {
+public:
+    SchemeFileDialog(QWidget* parent, const QString& title, AcceptMode mode)
+        : QFileDialog(parent, title, QString(),
+                      toQString(toolkitFilter("Orvane Color Schema (*.ovc)|*.ovc|All Files (*.*)|*.*||"))) {
+        setOption(DontUseNativeDialog);
+        setFileMode(AnyFile);
+        setAcceptMode(mode);
+        setDefaultSuffix(QStringLiteral("lmc"));
+    }
+
+    /// The chosen path; empty if there is none.
+    std::string choose() { return exec() == Accepted ? toUtf8(selectedFiles().value(0)) : std::string(); }
+};
+
+std::string firstRecentScheme(const Orv::iAppConfiguration& appConfig) {
+    std::string first;
+    Orv::getValue(appConfig, kRecentSchemes, first);
+    return platform::platformPath(first);
+}
+
+void addRecentScheme(Orv::iAppConfiguration& appConfig, const std::string& path) {
+    // At the end, and again if it is there already: that is meant, although the front is what is looked at.
+    std::vector<std::string> recent;
+    Orv::getValues(appConfig, kRecentSchemes, recent);
+    recent.push_back(path);
+    Orv::setValues(appConfig, kRecentSchemes, recent);
+}
+
+void applySection(const CObjectSchema& schema, std::string_view section, const CMappingGrid& grid) {
+    for (int number = 1; number <= grid.mappingRowCount(); ++number) {
+        CMappingRow& row = *grid.mappingRow(number);
+        if (const CObjectSchemaItem* item = schema.item(section, schemaItemName(row.caption())))
+            row.applySchema(item->color, item->text);
+    }
+}
+
+void addSection(CObjectSchema& schema, const std::string& section, const CMappingGrid& grid) {
+    for (int number = 1; number <= grid.mappingRowCount(); ++number) {
+        const CMappingRow& row = *grid.mappingRow(number);
+        schema.addItem(section, {schemaItemName(row.caption()), Orv::colourToShortText(row.getColor()),
+                                 Orv::colourToShortText(row.getTextColor())});
+    }
+}
+
+} // namespace
+
+CObjectColorDialog::CObjectColorDialog(QWidget* parent)
+    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CObjectColorDialog>()) {
+    name = "Objects";
+    helpTopic = "OV_SETUP_SETTINGS_DISPLAY_OBJECTS";
+    helpBook = "orvane_ref";
+}
+
+CObjectColorDialog::~CObjectColorDialog() = default;
+
+void CObjectColorDialog::setAppConfiguration(Orv::iAppConfiguration* appConfig) {
+    appConfig_ = appConfig;
+}
+
+/// A leftover, kept as it stands: nothing in normal use sends a message of that code.
+bool CObjectColorDialog::PreTranslateMessage(QKeyEvent* event) {
+    constexpr int kTestMessage = QEvent::User + 7;
+    if (event->type() == kTestMessage)
+        showMessage(this, QStringLiteral("test"));
+    return false;
+}
+
+bool CObjectColorDialog::buildTemplate() {
+    ui_->setupUi(this);
+    ui_->ictGrid->hide();
+    return true;
+}
+
+bool CObjectColorDialog::OnInitDialog() {
+    if (!appConfig_)
+        return false;
+    registerGrid(kSchematicMode, *ui_->schematicGrid);
+    for (const SchematicRow& row : kSchematicRows)
+        (ui_->schematicGrid->*row.add)(row.caption, row.key, row.values);
+    registerGrid(kIctMode, *ui_->ictGrid);
+    for (const IctRow& row : kIctRows)
+        ui_->ictGrid->addIctRow(row.caption, row.key, row.startingColor);
+
+    previews_[kSchematicPreview] = std::make_unique<COvPreview>(*this);
+    previews_[kIctPreview] = std::make_unique<CICEPreview>(*this);
+    ui_->preview->setDrawing([this](const DrawItem& item) { currentPreview_->draw(item); });
+    changeMode();
+    connect(ui_->schematic, &QRadioButton::toggled, this, &CObjectColorDialog::changeMode);
+    connect(ui_->loadScheme, &QPushButton::clicked, this, &CObjectColorDialog::loadScheme);
+    connect(ui_->saveScheme, &QPushButton::clicked, this, &CObjectColorDialog::saveScheme);
+    return true;
+}
+
+CMappingGrid* CObjectColorDialog::grid(std::string_view mode) const {
+    const auto grid = grids_.find(mode);
+    return grid == grids_.end() ? nullptr : grid->second;
+}
+
+void CObjectColorDialog::registerGrid(const std::string& mode, CMappingGrid& grid) {
+    grid.setAppConfiguration(appConfig_);
+    grid.setMode(mode);
+    grid.setPreview(ui_->preview);
+    grid.init();
+    currentGrid_ = grids_[mode] = &grid;
+}
+
+void CObjectColorDialog::changeMode() {
+    const bool isIct = !ui_->schematic->isChecked();
+    currentPreview_ = previews_[isIct ? kIctPreview : kSchematicPreview].get();
+    currentGrid_ = grid(isIct ? kIctMode : kSchematicMode);
+    for (const auto& [mode, grid] : grids_)
+        grid->setVisible(grid == currentGrid_);
+    ui_->preview->setAccessibleDescription(isIct ? tr("A sample of an interconnectivity table")
+                                                 : tr("A sample of a schematic"));
+    ui_->preview->repaint();
+}
+
+bool CObjectColorDialog::onOk() {
+    return onApply();
+}
+
+bool CObjectColorDialog::onApply() {
+    for (const char* mode : {kSchematicMode, kIctMode}) {
+        if (CMappingGrid* written = grid(mode))
+            written->store();
+    }
+    return true;
+}
+
+bool CObjectColorDialog::onLeave() {
+    return validate();
+}
+
+bool CObjectColorDialog::isValid() {
+    return validate();
+}
+
+bool CObjectColorDialog::validate() {
+    bool valid = true;
+    for (const char* mode : {kSchematicMode, kIctMode}) {
+        CMappingGrid* checked = grid(mode);
+        if (!checked || checked->validate())
+            continue;
+        valid = false;
+        (checked == ui_->ictGrid ? ui_->ict : ui_->schematic)->setChecked(true);
+    }
+    return valid;
+}
+
+bool CObjectColorDialog::storeGrids() {
+    // A text that its cell refuses is not stored, and there is no scheme without it.
+    for (const auto& [mode, grid] : grids_) {
+        if (!grid->endEdit())
+            return false;
+    }
+    return onApply();
+}
+
+void CObjectColorDialog::loadScheme() {
+    if (!storeGrids())
+        return;
+    SchemeFileDialog dialog(window(), tr("Load Schema File"), QFileDialog::AcceptOpen);
+    if (const std::string recent = firstRecentScheme(*appConfig_); !recent.empty())
+        dialog.selectFile(toQString(recent));
+    else
+        dialog.setDirectory(toQString(platform::environmentVariable("RSR_HOME").value_or("") + "/standard"));
+    const std::string path = dialog.choose();
+    if (path.empty())
+        return;
+
+    CObjectSchema schema([this](const std::string& text) { showMessage(this, toQString(text)); });
+    if (!schema.read(path)) {
+        if (!schema.error().empty())
+            showMessage(this, toQString(schema.error()));
+        return;
+    }
+    applySection(schema, kSchematicSection, *grid(kSchematicMode));
+    applySection(schema, kIctSection, *grid(kIctMode));
+    ui_->preview->repaint();
+}
+
+void CObjectColorDialog::saveScheme() {
+    if (!storeGrids())
+        return;
+    SchemeFileDialog dialog(window(), tr("Save Schema File"), QFileDialog::AcceptSave);
+    if (const std::string recent = firstRecentScheme(*appConfig_); !recent.empty())
+        dialog.selectFile(toQString(recent));
+    const std::string path = dialog.choose();
+    if (path.empty())
+        return;
+
+    CObjectSchema schema;
+    addSection(schema, kSchematicMode, *grid(kSchematicMode));
+    addSection(schema, kIctMode, *grid(kIctMode));
+    if (const auto failure = schema.write(path)) {
+        showMessage(this, tr("%1 is not saved.\n%2").arg(toQString(path), toQString(failure->text())));
+        return;
+    }
+    addRecentScheme(*appConfig_, path);
+    appConfig_->save(); // at once: the file is there, whatever becomes of the dialog
+}
+
+} // namespace ovsettings

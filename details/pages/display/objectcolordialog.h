@@ -1,0 +1,59 @@
+#pragma once
+
+#include "ovsettings/propdialogtemplate.h"
+
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace ovsettings {
+
+class CMappingGrid;
+class IPreview;
+
+namespace Ui {
+class CObjectColorDialog;
+}
+
+/// The page "Objects": how each kind of object of a schematic, and of an interconnectivity table (ICT), is
+/// drawn, with a sample of each; and the files of colour schemes.
+class CObjectColorDialog : public CPropDialogTemplateEx {
+    Q_OBJECT
+
+public:
+    explicit CObjectColorDialog(QWidget* parent);
+    ~CObjectColorDialog() override;
+
+    void setAppConfiguration(Orv::iAppConfiguration* appConfig) override;
+    bool PreTranslateMessage(QKeyEvent* event) override;
+    bool buildTemplate() override;
+    bool OnInitDialog() override;
+    bool onOk() override;
+    bool onApply() override;
+    bool onLeave() override;
+    bool isValid() override;
+
+    /// The grid of a mode, "OV" or "ICT"; null if there is none.
+    CMappingGrid* grid(std::string_view mode) const;
+
+private:
+    void registerGrid(const std::string& mode, CMappingGrid& grid);
+    void changeMode();
+    bool validate();
+    /// @return false, with nothing stored, if an edit in progress is refused.
+    bool storeGrids();
+    void loadScheme();
+    void saveScheme();
+
+    std::unique_ptr<Ui::CObjectColorDialog> ui_;
+    Orv::iAppConfiguration* appConfig_ = nullptr;
+    // The two know the mode of schematics by different words, "OV" and "ORV"; that is meant.
+    std::map<std::string, CMappingGrid*, std::less<>> grids_;
+    std::map<std::string, std::unique_ptr<IPreview>, std::less<>> previews_;
+    /// The grid that was registered or selected last.
+    CMappingGrid* currentGrid_ = nullptr;
+    IPreview* currentPreview_ = nullptr;
+};
+
+} // namespace ovsettings

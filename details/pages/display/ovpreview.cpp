@@ -1,0 +1,39 @@
+#include "details/pages/display/ovpreview.h"
+
+#include "details/pages/display/mappinggrid.h"
+#include "details/pages/display/mappingrow.h"
+#include "details/pages/display/objectcolordialog.h"
+#include "details/pages/display/sampleschematic.h"
+#include "details/widgets/gdipainter.h"
+#include "details/widgets/ownerdrawbutton.h"
+
+#include <string_view>
+
+namespace ovsettings {
+
+COvPreview::COvPreview(const CObjectColorDialog& page) : page_(page) {
+}
+
+void COvPreview::draw(const DrawItem& item) {
+    const CMappingGrid* grid = page_.grid("OV");
+    if (item.action != DrawAction::entire || !grid)
+        return;
+    const auto colourOf = [grid](std::string_view key) {
+        const CMappingRow* row = grid->rowOfKey(key);
+        return toQColor(row ? row->getColor() : 0);
+    };
+    paintSampleSchematic(item, {
+                                   .background = colourOf("BACKGROUND_LAYER"),
+                                   .border = colourOf("BORDER_LAYER"),
+                                   .box = colourOf("BOX"),
+                                   .pin = colourOf("PIN"),
+                                   .net = colourOf("NET"),
+                                   .label = colourOf("LABEL"),
+                                   .attribute = colourOf("ATTRIBUTE"),
+                                   .text = colourOf("TEXT"),
+                                   .circle = colourOf("CIRCLE"),
+                                   .grid = colourOf("GRID_LAYER"),
+                               });
+}
+
+} // namespace ovsettings

@@ -1,0 +1,143 @@
+#include "details/pages/project/centrallibrarydialog.h"
+
+#include "details/pages/project/projectfilefields.h"
+#include "details/pages/project/projectpaths.h"
+#include "details/platform/paths.h"
+#include "details/widgets/stringconversion.h"
+#include "orv/projectfiledata.h"
+#include "suite/checkcl.h"
+#include "suite/locationmap.h"
+#include "ui_centrallibrarydialog.h"
+
+#include <array>
+#include <filesystem>
+#include <system_error>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr unsigned kTemplate = 134;
+constexpr char kLibraryKey[] = "CentralLibrary";
+constexpr FileChooserTexts kLibraryChooser = {
+    QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields", "Central Library"),
+    QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields", "Central Library (*.lmc)|*.lmc|All Files (*.*)|*.*||"),
+    "*.lmc"};
+
+std::string withoutOuterBlanks(const std::string& text) {
+    constexpr char kBlanks[] = " \t";
+    const auto begin = text.find_first_not_of(kBlanks);
+    if (begin == std::string::npos)
+        return {};
+    return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
+}
+
+} // namespace
+
+struct CCentralLibraryDialog::Fields {
+    Fields(Orv::CProjectConfiguration& project, const Ui::CCentralLibraryDialog& ui)
+        : library(*ui.library, *ui.browseLibrary, kLibraryChooser, projectDirectory(project)),
+          files(project, {*ui.specialComponents, *ui.browseSpecialComponents},
+                {*ui.borderSymbols, *ui.browseBorderSymbols}, {*ui.busContents, *ui.browseBusContents}),
+          server(project, *ui.useServer, *ui.server) {}
+
+    ProjectFileField library;
+    ProjectFileFields files;
+    ServerFields server;
+    /// In the order in which they are compared.
+    std::array<ProjectFileField*, 4> guarded = {&library, &files[ProjectFile::specialComponents],
+                                                &files[ProjectFile::borderSymbols],
+                                                &files[ProjectFile::busContents]};
+};
+
+CCentralLibraryDialog::CCentralLibraryDialog(QWidget* parent)
+    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CCentralLibraryDialog>()) {
+    name = "Design";
+    helpTopic = "OV_SETUP_SETTINGS_PROJECT";
+    helpBook = "orvane_ref";
+}
+
+CCentralLibraryDialog::~CCentralLibraryDialog() = default;
+
+void CCentralLibraryDialog::setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) {
+    projectConfig_ = projectConfig;
+}
+
+bool CCentralLibraryDialog::buildTemplate() {
+    ui_->setupUi(this);
+    return true;
+}
+
+bool CCentralLibraryDialog::OnInitDialog() {
+    if (!hasProject(projectConfig_))
+        return false;
+    fields_ = std::make_unique<Fields>(*projectConfig_, *ui_);
+    fields_->library.load(projectConfig_->projectFile->GetValue(kDesignInfo, kLibraryKey));
+    fields_->files.load();
+    fields_->server.load();
+    return true;
+}
+
+bool CCentralLibraryDialog::onOk() {
+    return onApply();
+}
+
+/// What was written before a refused server name stays written. That is meant.
+bool CCentralLibraryDialog::onApply() {
+    if (!fields_)
+        return true;
+    if (!fields_->files.check(*this, Refused::file) || !checkLibraryVersion())
+        return false;
+    for (const ProjectFile file :
+         {ProjectFile::specialComponents, ProjectFile::borderSymbols, ProjectFile::busContents}) {
+        if (fields_->files[file].differsFromLoaded())
+            fields_->files.store(file);
+    }
+    if (!fields_->server.store(*this))
+        return false;
+    if (fields_->library.differsFromLoaded()) {
+        const std::string path = fields_->library.text();
+        projectConfig_->projectFile->SetCentralLibraryPath(path);
+        projectConfig_->projectFile->SetValue(kDesignInfo, kLibraryKey, path);
+        fields_->library.keepAsLoaded(projectConfig_->projectFile->GetValue(kDesignInfo, kLibraryKey));
+    }
+    return true;
+}
+
+bool CCentralLibraryDialog::onEnter() {
+    if (fields_) {
+        for (ProjectFileField* field : fields_->guarded)
+            field->takeSnapshot();
+    }
+    return true;
+}
+
+bool CCentralLibraryDialog::onLeave() {
+    if (!fields_)
+        return true;
+    if (!fields_->files.check(*this, Refused::location) || !checkLibraryVersion())
+        return false;
+    return mayLeave(*this, fields_->guarded, [this] { return onApply(); });
+}
+
+/// A library that does not exist passes: only one of an old release is refused.
+bool CCentralLibraryDialog::checkLibraryVersion() {
+    std::string path = withoutOuterBlanks(fields_->library.text());
+    InitLocationMap(projectConfig_->projectFile->GetFilePath().c_str(), 0);
+    path = hardNameOf(path);
+    const auto existing = platform::resolveExisting(path);
+    std::error_code unreachable;
+    if (path.empty() || !existing || !std::filesystem::is_regular_file(*existing, unreachable) ||
+        NOrvUtils::COrvCheckCL::CheckCLFlowVersion(*existing))
+        return true;
+    refuse(
+        *this, *ui_->library,
+        tr("The selected Central Library has not been updated to the current release\n"
+           "and cannot be used to create a new design. Select a different Central Library or update\n"
+           "the specified Central Library by opening it in Library Manager in Standalone mode or use the \n"
+           "Update Central Library utility before continuing. Once the library has been updated,\n"
+           "it can be selected as a Central Library for new projects."));
+    return false;
+}
+
+} // namespace ovsettings

@@ -1,0 +1,80 @@
+#include "details/pages/project/netnamedelimiter.h"
+
+#include "details/widgets/radiobutton.h"
+#include "orv/projectconfiguration.h"
+#include "orv/projectfiledata.h"
+#include "ui_netnamedelimiter.h"
+
+#include <array>
+#include <string>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr unsigned kTemplate = 176;
+
+struct Delimiter {
+    QRadioButton* Ui::CNetNameDelimiter::*button;
+    const char* stored;
+};
+
+constexpr std::array kDelimiters{
+    Delimiter{&Ui::CNetNameDelimiter::none, ""},
+    Delimiter{&Ui::CNetNameDelimiter::roundBrackets, "()"},
+    Delimiter{&Ui::CNetNameDelimiter::squareBrackets, "[]"},
+};
+
+} // namespace
+
+CNetNameDelimiter::CNetNameDelimiter(QWidget* parent)
+    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CNetNameDelimiter>()) {
+    name = "NetNameDelimiter";
+    helpTopic = "OV_SETUP_SETTINGS_PROJECT";
+    helpBook = "orvane_ref";
+}
+
+CNetNameDelimiter::~CNetNameDelimiter() = default;
+
+void CNetNameDelimiter::setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) {
+    projectConfig_ = projectConfig;
+}
+
+bool CNetNameDelimiter::buildTemplate() {
+    ui_->setupUi(this);
+    return true;
+}
+
+bool CNetNameDelimiter::OnInitDialog() {
+    if (projectConfig_ && projectConfig_->projectFile) {
+        const std::string stored = projectConfig_->projectFile->GetNetNameDelimiter();
+        for (std::size_t index = 0; index < kDelimiters.size(); ++index) {
+            if (stored == kDelimiters[index].stored)
+                chosen_ = loaded_ = index;
+        }
+    }
+    checkRadioButton(*(ui_.get()->*kDelimiters[chosen_].button));
+    for (const Delimiter& delimiter : kDelimiters)
+        connect(ui_.get()->*delimiter.button, &QRadioButton::toggled, this, &CNetNameDelimiter::readButtons);
+    return true;
+}
+
+bool CNetNameDelimiter::onOk() {
+    return onApply();
+}
+
+/// Compared with what was loaded, also after an Apply has stored something else; this is meant.
+bool CNetNameDelimiter::onApply() {
+    if (chosen_ != loaded_ && projectConfig_ && projectConfig_->projectFile)
+        projectConfig_->projectFile->SetNetNameDelimiter(kDelimiters[chosen_].stored);
+    return true;
+}
+
+void CNetNameDelimiter::readButtons() {
+    for (std::size_t index = 0; index < kDelimiters.size(); ++index) {
+        if ((ui_.get()->*kDelimiters[index].button)->isChecked())
+            chosen_ = index;
+    }
+}
+
+} // namespace ovsettings

@@ -1,0 +1,87 @@
+#include "details/pages/project/partbookdialog.h"
+
+#include "details/shell/propfile.h"
+#include "details/shell/stringtable.h"
+#include "details/widgets/stringconversion.h"
+#include "orv/projectconfiguration.h"
+#include "orv/projectfiledata.h"
+#include "ui_partbookdialog.h"
+
+#include <QtWidgets/QFileDialog>
+
+#include <string>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr unsigned kTemplate = 177;
+constexpr unsigned kFileFilter = 5000;
+constexpr char kSection[] = "DesignInfo";
+constexpr char kKey[] = "DBCFile";
+
+QString fileFilter() {
+    auto filter = loadString(kFileFilter, userLanguageId());
+    if (!filter)
+        filter = loadString(kFileFilter, kEnglish);
+    return toQString(toolkitFilter(filter.value_or("")));
+}
+
+} // namespace
+
+CPartBookDialog::CPartBookDialog(QWidget* parent)
+    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CPartBookDialog>()) {
+    name = "PartBook";
+    helpTopic = "OV_SETUP_SETTINGS_PROJECT";
+    helpBook = "orvane_ref";
+}
+
+CPartBookDialog::~CPartBookDialog() = default;
+
+void CPartBookDialog::setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) {
+    projectConfig_ = projectConfig;
+}
+
+bool CPartBookDialog::buildTemplate() {
+    ui_->setupUi(this);
+    return true;
+}
+
+bool CPartBookDialog::OnInitDialog() {
+    connect(ui_->browse, &QToolButton::clicked, this, &CPartBookDialog::browse);
+    if (hasProject())
+        ui_->file->setText(toQString(projectConfig_->projectFile->GetValue(kSection, kKey)));
+    shown_ = ui_->file->text();
+    return true;
+}
+
+bool CPartBookDialog::onOk() {
+    return onApply();
+}
+
+bool CPartBookDialog::onApply() {
+    if (!isModified())
+        return true;
+    projectConfig_->projectFile->SetValue(kSection, kKey, toUtf8(ui_->file->text()));
+    shown_ = ui_->file->text();
+    return true;
+}
+
+bool CPartBookDialog::isModified() const {
+    return hasProject() && ui_->file->text() != shown_;
+}
+
+/// True once there is a field to show and a project to show it from.
+bool CPartBookDialog::hasProject() const {
+    return ui_->file && projectConfig_ && projectConfig_->projectFile;
+}
+
+void CPartBookDialog::browse() {
+    QFileDialog dialog(window(), tr("OvPartBook configuration file"), QString(), fileFilter());
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setDefaultSuffix(QStringLiteral("dbc"));
+    if (dialog.exec() == QDialog::Accepted)
+        ui_->file->setText(dialog.selectedFiles().value(0));
+}
+
+} // namespace ovsettings

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "ovsettings/propdialogtemplate.h"
+
+#include <QtCore/QString>
+
+#include <memory>
+
+namespace ovsettings {
+
+namespace Ui {
+class CPartBookDialog;
+}
+
+/// The page "OvPartBook": the user configuration file of the add-in of that name.
+class CPartBookDialog : public CPropDialogTemplateEx {
+    Q_OBJECT
+
+public:
+    explicit CPartBookDialog(QWidget* parent);
+    ~CPartBookDialog() override;
+
+    void setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) override;
+    bool buildTemplate() override;
+    bool OnInitDialog() override;
+    bool onOk() override;
+    bool onApply() override;
+    bool isModified() const override;
+
+private:
+    bool hasProject() const;
+    void browse();
+
+    std::unique_ptr<Ui::CPartBookDialog> ui_;
+    Orv::CProjectConfiguration* projectConfig_ = nullptr;
+    QString shown_; ///< the text as it was last loaded or stored
+};
+
+} // namespace ovsettings

@@ -1,0 +1,105 @@
+#include "details/pages/project/pcbdialog.h"
+
+#include "details/platform/paths.h"
+#include "details/shell/propfile.h"
+#include "ui_pcbdialog.h"
+
+#include <algorithm>
+#include <array>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr unsigned kTemplate = 133;
+
+struct FileField {
+    QLineEdit* Ui::CPCBDialog::*edit;
+    QToolButton* Ui::CPCBDialog::*browse;
+    const char* title;
+    const char* defaultName;
+    const char* initialDirectory;
+};
+
+// "Configuratoin" is meant: the chooser has always been called so.
+constexpr std::array kFileFields{
+    FileField{&Ui::CPCBDialog::projectFile, &Ui::CPCBDialog::browseProjectFile, "Project File", ".prj",
+              "c:\\"},
+    FileField{&Ui::CPCBDialog::layoutTemplate, &Ui::CPCBDialog::browseLayoutTemplate, "LayoutTemplate",
+              ".tpl", "c:\\"},
+    FileField{&Ui::CPCBDialog::configurationFile, &Ui::CPCBDialog::browseConfigurationFile,
+              "Configuratoin file", ".cnf", "c:\\"},
+};
+
+const CFileValidator kExistingBareName(CFileValidator::existingBareName);
+
+/// A file name field that may be left empty, as it is at first and after a refused choice.
+class COptionalPropFile : public CPropFile {
+public:
+    explicit COptionalPropFile(QLineEdit& edit) : CPropFile(edit), edit_(edit) {
+        setValidator(&kExistingBareName);
+    }
+
+    bool isValid() const override { return edit_.text().isEmpty() || CPropFile::isValid(); }
+
+    /// A refused name leads to its field.
+    bool checkField() override {
+        if (edit_.text().isEmpty() || CPropFile::checkField())
+            return true;
+        edit_.setFocus();
+        edit_.selectAll();
+        return false;
+    }
+
+private:
+    QLineEdit& edit_;
+};
+
+/// A directory that this machine does not have would be taken for a file name.
+std::string existingDirectory(const std::string& directory) {
+    return platform::isDirectory(platform::platformPath(directory)) ? directory : std::string();
+}
+
+void browse(CPropFile& file, const FileField& field) {
+    file.setTitle(field.title);
+    file.setFilter(field.defaultName);
+    file.setDefaultSuffix(field.defaultName);
+    file.setInitialDirectory(existingDirectory(field.initialDirectory));
+    file.browse();
+}
+
+} // namespace
+
+CPCBDialog::CPCBDialog(QWidget* parent)
+    : CPropDialogTemplate(kTemplate, parent), ui_(std::make_unique<Ui::CPCBDialog>()) {
+    name = "PCB";
+}
+
+CPCBDialog::~CPCBDialog() = default;
+
+bool CPCBDialog::buildTemplate() {
+    ui_->setupUi(this);
+    return true;
+}
+
+bool CPCBDialog::OnInitDialog() {
+    for (const FileField& field : kFileFields) {
+        CPropFile& file =
+            *files_.emplace_back(std::make_unique<COptionalPropFile>(*(ui_.get()->*field.edit)));
+        connect(ui_.get()->*field.browse, &QToolButton::clicked, this,
+                [&file, &field] { browse(file, field); });
+    }
+    return true;
+}
+
+bool CPCBDialog::onLeave() {
+    return isValid();
+}
+
+bool CPCBDialog::isValid() {
+    // A flag says nothing yet of a name that was typed.
+    return std::ranges::all_of(files_,
+                               [](const auto& file) { return file->checkField() && file->isValid(); });
+}
+
+} // namespace ovsettings

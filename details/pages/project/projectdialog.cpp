@@ -1,0 +1,229 @@
+#include "details/pages/project/projectdialog.h"
+
+#include "details/pages/project/projectfilefields.h"
+#include "details/pages/project/projectpaths.h"
+#include "details/platform/readfile.h"
+#include "details/widgets/stringconversion.h"
+#include "orv/projectfiledata.h"
+#include "suite/locationmap.h"
+#include "ui_projectdialog.h"
+
+#include <algorithm>
+#include <array>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr unsigned kTemplate = 167;
+
+constexpr char kPropertiesKey[] = "PropertyDefinitions";
+/// What a project without a file of its own uses. It is stored as it stands once the page is stored; the
+/// reference is expanded where the file is used.
+constexpr char kDefaultProperties[] = "%RSR_HOME%\\standard\\netlist.prp";
+/// The spelling of title and filter is meant.
+constexpr FileChooserTexts kPropertiesChooser = {
+    QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields", "Proprty Definitions"),
+    QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields",
+                      "Proprty Definitions File (*.prp)|*.prp|All Files (*.*)|*.*||"),
+    "*.prp"};
+
+/// A file for which every layout tool has a default, and which a project may replace by one of its own.
+struct CustomFileKind {
+    const char* key;
+    FileChooserTexts chooser;
+    std::string LayoutTool::*defaultPath;
+    void (Orv::IProjectFileData::*setFile)(const std::string& name);
+};
+
+constexpr CustomFileKind kConstraints = {
+    "CnsFileName",
+    {QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields", "Constraints Definition"),
+     QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields",
+                       "Constraints Definition (*.cns)|*.cns|All Files (*.*)|*.*||"),
+     "", "cns"},
+    &LayoutTool::constraintsPath,
+    &Orv::IProjectFileData::SetConstraintsFile};
+constexpr CustomFileKind kConfiguration = {
+    "PcbCfgFileName",
+    {QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields", "PCB Configuration"),
+     QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields",
+                       "PCB Configuration (*.cfg)|*.cfg|All Files (*.*)|*.*||"),
+     "", "cfg"},
+    &LayoutTool::configurationPath,
+    &Orv::IProjectFileData::SetPcbConfigFile};
+
+class CustomFileField {
+public:
+    CustomFileField(const CustomFileKind& kind, Orv::CProjectConfiguration& project, QCheckBox& use,
+                    QLineEdit& edit, QAbstractButton& browse)
+        : kind_(kind),
+          project_(project),
+          use_(use),
+          file_(edit, browse, kind.chooser, projectDirectory(project)) {
+        enableWith(use, {&edit, &browse});
+    }
+
+    void load(const LayoutTool& tool) {
+        const std::string custom = project_.projectFile->GetValue(kDesignInfo, kind_.key);
+        use_.setChecked(!custom.empty());
+        file_.load(custom.empty() ? tool.*kind_.defaultPath : custom);
+    }
+
+    void showDefault(const LayoutTool& tool) {
+        file_.load(tool.*kind_.defaultPath);
+        use_.setChecked(false);
+    }
+
+    void store() {
+        if (use_.isChecked())
+            project_.projectFile->SetValue(kDesignInfo, kind_.key, file_.text());
+        else
+            (project_.projectFile->*kind_.setFile)("");
+    }
+
+private:
+    const CustomFileKind& kind_;
+    Orv::CProjectConfiguration& project_;
+    QCheckBox& use_;
+    ProjectFileField file_;
+};
+
+} // namespace
+
+struct CProjectDialog::Fields {
+    Fields(Orv::CProjectConfiguration& project, const Ui::CProjectDialog& ui)
+        : files(project, {*ui.specialComponents, *ui.browseSpecialComponents},
+                {*ui.borderSymbols, *ui.browseBorderSymbols}, {*ui.busContents, *ui.browseBusContents}),
+          properties(*ui.properties, *ui.browseProperties, kPropertiesChooser, projectDirectory(project)),
+          server(project, *ui.useServer, *ui.server),
+          constraints(kConstraints, project, *ui.useConstraints, *ui.constraints, *ui.browseConstraints),
+          configuration(kConfiguration, project, *ui.useConfiguration, *ui.configuration,
+                        *ui.browseConfiguration) {}
+
+    ProjectFileFields files;
+    ProjectFileField properties;
+    ServerFields server;
+    CustomFileField constraints;
+    CustomFileField configuration;
+    /// In the order in which they are compared.
+    std::array<ProjectFileField*, 4> guarded = {&files[ProjectFile::specialComponents],
+                                                &files[ProjectFile::borderSymbols],
+                                                &files[ProjectFile::busContents], &properties};
+};
+
+CProjectDialog::CProjectDialog(QWidget* parent)
+    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CProjectDialog>()) {
+    name = "Netlist Project";
+    helpTopic = "OV_SETUP_SETTINGS_PROJECT";
+    helpBook = "orvane_ref";
+}
+
+CProjectDialog::~CProjectDialog() = default;
+
+void CProjectDialog::setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) {
+    projectConfig_ = projectConfig;
+}
+
+bool CProjectDialog::buildTemplate() {
+    ui_->setupUi(this);
+    return true;
+}
+
+bool CProjectDialog::OnInitDialog() {
+    if (!hasProject(projectConfig_))
+        return false;
+    tools_.read();
+    for (const std::string& displayName : tools_.offered())
+        ui_->layoutTool->addItem(toQString(displayName));
+    connect(ui_->layoutTool, &QComboBox::activated, this, &CProjectDialog::chooseLayoutTool);
+
+    fields_ = std::make_unique<Fields>(*projectConfig_, *ui_);
+    fields_->files.load();
+    fields_->server.load();
+    const std::string properties = projectConfig_->projectFile->GetValue(kDesignInfo, kPropertiesKey);
+    fields_->properties.load(properties.empty() ? kDefaultProperties : properties);
+    loadLayoutTool();
+    return true;
+}
+
+void CProjectDialog::loadLayoutTool() {
+    toolKey_ = projectConfig_->projectFile->GetLayoutTool();
+    const LayoutTool& tool = tools_[toolKey_];
+    fields_->constraints.load(tool);
+    fields_->configuration.load(tool);
+    const auto& offered = tools_.offered();
+    const auto found = std::ranges::find(offered, tool.displayName);
+    toolIndex_ = found == offered.end() ? -1 : static_cast<int>(found - offered.begin());
+    ui_->layoutTool->setCurrentIndex(toolIndex_);
+}
+
+void CProjectDialog::chooseLayoutTool(int index) {
+    if (index == toolIndex_)
+        return;
+    toolIndex_ = index;
+    const auto* record = tools_.findByDisplayName(tools_.offered()[static_cast<std::size_t>(index)]);
+    const LayoutTool tool = record ? record->second : LayoutTool{};
+    fields_->constraints.showDefault(tool);
+    fields_->configuration.showDefault(tool);
+}
+
+bool CProjectDialog::onOk() {
+    return onApply();
+}
+
+/// Writes what was not changed as well. That is meant.
+bool CProjectDialog::onApply() {
+    if (!fields_)
+        return true;
+    if (!fields_->files.check(*this, Refused::file) || !checkPropertyDefinitions() ||
+        !fields_->server.store(*this))
+        return false;
+    for (const ProjectFile file :
+         {ProjectFile::busContents, ProjectFile::specialComponents, ProjectFile::borderSymbols})
+        fields_->files.store(file);
+    projectConfig_->projectFile->SetValue(kDesignInfo, kPropertiesKey, fields_->properties.text());
+    projectConfig_->projectFile->SetLayoutTool(chosenLayoutTool());
+    fields_->constraints.store();
+    fields_->configuration.store();
+    return true;
+}
+
+bool CProjectDialog::onEnter() {
+    if (fields_) {
+        for (ProjectFileField* field : fields_->guarded)
+            field->takeSnapshot();
+    }
+    return true;
+}
+
+bool CProjectDialog::onLeave() {
+    if (!fields_)
+        return true;
+    return fields_->files.check(*this, Refused::location) &&
+           mayLeave(*this, fields_->guarded, [this] { return onApply(); });
+}
+
+/// The text as it was loaded is not checked: the default stands although the file may be elsewhere.
+bool CProjectDialog::checkPropertyDefinitions() {
+    if (!fields_->properties.differsFromLoaded())
+        return true;
+    Orv::IProjectFileData& projectFile = *projectConfig_->projectFile;
+    InitLocationMap(projectFile.GetFilePath().c_str(), 0);
+    if (platform::opensForReading(ResolvePagePath(fields_->properties.text(), projectFile)))
+        return true;
+    refuse(*this, *ui_->properties, tr("Invalid Property Definitions file."));
+    return false;
+}
+
+/// The key of the first tool with the selected name. A tool that the list does not show stays the project's
+/// as long as no other is selected.
+std::string CProjectDialog::chosenLayoutTool() const {
+    if (toolIndex_ < 0)
+        return toolKey_;
+    const std::string& displayName = tools_.offered()[static_cast<std::size_t>(toolIndex_)];
+    const auto* record = tools_.findByDisplayName(displayName);
+    return record ? record->first : displayName;
+}
+
+} // namespace ovsettings

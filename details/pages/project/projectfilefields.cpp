@@ -1,0 +1,234 @@
+#include "details/pages/project/projectfilefields.h"
+
+#include "details/pages/project/projectpaths.h"
+#include "details/platform/paths.h"
+#include "details/widgets/messagebox.h"
+#include "details/widgets/stringconversion.h"
+#include "orv/projectfiledata.h"
+#include "suite/locationmap.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QCheckBox>
+#include <QtWidgets/QLineEdit>
+
+#include <algorithm>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr char kContext[] = "ovsettings::ProjectFileFields";
+
+struct Kind {
+    const char* key;
+    FileChooserTexts chooser;
+    const char* invalidFile;
+    const char* invalidLocation;
+    std::string (Orv::IProjectFileData::*path)(int full);
+    Orv::IProjectFileConsumer* Orv::CProjectConfiguration::*consumer;
+};
+
+/// By ProjectFile. The chooser of special components begins with another pattern than it filters by, and both
+/// messages on border symbols say "Borders Symbol"; that is meant.
+constexpr Kind kKinds[] = {
+    {"PinComponents",
+     {QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields", "Special Components"),
+      QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields",
+                        "Special Components File (*.ini)|*.ini|All Files (*.*)|*.*||"),
+      "*.pin"},
+     QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields", "Invalid Special Components file."),
+     QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields", "Invalid Special Components file location."),
+     &Orv::IProjectFileData::GetPinComponentsPath,
+     &Orv::CProjectConfiguration::pinComponents},
+    {"BorderSymbols",
+     {QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields", "Border Symbols"),
+      QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields",
+                        "Border Symbols File (*.ini)|*.ini|All Files (*.*)|*.*||"),
+      "*.ini"},
+     QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields", "Invalid Borders Symbol file."),
+     QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields", "Invalid Borders Symbol file location."),
+     &Orv::IProjectFileData::GetBorderSymbolsPath,
+     &Orv::CProjectConfiguration::borderSymbols},
+    {"Bus_Contents",
+     {QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields", "Bus Contents"),
+      QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields",
+                        "Bus Contents File (*.ini)|*.ini|All Files (*.*)|*.*||"),
+      "*.ini"},
+     QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields", "Invalid Bus Contents file."),
+     QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields", "Invalid Bus Contents file location."),
+     &Orv::IProjectFileData::GetBusContentsPath,
+     &Orv::CProjectConfiguration::busContents},
+};
+
+constexpr ProjectFile kProjectFiles[] = {ProjectFile::specialComponents, ProjectFile::borderSymbols,
+                                         ProjectFile::busContents};
+
+const Kind& kindOf(ProjectFile file) {
+    return kKinds[static_cast<std::size_t>(file)];
+}
+
+QString translated(const char* text) {
+    return QCoreApplication::translate(kContext, text);
+}
+
+ProjectFileField makeField(const Orv::CProjectConfiguration& project, ProjectFile file,
+                           const ProjectFileFields::Controls& controls) {
+    return {controls.edit, controls.browse, kindOf(file).chooser, projectDirectory(project)};
+}
+
+} // namespace
+
+bool hasProject(const Orv::CProjectConfiguration* project) {
+    return project && project->projectFile;
+}
+
+std::string projectDirectory(const Orv::CProjectConfiguration& project) {
+    const std::string path = project.projectFile->GetFilePath();
+    return platform::platformPath(platform::splitPath(path).directory);
+}
+
+void refuse(QWidget& page, QLineEdit& field, const QString& text) {
+    showMessage(&page, text, translated(QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields", "Error")),
+                QMessageBox::Critical);
+    field.setFocus();
+    field.selectAll();
+}
+
+void enableWith(QCheckBox& box, std::initializer_list<QWidget*> controls) {
+    for (QWidget* control : controls) {
+        control->setEnabled(box.isChecked());
+        QObject::connect(&box, &QCheckBox::toggled, control, &QWidget::setEnabled);
+    }
+}
+
+void ProjectText::load(const std::string& value) {
+    loaded_ = value;
+    edit_.setText(toQString(value));
+    shown_ = edit_.text();
+}
+
+std::string ProjectText::text() const {
+    if (edit_.text() == shown_)
+        return loaded_;
+    const std::string typed = toUtf8(edit_.text());
+    return typed.substr(0, typed.find_first_of("\r\n"));
+}
+
+bool ProjectText::differsFromLoaded() const {
+    return text() != loaded_;
+}
+
+void ProjectText::keepAsLoaded(const std::string& stored) {
+    if (stored != text())
+        return;
+    loaded_ = stored;
+    shown_ = edit_.text();
+}
+
+ProjectFileField::ProjectFileField(QLineEdit& edit, QAbstractButton& browse, const FileChooserTexts& chooser,
+                                   const std::string& initialDirectory)
+    : ProjectText(edit), file_(edit) {
+    file_.setTitle(toUtf8(translated(chooser.title)));
+    file_.setFilter(toUtf8(translated(chooser.filter)));
+    file_.setDefaultName(chooser.defaultName);
+    file_.setDefaultSuffix(chooser.defaultSuffix);
+    file_.setInitialDirectory(initialDirectory);
+    QObject::connect(&browse, &QAbstractButton::clicked, &edit, [this] { file_.browse(); });
+}
+
+void ProjectFileField::takeSnapshot() {
+    snapshot_ = edit().text();
+}
+
+bool ProjectFileField::differsFromSnapshot() const {
+    return edit().text() != snapshot_;
+}
+
+void ProjectFileField::restoreSnapshot() {
+    edit().setText(snapshot_);
+}
+
+bool mayLeave(QWidget& page, std::span<ProjectFileField* const> fields, const std::function<bool()>& store) {
+    if (std::ranges::none_of(fields, &ProjectFileField::differsFromSnapshot))
+        return true;
+    if (askYesNo(&page,
+                 translated(QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields",
+                                              "Do you want to save the changes you've made in this page?")),
+                 translated(QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields", "Project Settings")),
+                 QMessageBox::Question))
+        return store();
+    for (ProjectFileField* field : fields)
+        field->restoreSnapshot();
+    return true;
+}
+
+ProjectFileFields::ProjectFileFields(Orv::CProjectConfiguration& project, const Controls& specialComponents,
+                                     const Controls& borderSymbols, const Controls& busContents)
+    : project_(project),
+      fields_{makeField(project, ProjectFile::specialComponents, specialComponents),
+              makeField(project, ProjectFile::borderSymbols, borderSymbols),
+              makeField(project, ProjectFile::busContents, busContents)} {
+}
+
+ProjectFileField& ProjectFileFields::operator[](ProjectFile file) {
+    return fields_[static_cast<std::size_t>(file)];
+}
+
+void ProjectFileFields::load() {
+    for (const ProjectFile file : kProjectFiles)
+        (*this)[file].load(project_.projectFile->GetValue(kDesignInfo, kindOf(file).key));
+}
+
+bool ProjectFileFields::check(QWidget& page, Refused refused) {
+    // The map is the process's, and may be another project's by now.
+    InitLocationMap(project_.projectFile->GetFilePath().c_str(), 0);
+    for (const ProjectFile file : kProjectFiles) {
+        const std::string text = (*this)[file].text();
+        if (text.empty())
+            continue;
+        const std::string path = ResolvePagePath(text, *project_.projectFile);
+        if (IsFileLocationValid(project_.projectFile->GetFilePath(), path))
+            continue;
+        const Kind& kind = kindOf(file);
+        refuse(page, (*this)[file].edit(),
+               translated(refused == Refused::file ? kind.invalidFile : kind.invalidLocation));
+        return false;
+    }
+    return true;
+}
+
+void ProjectFileFields::store(ProjectFile file) {
+    const Kind& kind = kindOf(file);
+    ProjectFileField& field = (*this)[file];
+    project_.projectFile->SetValue(kDesignInfo, kind.key, field.text());
+    field.keepAsLoaded(project_.projectFile->GetValue(kDesignInfo, kind.key));
+    const std::string path = (project_.projectFile->*kind.path)(1);
+    if (Orv::IProjectFileConsumer* consumer = project_.*kind.consumer)
+        consumer->Reload(path);
+}
+
+ServerFields::ServerFields(Orv::CProjectConfiguration& project, QCheckBox& use, QLineEdit& name)
+    : project_(project), use_(use), name_(name) {
+    enableWith(use, {&name});
+}
+
+void ServerFields::load() {
+    const std::string name = project_.projectFile->GetServerName();
+    use_.setChecked(!name.empty());
+    name_.load(name);
+}
+
+bool ServerFields::store(QWidget& page) {
+    const std::string name = name_.text();
+    if (use_.isChecked() && name.empty()) {
+        refuse(page, name_.edit(),
+               translated(QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields", "Server name is empty.")));
+        return false;
+    }
+    project_.projectFile->SetServerName(use_.isChecked() ? name : std::string());
+    name_.keepAsLoaded(project_.projectFile->GetServerName());
+    return true;
+}
+
+} // namespace ovsettings

@@ -1,0 +1,55 @@
+#include "details/pages/project/projectpaths.h"
+
+#include "details/platform/currentdirectory.h"
+#include "details/platform/environment.h"
+#include "details/platform/paths.h"
+#include "orv/projectfiledata.h"
+#include "suite/kernel.h"
+#include "suite/locationmap.h"
+
+#include <array>
+
+namespace ovsettings {
+
+namespace {
+
+using LocationBuffer = std::array<char, kLocationBufferSize>;
+
+} // namespace
+
+std::string ResolvePagePath(std::string text, Orv::IProjectFileData& projectFile) {
+    LocationBuffer buffer{};
+    std::string expanded = platform::expandEnvironmentReferences(text);
+    if (expanded.size() >= buffer.size())
+        return text;
+    expanded.copy(buffer.data(), expanded.size());
+    text = std::move(expanded);
+
+    GetHardName(text.c_str(), buffer.data());
+    if (buffer.front() == '\0') {
+        if (KernelContext* context = KernelOpenContext(projectFile.GetFilePath().c_str())) {
+            KernelResolveName(text.c_str(), buffer.data(), context);
+            KernelCloseContext(&context);
+        }
+    }
+    return buffer.data();
+}
+
+bool IsFileLocationValid(std::string projectPath, std::string filePath) {
+    InitLocationMap(projectPath.c_str(), 0);
+    filePath = hardNameOf(filePath);
+    if (filePath.starts_with('$'))
+        return false;
+    // The separator belongs to the directory, so that the one of "/file" is not empty.
+    const std::size_t name = platform::splitPath(filePath).name.size();
+    const std::string directory = filePath.substr(0, filePath.size() - name);
+    platform::CurrentDirectory currentDirectory;
+    return currentDirectory.changeTo(directory);
+}
+
+std::string hardNameOf(const std::string& name) {
+    LocationBuffer buffer{};
+    return GetHardName(name.c_str(), buffer.data()) == 0 ? buffer.data() : name;
+}
+
+} // namespace ovsettings

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+namespace Orv {
+class IProjectFileData;
+}
+
+namespace ovsettings {
+
+/// What a name in a field stands for: environment references, then soft names, then the design tools' own
+/// resolution. A name that outgrows what the location map takes stays as it is; a soft name that nothing
+/// resolves becomes empty.
+std::string ResolvePagePath(std::string text, Orv::IProjectFileData& projectFile);
+
+/// Whether a file may lie where a path says: its directory exists. The file itself need not.
+bool IsFileLocationValid(std::string projectPath, std::string filePath);
+
+/// Turns a soft name into a real path; any other text, and a soft name without a mapping, stays.
+std::string hardNameOf(const std::string& name);
+
+} // namespace ovsettings

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <libxml/tree.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+struct XmlDocumentRelease {
+    void operator()(xmlDoc* document) const { xmlFreeDoc(document); }
+};
+using XmlDocument = std::unique_ptr<xmlDoc, XmlDocumentRelease>;
+
+/// Parses a file from a stranger: nothing is fetched, no entity is replaced by its content, nothing is
+/// printed, and the parser's own limits on depth and size stand.
+/// @param layout further options of the parser, on blanks and sections: XML_PARSE_NOBLANKS,
+///               XML_PARSE_NOCDATA.
+/// @param reason receives the line and what is wrong there, if it is not null and there is no document.
+XmlDocument parseXml(std::string_view bytes, int layout = 0, std::string* reason = nullptr);
+
+} // namespace platform

@@ -1,0 +1,43 @@
+#include "details/widgets/colorlistbox.h"
+
+#include "details/widgets/coloritemdelegate.h"
+#include "details/widgets/gdipainter.h"
+
+namespace ovsettings {
+
+namespace {
+
+class CColorItem : public QListWidgetItem {
+public:
+    bool operator<(const QListWidgetItem&) const override { return false; }
+};
+
+/// The items are as high as a line of text.
+class CColorListDelegate : public CColorItemDelegate {
+public:
+    using CColorItemDelegate::CColorItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
+        return {option.fontMetrics.averageCharWidth(), option.fontMetrics.height()};
+    }
+};
+
+} // namespace
+
+CColorListBox::CColorListBox(QWidget* parent) : QListWidget(parent) {
+    setItemDelegate(new CColorListDelegate(this));
+}
+
+void CColorListBox::addColor(int color) {
+    auto* item = new CColorItem;
+    item->setData(kItemColorRole, color);
+    item->setData(Qt::AccessibleTextRole, toQColor(color).name());
+    addItem(item);
+}
+
+int CColorListBox::color(int row) const {
+    const QListWidgetItem* found = item(row);
+    return found ? found->data(kItemColorRole).toInt() : 0;
+}
+
+} // namespace ovsettings

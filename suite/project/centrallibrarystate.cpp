@@ -1,0 +1,15 @@
+#include "suite/project/centrallibrarystate.h"
+
+#include "orv/projectfiledata.h"
+
+#include <filesystem>
+#include <system_error>
+
+namespace suite {
+
+bool CentralLibraryState::IsAttached() {
+    std::error_code missing;
+    return std::filesystem::is_regular_file(project_.GetCentralLibraryPath(1), missing);
+}
+
+} // namespace suite

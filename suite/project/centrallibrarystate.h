@@ -1,0 +1,23 @@
+#pragma once
+
+#include "orv/centrallibrarystate.h"
+
+namespace Orv {
+class IProjectFileData;
+}
+
+namespace suite {
+
+/// The central library of a project, as it is at the moment of the question.
+class CentralLibraryState final : public Orv::ICentralLibraryState {
+public:
+    /// @param project must outlive this object.
+    explicit CentralLibraryState(Orv::IProjectFileData& project) : project_(project) {}
+
+    bool IsAttached() override;
+
+private:
+    Orv::IProjectFileData& project_;
+};
+
+} // namespace suite

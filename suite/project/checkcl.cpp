@@ -1,0 +1,13 @@
+#include "suite/checkcl.h"
+
+#include "details/platform/profilefile.h"
+#include "suite/project/centrallibraryrelease.h"
+
+namespace NOrvUtils {
+
+bool COrvCheckCL::CheckCLFlowVersion(const std::string& path) {
+    platform::CProfileFile index(path);
+    return !index.load() && index.get("CentralLibrary", "Release") == suite::kCentralLibraryRelease;
+}
+
+} // namespace NOrvUtils

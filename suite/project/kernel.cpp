@@ -1,0 +1,48 @@
+#include "suite/kernel.h"
+
+#include "details/platform/environment.h"
+#include "details/platform/paths.h"
+#include "suite/project/locationbuffer.h"
+#include "suite/project/locationmap.h"
+
+#include <filesystem>
+#include <system_error>
+
+using suite::LocationMap;
+
+struct KernelContext {
+    LocationMap map;
+};
+
+extern "C" {
+
+KernelContext* KernelOpenContext(const char* projectPath) {
+    std::error_code missing;
+    const auto path = platform::resolveExisting(projectPath ? projectPath : "");
+    if (!path || !std::filesystem::is_regular_file(*path, missing))
+        return nullptr;
+    return new KernelContext{LocationMap::ofProject(*path)};
+}
+
+int KernelResolveName(const char* name, char* buffer, KernelContext* context) {
+    if (!name || !*name || !buffer || !context)
+        return 0;
+    std::string path = platform::expandEnvironmentReferences(name);
+    if (LocationMap::isSoftName(path)) {
+        const auto hard = context->map.hardName(path, LocationMap::Lookup::lenient);
+        if (!hard)
+            return 0;
+        path = *hard;
+    }
+    const std::string full = context->map.fullPathOfExpanded(path);
+    std::error_code missing;
+    return std::filesystem::exists(full, missing) && suite::writeLocation(full, buffer);
+}
+
+void KernelCloseContext(KernelContext** context) {
+    if (!context)
+        return;
+    delete *context;
+    *context = nullptr;
+}
+}

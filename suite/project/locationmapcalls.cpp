@@ -1,0 +1,66 @@
+#include "suite/locationmap.h"
+
+#include "suite/project/locationbuffer.h"
+#include "suite/project/locationmap.h"
+
+#include <memory>
+#include <mutex>
+
+namespace {
+
+using suite::LocationMap;
+
+constexpr int kWritten = 0;
+constexpr int kNotWritten = 1;
+
+/// The process's map. Asked on a thread of the library dialog too, while another call may prepare it anew.
+class CurrentMap {
+public:
+    void set(LocationMap map) {
+        const std::lock_guard guard(mutex_);
+        map_ = std::make_shared<const LocationMap>(std::move(map));
+    }
+
+    std::shared_ptr<const LocationMap> get() {
+        const std::lock_guard guard(mutex_);
+        if (!map_)
+            map_ = std::make_shared<const LocationMap>(LocationMap::ofProject({}));
+        return map_;
+    }
+
+private:
+    std::mutex mutex_;
+    std::shared_ptr<const LocationMap> map_;
+};
+
+CurrentMap& currentMap() {
+    static CurrentMap map;
+    return map;
+}
+
+} // namespace
+
+extern "C" {
+
+int InitLocationMap(const char* projectPath, int) {
+    currentMap().set(LocationMap::ofProject(projectPath ? projectPath : ""));
+    return 0;
+}
+
+int GetHardName(const char* name, char* buffer) {
+    if (!name || !buffer || !LocationMap::isSoftName(name))
+        return kNotWritten;
+    const auto hard = currentMap().get()->hardName(name);
+    if (hard)
+        return suite::writeLocation(*hard, buffer) ? kWritten : kNotWritten;
+    *buffer = '\0';
+    return kNotWritten;
+}
+
+int GetSoftName(const char* path, char* buffer) {
+    if (!path || !*path || !buffer)
+        return kNotWritten;
+    const auto soft = currentMap().get()->softName(path);
+    return soft && suite::writeLocation(*soft, buffer) ? kWritten : kNotWritten;
+}
+}

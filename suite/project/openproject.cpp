@@ -1,0 +1,75 @@
+#include "suite/openproject.h"
+
+#include "suite/project/centrallibrarystate.h"
+#include "suite/project/librarysection.h"
+#include "suite/project/projectdocument.h"
+#include "suite/project/projectlog.h"
+#include "suite/projectdatafile.h"
+#include "suite/projectfile.h"
+#include "suite/symbollibs.h"
+
+namespace NProjectTools {
+
+struct COpenProject::Impl {
+    CProjectFile file;
+    CSymbolLibs libraries;
+    CProjectDataFile borderSymbols;
+    CProjectDataFile pinComponents;
+    CProjectDataFile busContents;
+    suite::CentralLibraryState centralLibrary{file};
+    Orv::CProjectConfiguration configuration;
+
+    void load() {
+        libraries.Load(&file);
+        borderSymbols.Reload(file.GetBorderSymbolsPath(1));
+        pinComponents.Reload(file.GetPinComponentsPath(1));
+        busContents.Reload(file.GetBusContentsPath(1));
+    }
+
+    void fillRecord() {
+        configuration.projectFile = &file;
+        configuration.borderSymbols = &borderSymbols;
+        configuration.pinComponents = &pinComponents;
+        configuration.busContents = &busContents;
+        configuration.symbolLibs = &libraries;
+        configuration.centralLibraryState = &centralLibrary;
+        configuration.projectFilePath = file.GetFilePath();
+    }
+};
+
+COpenProject::COpenProject() : impl_(std::make_unique<Impl>()) {
+}
+
+COpenProject::~COpenProject() = default;
+
+std::unique_ptr<COpenProject> COpenProject::open(const std::string& path, std::string& error) {
+    std::unique_ptr<COpenProject> project(new COpenProject);
+    Impl& impl = *project->impl_;
+    if (!impl.file.openProjectFile(path)) {
+        error = impl.file.lastError();
+        return nullptr;
+    }
+    impl.load();
+    impl.fillRecord();
+    error.clear();
+    return project;
+}
+
+Orv::CProjectConfiguration& COpenProject::configuration() {
+    return impl_->configuration;
+}
+
+bool COpenProject::saveLibraries() {
+    std::vector<suite::LibraryEntry> entries;
+    for (const ISymbolLibrary* library : impl_->libraries.GetLibList())
+        entries.push_back({library->GetAlias(), library->GetLocation(), library->GetType()});
+    suite::ProjectDocument document;
+    if (const auto error = document.open(impl_->file.GetFilePath())) {
+        suite::projectLog().report(*error);
+        return false;
+    }
+    return document.change(
+        [&](platform::ProfileDocument& content) { return suite::writeLibraries(content, entries); });
+}
+
+} // namespace NProjectTools

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "details/platform/profiledocument.h"
+
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace suite {
+
+/// A project file on disk. It is read again whenever its bytes have changed, and replaced as a whole, under
+/// its lock, by each change.
+class ProjectDocument {
+public:
+    /// @return why the file cannot be opened, path included; then none is open.
+    [[nodiscard]] std::optional<std::string> open(const std::string& path);
+    void close();
+
+    /// Full path; empty if no file is open.
+    const std::string& path() const { return path_; }
+
+    /// The content as it is on disk now; while the file cannot be read, what it was before.
+    const platform::ProfileDocument& content();
+
+    /// Makes a change in a content. @return false if the content cannot hold it.
+    using Edit = std::function<bool(platform::ProfileDocument& content)>;
+
+    /// Makes the change in the file as it is on disk, so that what other programs wrote there stays. It is
+    /// made twice or not at all, so it must depend on the content alone. A file that says the same already
+    /// is not written.
+    /// @return false, with the file as it was, if the change cannot be made; the project log is told.
+    bool change(const Edit& edit);
+
+private:
+    std::optional<std::string> readChanged(const Edit& edit, std::string& before,
+                                           platform::ProfileDocument& content) const;
+    std::optional<std::string> tryChange(const Edit& edit);
+
+    /// How long a change may wait for the file.
+    std::chrono::milliseconds patience() const;
+
+    std::string path_;
+    std::string bytes_;
+    /// When a change last waited for the file in vain: those that follow it at once do not wait again, each
+    /// for its own.
+    std::optional<std::chrono::steady_clock::time_point> gaveUp_;
+    platform::ProfileDocument content_;
+};
+
+} // namespace suite

@@ -1,0 +1,10 @@
+#include "suite/project/projectlog.h"
+
+namespace suite {
+
+ErrorLog& projectLog() {
+    static ErrorLog log;
+    return log;
+}
+
+} // namespace suite

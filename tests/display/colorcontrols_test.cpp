@@ -1,0 +1,176 @@
+#include "details/widgets/colorbutton.h"
+#include "details/widgets/colorchangeobserver.h"
+#include "details/widgets/colorcombobox.h"
+#include "details/widgets/colorlistbox.h"
+#include "details/widgets/grid/gridwnd.h"
+#include "details/widgets/ownseccolorwell.h"
+#include "tests/support/testsupport.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtTest/QTest>
+#include <QtWidgets/QColorDialog>
+#include <QtWidgets/QPushButton>
+#include <gtest/gtest.h>
+
+using ovsettings::ColorButton;
+using ovsettings::COwnSECColorWell;
+using testsupport::find;
+using testsupport::whenModal;
+
+namespace {
+
+constexpr int kRed = 0x0000ff, kGreen = 0x00ff00, kBlue = 0xff0000;
+
+/// A grid whose colour cells open the button's well.
+class ColorCells : public testing::Test, ovsettings::IColorChangeObserver {
+protected:
+    class Grid : public ovsettings::CGridWnd {
+    public:
+        ColorButton button{*this};
+
+    protected:
+        void onCellPressed(int row, int column) override {
+            button.initForCell(row, column);
+            button.open();
+        }
+    };
+
+    ColorCells() {
+        grid.setColumnCount(2);
+        grid.setRowCount(3);
+        grid.setCellStyle(2, 2, {.kind = ovsettings::GridCellKind::colour});
+        grid.setCellText(2, 2, QString::number(kBlue));
+        grid.button.setPalette({kRed, kGreen, kBlue, 0, 1, 2, 3, 4, 5, 6});
+        grid.button.setObserver(this);
+        grid.resize(300, 200);
+        grid.show();
+        grid.setCurrentCell(2, 2);
+    }
+
+    void onColorChanged(int row, int column, int color) override {
+        told += std::to_string(row) + ' ' + std::to_string(column) + ' ' + std::to_string(color) + ';';
+    }
+
+    QWidget& openByKey() {
+        QTest::keyClick(&grid, Qt::Key_Space);
+        return *grid.button.well();
+    }
+
+    static void press(QWidget& well, std::initializer_list<Qt::Key> keys) {
+        for (const Qt::Key key : keys)
+            QTest::keyClick(well.focusWidget(), key);
+    }
+
+    std::string text() const { return grid.cellText(2, 2).toStdString(); }
+
+    Grid grid;
+    std::string told;
+};
+
+} // namespace
+
+TEST_F(ColorCells, StoreAColorChosenByKeys) {
+    press(openByKey(), {Qt::Key_Left, Qt::Key_Left, Qt::Key_Left, Qt::Key_Return});
+    EXPECT_EQ(text(), "255") << "the well begins at the cell's colour";
+    EXPECT_EQ(told, "2 2 255;");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(grid.button.well(), nullptr);
+    EXPECT_FALSE(grid.button.isVisible());
+
+    press(openByKey(), {Qt::Key_Down, Qt::Key_Right, Qt::Key_Up, Qt::Key_Space});
+    EXPECT_EQ(text(), std::to_string(kGreen));
+}
+
+TEST_F(ColorCells, StoreAColorChosenByMouse) {
+    const QRect cell = grid.visualRect(grid.model()->index(1, 1));
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, cell.center());
+    COwnSECColorWell* well = grid.button.well();
+    ASSERT_NE(well, nullptr);
+    EXPECT_GT(well->y(), grid.viewport()->mapToGlobal(cell.bottomLeft()).y()) << "it hides its cell";
+    QTest::mouseClick(well->findChildren<QAbstractButton*>().at(1), Qt::LeftButton);
+    EXPECT_EQ(text(), std::to_string(kGreen));
+}
+
+TEST_F(ColorCells, KeepTheirColorWhenNoneIsChosen) {
+    QWidget& well = openByKey();
+    press(well, {Qt::Key_Left, Qt::Key_Escape});
+    EXPECT_FALSE(well.isVisible());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    openByKey();
+    grid.button.hideButton();
+    EXPECT_EQ(grid.button.geometry(), QRect(0, 0, 0, 0));
+    EXPECT_EQ(text(), std::to_string(kBlue));
+    EXPECT_EQ(told, "");
+}
+
+TEST_F(ColorCells, TakeAnyColorOfThePlatformsDialog) {
+    for (const bool accept : {false, true}) {
+        QWidget& well = openByKey();
+        whenModal([accept](QWidget& modal) {
+            auto* chooser = qobject_cast<QColorDialog*>(&modal);
+            ASSERT_NE(chooser, nullptr);
+            EXPECT_EQ(chooser->currentColor(), QColor(Qt::blue));
+            chooser->setCurrentColor(QColor(1, 2, 3));
+            accept ? chooser->accept() : chooser->reject();
+        });
+        QTest::mouseClick(find<QPushButton>(well, "Other..."), Qt::LeftButton);
+        EXPECT_EQ(text(), std::to_string(accept ? 0x030201 : kBlue));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+}
+
+TEST_F(ColorCells, AreShownInTheColorOfTheirText) {
+    const std::pair<const char*, int> rows[] = {
+        {"255", kRed}, {"0xff0000", kRed}, {"0X00FF00", kGreen},
+        {"", 0},       {"nonsense", 0},    {"4294967295", 0xffffff},
+    };
+    for (const auto& [cellText, color] : rows) {
+        grid.setCellText(2, 2, cellText);
+        grid.button.initForCell(2, 2);
+        EXPECT_EQ(grid.button.color(), color) << cellText;
+        const QColor middle =
+            grid.grab().toImage().pixelColor(grid.button.mapTo(&grid, grid.button.rect().center()));
+        EXPECT_EQ(middle, QColor(color & 0xff, color >> 8 & 0xff, color >> 16)) << cellText;
+    }
+}
+
+TEST(ColorLists, DrawSelectionAndFocusInTheColorOfTheItem) {
+    ovsettings::CColorListBox list;
+    list.addColor(kRed);
+    list.addColor(kGreen);
+    list.resize(120, 100);
+    list.show();
+    list.setCurrentRow(1);
+    list.setFocus();
+    const QImage picture = list.viewport()->grab().toImage();
+    const struct {
+        int row, inset;
+        QColor color;
+    } rows[] = {{0, 1, Qt::black}, {0, 2, Qt::black}, {0, 3, Qt::red}, {1, 1, Qt::green}, {1, 3, Qt::green}};
+    for (const auto& row : rows) {
+        const QRect item = list.visualItemRect(list.item(row.row));
+        EXPECT_EQ(picture.pixelColor(item.topLeft() + QPoint(row.inset, row.inset)), row.color)
+            << row.row << ' ' << row.inset;
+    }
+    EXPECT_EQ(list.visualItemRect(list.item(0)).height(), list.fontMetrics().height());
+}
+
+TEST(ColorLists, KeepTheirOrderWhenSorted) {
+    ovsettings::CColorListBox list;
+    ovsettings::CColorComboBox box;
+    for (const int color : {kBlue, kRed, kGreen}) {
+        list.addColor(color);
+        box.addColor(color);
+    }
+    for (const Qt::SortOrder order : {Qt::AscendingOrder, Qt::DescendingOrder}) {
+        list.sortItems(order);
+        box.model()->sort(0, order);
+        for (int i = 0; i < 3; ++i) {
+            const int expected[] = {kBlue, kRed, kGreen};
+            EXPECT_EQ(list.color(i), expected[i]);
+            EXPECT_EQ(box.color(i), expected[i]);
+        }
+    }
+    box.resize(box.sizeHint());
+    EXPECT_EQ(box.grab().toImage().pixelColor(box.width() / 3, box.height() / 2), QColor(Qt::blue));
+}

@@ -1,0 +1,170 @@
+#include "details/pages/display/fontdialog.h"
+
+#include "details/pages/display/fontsgrid.h"
+#include "details/pages/display/ownbitmapbtn.h"
+#include "details/pages/display/scalefactoredit.h"
+#include "tests/display/displaypages.h"
+
+#include <QtTest/QTest>
+#include <QtWidgets/QFontDialog>
+#include <QtWidgets/QPushButton>
+
+using ovsettings::CFontDialog;
+using ovsettings::CFontsGrid;
+using testsupport::find;
+using testsupport::whenDialog;
+using Texts = std::vector<std::string>;
+
+namespace {
+
+constexpr const char* kLocks = R"(
+    <section path="Orvane/FONT_MAP">
+        <group type="font" name="GOTHIC"><attribute name="WEIGHT" locked="yes">400</attribute></group>
+    </section>
+    <section path="Orvane/SETTINGS"><value name="SCALEFACTOR" locked="yes">3</value></section>)";
+
+class FontPage : public DisplayPages {
+protected:
+    CFontsGrid& grid() { return *page_->findChild<CFontsGrid*>(); }
+    QPushButton& button(const char* caption) { return *find<QPushButton>(window_, caption); }
+    std::string shown(int row) { return grid().cellText(row, 2).toStdString(); }
+
+    void click(int row, int column) {
+        const QModelIndex index = grid().model()->index(row - 1, column - 1);
+        grid().scrollTo(index);
+        QTest::mouseClick(grid().viewport(), Qt::LeftButton, {},
+                          grid().visualRect(index).topLeft() + QPoint(10, 5));
+    }
+
+    /// Chooses this font in the chooser that comes next, and tells what it started with.
+    static void choose(const QFont& font, QFont* start = nullptr) {
+        whenDialog([font, start](QDialog& dialog) {
+            auto& chooser = dynamic_cast<QFontDialog&>(dialog);
+            if (start)
+                *start = chooser.currentFont();
+            chooser.setCurrentFont(font);
+            chooser.accept();
+        });
+    }
+};
+
+} // namespace
+
+TEST_F(FontPage, ShowsTheFaceOfEachStrokeFontAndTheWordsOfItsStyle) {
+    load();
+    Orv::setValues(appConfig_, "FIXED", {"Arial", "Bold Oblique", "700", "0", "1", "1", "1", "1"});
+    Orv::setValues(appConfig_, "ROMAN", {"", "", "400", "0", "0", "0", "0", "1"});
+    Orv::setValues(appConfig_, "PLOT", {"0", "x", "400", "0", "1", "1", "1", "1"});
+    Orv::setValues(appConfig_, "KANJI", {"Arial", "x", "400", "0", "2", "0", "1", "0"});
+    open<CFontDialog>();
+    const char* const captions[] = {
+        "Fixed",  "Roman",           "Roman Italic", "Roman Bold", "Roman Bold Italic", "Sans Serif",
+        "Script", "Sans Serif Bold", "Script Bold",  "Gothic",     "Old English",       "Kanji",
+        "Plot"};
+    ASSERT_EQ(grid().rowCount(), 13);
+    for (int row = 1; row <= 13; ++row)
+        EXPECT_EQ(grid().cellText(row, 1).toStdString(), captions[row - 1]);
+    EXPECT_EQ(shown(1), "Arial Bold Italic Underline Strikeout");
+    EXPECT_EQ(shown(2), " Bold");
+    EXPECT_EQ(shown(3), "");
+    EXPECT_EQ(shown(12), "Arial Strikeout");
+    EXPECT_EQ(shown(13), "") << "a font that is not mapped has no style either";
+}
+
+TEST_F(FontPage, StoresTheChosenFontWhicheverWayTheChooserIsOpened) {
+    const std::function<void()> ways[] = {
+        [this] { button("Edit mapping").click(); },
+        [this] { QTest::keyClick(&grid(), Qt::Key_Return); },
+        [this] {
+            QTest::mouseClick(grid().viewport()->findChild<ovsettings::CBitmapBtnEdit*>(), Qt::LeftButton);
+        },
+    };
+    for (const auto& open_ : ways) {
+        load();
+        Orv::setValues(appConfig_, "SCRIPT", {"DejaVu Sans", "Book", "400", "128", "0", "1", "0", "0"});
+        CFontDialog& page = open<CFontDialog>();
+        click(7, 2);
+        QFont font("DejaVu Sans Mono"), start;
+        font.setStyleName("Bold");
+        font.setStrikeOut(true);
+        choose(font, &start);
+        open_();
+        EXPECT_EQ(start.family(), "DejaVu Sans");
+        EXPECT_TRUE(start.underline() && !start.strikeOut() && !start.italic() && !start.bold());
+        EXPECT_EQ(shown(7), "DejaVu Sans Mono Bold Strikeout");
+        EXPECT_TRUE(page.onOk());
+        EXPECT_EQ(stored("SCRIPT"), (Texts{"DejaVu Sans Mono", "Bold", "700", "1", "0", "0", "1", "1"}));
+        EXPECT_EQ(stored("FIXED"), Texts(8, "0")) << "a font that is not mapped stays as it was";
+    }
+}
+
+TEST_F(FontPage, KeepsTheMappingWhenTheChooserIsCancelled) {
+    load();
+    CFontDialog& page = open<CFontDialog>();
+    click(1, 1);
+    whenDialog([](QDialog& dialog) { dialog.reject(); });
+    QTest::mouseClick(&button("Edit mapping"), Qt::LeftButton);
+    EXPECT_TRUE(page.onApply());
+    EXPECT_EQ(stored("FIXED"), Texts(8, "0"));
+}
+
+TEST_F(FontPage, ForgetsAFaceByTheButtonButNotByTheDeleteKey) {
+    const Texts mapped{"Arial", "Bold", "700", "1", "0", "0", "0", "1"};
+    load();
+    Orv::setValues(appConfig_, "ROMAN", mapped);
+    CFontDialog* page = &open<CFontDialog>();
+    click(2, 1);
+    QTest::keyClick(&grid(), Qt::Key_Delete);
+    EXPECT_EQ(shown(2), "Arial Bold") << "the key is one of column 2";
+    click(2, 2);
+    QTest::keyClick(&grid(), Qt::Key_Delete);
+    EXPECT_EQ(shown(2), "");
+    EXPECT_TRUE(page->onApply());
+    EXPECT_EQ(stored("ROMAN"), mapped);
+
+    page = &open<CFontDialog>();
+    EXPECT_EQ(shown(2), "Arial Bold");
+    click(2, 2);
+    QTest::mouseClick(&button("Remove mapping"), Qt::LeftButton);
+    EXPECT_EQ(shown(2), "");
+    EXPECT_TRUE(page->onApply());
+    EXPECT_EQ(stored("ROMAN"), (Texts{"", "Bold", "700", "1", "0", "0", "0", "1"}));
+    open<CFontDialog>();
+    EXPECT_EQ(shown(2), " Bold");
+}
+
+TEST_F(FontPage, ALockedFieldDisablesTheButtonsOfItsRow) {
+    load(kLocks);
+    open<CFontDialog>();
+    for (const int row : {9, 10, 11}) {
+        click(row, 1);
+        EXPECT_EQ(button("Edit mapping").isEnabled(), row != 10);
+        EXPECT_EQ(button("Remove mapping").isEnabled(), row != 10);
+        EXPECT_EQ(grid().viewport()->findChild<ovsettings::CBitmapBtnDel*>()->isVisible(), row != 10);
+    }
+    EXPECT_EQ(grid().cellStyle(10, 2).toolTip.toStdString(), "Locked by " + installation_.site().string());
+    EXPECT_FALSE(testsupport::controlByCaption(window_, "Scale factor")->isEnabled());
+}
+
+TEST_F(FontPage, WritesAScaleFactorAsItStandsIfItBeginsWithAPositiveNumber) {
+    const testsupport::GermanNumbers german;
+    load();
+    CFontDialog& page = open<CFontDialog>();
+    auto& factor = *find<ovsettings::CScaleFactorEdit>(window_, "Scale factor");
+    const std::pair<const char*, const char*> rows[] = {
+        {"1.5", "1.5"}, {"0", "1.5"},   {"-1", "1.5"},  {"wide", "1.5"},
+        {"", "1.5"},    {"1,5", "1,5"}, {" 2x", " 2x"},
+    };
+    for (const auto& [typed, expected] : rows) {
+        factor.setFocus();
+        QTest::keyClick(&factor, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(&factor, Qt::Key_Delete);
+        QTest::keyClicks(&factor, typed);
+        grid().setFocus();
+        EXPECT_TRUE(page.onApply());
+        EXPECT_EQ(stored("SCALEFACTOR"), Texts{expected}) << typed;
+    }
+    QTest::keyClick(&factor, Qt::Key_Up);
+    EXPECT_TRUE(page.onApply());
+    EXPECT_EQ(stored("SCALEFACTOR"), Texts{"2.1"}) << "with a point, wherever the user lives";
+}

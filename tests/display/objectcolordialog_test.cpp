@@ -1,0 +1,187 @@
+#include "details/pages/display/objectcolordialog.h"
+
+#include "details/widgets/ownerdrawbutton.h"
+#include "tests/display/objectspage.h"
+
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPushButton>
+
+using testsupport::answerNextMessageBox;
+using testsupport::find;
+using testsupport::readFile;
+using testsupport::writeFile;
+
+namespace {
+
+class ObjectColors : public ObjectsPage {
+protected:
+    void SetUp() override {
+        load();
+        openObjects();
+    }
+
+    /// Presses a button of the page and gives its file dialog a name; an empty one cancels it.
+    void chooseFile(const char* button, const std::string& name) {
+        testsupport::whenModal([&](QWidget& modal) {
+            auto* dialog = dynamic_cast<QFileDialog*>(&modal);
+            ASSERT_NE(dialog, nullptr);
+            auto* field = dialog->findChild<QLineEdit*>();
+            title_ = dialog->windowTitle().toStdString();
+            suffix_ = dialog->defaultSuffix().toStdString();
+            filters_ = dialog->nameFilters().join(QLatin1Char('|')).toStdString();
+            preset_ = field->text().toStdString();
+            directoryShown_ = dialog->directory().path().toStdString();
+            if (name.empty())
+                return dialog->reject();
+            field->setText(QString::fromStdString(name));
+            QTest::keyClick(field, Qt::Key_Return);
+        });
+        find<QPushButton>(window_, button)->click();
+    }
+
+    QColor previewAt(int x, int y) {
+        return window_.findChild<ovsettings::OwnerDrawButton*>()->grab().toImage().pixelColor(x, y);
+    }
+
+    testsupport::TemporaryDirectory directory_;
+    const std::string path_ = (directory_ / "mine.ovc").string();
+    std::string title_, suffix_, filters_, preset_, directoryShown_;
+};
+
+} // namespace
+
+TEST_F(ObjectColors, ASchemeThatWasSavedAndEditedByHandShowsInGridAndPreview) {
+    const QColor before = previewAt(0, 0);
+    chooseFile("Save Scheme", path_);
+    EXPECT_EQ(title_, "Save Schema File");
+    EXPECT_EQ(suffix_, "lmc");
+    EXPECT_EQ(filters_, "Orvane Color Schema (*.ovc)|All Files (*.*)");
+    EXPECT_EQ(preset_, "");
+    EXPECT_EQ(stored("MRU_SCHEMA"), Texts{path_});
+    EXPECT_NE(readFile(installation_.user() / "orvane.xml").find(path_), std::string::npos)
+        << "the path is kept whatever becomes of the dialog";
+
+    std::string text = readFile(path_);
+    const auto edit = [&text](const std::string& from, const std::string& to) {
+        ASSERT_NE(text.find(from), std::string::npos) << from << " in\n" << text;
+        text.replace(text.find(from), from.size(), to);
+    };
+    edit(R"(<item name="BACKGROUND" color="0x0"/>)", R"(<item name="BACKGROUND" color="12ab56"/>)");
+    edit(R"(<item name="LABEL" text="0xffff00"/>)", R"(<item name="LABEL" text="0xff" color="0x1"/>)");
+    edit(R"(<item name="UNPLACED COMPONENT" color="0xc0c0c0"/>)",
+         R"(<item name="UNPLACED COMPONENT" color="none"/>)");
+    edit(R"(<item name="BUS" color="0xffff00"/>)", "");
+    edit(R"(<item name="BLOCK" color="0xfffbf0" text="0x0"/>)",
+         R"(<item name="BLOCK" color="0x10" text="0x20"/>)");
+    writeFile(path_, text);
+    chooseFile("Load Scheme", path_);
+    EXPECT_EQ(title_, "Load Schema File");
+    EXPECT_EQ(preset_, "mine.ovc") << "the first of the schemes of late";
+    EXPECT_EQ(directoryShown_, directory_.path().string());
+    EXPECT_EQ(stored("MRU_SCHEMA"), Texts{path_}) << "a load leaves the list";
+
+    EXPECT_NE(before, QColor(0x12, 0xab, 0x56));
+    EXPECT_EQ(previewAt(0, 0), QColor(0x12, 0xab, 0x56)) << "before anything is stored";
+    EXPECT_EQ(cell("OV", "BACKGROUND_LAYER", Row::kColorColumn), std::to_string(0x56ab12));
+    EXPECT_EQ(cell("OV", "LABEL", Row::kTextColumn), std::to_string(0xff0000));
+    EXPECT_EQ(cell("OV", "UNPLACEDCOMPONENT_LAYER", Row::kColorColumn), "0") << "no number is black";
+    EXPECT_EQ(cell("OV", "BUS", Row::kColorColumn), std::to_string(0x00ffff)) << "no item, no change";
+    EXPECT_EQ(cell("ICT", "COMPONENT", Row::kColorColumn), std::to_string(0x100000))
+        << "the caption is the name, not the key";
+    EXPECT_EQ(stored("BACKGROUND_LAYER").at(0), "0x000000");
+    objects_->onApply();
+    EXPECT_EQ(stored("BACKGROUND_LAYER").at(0), "0x12ab56");
+    EXPECT_EQ(stored("ICTCOMPONENT"), (Texts{"0x000010", "0x000020"}));
+}
+
+TEST_F(ObjectColors, EachSaveAddsItsPathAtTheEnd) {
+    chooseFile("Save Scheme", path_);
+    chooseFile("Save Scheme", (directory_ / "other.ovc").string());
+    EXPECT_EQ(preset_, "mine.ovc");
+    chooseFile("Save Scheme", (directory_ / "third").string());
+    const std::string withSuffix = (directory_ / "third.lmc").string();
+    EXPECT_EQ(stored("MRU_SCHEMA"), (Texts{path_, (directory_ / "other.ovc").string(), withSuffix}));
+    EXPECT_TRUE(std::filesystem::exists(withSuffix));
+}
+
+TEST_F(ObjectColors, ACancelledLoadHasStoredTheEditsAndAMissingFileChangesNothing) {
+    chooseColor("OV", "NET", Row::kColorColumn, "#800000");
+    typeWidth("NET", "5");
+    std::filesystem::create_directories(installation_.standard());
+    chooseFile("Load Scheme", "");
+    EXPECT_EQ(directoryShown_, installation_.standard().string());
+    EXPECT_EQ(stored("NET"), (Texts{"1", "1", "0x800000", "1", "0", "5"}));
+    chooseFile("Load Scheme", path_);
+    EXPECT_EQ(cell("OV", "NET", Row::kColorColumn), std::to_string(0x80));
+
+    typeWidth("NET", "50");
+    std::string message;
+    answerNextMessageBox("OK", &message);
+    find<QPushButton>(window_, "Load Scheme")->click();
+    EXPECT_EQ(message, "Please enter a value between 1 and 10");
+    EXPECT_EQ(stored("NET").at(5), "5");
+}
+
+TEST_F(ObjectColors, ASaveThatFailsSaysSoAndLeavesFileAndListAlone) {
+    const std::string target = (directory_ / "gone/mine.ovc").string();
+    std::filesystem::create_directory(directory_ / "gone");
+    for (const bool isDirectory : {true, false}) {
+        std::string message;
+        testsupport::whenModal([&](QWidget& modal) {
+            auto& dialog = dynamic_cast<QFileDialog&>(modal);
+            auto* field = dialog.findChild<QLineEdit*>();
+            field->setText(QString::fromStdString(target));
+            answerNextMessageBox("OK", &message);
+            std::filesystem::remove_all(directory_ / "gone");
+            if (isDirectory)
+                writeFile(directory_ / "gone", "no directory");
+            static_cast<QDialog&>(dialog).done(QDialog::Accepted);
+        });
+        find<QPushButton>(window_, "Save Scheme")->click();
+        EXPECT_NE(message.find((directory_ / "gone").string()), std::string::npos) << message;
+        EXPECT_EQ(stored("MRU_SCHEMA"), Texts{});
+    }
+}
+
+TEST_F(ObjectColors, ADamagedSchemeIsToldAndChangesNothing) {
+    writeFile(path_, "<Schema_file><schema><schematic><item name=\"BACKGROUND\" color=\"0xff\"/>");
+    std::string message;
+    testsupport::whenModal([&](QWidget& modal) {
+        auto& dialog = dynamic_cast<QFileDialog&>(modal);
+        dialog.findChild<QLineEdit*>()->setText(QString::fromStdString(path_));
+        answerNextMessageBox("OK", &message);
+        QTest::keyClick(dialog.findChild<QLineEdit*>(), Qt::Key_Return);
+    });
+    find<QPushButton>(window_, "Load Scheme")->click();
+    EXPECT_EQ(message.rfind(path_ + ": line 1: ", 0), 0u) << message;
+    EXPECT_EQ(cell("OV", "BACKGROUND_LAYER", Row::kColorColumn), "0");
+}
+
+TEST_F(ObjectColors, TheRadioButtonsChooseGridAndPreview) {
+    EXPECT_TRUE(grid("OV").isVisible() && !grid("ICT").isVisible());
+    grid("ICT").rowOfKey("INVALIDCELL")->setColor(0x0000ff);
+    find<QAbstractButton>(window_, "ICT")->click();
+    EXPECT_TRUE(!grid("OV").isVisible() && grid("ICT").isVisible());
+    EXPECT_EQ(previewAt(0, 0), QColor(Qt::red));
+    find<QAbstractButton>(window_, "Schematic")->click();
+    EXPECT_TRUE(grid("OV").isVisible() && !grid("ICT").isVisible());
+    EXPECT_EQ(previewAt(0, 0), QColor(Qt::black));
+}
+
+TEST_F(ObjectColors, AColourChosenInTheGridShowsInThePreviewBeforeItIsStored) {
+    chooseColor("OV", "BACKGROUND_LAYER", Row::kColorColumn, "#800000");
+    EXPECT_EQ(previewAt(0, 0), QColor(0x80, 0, 0));
+    EXPECT_EQ(stored("BACKGROUND_LAYER").at(0), "0x000000");
+}
+
+TEST_F(ObjectColors, OnlyTheMessageOfCodeSevenShowsTheTest) {
+    std::string message;
+    answerNextMessageBox("OK", &message);
+    QKeyEvent leftover(static_cast<QEvent::Type>(QEvent::User + 7), 0, Qt::NoModifier);
+    EXPECT_FALSE(objects_->PreTranslateMessage(&leftover));
+    EXPECT_EQ(message, "test");
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_7, Qt::NoModifier);
+    EXPECT_FALSE(objects_->PreTranslateMessage(&key));
+}

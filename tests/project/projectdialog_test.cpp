@@ -1,0 +1,208 @@
+#include "details/pages/project/projectdialog.h"
+
+#include "tests/project/projectfixture.h"
+
+#include <QtTest/QTest>
+#include <QtWidgets/QCheckBox>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QDialogButtonBox>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QToolButton>
+
+#include <algorithm>
+
+using ovsettings::CProjectDialog;
+
+namespace {
+
+constexpr char kTools[] = "[PCBSYSTEM beta]\ndisplay_name=Board\ncns=b.cns\ncfg=b.cfg\n"
+                          "[PCBSYSTEM alpha]\ndisplay_name=Board\ncns=a.cns\ncfg=a.cfg\n"
+                          "[PCBSYSTEM hidden]\ndisplay=false\ndisplay_name=Secret\ncns=h.cns\n"
+                          "[PCBSYSTEM  two blanks]\ncns=t.cns\n"
+                          "[PCBSYSTEM loud]\ndisplay=TRUE\n"
+                          "[Other]\ndisplay_name=Other\n"
+                          "[PCBSYSTEM last]\ndisplay_name=Last\n";
+constexpr char kStandard[] = "%RSR_HOME%\\standard\\";
+
+class NetlistProjectPage : public ProjectPages {
+protected:
+    NetlistProjectPage() { testsupport::writeFile(installation_.standard() / "pcbsystem.ini", kTools); }
+
+    /// Opens the page over a project with these values.
+    CProjectDialog& open(const std::string& tool = "", const std::string& designInfo = "") {
+        openProject("[DesignInfo]\n" + designInfo);
+        if (!tool.empty())
+            project().projectFile->SetLayoutTool(tool);
+        return openPage<CProjectDialog>("Netlist Project");
+    }
+    QComboBox& tools() { return control<QComboBox>("Layout Tool"); }
+    QCheckBox& box(const std::string& caption) { return control<QCheckBox>(caption); }
+    std::string inDirectory(const std::string& name) const { return (directory() / name).string(); }
+};
+
+} // namespace
+
+TEST_F(NetlistProjectPage, OffersTheVisibleToolsAndKnowsAll) {
+    const struct {
+        const char *key, *selected, *constraints, *configuration, *storedAs;
+    } rows[] = {
+        {"beta", "Board", "isis\\b.cns", "b.cfg", "alpha"},
+        {"hidden", "", "isis\\h.cns", "", "hidden"},
+        {" two blanks", "xxx", "isis\\t.cns", "", " two blanks"},
+        {"last", "Last", "isis\\", "", "last"},
+    };
+    for (const auto& row : rows) {
+        CProjectDialog& page = open(row.key);
+        QStringList offered;
+        for (int i = 0; i < tools().count(); ++i)
+            offered << tools().itemText(i);
+        EXPECT_EQ(offered.join(QLatin1Char(';')).toStdString(), "Board;Board;xxx;Last");
+        EXPECT_EQ(tools().currentText().toStdString(), row.selected) << row.key;
+        EXPECT_EQ(shown("Constraints Definition"), std::string(kStandard) + row.constraints);
+        EXPECT_EQ(shown("PCB Configuration"), std::string(kStandard) + row.configuration);
+        EXPECT_FALSE(control<QLineEdit>("Constraints Definition").isEnabled());
+        EXPECT_TRUE(page.onApply());
+        EXPECT_EQ(onDisk()->GetLayoutTool(), row.storedAs) << "of two tools with one name, the lower key";
+    }
+}
+
+TEST_F(NetlistProjectPage, KeepsAToolThatTheInstallationDoesNotDescribe) {
+    for (const bool installed : {true, false}) {
+        if (!installed)
+            std::filesystem::remove(installation_.standard() / "pcbsystem.ini");
+        CProjectDialog& page = open("elsewhere", "CnsFileName=own.cns\n");
+        EXPECT_EQ(tools().count(), installed ? 4 : 0);
+        EXPECT_EQ(tools().currentIndex(), -1);
+        EXPECT_EQ(shown("PCB Configuration"), "");
+        EXPECT_TRUE(page.onApply());
+        EXPECT_EQ(onDisk()->GetLayoutTool(), "elsewhere");
+        EXPECT_EQ(stored("CnsFileName"), "own.cns");
+    }
+}
+
+TEST_F(NetlistProjectPage, CutsWhatTheProfileCallsHaveNoRoomFor) {
+    std::string text = "[PCBSYSTEM a]\ndisplay_name=" + std::string(3000, 'n') + "\n";
+    text += "[" + std::string(2000, 's') + "]\n[PCBSYSTEM far down beyond the buffer]\n[PCBSYSTEM b]\n";
+    testsupport::writeFile(installation_.standard() / "pcbsystem.ini", text);
+    open("a");
+    ASSERT_EQ(tools().count(), 1);
+    EXPECT_EQ(tools().itemText(0).size(), 2047);
+}
+
+TEST_F(NetlistProjectPage, AnotherToolBringsItsOwnFiles) {
+    CProjectDialog& page = open("last", "CnsFileName=own.cns\nPcbCfgFileName=own.cfg\n");
+    EXPECT_TRUE(box("Use Custom Constraints File").isChecked());
+    EXPECT_EQ(shown("PCB Configuration"), "own.cfg");
+    QTest::keyClick(&tools(), Qt::Key_End);
+    EXPECT_EQ(shown("PCB Configuration"), "own.cfg") << "it is the tool already";
+
+    QTest::keyClick(&tools(), Qt::Key_Home);
+    EXPECT_EQ(shown("Constraints Definition"), std::string(kStandard) + "isis\\a.cns");
+    EXPECT_EQ(shown("PCB Configuration"), std::string(kStandard) + "a.cfg");
+    EXPECT_FALSE(box("Use Custom Constraints File").isChecked());
+    EXPECT_FALSE(control<QLineEdit>("PCB Configuration").isEnabled());
+    EXPECT_EQ(onDisk()->GetLayoutTool(), "last") << "not before the store";
+    EXPECT_TRUE(page.onApply());
+    EXPECT_EQ(onDisk()->GetLayoutTool(), "alpha");
+    EXPECT_EQ(stored("CnsFileName") + stored("PcbCfgFileName"), "");
+}
+
+TEST_F(NetlistProjectPage, AClearedBoxClearsTheProjectButNotTheField) {
+    CProjectDialog& page = open("last", "CnsFileName=own.cns\n");
+    QTest::keyClick(&box("Use Custom Constraints File"), Qt::Key_Space);
+    EXPECT_FALSE(control<QLineEdit>("Constraints Definition").isEnabled());
+    QTest::keyClick(&box("Use Custom Configuration File"), Qt::Key_Space);
+    type("PCB Configuration", "tÿped.cfg ");
+    EXPECT_TRUE(page.onApply());
+    EXPECT_EQ(shown("Constraints Definition"), "own.cns");
+    EXPECT_EQ(stored("CnsFileName"), "");
+    EXPECT_EQ(stored("PcbCfgFileName"), "tÿped.cfg ");
+}
+
+TEST_F(NetlistProjectPage, WritesEverythingInItsOrder) {
+    CProjectDialog& page = open();
+    EXPECT_EQ(shown("Property Definitions"), std::string(kStandard) + "netlist.prp");
+    for (const char* caption : {"Special Components", "Border Symbols", "Bus Contents"})
+        type(caption, inDirectory(std::string(caption) + ".ini"));
+    QTest::keyClick(&box("Use Remote Server Configuration Manager"), Qt::Key_Space);
+    type("Server Name", "host");
+    QTest::keyClick(&tools(), Qt::Key_End);
+    for (const char* caption : {"Use Custom Constraints File", "Use Custom Configuration File"})
+        QTest::keyClick(&box(caption), Qt::Key_Space);
+    EXPECT_TRUE(page.onOk());
+    EXPECT_EQ(stored("PropertyDefinitions"), std::string(kStandard) + "netlist.prp") << "though not there";
+    // New keys come behind those there are.
+    const std::vector<std::string> keys = keysInFile();
+    const char* const order[] = {"Bus_Contents",        "PinComponents", "BorderSymbols",
+                                 "PropertyDefinitions", "CnsFileName",   "PcbCfgFileName"};
+    std::vector<std::string> seen;
+    for (const std::string& key : keys) {
+        if (std::ranges::find(order, key) != std::end(order))
+            seen.push_back(key);
+    }
+    EXPECT_EQ(seen, (std::vector<std::string>(std::begin(order), std::end(order))));
+}
+
+TEST_F(NetlistProjectPage, TellsTheFirstFieldThatItRefuses) {
+    testsupport::writeFile(directory() / "Own.prp", "x");
+    CProjectDialog& page = open();
+    const std::string before = testsupport::readFile(projectPath());
+    const auto refused = [&](bool (CProjectDialog::*operation)(), const std::string& text) {
+        EXPECT_EQ(boxDuring([&] { EXPECT_FALSE((page.*operation)()); }),
+                  (SeenBox{"Error", text, QMessageBox::Critical}));
+    };
+    QTest::keyClick(&box("Use Remote Server Configuration Manager"), Qt::Key_Space);
+    refused(&CProjectDialog::onApply, "Server name is empty.");
+    for (const std::string& unreadable : {std::string(), std::string("missing.prp"), inDirectory("")}) {
+        type("Property Definitions", unreadable);
+        refused(&CProjectDialog::onApply, "Invalid Property Definitions file.");
+    }
+    const struct {
+        const char *caption, *name;
+    } rows[] = {{"Bus Contents", "Bus Contents"},
+                {"Border Symbols", "Borders Symbol"},
+                {"Special Components", "Special Components"}};
+    for (const auto& row : rows) {
+        type(row.caption, "bare.ini");
+        refused(&CProjectDialog::onApply, "Invalid " + std::string(row.name) + " file.");
+        refused(&CProjectDialog::onLeave, "Invalid " + std::string(row.name) + " file location.");
+    }
+    EXPECT_EQ(testsupport::readFile(projectPath()), before) << "a refused page writes nothing";
+
+    for (const auto& row : rows)
+        type(row.caption, "");
+    type("Property Definitions", inDirectory("x\\..\\..\\") + directory().filename().string() + "\\own.PRP");
+    std::filesystem::create_directories(directory() / "x");
+    type("Server Name", "host");
+    boxDuring([&] { EXPECT_TRUE(page.onLeave()); }, "Yes");
+    EXPECT_EQ(onDisk()->GetServerName(), "host");
+}
+
+TEST_F(NetlistProjectPage, BrowsesForTheFilesOfItsOwn) {
+    open("last", "CnsFileName=own.cns\nPcbCfgFileName=own.cfg\n");
+    const struct {
+        int button;
+        const char *caption, *title, *filter, *name, *chosen;
+    } rows[] = {
+        {3, "Property Definitions", "Proprty Definitions", "Proprty Definitions File (*.prp)", "*.prp",
+         "typed"},
+        {4, "Constraints Definition", "Constraints Definition", "Constraints Definition (*.cns)", "",
+         "typed.cns"},
+        {5, "PCB Configuration", "PCB Configuration", "PCB Configuration (*.cfg)", "", "typed.cfg"},
+    };
+    const auto buttons = window_.findChildren<QToolButton*>();
+    for (const auto& row : rows) {
+        testsupport::whenModal([&](QWidget& modal) {
+            auto& chooser = dynamic_cast<QFileDialog&>(modal);
+            auto* name = chooser.findChild<QLineEdit*>();
+            EXPECT_EQ(chooser.windowTitle().toStdString(), row.title);
+            EXPECT_EQ(chooser.nameFilters().value(0).toStdString(), row.filter);
+            EXPECT_EQ(name->text().toStdString(), row.name);
+            name->setText(QStringLiteral("typed"));
+            chooser.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open)->click();
+        });
+        QTest::mouseClick(buttons.value(row.button), Qt::LeftButton);
+        EXPECT_EQ(shown(row.caption), inDirectory(row.chosen));
+    }
+}

@@ -1,0 +1,101 @@
+#include "tests/project/projectfixture.h"
+
+#include "details/shell/internalpages.h"
+#include "details/widgets/stringconversion.h"
+
+#include <QtCore/QStringList>
+#include <QtGui/QClipboard>
+#include <QtGui/QGuiApplication>
+#include <QtTest/QTest>
+#include <QtWidgets/QAbstractButton>
+
+#include <sstream>
+
+using ovsettings::toQString;
+using ovsettings::toUtf8;
+
+std::ostream& operator<<(std::ostream& stream, const SeenBox& box) {
+    return stream << "[" << box.title << ", icon " << box.icon << "] " << box.text;
+}
+
+ProjectPages::ProjectPages() {
+    std::filesystem::create_directories(installation_.standard());
+}
+
+void ProjectPages::openProject(const std::string& text) {
+    closePage();
+    testsupport::writeFile(projectPath(), text);
+    std::string error;
+    project_ = NProjectTools::COpenProject::open(projectPath().string(), error);
+    ASSERT_NE(project_, nullptr) << error;
+    ovsettings::registerInternalPages(factory_, &project());
+    factory_.setConfigurations(&appConfig_, &project());
+}
+
+ovsettings::CPropDialogTemplate& ProjectPages::openPage(const std::string& key) {
+    closePage();
+    page_ = factory_.createPage(key, &window_);
+    if (!page_)
+        throw std::runtime_error("no page " + key);
+    window_.show();
+    page_->show();
+    page_->onEnter();
+    return *page_;
+}
+
+void ProjectPages::closePage() {
+    delete page_;
+    page_ = nullptr;
+}
+
+std::unique_ptr<NProjectTools::CProjectFile> ProjectPages::onDisk() const {
+    return std::make_unique<NProjectTools::CProjectFileUtilitiesLight>(projectPath().c_str());
+}
+
+std::string ProjectPages::stored(const std::string& key) const {
+    return onDisk()->GetValue("DesignInfo", key);
+}
+
+std::vector<std::string> ProjectPages::keysInFile() const {
+    std::vector<std::string> keys;
+    std::istringstream lines(testsupport::readFile(projectPath()));
+    for (std::string line; std::getline(lines, line);) {
+        if (const auto equals = line.find('='); equals != std::string::npos)
+            keys.push_back(line.substr(0, equals));
+    }
+    return keys;
+}
+
+void ProjectPages::type(const std::string& caption, const std::string& text) {
+    QWidget& edit = control<QWidget>(caption);
+    QTest::keyClick(&edit, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&edit, Qt::Key_Delete);
+    if (text.empty())
+        return;
+    QGuiApplication::clipboard()->setText(toQString(text));
+    QTest::keyClick(&edit, Qt::Key_V, Qt::ControlModifier);
+}
+
+std::string ProjectPages::shown(const std::string& caption) {
+    return toUtf8(control<QLineEdit>(caption).text());
+}
+
+SeenBox ProjectPages::boxDuring(const std::function<void()>& operation, const std::string& answer) {
+    SeenBox seen;
+    bool came = false;
+    testsupport::whenModal([&](QWidget& modal) {
+        auto* box = qobject_cast<QMessageBox*>(&modal);
+        ASSERT_NE(box, nullptr) << "a message box was expected";
+        came = true;
+        seen = {toUtf8(box->windowTitle()), toUtf8(box->text()), box->icon()};
+        for (QAbstractButton* button : box->buttons()) {
+            if (button->text().remove(QLatin1Char('&')) == toQString(answer))
+                return button->click();
+        }
+        box->reject();
+        ADD_FAILURE() << "no button " << answer << " in the box: " << seen.text;
+    });
+    operation();
+    EXPECT_TRUE(came) << "no message box came";
+    return seen;
+}
