@@ -6,6 +6,7 @@
 #include <QtGui/QImage>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <sstream>
 
@@ -84,6 +85,20 @@ TEST_F(Tour, PagesOfAProjectAreVisitedToo) {
     ASSERT_EQ(rows.size(), 3u);
     EXPECT_EQ(rows[2][2], "CPartBookDialog");
     EXPECT_EQ(readFile(project), "[DesignInfo]\n");
+}
+
+TEST_F(Tour, EveryPageOfTheSampleProjectLetsItsUserGoOn) {
+    const fs::path copy = root / "samples";
+    fs::copy(OV_SAMPLES, copy, fs::copy_options::recursive);
+    fs::copy(fs::path(OV_INSTALLATION) / "standard", installation.standard(),
+             fs::copy_options::recursive | fs::copy_options::overwrite_existing);
+    const fs::path project = copy / "motorcontroller/motorcontroller.prj";
+    const Outcome tour = runProgram({"--project", project.string(), "tour", pictures.string()});
+    EXPECT_EQ(tour.status, 0) << tour.out << tour.err;
+    EXPECT_EQ(tour.out.find("message"), std::string::npos) << tour.out;
+    const auto rows = summary();
+    EXPECT_EQ(std::ranges::count_if(rows, [](const Words& row) { return row.at(2) == "CProjectDialog"; }), 1);
+    EXPECT_EQ(readFile(project), readFile(fs::path(OV_SAMPLES) / "motorcontroller/motorcontroller.prj"));
 }
 
 TEST_F(Tour, DarkPicturesAreDarkAndNamesAreSafeForAFile) {

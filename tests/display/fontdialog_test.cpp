@@ -98,6 +98,18 @@ TEST_F(FontPage, StoresTheChosenFontWhicheverWayTheChooserIsOpened) {
     }
 }
 
+TEST_F(FontPage, AFaceThatThisMachineLacksStaysUnlessAnotherIsChosen) {
+    load();
+    Orv::setValues(appConfig_, "SCRIPT", {"No Such Face", "Book", "400", "128", "0", "0", "0", "0"});
+    CFontDialog& page = open<CFontDialog>();
+    click(7, 2);
+    whenDialog([](QDialog& dialog) { dialog.accept(); });
+    button("Edit mapping").click();
+    EXPECT_TRUE(page.onApply());
+    EXPECT_EQ(stored("SCRIPT").at(0), "No Such Face");
+    EXPECT_EQ(stored("SCRIPT").at(3), "128");
+}
+
 TEST_F(FontPage, KeepsTheMappingWhenTheChooserIsCancelled) {
     load();
     CFontDialog& page = open<CFontDialog>();

@@ -1,6 +1,7 @@
 #include "details/pages/project/centrallibrarydialog.h"
 
 #include "orv/projectfiledata.h"
+#include "suite/locationmap.h"
 #include "tests/project/projectfixture.h"
 
 #include <QtTest/QTest>
@@ -65,13 +66,42 @@ TEST_F(CentralLibraryPage, WritesWhatChangedInItsOrderAndHasItReadAgain) {
 }
 
 TEST_F(CentralLibraryPage, AStoreOfUnchangedTextsKeepsTheFile) {
-    // One of the names is no UTF-8.
-    CCentralLibraryDialog& page =
-        open("; ours\n[DesignInfo]\nBus_Contents = /bus.ini\nPinComponents=/G\xe4ng.pin\n");
+    // Two of the names are no UTF-8, and one is longer than its field takes.
+    const std::string text = "; ours\n[DesignInfo]\nBus_Contents = /bus.ini\nPinComponents=/G\xe4ng.pin\n"
+                             "BorderSymbols=/" +
+                             std::string(40'000, 'x') + "\nServerName=b\xfcro\n";
+    CCentralLibraryDialog& page = open(text);
     EXPECT_TRUE(page.onApply());
-    const std::string after = testsupport::readFile(projectPath());
-    EXPECT_EQ(after.substr(0, after.find("ng.pin\n")),
-              "; ours\n[DesignInfo]\nBus_Contents = /bus.ini\nPinComponents=/G\xe4");
+    EXPECT_EQ(testsupport::readFile(projectPath()), text);
+}
+
+TEST_F(CentralLibraryPage, FindsSoftNamesInTheMapOfItsOwnProject) {
+    testsupport::writeFile(directory() / "location.map", "$HERE .\n");
+    CCentralLibraryDialog& page = open("[DesignInfo]\nPinComponents=$HERE/new.pin\n");
+    InitLocationMap("", 0);
+    EXPECT_TRUE(page.onLeave());
+}
+
+TEST_F(CentralLibraryPage, TakesWhatIsPastedUpToTheLineBreak) {
+    CCentralLibraryDialog& page = open();
+    control<QLineEdit>("Bus Contents").setText(QStringLiteral("/bus.ini\nrest"));
+    EXPECT_TRUE(page.onApply());
+    EXPECT_EQ(stored("Bus_Contents"), "/bus.ini");
+}
+
+TEST_F(CentralLibraryPage, TriesAgainWhatCouldNotBeWritten) {
+    CCentralLibraryDialog& page = open();
+    type("Bus Contents", "/bus.ini");
+    std::vector<std::string> told;
+    NProjectTools::CProjectFile::SetErrorHandler([&](const std::string& line) { told.push_back(line); });
+    const std::string text = testsupport::readFile(projectPath());
+    std::filesystem::remove(projectPath());
+    EXPECT_TRUE(page.onApply());
+    NProjectTools::CProjectFile::SetErrorHandler({});
+    EXPECT_FALSE(told.empty());
+    testsupport::writeFile(projectPath(), text);
+    EXPECT_TRUE(page.onApply());
+    EXPECT_EQ(stored("Bus_Contents"), "/bus.ini");
 }
 
 TEST_F(CentralLibraryPage, TellsTheFirstFieldThatItRefuses) {
