@@ -13,6 +13,11 @@ struct XmlDocumentRelease {
 };
 using XmlDocument = std::unique_ptr<xmlDoc, XmlDocumentRelease>;
 
+/// The line, from 1, of an element with more attributes than any file of ours has; 0 if there is none. The
+/// parser compares each attribute of an element with all the others, so that a small file could keep it busy
+/// for hours.
+long lineOfCrowdedElement(std::string_view bytes);
+
 /// Parses a file from a stranger: nothing is fetched, no entity is replaced by its content, nothing is
 /// printed, and the parser's own limits on depth and size stand.
 /// @param layout further options of the parser, on blanks and sections: XML_PARSE_NOBLANKS,

@@ -135,6 +135,9 @@ std::string toolkitFilter(std::string_view pairs) {
         std::string patterns = pieces[i + 1];
         for (char& c : patterns)
             c = c == ';' ? ' ' : c;
+        // A name without a dot is matched on the platform that these patterns come from.
+        if (patterns == "*.*")
+            patterns = "*";
         const std::string description = pieces[i].substr(0, pieces[i].find(" ("));
         filter += (filter.empty() ? "" : ";;") + description + " (" + patterns + ")";
     }

@@ -1,5 +1,6 @@
 #include "suite/configuration/document.h"
 
+#include "details/platform/xmldocument.h"
 #include "suite/configuration/xmltext.h"
 
 #include <libxml/SAX2.h>
@@ -68,6 +69,10 @@ public:
         constexpr int kOptions = XML_PARSE_NONET | XML_PARSE_BIG_LINES;
         if (!context_ || bytes.size() > INT_MAX) {
             problem_ = {0, "too large"};
+            return nullptr;
+        }
+        if (const long line = platform::lineOfCrowdedElement(bytes)) {
+            problem_ = {line, "too many attributes"};
             return nullptr;
         }
         xmlDoc* tree = xmlCtxtReadMemory(context_, bytes.data(), static_cast<int>(bytes.size()), nullptr,

@@ -80,6 +80,21 @@ TEST_F(MappingGrid, KeepsAStyleWithoutANameAndTakesAStrangeNameForTheFirst) {
     EXPECT_EQ(stored("BOX").at(4), "0");
 }
 
+TEST_F(MappingGrid, AStoredMinusOneClosesNoColumn) {
+    load(object("BUS",
+                R"(<attribute name="FILL_STYLE">-1</attribute><attribute name="LINE_STYLE">-1</attribute>
+                          <attribute name="LINE_THICKNESS">-1</attribute>)"));
+    openObjects();
+    ASSERT_TRUE(objects_->isValid() && objects_->onApply());
+    EXPECT_EQ(stored("BUS"), (Texts{"1", "1", "0xffff00", "-1", "-1", "-1"}));
+    const int row = grid().rowOfKey("BUS")->row();
+    grid().setCellText(row, Row::kFillColumn, QStringLiteral("Solid"));
+    grid().setCellText(row, Row::kLineColumn, QStringLiteral("Dash"));
+    grid().setCellText(row, Row::kWidthColumn, QStringLiteral("3"));
+    ASSERT_TRUE(objects_->isValid() && objects_->onApply());
+    EXPECT_EQ(stored("BUS"), (Texts{"1", "1", "0xffff00", "1", "1", "3"}));
+}
+
 TEST_F(MappingGrid, RefusesAWidthOutOfRangeWhenTheCellIsLeft) {
     load();
     openObjects();

@@ -57,7 +57,7 @@ TEST_F(ObjectColors, ASchemeThatWasSavedAndEditedByHandShowsInGridAndPreview) {
     chooseFile("Save Scheme", path_);
     EXPECT_EQ(title_, "Save Schema File");
     EXPECT_EQ(suffix_, "lmc");
-    EXPECT_EQ(filters_, "Orvane Color Schema (*.ovc)|All Files (*.*)");
+    EXPECT_EQ(filters_, "Orvane Color Schema (*.ovc)|All Files (*)");
     EXPECT_EQ(preset_, "");
     EXPECT_EQ(stored("MRU_SCHEMA"), Texts{path_});
     EXPECT_NE(readFile(installation_.user() / "orvane.xml").find(path_), std::string::npos)

@@ -91,6 +91,25 @@ TEST_F(ObjectSchema, TrustsNeitherRootNorVersionNorOrder) {
     EXPECT_EQ(schema.item("SCHEMATIC", "UNPLACED COMPONENT"), nullptr);
 }
 
+/// A parser that compares each attribute with all the others would be busy with it for an hour.
+std::string crowdedElement(int attributes) {
+    std::string element = "<item";
+    for (int i = 0; i < attributes; ++i)
+        element += " a" + std::to_string(i) + "='>'";
+    return element + "/>";
+}
+
+TEST_F(ObjectSchema, TakesManyEqualSignsWhereTheyAreNoAttributes) {
+    const std::string signs(5000, '=');
+    writeFile(path_, kRoot +
+                         ("<!--<a \"" + signs + "--><?b " + signs + "?><ict><![CDATA[<c " + signs + "]]>" +
+                          signs + "<item color='" + signs + "' name=\"NET\"/></ict>") +
+                         kEnd);
+    CObjectSchema schema;
+    EXPECT_TRUE(schema.read(path_)) << schema.error();
+    EXPECT_NE(schema.item("ict", "NET"), nullptr);
+}
+
 TEST_F(ObjectSchema, RefusesWhatIsNoDocumentAndSaysWhy) {
     const std::string secret = (directory_ / "secret").string();
     writeFile(secret, "0xabcdef");
@@ -106,6 +125,7 @@ TEST_F(ObjectSchema, RefusesWhatIsNoDocumentAndSaysWhy) {
         {"entities that grow",
          "<!DOCTYPE a [<!ENTITY b \"" + std::string(1000, 'x') + "\"><!ENTITY c \"" +
              "&b;&b;&b;&b;&b;&b;&b;&b;\"><!ENTITY d \"&c;&c;&c;&c;\">]><a c=\"&d;&e;\"/>"},
+        {"an element of many attributes", "<a><schema>" + crowdedElement(100'000) + "</schema></a>"},
         {"a long attribute", "<a><schema b=\"" + std::string(11'000'000, 'x') + "\"/></a>"},
     };
     for (const auto& row : rows) {

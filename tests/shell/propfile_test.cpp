@@ -55,7 +55,7 @@ TEST(PropFile, BrowsingSetsTheFieldUnlessTheValidatorRefuses) {
             EXPECT_EQ(dialog->windowTitle(), QStringLiteral("Choose"));
             EXPECT_EQ(dialog->directory().absolutePath(), toQString(directory.path().string()));
             EXPECT_EQ(dialog->nameFilters(), (QStringList{QStringLiteral("PCB Configuration (*.cfg)"),
-                                                          QStringLiteral("All Files (*.*)")}));
+                                                          QStringLiteral("All Files (*)")}));
             dialog->findChild<QLineEdit*>()->setText(QStringLiteral("chosen.cfg"));
             if (answer == QDialog::Accepted)
                 dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open)->click();

@@ -23,10 +23,10 @@ struct GridColumn {
 
 /// In the order of the columns, from 1.
 constexpr GridColumn kGridColumns[CMappingRow::kColumns] = {
-    {QT_TRANSLATE_NOOP("ovsettings", "Object"), 22},     {QT_TRANSLATE_NOOP("ovsettings", "Color"), 6},
+    {QT_TRANSLATE_NOOP("ovsettings", "Object"), 16},     {QT_TRANSLATE_NOOP("ovsettings", "Color"), 7},
     {QT_TRANSLATE_NOOP("ovsettings", "Text"), 5},        {QT_TRANSLATE_NOOP("ovsettings", "Fill Style"), 12},
     {QT_TRANSLATE_NOOP("ovsettings", "Line Style"), 11}, {QT_TRANSLATE_NOOP("ovsettings", "Font"), 13},
-    {QT_TRANSLATE_NOOP("ovsettings", "Width"), 6},
+    {QT_TRANSLATE_NOOP("ovsettings", "Width"), 7},
 };
 
 } // namespace
@@ -151,13 +151,16 @@ void CMappingGrid::currentChanged(const QModelIndex& current, const QModelIndex&
 }
 
 void CMappingGrid::layoutColumns() {
+    const int unit = fontMetrics().averageCharWidth();
+    // The first column shows every caption whole; the others share what is left.
+    const int first = std::max(kGridColumns[0].characters * unit, sizeHintForColumn(0));
+    setWidthOfColumn(1, first);
     int characters = 0;
-    for (const GridColumn& column : kGridColumns)
-        characters += column.characters;
-    for (int column = 1; column <= CMappingRow::kColumns; ++column) {
+    for (int column = 2; column <= CMappingRow::kColumns; ++column)
+        characters += kGridColumns[column - 1].characters;
+    for (int column = 2; column <= CMappingRow::kColumns; ++column) {
         const int share = kGridColumns[column - 1].characters;
-        setWidthOfColumn(
-            column, std::max(share * fontMetrics().averageCharWidth(), clientWidth() * share / characters));
+        setWidthOfColumn(column, std::max(share * unit, (clientWidth() - first) * share / characters));
     }
 }
 

@@ -68,8 +68,8 @@ public:
     /// The row of a key as it was added; null if there is none.
     CMappingRow* rowOfKey(std::string_view key) const;
 
-    /// Ends the edit of the current cell and asks every row; what is wrong has been told if the result is
-    /// false.
+    /// Ends the edit of the current cell and, unless its text is refused, asks every row; what is wrong has
+    /// been told if the result is false.
     bool validate();
     /// Writes all rows to the configuration.
     void store();

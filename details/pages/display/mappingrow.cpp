@@ -19,6 +19,7 @@ namespace ovsettings {
 
 namespace {
 
+// The editor's own names, the same in every language.
 constexpr const char* kFillNames[] = {
     "Hollow", "Solid", "Diagdn1", "Diagup2", "Grey08", "Diagdn2", "Diagup1", "Horiz",
     "Vert",   "Grid2", "Grid1",   "X2",      "X1",     "Grey50",  "Grey92",  "Grey04",
@@ -33,6 +34,8 @@ constexpr const char* kFontNames[] = {
 };
 
 constexpr int kClosed = -1;
+constexpr int kOpen = 0; ///< the least value of an open column, whatever the configuration says
+constexpr int kListWidth = 150;
 constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 constexpr MappingFields kObjectFields{CMappingRow::kColorColumn, 2, kNone, 3, 4, 5};
 constexpr MappingFields kTextFields{CMappingRow::kTextColumn, 2, kNone, 3, 4, kNone};
@@ -98,7 +101,9 @@ CMappingRow::~CMappingRow() = default;
 bool CMappingRow::validate() {
     const int width = getWidth();
     const GridCellLimits limits = CEditGrid::limits();
-    if (width == kClosed || (width >= limits.minimum && width <= limits.maximum))
+    // One that is locked is not the user's to mend.
+    if (width == kClosed || isLocked(kObjectFields.width) ||
+        (width >= limits.minimum && width <= limits.maximum))
         return true;
     showMessage(&grid_, limits.message);
     grid_.setCurrentCell(row_, kWidthColumn);
@@ -239,17 +244,20 @@ void CMappingRow::readName(int column, int& index, Names& names, std::size_t fie
     if (!opens(column, index, field))
         return;
     const QStringList choices = choicesOf(names);
-    index = Orv::integerFromText(values_[field]);
+    const int stored = Orv::integerFromText(values_[field]);
+    index = std::max(stored, kOpen);
     // An index without a name gets an empty one, and so is stored again as it was.
-    const std::string& name = names[index];
-    showField(column, {.kind = GridCellKind::dropDown, .choices = choices}, field, toQString(name));
+    const std::string& name = names[stored];
+    showField(column, {.kind = GridCellKind::dropDown, .choices = choices, .listWidth = kListWidth}, field,
+              toQString(name));
 }
 
 void CMappingRow::readWidth(std::size_t field) {
     if (!opens(kWidthColumn, width_, field))
         return;
-    width_ = Orv::integerFromText(values_[field]);
-    showField(kWidthColumn, {.limits = CEditGrid::limits()}, field, QString::number(width_));
+    const int stored = Orv::integerFromText(values_[field]);
+    width_ = std::max(stored, kOpen);
+    showField(kWidthColumn, {.limits = CEditGrid::limits()}, field, QString::number(stored));
 }
 
 QString CMappingRow::cellText(int column) const {
@@ -317,15 +325,6 @@ void CMappingRowLayer::read() {
 CMappingTextLayer::CMappingTextLayer(CMappingGrid& grid, int row, std::string caption, std::string key,
                                      const MappingValues& values)
     : CMappingRow(grid, row, std::move(caption), std::move(key), withColorOfText(values)) {
-}
-
-void CMappingTextLayer::store() {
-    storeColor(kTextFields.color, getColor());
-    storeFontOrFill(kTextFields.fillOrFont);
-    if (getLine() != kClosed)
-        storeField(kTextFields.line, getLine());
-    else if (getFont() != kClosed)
-        storeField(kTextFields.line, getFont());
 }
 
 void CMappingTextLayer::applySchema(const std::string&, const std::string& text) {

@@ -155,7 +155,6 @@ public:
     CMappingTextLayer(CMappingGrid& grid, int row, std::string caption, std::string key,
                       const MappingValues& values);
 
-    void store() override;
     void applySchema(const std::string& color, const std::string& text) override;
     void setColor(int color) override;
     void setTextColor(int color) override;

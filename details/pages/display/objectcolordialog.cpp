@@ -119,7 +119,12 @@ public:
 std::string firstRecentScheme(const Orv::iAppConfiguration& appConfig) {
     std::string first;
     Orv::getValue(appConfig, kRecentSchemes, first);
-    return platform::platformPath(first);
+    return platform::resolveExisting(first).value_or(platform::platformPath(first));
+}
+
+std::string installedSchemes() {
+    const std::string home = platform::environmentVariable("RSR_HOME").value_or("");
+    return platform::resolveExisting(home + "/standard").value_or("");
 }
 
 void addRecentScheme(Orv::iAppConfiguration& appConfig, const std::string& path) {
@@ -188,6 +193,7 @@ bool CObjectColorDialog::OnInitDialog() {
     previews_[kSchematicPreview] = std::make_unique<COvPreview>(*this);
     previews_[kIctPreview] = std::make_unique<CICEPreview>(*this);
     ui_->preview->setDrawing([this](const DrawItem& item) { currentPreview_->draw(item); });
+    CPropDialogTemplateEx::OnInitDialog();
     changeMode();
     connect(ui_->schematic, &QRadioButton::toggled, this, &CObjectColorDialog::changeMode);
     connect(ui_->loadScheme, &QPushButton::clicked, this, &CObjectColorDialog::loadScheme);
@@ -246,16 +252,22 @@ bool CObjectColorDialog::validate() {
         if (!checked || checked->validate())
             continue;
         valid = false;
-        (checked == ui_->ictGrid ? ui_->ict : ui_->schematic)->setChecked(true);
+        showGrid(*checked);
     }
     return valid;
+}
+
+void CObjectColorDialog::showGrid(const CMappingGrid& shown) {
+    (&shown == ui_->ictGrid ? ui_->ict : ui_->schematic)->setChecked(true);
 }
 
 bool CObjectColorDialog::storeGrids() {
     // A text that its cell refuses is not stored, and there is no scheme without it.
     for (const auto& [mode, grid] : grids_) {
-        if (!grid->endEdit())
+        if (!grid->endEdit()) {
+            showGrid(*grid);
             return false;
+        }
     }
     return onApply();
 }
@@ -267,7 +279,7 @@ void CObjectColorDialog::loadScheme() {
     if (const std::string recent = firstRecentScheme(*appConfig_); !recent.empty())
         dialog.selectFile(toQString(recent));
     else
-        dialog.setDirectory(toQString(platform::environmentVariable("RSR_HOME").value_or("") + "/standard"));
+        dialog.setDirectory(toQString(installedSchemes()));
     const std::string path = dialog.choose();
     if (path.empty())
         return;
@@ -297,7 +309,7 @@ void CObjectColorDialog::saveScheme() {
     addSection(schema, kSchematicMode, *grid(kSchematicMode));
     addSection(schema, kIctMode, *grid(kIctMode));
     if (const auto failure = schema.write(path)) {
-        showMessage(this, tr("%1 is not saved.\n%2").arg(toQString(path), toQString(failure->text())));
+        showMessage(this, tr("The scheme is not saved.\n%1").arg(toQString(failure->text())));
         return;
     }
     addRecentScheme(*appConfig_, path);

@@ -42,6 +42,7 @@ private:
     void changeMode();
     bool validate();
     /// @return false, with nothing stored, if an edit in progress is refused.
+    void showGrid(const CMappingGrid& shown);
     bool storeGrids();
     void loadScheme();
     void saveScheme();

@@ -161,7 +161,10 @@ std::optional<platform::FileError> CObjectSchema::write(const std::string& path)
     // The page's words for its grids are not those of the file, and that is meant.
     writeSection(*schema, "schematic", "OV");
     writeSection(*schema, "ict", "ICT");
-    return platform::writeFileAtomically(platform::platformPath(path), bytesOf(*document_));
+    const std::string bytes = bytesOf(*document_);
+    if (bytes.empty())
+        return platform::FileError{path, "write", ENOMEM};
+    return platform::writeFileAtomically(platform::platformPath(path), bytes);
 }
 
 void CObjectSchema::writeSection(xmlNode& schema, const char* element, std::string_view section) {

@@ -35,6 +35,7 @@ struct GridCellStyle {
     /// Drawn as a disabled control is.
     bool greyed = false;
     QStringList choices = {};
+    int listWidth = 0; ///< least width of an open list of choices, in pixels; that of the cell if less
     Qt::Orientation orientation = Qt::Horizontal; ///< of a radio group
     /// One "#" for each digit there may be, any other character for itself; empty allows any text.
     QString mask = {};

@@ -78,6 +78,7 @@ QWidget* makeList(CGridWnd& grid, QWidget* parent, const CGridModel::Cell& cell)
     auto* list = new CCellList(grid, parent);
     list->addItems(cell.style.choices);
     list->setPlaceholderText(cell.text);
+    list->view()->setMinimumWidth(cell.style.listWidth);
     return list;
 }
 
