@@ -84,6 +84,7 @@ bool iAppConfiguration::setProperty(const Property& property) {
     // Sinks are told of the attempt: before anything is stored, and also of a field that its lock will keep.
     impl_->notify(property.name, notificationValue(property.values));
     auto& record = impl_->records[*row];
+    impl_->forgetStanding(*row);
     resizeFields(record, property.values.size());
     for (std::size_t i = 0; i < property.values.size(); ++i) {
         if (record.property.readonly[i] == 0)
@@ -99,6 +100,7 @@ bool iAppConfiguration::setPropertyDefaults(const std::string& key, const std::v
     if (!row)
         return false;
     auto& record = impl_->records[*row];
+    impl_->forgetStanding(*row);
     record.property.defaults = values;
     resizeFields(record, values.size());
     for (std::size_t i = 0; i < values.size(); ++i)
@@ -120,6 +122,7 @@ bool iAppConfiguration::setNumber(std::string_view key, float value) {
     if (!row || !impl_->numbers[*row])
         return false;
     impl_->numbers[*row] = value;
+    impl_->forgetStanding(*row);
     outdateText(impl_->records[*row]);
     impl_->notify(key, value);
     return true;
@@ -145,6 +148,7 @@ bool iAppConfiguration::setGraphics(std::string_view key, int visible, int selec
     const auto row = findRow(key);
     if (!row || !impl_->graphics[*row])
         return false;
+    impl_->forgetStanding(*row);
     impl_->graphics[*row] = Graphics{visible, selectable, colour, fillStyle, lineStyle, lineThickness};
     outdateText(impl_->records[*row]);
     impl_->notify(key, static_cast<float>(visible));

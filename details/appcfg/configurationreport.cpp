@@ -21,7 +21,8 @@ void readListStatement(const IOvConfiguration& configuration, const Property& pr
                        LevelStatement& statement) {
     std::vector<std::string> values;
     std::vector<std::uint8_t> locks;
-    statement.present = configuration.readList(pathOf(property), property.name, values, locks);
+    statement.present =
+        configuration.readList(pathOf(property.kind, property.name), property.name, values, locks);
     locks.resize(values.size());
     statement.values.assign(values.begin(), values.end());
     statement.locks.assign(locks.begin(), locks.end());

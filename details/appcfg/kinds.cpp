@@ -74,19 +74,19 @@ const KindTraits& kindTraits(int kind) {
     return traits[static_cast<std::size_t>(kind - 1)];
 }
 
-const std::string& pathOf(const iAppConfiguration::Property& property) {
+const std::string& pathOf(int kind, const std::string& name) {
     static const std::array<ListPath, 4> listPaths = {{
         {"PRINTER", "Orvane/COLORS"},
         {"SCREEN", "Orvane/COLORS"},
         {"PROPERTIES_TOOLTIP", "Orvane/SETTINGS"},
         {"MRU_PROJECTS", "Orvane/SETTINGS"},
     }};
-    if (property.kind == KindList) {
-        const auto own = std::ranges::find(listPaths, property.name, &ListPath::key);
+    if (kind == KindList) {
+        const auto own = std::ranges::find(listPaths, name, &ListPath::key);
         if (own != listPaths.end())
             return own->path;
     }
-    return kindTraits(property.kind).path;
+    return kindTraits(kind).path;
 }
 
 std::vector<std::string> cutFields(std::string_view joined) {

@@ -27,7 +27,7 @@ struct KindTraits {
 const KindTraits& kindTraits(int kind);
 
 /// The path of a property. Some lists have a place of their own.
-const std::string& pathOf(const iAppConfiguration::Property& property);
+const std::string& pathOf(int kind, const std::string& name);
 
 /// Cuts text at every comma with a blank behind it, and at no other comma. Empty text has no pieces.
 std::vector<std::string> cutFields(std::string_view joined);

@@ -17,6 +17,7 @@ void normaliseFields(int kind, std::vector<std::string>& values) {
 
 void iAppConfiguration::Impl::registerCatalogue() {
     records.clear();
+    standings.fill(Standing::unknown);
     records.reserve(kCatalogueSize);
     for (const auto& row : catalogue()) {
         Property property{std::string(row.key)};
@@ -45,6 +46,7 @@ bool iAppConfiguration::Impl::isCached(std::size_t row) const {
 void iAppConfiguration::Impl::refreshCache(std::size_t row) {
     const auto& property = records[row].property;
     records[row].isFlushed = false;
+    forgetStanding(row);
     const auto cache = kindTraits(property.kind).cache;
     if (cache == Cache::number)
         numbers[row] = property.values.empty() ? 0.0F : floatFromText(property.values.front());
@@ -53,7 +55,7 @@ void iAppConfiguration::Impl::refreshCache(std::size_t row) {
 }
 
 void iAppConfiguration::Impl::flushCache(std::size_t row) {
-    if (records[row].isFlushed)
+    if (standings[row] != Standing::unknown || records[row].isFlushed)
         return;
     records[row].isFlushed = true;
     auto& property = records[row].property;

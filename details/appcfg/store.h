@@ -5,6 +5,7 @@
 #include "orv/appconfiguration.h"
 
 #include <array>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -26,6 +27,14 @@ struct Record {
     bool isFlushed = false; ///< true while the text is what the cache prints; most saves find it so
 };
 
+/// What a save has to do about a row.
+enum class Standing : std::uint8_t {
+    unknown,   ///< only its record can tell
+    silent,    ///< nothing: the key stays in the file as it is
+    inherited, ///< it says what the defaults say, and goes from the file
+    own,       ///< it is written
+};
+
 /// A property's text in the form in which the caches print it. Kinds without a cache have no other than the
 /// given.
 void normaliseFields(int kind, std::vector<std::string>& values);
@@ -40,6 +49,9 @@ struct iAppConfiguration::Impl {
     /// False if the last load found no configuration in the directory that is written: what it then holds is
     /// not known here, and a save must not take anything out of it.
     bool knowsWrittenLevel = false;
+    /// As the last save found them. The records lie all over the memory, and a save that looks at each of
+    /// them spends most of its time on waiting for them.
+    std::array<Standing, kCatalogueSize> standings{};
     std::array<std::optional<float>, kCatalogueSize> numbers;
     std::array<std::optional<Graphics>, kCatalogueSize> graphics;
     std::vector<iEventSink*> sinks; ///< not owned
@@ -52,6 +64,9 @@ struct iAppConfiguration::Impl {
 
     /// Null for an unknown key and for a field that does not exist.
     const Origin* originOf(std::string_view key, std::size_t field) const noexcept;
+
+    /// To be called when a record's text, defaults or locks have changed, or its cache.
+    void forgetStanding(std::size_t row) { standings[row] = Standing::unknown; }
 
     bool isCached(std::size_t row) const;
     void refreshCache(std::size_t row);

@@ -14,48 +14,57 @@ bool isSet(std::uint8_t flag) {
     return flag != 0;
 }
 
-enum class Removal { allowed, forbidden };
-
-/// Nothing to write and nothing to remove: the key stays in the file as it is.
-bool hasNothingToSay(const Property& property) {
-    return property.values.empty() || property.values.front().empty();
-}
-
-void writeValue(const Property& property, Removal removal, IOvConfiguration& configuration) {
-    if (hasNothingToSay(property) || isSet(property.readonly.front()))
-        return;
-    const auto& path = pathOf(property);
-    if (property.defaults.empty() || property.values.front() != property.defaults.front())
-        configuration.writeValue(path, property.name, property.values.front());
-    else if (removal == Removal::allowed)
-        configuration.removeKey(path, property.name);
-}
-
-/// Unlike a single value, a list is written although it is locked. This is meant.
-void writeList(const Property& property, Removal removal, IOvConfiguration& configuration) {
-    if (hasNothingToSay(property))
-        return;
-    const auto& path = pathOf(property);
-    if (property.values != property.defaults)
-        configuration.writeList(path, property.name, property.values);
-    else if (removal == Removal::allowed)
-        configuration.removeKey(path, property.name);
-}
-
-/// Unlike a single value, a group is written although it is locked, and loses the marks it had. This is
-/// meant.
-void writeGroup(const Property& property, Removal removal, IOvConfiguration& configuration) {
-    const auto& traits = kindTraits(property.kind);
+/// The fields of a group that differ from the defaults, by name.
+std::map<std::string, std::string> ownAttributes(const Property& property) {
+    const auto& names = kindTraits(property.kind).fieldNames;
     std::map<std::string, std::string> attributes;
-    for (std::size_t i = 0; i < std::min(traits.fieldNames.size(), property.values.size()); ++i) {
+    for (std::size_t i = 0; i < std::min(names.size(), property.values.size()); ++i) {
         if (i >= property.defaults.size() || property.values[i] != property.defaults[i])
-            attributes[traits.fieldNames[i]] = property.values[i];
+            attributes[names[i]] = property.values[i];
     }
-    if (attributes.empty() && removal == Removal::forbidden)
-        return;
-    configuration.removeGroup(traits.path, traits.typeWord, property.name);
-    if (!attributes.empty())
-        configuration.writeGroup(traits.path, traits.typeWord, property.name, attributes);
+    return attributes;
+}
+
+/// A value that is locked is left alone; a list or a group is written although it is locked, and a group
+/// loses the marks it had. This is meant.
+Standing standingOf(const Property& property) {
+    const auto storage = kindTraits(property.kind).storage;
+    if (storage == Storage::group)
+        return ownAttributes(property).empty() ? Standing::inherited : Standing::own;
+    if (property.values.empty() || property.values.front().empty())
+        return Standing::silent;
+    if (storage == Storage::list)
+        return property.values == property.defaults ? Standing::inherited : Standing::own;
+    if (isSet(property.readonly.front()))
+        return Standing::silent;
+    const bool isInherited =
+        !property.defaults.empty() && property.values.front() == property.defaults.front();
+    return isInherited ? Standing::inherited : Standing::own;
+}
+
+void remove(int kind, const std::string& name, IOvConfiguration& configuration) {
+    const auto& traits = kindTraits(kind);
+    if (traits.storage == Storage::group)
+        configuration.removeGroup(traits.path, traits.typeWord, name);
+    else
+        configuration.removeKey(pathOf(kind, name), name);
+}
+
+void write(const Property& property, IOvConfiguration& configuration) {
+    const auto& traits = kindTraits(property.kind);
+    const auto& path = pathOf(property.kind, property.name);
+    switch (traits.storage) {
+    case Storage::value:
+        configuration.writeValue(path, property.name, property.values.front());
+        break;
+    case Storage::list:
+        configuration.writeList(path, property.name, property.values);
+        break;
+    case Storage::group:
+        configuration.removeGroup(path, traits.typeWord, property.name);
+        configuration.writeGroup(path, traits.typeWord, property.name, ownAttributes(property));
+        break;
+    }
 }
 
 } // namespace
@@ -79,7 +88,7 @@ void ConfigurationReader::readAll() {
 
 void ConfigurationReader::readList(Record& record) {
     const auto& property = record.property;
-    if (!configuration_.readList(pathOf(property), property.name, values_, locks_))
+    if (!configuration_.readList(pathOf(property.kind, property.name), property.name, values_, locks_))
         return;
     locks_.resize(values_.size());
     if (mostSpecific_) {
@@ -188,20 +197,16 @@ void ConfigurationReader::noteLocks(Record& record) const {
     }
 }
 
-void writeAll(const iAppConfiguration::Impl& store, IOvConfiguration& configuration) {
-    const auto removal = store.knowsWrittenLevel ? Removal::allowed : Removal::forbidden;
-    for (const auto& record : store.records) {
-        switch (kindTraits(record.property.kind).storage) {
-        case Storage::value:
-            writeValue(record.property, removal, configuration);
-            break;
-        case Storage::list:
-            writeList(record.property, removal, configuration);
-            break;
-        case Storage::group:
-            writeGroup(record.property, removal, configuration);
-            break;
-        }
+void writeAll(iAppConfiguration::Impl& store, IOvConfiguration& configuration) {
+    for (std::size_t row = 0; row < store.records.size(); ++row) {
+        const auto& property = store.records[row].property;
+        auto& standing = store.standings[row];
+        if (standing == Standing::unknown)
+            standing = standingOf(property);
+        if (standing == Standing::own)
+            write(property, configuration);
+        else if (standing == Standing::inherited && store.knowsWrittenLevel)
+            remove(catalogue()[row].kind, property.name, configuration);
     }
 }
 

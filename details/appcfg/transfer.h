@@ -49,6 +49,6 @@ private:
 
 /// Writes the store into a configuration: what differs from the defaults is stored, the rest removed, unless
 /// the store has not seen what the configuration holds.
-void writeAll(const iAppConfiguration::Impl& store, IOvConfiguration& configuration);
+void writeAll(iAppConfiguration::Impl& store, IOvConfiguration& configuration);
 
 } // namespace Orv
