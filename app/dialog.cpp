@@ -73,9 +73,13 @@ private:
 class TroubleBox {
 public:
     void operator()(const std::string& message) {
-        if (told_.insert(message).second)
-            QMessageBox::warning(QApplication::activeModalWidget(), "Settings",
-                                 QString::fromStdString(message));
+        if (!told_.insert(message).second)
+            return;
+        QMessageBox box(QMessageBox::Warning, "Settings", QString::fromStdString(message), QMessageBox::Ok,
+                        QApplication::activeModalWidget());
+        // A path may look like markup.
+        box.setTextFormat(Qt::PlainText);
+        box.exec();
     }
 
 private:

@@ -86,5 +86,7 @@ int main(int argc, char** argv) {
         return run(app::parseCommandLine(words.subspan(std::min<std::size_t>(1, words.size()))));
     } catch (const std::exception& failure) {
         return app::refuse(failure.what());
+    } catch (...) { // an add-in may throw anything
+        return app::refuse("an unknown error");
     }
 }

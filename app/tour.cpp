@@ -77,15 +77,19 @@ TourOptions parseTour(Arguments arguments) {
     return tour;
 }
 
-// Copies the files; what is no file or directory, a socket perhaps, holds no settings.
+// Copies the files, as far as they can be read; what is no file or directory, a socket perhaps, holds no
+// settings. A link to a directory is not followed: it may lead anywhere, and back.
 void copyFiles(const fs::path& from, const fs::path& to) {
-    for (const fs::directory_entry& entry : fs::directory_iterator(from)) {
+    std::error_code unreadable;
+    for (const fs::directory_entry& entry : fs::directory_iterator(from, unreadable)) {
         const fs::path target = to / entry.path().filename();
-        if (entry.is_directory()) {
-            fs::create_directory(target);
+        if (entry.is_directory(unreadable)) {
+            if (entry.is_symlink(unreadable))
+                continue;
+            fs::create_directory(target, unreadable);
             copyFiles(entry.path(), target);
-        } else if (entry.is_regular_file()) {
-            fs::copy_file(entry.path(), target);
+        } else if (entry.is_regular_file(unreadable)) {
+            fs::copy_file(entry.path(), target, unreadable);
         }
     }
 }

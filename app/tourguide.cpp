@@ -113,7 +113,10 @@ void TourGuide::closeBox() {
         return;
     if (!dialog_ && modal->findChild<QTreeWidget*>())
         return;
-    note(textOf(*modal));
+    // One that does not let itself be closed is noted once.
+    if (modal != declined_)
+        note(textOf(*modal));
+    declined_ = modal;
     decline(*modal);
 }
 

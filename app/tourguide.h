@@ -57,6 +57,7 @@ private:
     QTimer visits_;
     QTimer boxes_;
     QPointer<QWidget> dialog_;
+    QPointer<QWidget> declined_; ///< the box that was in the way last
     QPointer<QTreeWidget> tree_;
     std::set<const ovsettings::CPropDialogTemplate*> seen_;
     std::vector<QTreeWidgetItem*> route_;

@@ -80,6 +80,7 @@ COwnSECColorWell::COwnSECColorWell(const std::vector<int>& palette, int current,
     for (const int color : palette)
         addColor(color);
     auto* other = new QPushButton(tr("Other..."), this);
+    other->setAutoDefault(true); // outside of a dialog, Enter presses no other button
     connect(other, &QPushButton::clicked, this, &COwnSECColorWell::chooseOther);
     layout->addWidget(other, layout->rowCount(), 0, 1, columns_);
     buttons_.push_back(other);

@@ -138,6 +138,20 @@ TEST(SchemeFile, WritesOneSchemeInTheOrderThatOtherProgramsKnow) {
     EXPECT_EQ(again.schemes.at(0).layerSlots[12], 2);
 }
 
+TEST(SchemeFile, WritesNoMoreOfANameThanItsLineHolds) {
+    for (const char* letter : {"x", "\xc3\xa9"}) {
+        CColorScheme scheme = manyColors();
+        scheme.name.clear();
+        while (scheme.name.size() < 300)
+            scheme.name += letter;
+        const auto read = readSchemes(ovsettings::schemeText(scheme));
+        EXPECT_EQ(read.error, Orv::ColorSchemeError::none);
+        ASSERT_EQ(read.schemes.size(), 1U);
+        EXPECT_TRUE(scheme.name.starts_with(read.schemes[0].name)) << read.schemes[0].name;
+        EXPECT_EQ(read.schemes[0].name.size(), 246U);
+    }
+}
+
 TEST(SchemeFile, NamesASchemeByItsFileUpToTheFirstDot) {
     const std::pair<const char*, const char*> rows[] = {
         {"/home/ann/calm.scm", "calm"},

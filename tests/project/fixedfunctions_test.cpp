@@ -54,6 +54,21 @@ protected:
     }
 };
 
+TEST_F(FixedFunctions, WhatCouldNotBeWrittenIsTriedAgain) {
+    CFixedFunctionsDialog& page = openWith({"A"});
+    key(page, 0, Qt::Key_Delete);
+    const std::string text = testsupport::readFile(projectPath());
+    std::filesystem::remove(projectPath());
+    NProjectTools::CProjectFile::SetErrorHandler([](const std::string&) {});
+    EXPECT_TRUE(page.onApply());
+    boxDuring([&] { EXPECT_TRUE(page.onLeave()); }, "Yes");
+    NProjectTools::CProjectFile::SetErrorHandler({});
+    EXPECT_TRUE(page.isModified());
+    testsupport::writeFile(projectPath(), text);
+    EXPECT_TRUE(page.onApply());
+    EXPECT_EQ(onDiskNow(), Names{});
+}
+
 TEST_F(FixedFunctions, EachKindOfChangeIsStoredAndNoneIsNot) {
     struct Row {
         const char* what;

@@ -174,6 +174,18 @@ void appendColors(std::string& text, std::string_view keyword, const CColorSchem
     text += '\n';
 }
 
+/// As much of a name as the reader finds on its line, in whole characters.
+std::string_view nameForLine(std::string_view name) {
+    constexpr std::size_t kLongestName = kPieceLength - std::string_view("SCHEME \n").size();
+    name = name.substr(0, name.find('\n'));
+    if (name.size() <= kLongestName)
+        return name;
+    std::size_t size = kLongestName;
+    while (size > 0 && (static_cast<unsigned char>(name[size]) & 0xc0) == 0x80)
+        --size;
+    return name.substr(0, size);
+}
+
 } // namespace
 
 SchemeReading readSchemes(std::string_view text) {
@@ -190,7 +202,7 @@ SchemeReading readSchemes(std::string_view text) {
 }
 
 std::string schemeText(const CColorScheme& scheme) {
-    std::string text = "SCHEME " + scheme.name.substr(0, scheme.name.find('\n')) + "\n\n";
+    std::string text = "SCHEME " + std::string(nameForLine(scheme.name)) + "\n\n";
     appendColors(text, "SCREEN_COLOR", scheme.screenColors);
     appendColors(text, "PRINT_COLOR", scheme.printColors);
     for (std::size_t slot = kFirstLayerSlot; slot < kPaletteSize; ++slot) {

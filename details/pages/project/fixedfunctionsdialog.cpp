@@ -60,7 +60,11 @@ bool CFixedFunctionsDialog::onLeave() {
     if (askYesNo(this, tr("Do you want to save the changes you've made in this page?"),
                  tr("Project Settings"), QMessageBox::Question))
         store(StartedBy::page);
-    load();
+    else
+        ui_->functions->clearChanged();
+    // What could not be written stays in the list, to be tried again.
+    if (!isModified())
+        load();
     return true;
 }
 
@@ -104,6 +108,10 @@ bool CFixedFunctionsDialog::store(StartedBy starter) {
                                              : toUtf8(ui_->functions->line(row)));
     }
     projectConfig_->projectFile->SetFixedFunctions(functions);
+    std::vector<std::string> stored;
+    projectConfig_->projectFile->GetFixedFunctions(stored);
+    if (stored != functions)
+        return true;
     ui_->functions->clearChanged();
     if (starter == StartedBy::page)
         notifyUpdatersOf(*this);

@@ -59,11 +59,16 @@ bool CPartBookDialog::onOk() {
     return onApply();
 }
 
+/// True also when there is nothing to store: the dialog takes anything else for a refusal, and would stay
+/// open.
 bool CPartBookDialog::onApply() {
     if (!isModified())
         return true;
-    projectConfig_->projectFile->SetValue(kSection, kKey, toUtf8(ui_->file->text()));
-    shown_ = ui_->file->text();
+    const std::string file = toUtf8(ui_->file->text());
+    projectConfig_->projectFile->SetValue(kSection, kKey, file);
+    // What could not be written is tried again.
+    if (projectConfig_->projectFile->GetValue(kSection, kKey) == file)
+        shown_ = ui_->file->text();
     return true;
 }
 
