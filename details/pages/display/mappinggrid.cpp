@@ -25,8 +25,8 @@ struct GridColumn {
 constexpr GridColumn kGridColumns[CMappingRow::kColumns] = {
     {QT_TRANSLATE_NOOP("ovsettings", "Object"), 16},     {QT_TRANSLATE_NOOP("ovsettings", "Color"), 7},
     {QT_TRANSLATE_NOOP("ovsettings", "Text"), 5},        {QT_TRANSLATE_NOOP("ovsettings", "Fill Style"), 12},
-    {QT_TRANSLATE_NOOP("ovsettings", "Line Style"), 11}, {QT_TRANSLATE_NOOP("ovsettings", "Font"), 13},
-    {QT_TRANSLATE_NOOP("ovsettings", "Width"), 7},
+    {QT_TRANSLATE_NOOP("ovsettings", "Line Style"), 11}, {QT_TRANSLATE_NOOP("ovsettings", "Font"), 12},
+    {QT_TRANSLATE_NOOP("ovsettings", "Width"), 8},
 };
 
 } // namespace
@@ -160,7 +160,8 @@ void CMappingGrid::layoutColumns() {
         characters += kGridColumns[column - 1].characters;
     for (int column = 2; column <= CMappingRow::kColumns; ++column) {
         const int share = kGridColumns[column - 1].characters;
-        setWidthOfColumn(column, std::max(share * unit, (clientWidth() - first) * share / characters));
+        // In a narrow dialog they give way, down to where nothing could be read.
+        setWidthOfColumn(column, std::max(share * unit / 2, (clientWidth() - first) * share / characters));
     }
 }
 
