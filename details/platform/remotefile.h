@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+/// A stream of RemoteOpen, on a local file or on a remote one.
+struct RemoteStream;
+
+/// True if the path, after one optional leading double quote, begins with "http:" or "ftp:".
+bool IsRemotePath(std::string_view path);
+
+/// File access that acts like fopen, fgets and fclose on a local path. For a remote one it turns "\" into "/"
+/// and goes through the URL access module, which is loaded on first use; without the module, or one of its
+/// entry points, every remote path fails to open. Local paths take separators of either kind and must name
+/// regular files, so that a pipe makes nobody wait. May be called on any thread; a remote call returns within
+/// a bounded time.
+RemoteStream* RemoteOpen(const std::string& path, const char* mode);
+/// Reads up to `size` - 1 bytes, to the end of a line and with it. @return `buffer`, or null at the end.
+char* RemoteGets(char* buffer, int size, RemoteStream* stream);
+void RemoteClose(RemoteStream* stream);
+
+/// What ProbeRemote returns for a location that can't be reached.
+constexpr int kRemoteUnreachable = 4;
+/// Asks whether a remote location answers. @return kRemoteUnreachable if not.
+int ProbeRemote(const std::string& path);
+
+enum class PathKind : int { directory = 2, file = 3 };
+/// 0 if the path is of that kind. A path with "*" or "?" never is.
+int TestPathKind(const std::string& path, PathKind kind);
+
+/// Joins a directory, a file name and an extension (without its dot, may be empty).
+std::string MakeFilePath(std::string_view directory, std::string_view name, std::string_view extension);
+
+/// Turns a leading "." or "~" into an absolute path, in place.
+void NormalizeName(std::string& path);
+
+} // namespace platform
