@@ -11,5 +11,8 @@ void registerDialog();
 void registerStartup();
 void registerSchemeFile();
 void registerObjects();
+void registerSheets();
+void registerChooser();
+void registerLibraries();
 
 } // namespace bench

@@ -36,6 +36,9 @@ int run(int argc, char** argv) {
     bench::registerStartup();
     bench::registerSchemeFile();
     bench::registerObjects();
+    bench::registerSheets();
+    bench::registerChooser();
+    bench::registerLibraries();
     bench::RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     return reporter.isWhole() ? 0 : 1;

@@ -82,6 +82,10 @@ int integerFromText(std::string_view text) {
     return clampedInteger<int>(withoutPlus(withoutLeadingSpace(text)), 10);
 }
 
+long longFromText(std::string_view text) {
+    return clampedInteger<long>(withoutPlus(withoutLeadingSpace(text)), 10);
+}
+
 std::string integerToText(int number) {
     return std::to_string(number);
 }

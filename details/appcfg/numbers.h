@@ -15,6 +15,8 @@ float floatFromText(std::string_view text);
 std::string floatToText(float number);
 
 int integerFromText(std::string_view text);
+/// As integerFromText, in the wider range of long.
+long longFromText(std::string_view text);
 std::string integerToText(int number);
 
 /// As integerFromText, at base 16 and of 64 bits, with or without the prefix "0x".

@@ -10,13 +10,17 @@
 #include "details/pages/editor/metricsdialog.h"
 #include "details/pages/editor/netsdialog.h"
 #include "details/pages/editor/newobjectdialog.h"
+#include "details/pages/editor/newsheetdialog.h"
 #include "details/pages/editor/panandzoomdialog.h"
+#include "details/pages/project/bordersdialog.h"
 #include "details/pages/project/centrallibrarydialog.h"
 #include "details/pages/project/fixedfunctionsdialog.h"
+#include "details/pages/project/librariesdialog.h"
 #include "details/pages/project/netnamedelimiter.h"
 #include "details/pages/project/partbookdialog.h"
 #include "details/pages/project/pcbdialog.h"
 #include "details/pages/project/projectdialog.h"
+#include "details/pages/project/specialcomponentsdialog.h"
 #include "details/pages/startup/runonstartupdialog.h"
 #include "details/shell/emptydialog.h"
 #include "orv/projectconfiguration.h"
@@ -49,12 +53,16 @@ constexpr InternalPage kInternalPages[] = {
     {"PCB", add<CPCBDialog>, Registered::always},
     {"Color Schemes", add<CColorDialog>, Registered::always},
     {"Font Mappings", add<CFontDialog>, Registered::always},
+    {"New Sheet", add<CNewSheetDialog>, Registered::always},
     {"Global Nets", add<CGlobalNetsDialog>, Registered::always},
     {"Run on Startup", add<CRunOnStartupDialog>, Registered::always},
     {"New Object", add<CNewObjectDialog>, Registered::always},
     {"Empty", add<CEmptyDialog>, Registered::always},
+    {"Special Components", add<CSpecialComponentsDialog>, Registered::projectOpen},
     {"Central Library", add<CCentralLibraryDialog>, Registered::projectOpen},
     {"Netlist Project", add<CProjectDialog>, Registered::projectOpen},
+    {"Borders", add<CBordersDialog>, Registered::projectOpen},
+    {"Symbol Libraries", add<CLibrariesDialog>, Registered::projectOpen},
     {"NetNameDelimiter", add<CNetNameDelimiter>, Registered::projectOpen},
     {"Fixed Functions", add<CFixedFunctionsDialog>, Registered::projectOpen},
     {"PartBookDialog", add<CPartBookDialog>, Registered::projectOpen},

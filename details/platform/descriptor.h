@@ -20,6 +20,8 @@ public:
 
     bool valid() const { return fd_ >= 0; }
     int get() const { return fd_; }
+    /// Gives the descriptor to somebody else.
+    int release() { return std::exchange(fd_, -1); }
     /// @return what the system's call returns; 0 if there was nothing to close.
     int close() { return valid() ? ::close(std::exchange(fd_, -1)) : 0; }
 

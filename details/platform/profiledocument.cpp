@@ -1,6 +1,7 @@
 #include "details/platform/profiledocument.h"
 
 #include "details/platform/asciicase.h"
+#include "details/platform/profileview.h"
 
 #include <algorithm>
 
@@ -8,33 +9,10 @@ namespace platform {
 
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kUnstorable("\r\n\0", 3);
 
-bool isBlank(char c) {
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
-
-bool isQuote(char c) {
-    return c == '"' || c == '\'';
-}
-
-std::string_view trimmed(std::string_view text) {
-    while (!text.empty() && isBlank(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back()))
-        text.remove_suffix(1);
-    return text;
-}
-
-bool isQuoted(std::string_view text) {
-    return text.size() >= 2 && isQuote(text.front()) && text.front() == text.back();
-}
-
 std::string quotedIfNeeded(std::string_view value) {
-    const bool needed =
-        !value.empty() && (isBlank(value.front()) || isBlank(value.back()) || isQuoted(value));
-    return needed ? '"' + std::string(value) + '"' : std::string(value);
+    return profileValue(value) != value ? '"' + std::string(value) + '"' : std::string(value);
 }
 
 bool isStorable(std::string_view text) {
@@ -48,24 +26,6 @@ bool isSectionName(std::string_view name) {
 bool isKey(std::string_view key) {
     return !key.empty() && isStorable(key) && key.find('=') == std::string_view::npos && key.front() != ';' &&
            key.front() != '[';
-}
-
-std::optional<std::string_view> headerOf(std::string_view line) {
-    const std::string_view content = trimmed(line);
-    const auto close = content.find(']');
-    if (!content.starts_with('[') || close == std::string_view::npos)
-        return std::nullopt;
-    return trimmed(content.substr(1, close - 1));
-}
-
-std::optional<std::string_view> keyOf(std::string_view line) {
-    const auto equals = line.find('=');
-    if (equals == std::string_view::npos)
-        return std::nullopt;
-    const std::string_view key = trimmed(line.substr(0, equals));
-    if (key.empty() || key.front() == ';' || key.front() == '[')
-        return std::nullopt;
-    return key;
 }
 
 /// Cuts between characters of UTF-8, which have up to three bytes behind the first one; other bytes are cut
@@ -105,22 +65,19 @@ ProfileDocument::ProfileDocument(std::string_view text, std::size_t valueLimit) 
     const auto firstEnd = text.find('\n');
     if (firstEnd != std::string_view::npos && firstEnd > 0 && text[firstEnd - 1] == '\r')
         lineEnd_ = "\r\n";
-    while (!text.empty()) {
-        const auto size = std::min(text.find('\n'), text.size() - 1) + 1;
-        addLine(text.substr(0, size));
-        text.remove_prefix(size);
-    }
+    while (!text.empty())
+        addLine(takeLine(text));
 }
 
 void ProfileDocument::addLine(std::string_view line) {
-    if (const auto name = headerOf(line)) {
+    if (const auto name = profileHeader(line)) {
         index_.try_emplace(std::string(*name), sections_.size());
         sections_.push_back({std::string(*name), {std::string(line)}, {}, 1});
         return;
     }
     Section& section = sections_.back();
     section.lines.emplace_back(line);
-    if (const auto key = keyOf(line)) {
+    if (const auto key = profileKey(line)) {
         section.entries[std::string(*key)].push_back(section.lines.size() - 1);
         section.end = section.lines.size();
     }
@@ -148,7 +105,7 @@ std::vector<std::string> ProfileDocument::keys(std::string_view name) const {
     std::vector<std::string> keys;
     const Section* section = find(name);
     for (std::size_t i = 0; section && i < section->lines.size(); ++i) {
-        const auto key = keyOf(section->lines[i]);
+        const auto key = profileKey(section->lines[i]);
         if (key && section->entries.find(*key)->second.front() == i)
             keys.emplace_back(*key);
     }
@@ -159,23 +116,20 @@ std::optional<std::string> ProfileDocument::value(std::string_view name, std::st
     const Section* section = find(name);
     if (!section)
         return std::nullopt;
-    const auto entry = section->entries.find(trimmed(key));
+    const auto entry = section->entries.find(withoutBlanks(key));
     if (entry == section->entries.end())
         return std::nullopt;
     return readValue(section->lines[entry->second.front()]);
 }
 
 std::string ProfileDocument::readValue(std::string_view line) const {
-    std::string_view value = trimmed(line.substr(line.find('=') + 1));
-    if (isQuoted(value))
-        value = value.substr(1, value.size() - 2);
-    return std::string(cut(value, valueLimit_));
+    return std::string(cut(profileValue(line.substr(line.find('=') + 1)), valueLimit_));
 }
 
 bool ProfileDocument::set(std::string_view name, std::string_view key,
                           std::optional<std::string_view> value) {
-    name = trimmed(name);
-    key = trimmed(key);
+    name = withoutBlanks(name);
+    key = withoutBlanks(key);
     if (!isSectionName(name) || !isKey(key))
         return false;
     const Section* existing = find(name);
@@ -203,7 +157,7 @@ bool ProfileDocument::set(std::string_view name, std::string_view key,
 }
 
 const ProfileDocument::Section* ProfileDocument::find(std::string_view name) const {
-    const auto found = index_.find(trimmed(name));
+    const auto found = index_.find(withoutBlanks(name));
     return found == index_.end() ? nullptr : &sections_[found->second];
 }
 

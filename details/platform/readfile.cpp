@@ -15,7 +15,7 @@ namespace {
 
 constexpr const char* kRead = "read";
 
-int checkReadable(int fd, std::size_t& size) {
+int checkReadable(int fd, std::size_t limit, std::size_t& size) {
     struct stat status;
     if (fstat(fd, &status) != 0)
         return errno;
@@ -23,13 +23,13 @@ int checkReadable(int fd, std::size_t& size) {
         return EISDIR;
     if (!S_ISREG(status.st_mode))
         return EINVAL;
-    if (static_cast<std::size_t>(status.st_size) > kLargestFile)
+    if (static_cast<std::size_t>(status.st_size) > limit)
         return EFBIG;
     size = static_cast<std::size_t>(status.st_size);
     return 0;
 }
 
-int readAll(int fd, std::size_t expected, std::string& bytes) {
+int readAll(int fd, std::size_t expected, std::size_t limit, std::string& bytes) {
     std::size_t used = 0;
     for (;;) {
         // One byte more than expected, so that the end is met without growing.
@@ -43,7 +43,7 @@ int readAll(int fd, std::size_t expected, std::string& bytes) {
         if (got == 0)
             break;
         used += static_cast<std::size_t>(got);
-        if (used > kLargestFile)
+        if (used > limit)
             return EFBIG;
     }
     bytes.resize(used);
@@ -60,15 +60,15 @@ int openForReading(const std::string& path) {
 
 } // namespace
 
-std::optional<FileError> readFile(const std::string& path, std::string& bytes) {
+std::optional<FileError> readFile(const std::string& path, std::string& bytes, std::size_t limit) {
     bytes.clear();
     const Descriptor file(openForReading(path));
     if (!file.valid())
         return FileError{path, kRead, errno};
     std::size_t size = 0;
-    int code = checkReadable(file.get(), size);
+    int code = checkReadable(file.get(), limit, size);
     if (code == 0)
-        code = readAll(file.get(), size, bytes);
+        code = readAll(file.get(), size, limit, bytes);
     if (code == 0)
         return std::nullopt;
     bytes.clear();
@@ -81,7 +81,7 @@ bool opensForReading(const std::string& path) {
         return false;
     const Descriptor file(openForReading(*existing));
     std::size_t size = 0;
-    const int code = file.valid() ? checkReadable(file.get(), size) : errno;
+    const int code = file.valid() ? checkReadable(file.get(), kLargestFile, size) : errno;
     return code == 0 || code == EFBIG;
 }
 

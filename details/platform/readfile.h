@@ -11,8 +11,10 @@ namespace platform {
 constexpr std::size_t kLargestFile = 64u << 20; ///< in bytes; what is larger is no file of ours
 
 /// Reads a whole regular file. Anything else is refused, so that a pipe in place of a file makes nobody wait.
+/// @param limit the most bytes that are read; a larger file is refused.
 /// @return the error, with `bytes` empty; a missing file has the code ENOENT.
-[[nodiscard]] std::optional<FileError> readFile(const std::string& path, std::string& bytes);
+[[nodiscard]] std::optional<FileError> readFile(const std::string& path, std::string& bytes,
+                                                std::size_t limit = kLargestFile);
 
 /// Whether a path names a regular file that may be read; its name is looked for as resolveExisting does.
 bool opensForReading(const std::string& path);

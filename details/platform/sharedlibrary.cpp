@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <dlfcn.h>
+#include <link.h>
 #include <utility>
 
 namespace platform {
@@ -24,27 +25,26 @@ std::string nativeName(const std::string& path) {
     return path.substr(0, nameBegin) + "lib" + path.substr(nameBegin, nameLength) + ".so";
 }
 
-void* openExactly(const std::string& path) {
-    return dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
-}
+constexpr int kMode = RTLD_NOW | RTLD_LOCAL;
 
-void* open(const std::string& path) {
-    void* handle = openExactly(path);
+void* open(const std::string& path, int mode) {
+    void* handle = dlopen(path.c_str(), mode);
     if (handle || isBareName(path))
         return handle;
     const auto onDisk = resolveExisting(path);
-    return onDisk ? openExactly(*onDisk) : nullptr;
+    return onDisk ? dlopen(onDisk->c_str(), mode) : nullptr;
 }
 
 } // namespace
 
-SharedLibrary::SharedLibrary(const std::string& name) {
+SharedLibrary::SharedLibrary(const std::string& name, Lifetime lifetime) {
     if (name.empty()) // the loader takes the empty name for the program itself
         return;
     const std::string path = platformPath(name);
-    handle_ = open(path);
+    const int mode = lifetime == Lifetime::process ? kMode | RTLD_NODELETE : kMode;
+    handle_ = open(path, mode);
     if (!handle_ && endsWithoutCase(path, kForeignSuffix))
-        handle_ = open(nativeName(path));
+        handle_ = open(nativeName(path), mode);
 }
 
 SharedLibrary::~SharedLibrary() {
@@ -59,6 +59,14 @@ SharedLibrary::SharedLibrary(SharedLibrary&& other) noexcept
 SharedLibrary& SharedLibrary::operator=(SharedLibrary&& other) noexcept {
     std::swap(handle_, other.handle_);
     return *this;
+}
+
+void SharedLibrary::keepInProcess() const {
+    struct link_map* loaded = nullptr;
+    if (!handle_ || dlinfo(handle_, RTLD_DI_LINKMAP, &loaded) != 0)
+        return;
+    if (void* again = dlopen(loaded->l_name, kMode | RTLD_NOLOAD | RTLD_NODELETE))
+        dlclose(again);
 }
 
 void* SharedLibrary::symbol(const char* name) const {

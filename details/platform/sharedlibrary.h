@@ -5,18 +5,24 @@
 namespace platform {
 
 /// A shared library held open by this object. Its code stays in the process to the end, even so: events,
-/// deferred deletions and exceptions of its own may be under way when nobody holds it any more.
+/// deferred deletions and exceptions of its own may be under way when nobody holds it any more. Only one that
+/// was opened to be looked at, and of which nothing was called, goes with its object.
 class SharedLibrary {
 public:
+    enum class Lifetime { process, object };
+
     SharedLibrary() = default;
     /// Loads the library by its name, with the system's search rules for a bare name. "\" in the name
     /// separates directories, and a name with directories is also found without regard to case. A name of
     /// another platform, "Name.dll", is also looked for as this platform spells it, "libName.so". An object
     /// for which nothing was found is empty; nothing is reported.
-    explicit SharedLibrary(const std::string& name);
+    explicit SharedLibrary(const std::string& name, Lifetime lifetime = Lifetime::process);
     ~SharedLibrary();
     SharedLibrary(SharedLibrary&& other) noexcept;
     SharedLibrary& operator=(SharedLibrary&& other) noexcept;
+
+    /// From now on the code stays, as that of Lifetime::process.
+    void keepInProcess() const;
 
     explicit operator bool() const { return handle_ != nullptr; }
 

@@ -41,6 +41,20 @@ public:
 
 } // namespace
 
+std::optional<std::string> chooseFile(QWidget* parent, const FileChoice& choice) {
+    FileChooser dialog(parent, toQString(choice.title), toQString(choice.initialDirectory),
+                       toQString(toolkitFilter(choice.filter)));
+    dialog.setOption(QFileDialog::DontUseNativeDialog); // its patterns are handled above
+    dialog.setFileMode(QFileDialog::AnyFile);
+    if (!choice.defaultName.empty())
+        dialog.selectFile(toQString(choice.defaultName));
+    // Left to itself a field has no default suffix: the one it is given is its whole filter, which is none.
+    dialog.setDefaultSuffix(toQString(choice.defaultSuffix));
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return toUtf8(dialog.selectedFiles().value(0));
+}
+
 bool CFileValidator::isValid(const std::string& path) const {
     switch (mode_) {
     case existingBareName:
@@ -58,19 +72,11 @@ CPropFile::CPropFile(QLineEdit& edit) : edit_(edit) {
 CPropFile::~CPropFile() = default;
 
 void CPropFile::browse() {
-    FileChooser dialog(edit_.window(), toQString(title_), toQString(initialDirectory_),
-                       toQString(toolkitFilter(filter_)));
-    dialog.setOption(QFileDialog::DontUseNativeDialog); // its patterns are handled above
-    dialog.setFileMode(QFileDialog::AnyFile);
-    if (!defaultName_.empty())
-        dialog.selectFile(toQString(defaultName_));
-    // Left to itself a field has no default suffix: the one it is given is its whole filter, which is none.
-    dialog.setDefaultSuffix(toQString(defaultSuffix_));
-    if (dialog.exec() != QDialog::Accepted)
+    const auto path = chooseFile(edit_.window(), choice_);
+    if (!path)
         return;
-    const QString path = dialog.selectedFiles().value(0);
-    if (check(toUtf8(path))) {
-        edit_.setText(path);
+    if (check(*path)) {
+        edit_.setText(toQString(*path));
         return;
     }
     tellIncorrectFileName(edit_);
@@ -104,23 +110,23 @@ void CPropFile::setValidator(const CFileValidator* validator) {
 }
 
 void CPropFile::setInitialDirectory(const std::string& directory) {
-    initialDirectory_ = directory;
+    choice_.initialDirectory = directory;
 }
 
 void CPropFile::setFilter(const std::string& filter) {
-    filter_ = filter;
+    choice_.filter = filter;
 }
 
 void CPropFile::setTitle(const std::string& title) {
-    title_ = title;
+    choice_.title = title;
 }
 
 void CPropFile::setDefaultName(const std::string& name) {
-    defaultName_ = name;
+    choice_.defaultName = name;
 }
 
 void CPropFile::setDefaultSuffix(const std::string& suffix) {
-    defaultSuffix_ = suffix;
+    choice_.defaultSuffix = suffix;
 }
 
 std::string toolkitFilter(std::string_view pairs) {

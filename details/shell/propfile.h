@@ -1,11 +1,26 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 class QLineEdit;
+class QWidget;
 
 namespace ovsettings {
+
+/// What a chooser of a file starts with.
+struct FileChoice {
+    std::string title;
+    std::string initialDirectory;
+    std::string
+        filter; ///< pairs of description and patterns, each ended by "|", as in "Text (*.txt)|*.txt||"
+    std::string defaultName;   ///< as CPropFile::setDefaultName takes it
+    std::string defaultSuffix; ///< as CPropFile::setDefaultSuffix takes it
+};
+
+/// Lets the user choose a file, which need not exist. @return its path, or nothing if none was chosen.
+std::optional<std::string> chooseFile(QWidget* parent, const FileChoice& choice);
 
 /// Says whether a text is a file name that a page accepts.
 class CFileValidator {
@@ -56,11 +71,7 @@ public:
 
 private:
     QLineEdit& edit_;
-    std::string initialDirectory_;
-    std::string filter_;
-    std::string title_;
-    std::string defaultName_;
-    std::string defaultSuffix_;
+    FileChoice choice_;
     bool valid_ = true;
     const CFileValidator* validator_ = nullptr;
 };

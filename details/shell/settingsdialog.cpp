@@ -9,6 +9,7 @@
 #include "details/shell/stringtable.h"
 #include "details/widgets/messagebox.h"
 #include "details/widgets/stringconversion.h"
+#include "details/widgets/waitcursor.h"
 #include "details/widgets/wheelguard.h"
 #include "orv/appconfiguration.h"
 #include "ovsettings/propdialogtemplate.h"
@@ -44,15 +45,6 @@ constexpr int kPageIndexRole = Qt::UserRole;
 unsigned pageIndex(const QTreeWidgetItem* item) {
     return item ? item->data(0, kPageIndexRole).toUInt() : 0;
 }
-
-/// The wait cursor, for the life of the object.
-class WaitCursor {
-public:
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-};
 
 void setShown(CPropDialogTemplate* page, bool shown) {
     if (page && page->hasWindow())

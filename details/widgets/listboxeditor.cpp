@@ -1,5 +1,7 @@
 #include "details/widgets/listboxeditor.h"
 
+#include "details/widgets/stringconversion.h"
+
 #include <QtCore/QMetaProperty>
 #include <QtCore/QPointer>
 #include <QtGui/QKeyEvent>
@@ -54,7 +56,7 @@ public:
     }
 
     void setModelData(QWidget* control, QAbstractItemModel*, const QModelIndex&) const override {
-        entered_ = control->property(control->metaObject()->userProperty().name()).toString();
+        entered_ = inOneLine(control->property(control->metaObject()->userProperty().name()).toString());
     }
 
     void updateEditorGeometry(QWidget* control, const QStyleOptionViewItem& option,
@@ -122,6 +124,11 @@ CListBoxEditor::CListBoxEditor(QWidget* parent)
     delegate_ = new CLineDelegate(*this);
     connectControls();
     updateButtons();
+}
+
+/// A control for editing in place that lost the focus in its destructor would be read there.
+CListBoxEditor::~CListBoxEditor() {
+    cancelEditing();
 }
 
 QToolButton* CListBoxEditor::makeButton(const QString& icon, const QString& text, const QKeySequence& key) {

@@ -27,6 +27,7 @@ class CListBoxEditor : public QWidget {
 
 public:
     explicit CListBoxEditor(QWidget* parent = nullptr);
+    ~CListBoxEditor() override;
 
     /// The title may hold a mnemonic, which leads to the list.
     void setTitle(const QString& title);
@@ -80,6 +81,7 @@ protected:
     virtual bool mayMove(int from, int to);
 
     QListWidget& list() { return *list_; }
+    const QListWidget& list() const { return *list_; }
     /// Gives a line the text that the user chose for it, with all that follows from it.
     void enterText(int row, const QString& text);
     void editInPlace(int row);

@@ -10,4 +10,10 @@ std::string toUtf8(const QString& text) {
     return text.toStdString();
 }
 
+QString inOneLine(QString text) {
+    return text.replace(QLatin1String("\r\n"), QLatin1String(" "))
+        .replace(QLatin1Char('\n'), QLatin1Char(' '))
+        .replace(QLatin1Char('\r'), QLatin1Char(' '));
+}
+
 } // namespace ovsettings

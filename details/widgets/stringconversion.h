@@ -12,4 +12,7 @@ namespace ovsettings {
 QString toQString(std::string_view utf8);
 std::string toUtf8(const QString& text);
 
+/// The text with each line break turned into a blank: a field of one line lets them be pasted.
+QString inOneLine(QString text);
+
 } // namespace ovsettings

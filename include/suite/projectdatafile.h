@@ -9,7 +9,7 @@
 
 namespace NProjectTools {
 
-/// A file of ini kind that a project names, such as its border symbols, held parsed.
+/// A file of ini kind that a project names, such as its bus contents, held parsed.
 class OVSUITE_API CProjectDataFile : public Orv::IProjectFileConsumer {
 public:
     CProjectDataFile();
@@ -21,10 +21,7 @@ public:
     /// means no file and no content.
     void Reload(const std::string& path) override;
 
-    /// The path that was given last; empty if there is no file.
-    const std::string& path() const;
-    /// The names of the sections, and the keys of one, in the order of the file.
-    std::vector<std::string> sectionNames() const;
+    /// The keys of a section in the order of the file.
     std::vector<std::string> keys(const std::string& section) const;
     /// The value of an entry, empty if there is none.
     std::string value(const std::string& section, const std::string& key) const;

@@ -6,8 +6,9 @@
 #include <utility>
 
 /// What makes a directory or a remote location a library of symbols, and what names a library may have. Paths
-/// are UTF-8 with separators of either kind; a remote one begins with "http:" or "ftp:". Yes-or-no answers are
-/// zero or non-zero. May be called on any thread; remote and network paths may take long to answer.
+/// are UTF-8 with separators of either kind; a remote one begins with "http:" or "ftp:". Yes-or-no answers
+/// are zero or non-zero. May be called on any thread; remote and network paths may take long to answer. The
+/// process must not change its environment while a call may be under way on another thread.
 
 /// A text with references to environment variables, "%NAME%".
 class OVSUITE_API ZECString {
@@ -22,17 +23,19 @@ private:
     std::string text_;
 };
 
-/// Whether a name is a legal library name: an ASCII letter, then ASCII letters, digits and "_".
+/// Whether a name is a legal library name: an ASCII letter, then ASCII letters, digits and "_". The
+/// length is not judged.
 OVSUITE_API int ZECIsValidAlias(const std::string& name);
-/// Whether a directory or remote location is a library. @param flag 1 in general, 0 for a megafile that may
-/// have a symbol directory beside it.
+/// Whether a directory or remote location is a library. @param flag 1 in general; 0 for a megafile that may
+/// have a symbol directory beside it, where only directories make a library.
 OVSUITE_API int ZECIsValidLibrary(const std::string& path, int flag);
 /// Whether the location holds a megafile library, all symbols in one file.
 OVSUITE_API int ZECCheckMegafile(const std::string& path);
 /// Whether the location can't be written; a path that does not exist is judged by its nearest directory that
 /// does.
 OVSUITE_API int ZECIsReadOnlyFileSystem(const std::string& path);
-/// The alias that the environment knows for the location, or empty.
+/// The alias that the environment knows for the location, or empty: the first "NAME=PATH" with that path in
+/// the variable OV_LIBRARY_ALIASES, where ";" separates.
 OVSUITE_API std::string ZECFindAlias(const std::string& path);
 /// Drops one trailing separator, except that of a root.
 OVSUITE_API void ZECRemoveLastSlash(std::string& path);

@@ -8,6 +8,10 @@
 #include <utility>
 #include <vector>
 
+namespace platform {
+class ProfileView;
+}
+
 namespace suite {
 
 /// The types of partitions, with the numbers of the library manager.
@@ -55,10 +59,14 @@ public:
     const std::vector<std::string>& specialSymbols(SpecialSymbolKind kind) const;
 
 private:
+    void readPartitions(const platform::ProfileView& content);
+    void readSchemes(const platform::ProfileView& content);
+
     std::string directory_;
     std::map<PartitionType, std::vector<Partition>> partitions_;
+    std::map<std::pair<PartitionType, std::string>, std::size_t> index_; ///< by type and name in lower case
     std::vector<Scheme> schemes_;
-    std::map<std::pair<std::string, PartitionType>, std::vector<std::string>> lists_;
+    std::map<std::pair<std::string, PartitionType>, std::vector<std::string>> lists_; ///< names in lower case
     std::map<SpecialSymbolKind, std::vector<std::string>> special_;
 };
 
@@ -70,6 +78,9 @@ struct Symbol {
     std::size_t pins = 0;
     std::vector<std::pair<std::string, std::string>> properties; ///< name and value, in the file's order
 };
+
+/// Of the file of a symbol in its partition's directory, "NAME.sym".
+inline constexpr std::string_view kSymbolExtension = ".sym";
 
 /// Reads the symbol "PARTITION:NAME" of a library. @return nothing if there is none or it cannot be read.
 std::optional<Symbol> readSymbol(const CentralLibrary& library, std::string_view partition,

@@ -9,9 +9,8 @@ namespace suite {
 
 namespace {
 
-std::optional<std::size_t> numberOf(const std::string& key, const std::string& prefix) {
-    if (key.size() <= prefix.size() ||
-        !platform::equalsWithoutCase(std::string_view(key).substr(0, prefix.size()), prefix))
+std::optional<std::size_t> numberOf(std::string_view key, std::string_view prefix) {
+    if (key.size() <= prefix.size() || !platform::equalsWithoutCase(key.substr(0, prefix.size()), prefix))
         return std::nullopt;
     std::size_t number = 0;
     const char* end = key.data() + key.size();
@@ -34,6 +33,22 @@ std::vector<std::string> readList(const platform::ProfileDocument& content, std:
     std::vector<std::string> texts;
     while (auto text = content.value(section, numberedKey(name, texts.size())))
         texts.push_back(std::move(*text));
+    return texts;
+}
+
+std::vector<std::string> readList(const platform::ProfileView& content, std::string_view section,
+                                  std::string_view name) {
+    const auto entries = content.entries(section);
+    const std::string prefix = std::string(name) + '#';
+    std::vector<std::optional<std::string_view>> found(entries.size());
+    for (const auto& [key, value] : entries) {
+        const auto number = numberOf(key, prefix);
+        if (number && *number < found.size() && !found[*number])
+            found[*number] = value;
+    }
+    std::vector<std::string> texts;
+    for (std::size_t i = 0; i < found.size() && found[i]; ++i)
+        texts.emplace_back(*found[i]);
     return texts;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "details/platform/profiledocument.h"
+#include "details/platform/profileview.h"
 
 #include <cstddef>
 #include <span>
@@ -15,6 +16,9 @@ namespace suite {
 std::string numberedKey(std::string_view name, std::size_t number);
 
 std::vector<std::string> readList(const platform::ProfileDocument& content, std::string_view section,
+                                  std::string_view name);
+
+std::vector<std::string> readList(const platform::ProfileView& content, std::string_view section,
                                   std::string_view name);
 
 /// @return false if a text or name cannot be stored; the content may then be changed in part.

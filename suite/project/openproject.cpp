@@ -1,11 +1,14 @@
 #include "suite/openproject.h"
 
+#include "suite/bordersymbolsfile.h"
+#include "suite/library/symbolreader.h"
 #include "suite/project/centrallibrarystate.h"
 #include "suite/project/librarysection.h"
 #include "suite/project/projectdocument.h"
 #include "suite/project/projectlog.h"
 #include "suite/projectdatafile.h"
 #include "suite/projectfile.h"
+#include "suite/specialcomponentsfile.h"
 #include "suite/symbollibs.h"
 
 namespace NProjectTools {
@@ -13,17 +16,23 @@ namespace NProjectTools {
 struct COpenProject::Impl {
     CProjectFile file;
     CSymbolLibs libraries;
-    CProjectDataFile borderSymbols;
-    CProjectDataFile pinComponents;
+    CBorderSymbolsFile borderSymbols;
+    CSpecialComponentsFile pinComponents;
     CProjectDataFile busContents;
     suite::CentralLibraryState centralLibrary{file};
+    suite::SymbolReader symbolReader{file};
+    suite::PropertyFilter propertyFilter;
     Orv::CProjectConfiguration configuration;
 
-    void load() {
-        libraries.Load(&file);
+    /// @return false if the file vanished meanwhile: an empty library list must not be taken for the
+    /// project's.
+    bool load() {
+        if (!libraries.Load(&file))
+            return false;
         borderSymbols.Reload(file.GetBorderSymbolsPath(1));
         pinComponents.Reload(file.GetPinComponentsPath(1));
         busContents.Reload(file.GetBusContentsPath(1));
+        return true;
     }
 
     void fillRecord() {
@@ -31,8 +40,10 @@ struct COpenProject::Impl {
         configuration.borderSymbols = &borderSymbols;
         configuration.pinComponents = &pinComponents;
         configuration.busContents = &busContents;
+        configuration.symbolReader = &symbolReader;
         configuration.symbolLibs = &libraries;
         configuration.centralLibraryState = &centralLibrary;
+        configuration.propertyFilter = &propertyFilter;
         configuration.projectFilePath = file.GetFilePath();
     }
 };
@@ -49,7 +60,10 @@ std::unique_ptr<COpenProject> COpenProject::open(const std::string& path, std::s
         error = impl.file.lastError();
         return nullptr;
     }
-    impl.load();
+    if (!impl.load()) {
+        error = path + ": the list of libraries cannot be read";
+        return nullptr;
+    }
     impl.fillRecord();
     error.clear();
     return project;

@@ -1,14 +1,13 @@
 #include "suite/projectdatafile.h"
 
-#include "details/platform/paths.h"
-#include "details/platform/profiledocument.h"
-#include "suite/project/projectlog.h"
-#include "suite/project/textfile.h"
+#include "suite/project/datafile.h"
+
+#include <utility>
 
 namespace NProjectTools {
 
 struct CProjectDataFile::Impl {
-    std::string path;
+    suite::DataFile file;
     platform::ProfileDocument content;
 };
 
@@ -18,25 +17,8 @@ CProjectDataFile::CProjectDataFile() : impl_(std::make_unique<Impl>()) {
 CProjectDataFile::~CProjectDataFile() = default;
 
 void CProjectDataFile::Reload(const std::string& path) {
-    impl_->path = path;
-    if (path.empty()) {
-        impl_->content = platform::ProfileDocument();
-        return;
-    }
-    std::string bytes;
-    const auto error = suite::readTextFile(platform::fullPath(path), bytes);
-    if (!error)
-        impl_->content = platform::ProfileDocument(bytes);
-    else if (!error->missing)
-        suite::projectLog().report(error->text);
-}
-
-const std::string& CProjectDataFile::path() const {
-    return impl_->path;
-}
-
-std::vector<std::string> CProjectDataFile::sectionNames() const {
-    return impl_->content.sectionNames();
+    if (auto content = impl_->file.reload(path))
+        impl_->content = std::move(*content);
 }
 
 std::vector<std::string> CProjectDataFile::keys(const std::string& section) const {

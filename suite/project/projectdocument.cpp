@@ -27,6 +27,12 @@ std::optional<std::string> ProjectDocument::open(const std::string& path) {
     return std::nullopt;
 }
 
+void ProjectDocument::openForChanges(const std::string& path) {
+    close();
+    path_ = platform::fullPath(path);
+    mayCreate_ = true;
+}
+
 void ProjectDocument::close() {
     *this = {};
 }
@@ -47,13 +53,18 @@ bool ProjectDocument::change(const Edit& edit) {
     return !error;
 }
 
-std::optional<std::string> ProjectDocument::readChanged(const Edit& edit, std::string& before,
-                                                        ProfileDocument& content) const {
-    if (const auto error = readTextFile(path_, before))
+std::optional<std::string> ProjectDocument::prepare(const Edit& edit, Change& change) const {
+    std::string bytes;
+    const auto error = readTextFile(path_, bytes);
+    if (error && !(mayCreate_ && error->missing))
         return error->text;
-    content = ProfileDocument(before);
-    if (!edit(content))
+    change.content = ProfileDocument(bytes);
+    change.before.reset();
+    if (!error)
+        change.before = std::move(bytes);
+    if (!edit(change.content))
         return path_ + ": cannot store a name or value that a line of the file cannot hold";
+    change.after = change.content.text();
     return std::nullopt;
 }
 
@@ -65,12 +76,10 @@ std::chrono::milliseconds ProjectDocument::patience() const {
 std::optional<std::string> ProjectDocument::tryChange(const Edit& edit) {
     if (path_.empty())
         return "cannot store a project value: no project is open";
-    std::string before;
-    ProfileDocument content;
-    if (auto error = readChanged(edit, before, content))
+    Change change;
+    if (auto error = prepare(edit, change))
         return error;
-    std::string after = content.text();
-    if (after != before) {
+    if (change.after != change.before) {
         platform::AtomicFile file(path_);
         const auto failure = file.lock(patience());
         gaveUp_.reset();
@@ -79,18 +88,17 @@ std::optional<std::string> ProjectDocument::tryChange(const Edit& edit) {
                 gaveUp_ = std::chrono::steady_clock::now();
             return failure->text();
         }
-        if (auto error = readChanged(edit, before, content))
+        if (auto error = prepare(edit, change))
             return error;
-        after = content.text();
-        if (after.size() > platform::kLargestFile)
+        if (change.after.size() > platform::kLargestFile)
             return platform::FileError{path_, "write", EFBIG}.text();
-        if (after != before) {
-            if (const auto failure = file.write(after))
+        if (change.after != change.before) {
+            if (const auto failure = file.write(change.after))
                 return failure->text();
         }
     }
-    content_ = std::move(content);
-    bytes_ = std::move(after);
+    content_ = std::move(change.content);
+    bytes_ = std::move(change.after);
     return std::nullopt;
 }
 

@@ -1,7 +1,9 @@
+#include "suite/library/centrallibrary.h"
+
 #include "orv/centrallibrarystate.h"
+#include "orv/symbolreader.h"
 #include "suite/checkcl.h"
 #include "suite/openproject.h"
-#include "suite/projectdatafile.h"
 #include "suite/projectfile.h"
 #include "tests/support/testsupport.h"
 
@@ -13,7 +15,11 @@
 namespace {
 
 namespace fs = std::filesystem;
+using suite::PartitionType;
 using testsupport::writeFile;
+using Texts = std::vector<std::string>;
+
+const std::string kBinary("\x7f\0ELF", 5);
 
 class CentralLibrary : public testing::Test {
 protected:
@@ -65,18 +71,113 @@ TEST_F(CentralLibrary, IsAttachedWhileItsIndexExists) {
     EXPECT_FALSE(record.centralLibraryState->IsAttached());
 }
 
-TEST_F(CentralLibrary, NamedFilesKeepTheirContentWhereTheNextCannotBeRead) {
-    writeFile(directory / "a.ini", "[Borders]\nASHEETL=x:A\n");
-    writeFile(directory / "b.ini", "[Borders]\nBSHEETL=x:B\nBSHEETL1=x:B1\n");
-    const auto project = open("[DesignInfo]\nBorderSymbols=A.ini\n");
-    auto& borders = dynamic_cast<NProjectTools::CProjectDataFile&>(*project->configuration().borderSymbols);
-    EXPECT_EQ(borders.value("borders", "ASHEETL"), "x:A");
-    borders.Reload((directory / "none.ini").string());
-    EXPECT_EQ(borders.value("Borders", "ASHEETL"), "x:A");
-    borders.Reload((directory / "b.ini").string());
-    EXPECT_EQ(borders.keys("Borders"), (std::vector<std::string>{"BSHEETL", "BSHEETL1"}));
-    borders.Reload("");
-    EXPECT_TRUE(borders.sectionNames().empty());
+TEST_F(CentralLibrary, TheIndexIsReadInItsOrder) {
+    writeFile(
+        directory / "Parts.LMC",
+        "\xEF\xBB\xBF[Partitions.Symbols]\r\nLogic=Symbols\\Logic\r\nanalog='/net/analog'\r\nLOGIC=late\r\n"
+        "[partitions.pdbs]\r\nlogic=pdbs/logic.pdb\r\n"
+        "[Schemes]\r\nMixed=7\r\n(Default)=1\r\nmixed=2\r\nOdd=x\r\n"
+        "[Scheme MIXED]\r\nSymbols#1=Logic\r\nSymbols#0=not there\r\nsymbols#0=late\r\nSymbols#3=gap\r\n"
+        "[SpecialSymbols.Power]\r\nSymbol#0=logic:VCC\r\nSymbol#1=\r\nSymbol#02=no\r\n"
+        "[Partitions.Symbols]\r\nlost=second section\r\n");
+    fs::create_directories(directory / "symbols/logic");
+    for (const char* name : {"b.sym", "A.SYM", "c.txt", ".sym", ".b.sym.lock"})
+        writeFile(directory / "symbols/logic" / name, "[Symbol]\n");
+    fs::create_directory(directory / "symbols/logic/d.sym");
+
+    suite::CentralLibrary library;
+    ASSERT_EQ(library.load(directory.path().string() + "\\parts.lmc"), std::nullopt);
+    EXPECT_EQ(library.directory(), directory.path());
+    const auto& partitions = library.partitions(PartitionType::symbols);
+    ASSERT_EQ(partitions.size(), 2u);
+    EXPECT_EQ(partitions[0].name + ' ' + partitions[0].location, "Logic Symbols\\Logic");
+    EXPECT_EQ(library.fullPath(partitions[0]), directory / "symbols/logic");
+    EXPECT_EQ(library.fullPath(partitions[1]), "/net/analog");
+    EXPECT_EQ(library.findPartition(PartitionType::symbols, "ANALOG"), &partitions[1]);
+    EXPECT_EQ(library.findPartition(PartitionType::cells, "logic"), nullptr);
+    EXPECT_EQ(library.partitions(PartitionType::pdbs).size(), 1u);
+    std::string schemes;
+    for (const suite::Scheme& scheme : library.schemes())
+        schemes += scheme.name + std::to_string(scheme.type) + ' ';
+    EXPECT_EQ(schemes, "Mixed7 (Default)1 Odd0 ");
+    EXPECT_EQ(library.schemeList("mixed", PartitionType::symbols), (Texts{"not there", "Logic"}));
+    EXPECT_EQ(library.schemeList("none", PartitionType::symbols), Texts{});
+    EXPECT_EQ(library.specialSymbols(suite::SpecialSymbolKind::power), (Texts{"logic:VCC", ""}));
+    EXPECT_EQ(suite::symbolNames(library, partitions[0]), (Texts{"A", "b"}));
+    EXPECT_EQ(suite::symbolNames(library, partitions[1]), Texts{});
+}
+
+TEST_F(CentralLibrary, WhatIsNoIndexOrSymbolIsRefused) {
+    suite::CentralLibrary library;
+    writeFile(directory / "good.lmc", "[Partitions.Symbols]\np=.\n");
+    for (const std::string& text :
+         {std::string(), std::string("[Symbol]\n"), std::string("[Centr"), kBinary}) {
+        ASSERT_EQ(library.load((directory / "good.lmc").string()), std::nullopt);
+        writeFile(directory / "bad.lmc", text);
+        const auto error = library.load((directory / "bad.lmc").string());
+        ASSERT_TRUE(error);
+        EXPECT_EQ(error->find((directory / "bad.lmc").string()), 0u) << *error;
+        EXPECT_TRUE(library.partitions(PartitionType::symbols).empty());
+    }
+    EXPECT_TRUE(library.load(""));
+    EXPECT_TRUE(library.load(directory.path().string()));
+
+    ASSERT_EQ(library.load((directory / "good.lmc").string()), std::nullopt);
+    fs::create_directory(directory / "sub");
+    writeFile(directory / "sub/S.sym", "[Symbol]\n");
+    writeFile(directory / "binary.sym", kBinary);
+    writeFile(directory / "text.sym", "no symbol\n");
+    for (const char* name : {"binary", "text", "none", "sub/S", "", "sub"})
+        EXPECT_FALSE(suite::readSymbol(library, "p", name)) << name;
+    EXPECT_FALSE(suite::readSymbol(library, "q", "binary"));
+}
+
+TEST_F(CentralLibrary, PropertiesAreReadFromTheLibraryAsItIsNow) {
+    using Properties = std::vector<std::pair<std::string, std::string>>;
+    const auto project = open("[DesignInfo]\nCentralLibrary=lib\\parts.lmc\n");
+    Orv::ISymbolReader& reader = *project->configuration().symbolReader;
+    EXPECT_EQ(reader.GetProperties("a", "S"), Properties{}) << "no library is there";
+    for (const char* partition : {"a", "b", "c"})
+        fs::create_directories(directory / "lib" / partition);
+    writeFile(directory / "lib/parts.lmc", "[Partitions.Symbols]\na=a\nb=B\n");
+    writeFile(directory / "lib/b/S.sym", "[Properties]\nTITLE=\nDATE=@date\ntitle=late\n");
+    writeFile(directory / "lib/c/S.sym", "[Properties]\nC=c\n");
+    const Properties inB{{"TITLE", ""}, {"DATE", "@date"}};
+    EXPECT_EQ(reader.GetProperties("B", "s"), inB);
+    EXPECT_EQ(reader.GetProperties("", "S"), inB) << "the first partition that has it";
+    EXPECT_EQ(reader.GetProperties("a", "S"), Properties{});
+    EXPECT_EQ(reader.GetProperties("c", "S"), Properties{});
+    writeFile(directory / "lib/parts.lmc", "[Partitions.Symbols]\nc=c\nb=b\n;\n");
+    EXPECT_EQ(reader.GetProperties("", "S"), (Properties{{"C", "c"}}));
+    fs::remove_all(directory / "lib");
+    EXPECT_EQ(reader.GetProperties("", "S"), Properties{});
+}
+
+TEST_F(CentralLibrary, PropertiesThatIdentifyASymbolAreNoneOfABorder) {
+    const auto project = open("");
+    Orv::IPropertyFilter& filter = *project->configuration().propertyFilter;
+    for (const char* name : {"REFDES", "part_number", "Partition", "NAME", "DESCRIPTION"})
+        EXPECT_FALSE(filter.Counts(name)) << name;
+    for (const char* name : {"TITLE", "REVISION", "NAMES", ""})
+        EXPECT_TRUE(filter.Counts(name)) << name;
+}
+
+TEST_F(CentralLibrary, HoldsManySymbolsAndPartitions) {
+    constexpr std::size_t kMany = 20'000;
+    std::string partitions = "[Partitions.Symbols]\n";
+    std::string symbols = "[SpecialSymbols.Port]\n";
+    for (std::size_t i = 0; i < kMany; ++i) {
+        const std::string number = std::to_string(i);
+        partitions.append("p").append(number).append("=symbols\n");
+        symbols.append("Symbol#").append(number).append("=p:").append(number).append("\n");
+    }
+    writeFile(directory / "parts.lmc", symbols + partitions);
+    suite::CentralLibrary library;
+    ASSERT_EQ(library.load((directory / "parts.lmc").string()), std::nullopt);
+    EXPECT_EQ(library.specialSymbols(suite::SpecialSymbolKind::port).back(),
+              "p:" + std::to_string(kMany - 1));
+    for (const suite::Partition& partition : library.partitions(PartitionType::symbols))
+        ASSERT_EQ(library.findPartition(PartitionType::symbols, partition.name), &partition);
 }
 
 } // namespace

@@ -1,11 +1,13 @@
 // The sample project and its central library: whatever they name is there.
 
 #include "details/platform/profilefile.h"
+#include "orv/bordersymbols.h"
 #include "orv/centrallibrarystate.h"
+#include "orv/specialcomponents.h"
+#include "orv/symbolreader.h"
 #include "suite/checkcl.h"
 #include "suite/locationmap.h"
 #include "suite/openproject.h"
-#include "suite/projectdatafile.h"
 #include "suite/projectfile.h"
 #include "suite/symbollibs.h"
 #include "tests/support/testsupport.h"
@@ -127,13 +129,27 @@ TEST_F(SampleProject, TheLibraryHoldsTheSymbolsOfItsIndex) {
 
 TEST_F(SampleProject, BordersAndSpecialComponentsAreSymbolsOfTheLibrary) {
     const Orv::CProjectConfiguration& record = project->configuration();
-    for (Orv::IProjectFileConsumer* consumer : {record.borderSymbols, record.pinComponents}) {
-        const auto& data = dynamic_cast<NProjectTools::CProjectDataFile&>(*consumer);
-        EXPECT_FALSE(data.sectionNames().empty());
-        for (const std::string& section : data.sectionNames()) {
-            for (const std::string& key : section == "Properties" ? Texts() : data.keys(section))
-                EXPECT_TRUE(fs::exists(symbolFile(data.value(section, key)))) << section << ' ' << key;
-        }
+    auto& borders = dynamic_cast<Orv::IBorderSymbols&>(*record.borderSymbols);
+    EXPECT_TRUE(borders.GetTable().contains("34x22SHEET1"));
+    std::set<std::string> properties;
+    for (const auto& [size, symbol] : borders.GetTable()) {
+        EXPECT_TRUE(fs::exists(symbolFile(symbol))) << size;
+        const auto colon = symbol.find(Orv::kSymbolSeparator);
+        for (const auto& property :
+             record.symbolReader->GetProperties(symbol.substr(0, colon), symbol.substr(colon + 1)))
+            properties.insert(property.first);
+    }
+    EXPECT_EQ(properties, (std::set<std::string>{"AUTHOR", "DATE", "REVISION", "SHEET", "TITLE"}));
+    const Texts offered = borders.GetPropertyNames();
+    for (const auto& [name, value] : borders.GetProperties()) {
+        EXPECT_TRUE(properties.contains(name)) << name;
+        EXPECT_NE(std::ranges::find(offered, name), offered.end()) << name;
+    }
+    auto& special = dynamic_cast<Orv::ISpecialComponents&>(*record.pinComponents);
+    for (int i = 0; i < Orv::ISpecialComponents::kCategories; ++i) {
+        EXPECT_FALSE(special.GetCategory(i).empty()) << i;
+        for (const std::string& symbol : special.GetCategory(i))
+            EXPECT_TRUE(fs::exists(symbolFile(symbol))) << symbol;
     }
 }
 

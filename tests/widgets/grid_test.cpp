@@ -3,8 +3,10 @@
 #include "tests/support/testsupport.h"
 
 #include <QtGui/QAccessible>
+#include <QtGui/QContextMenuEvent>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QVBoxLayout>
@@ -24,6 +26,7 @@ public:
     bool mayEdit = true;
     bool takesClicks = false;
     int takenKey = 0;
+    QPoint menuAt;
 
     QPoint centre(int row, int column) const { return rect(row, column).center(); }
 
@@ -44,6 +47,11 @@ protected:
     }
     void onDoubleClick(int row, int column) override { note("double", row, column); }
     bool onKey(const QKeyEvent& event) override { return event.key() == takenKey; }
+    bool onContextMenu(int row, int column, const QPoint& at) override {
+        note("menu", row, column);
+        menuAt = at;
+        return true;
+    }
 
 private:
     void note(const char* what, int row, int column) {
@@ -383,6 +391,44 @@ TEST_F(Grid, AsksWhoDerivesFromIt) {
     press(Qt::Key_Return);
     EXPECT_EQ(grid_.calls, (Calls{"double 1 2", "start 1 2", "changed 1 2", "start 1 2"}))
         << "an edit that changes nothing is no change";
+}
+
+TEST_F(Grid, AsksForTheMenuOfACellOnly) {
+    add("a", {}, "");
+    const int row = add("b", {}, "");
+    const auto ask = [](QContextMenuEvent::Reason reason, QWidget& at, const QPoint& where) {
+        QContextMenuEvent event(reason, where, at.mapToGlobal(where));
+        QApplication::sendEvent(&at, &event);
+    };
+    QWidget& cells = *grid_.viewport();
+    ask(QContextMenuEvent::Mouse, cells, grid_.centre(row, 2));
+    EXPECT_EQ(grid_.menuAt, cells.mapToGlobal(grid_.centre(row, 2)));
+    ask(QContextMenuEvent::Mouse, cells, QPoint(5, cells.height() - 5));
+    ask(QContextMenuEvent::Mouse, *grid_.horizontalHeader()->viewport(), QPoint(5, 5));
+    ask(QContextMenuEvent::Keyboard, grid_, {});
+    EXPECT_EQ(grid_.calls, (Calls{"menu 2 2"})) << "no cell is meant, or none is current";
+    grid_.setCurrentCell(1, 2);
+    ask(QContextMenuEvent::Keyboard, grid_, {});
+    EXPECT_EQ(grid_.calls.back(), "menu 1 2");
+    EXPECT_EQ(grid_.menuAt, cells.mapToGlobal(grid_.centre(1, 2)));
+}
+
+TEST_F(Grid, RemovesARowWithTheEditInIt) {
+    for (const char* text : {"1", "2", "3"})
+        add(text, {}, text);
+    goTo(2);
+    type("x");
+    grid_.removeRow(2);
+    EXPECT_FALSE(grid_.isEditing());
+    EXPECT_EQ(grid_.text(2, 2), "3");
+    EXPECT_EQ(grid_.currentRow(), 2);
+    type("y");
+    grid_.removeRow(1);
+    press(Qt::Key_Return);
+    EXPECT_EQ(grid_.text(1, 2), "y") << "an edit in another row goes on";
+    grid_.removeRow(2);
+    grid_.removeRow(0);
+    EXPECT_EQ(grid_.rowCount(), 1);
 }
 
 TEST_F(Grid, TellsWhoCannotSeeItWhatEachCellIs) {

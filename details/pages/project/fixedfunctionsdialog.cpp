@@ -1,8 +1,8 @@
 #include "details/pages/project/fixedfunctionsdialog.h"
 
+#include "details/pages/project/savequestion.h"
 #include "details/shell/settingsdialog.h"
-#include "details/widgets/messagebox.h"
-#include "details/widgets/stringconversion.h"
+#include "details/widgets/listboxlines.h"
 #include "orv/projectconfiguration.h"
 #include "orv/projectfiledata.h"
 #include "ui_fixedfunctionsdialog.h"
@@ -57,8 +57,7 @@ bool CFixedFunctionsDialog::onLeave() {
     ui_->functions->finishEditing();
     if (!isModified())
         return true;
-    if (askYesNo(this, tr("Do you want to save the changes you've made in this page?"),
-                 tr("Project Settings"), QMessageBox::Question))
+    if (asksToSave(*this))
         store(StartedBy::page);
     else
         ui_->functions->clearChanged();
@@ -82,16 +81,7 @@ void CFixedFunctionsDialog::load() {
         return;
     std::vector<std::string> functions;
     projectConfig_->projectFile->GetFixedFunctions(functions);
-    QStringList lines;
-    for (const std::string& function : functions)
-        lines.append(toQString(function));
-    ui_->functions->setLines(lines);
-    // A name that is no UTF-8 is written as it was until the user changes it.
-    for (int row = 0; row < lines.size(); ++row) {
-        const std::string& function = functions[static_cast<std::size_t>(row)];
-        if (toUtf8(lines[row]) != function)
-            ui_->functions->setOrigin(row, QByteArray::fromStdString(function));
-    }
+    showStrings(*ui_->functions, functions);
     ui_->functions->clearChanged();
 }
 
@@ -101,12 +91,7 @@ bool CFixedFunctionsDialog::store(StartedBy starter) {
     ui_->functions->finishEditing();
     if (!isModified())
         return true;
-    std::vector<std::string> functions;
-    for (int row = 0; row < ui_->functions->lineCount(); ++row) {
-        const QVariant origin = ui_->functions->origin(row);
-        functions.push_back(origin.isValid() ? origin.toByteArray().toStdString()
-                                             : toUtf8(ui_->functions->line(row)));
-    }
+    const std::vector<std::string> functions = stringsOf(*ui_->functions);
     projectConfig_->projectFile->SetFixedFunctions(functions);
     std::vector<std::string> stored;
     projectConfig_->projectFile->GetFixedFunctions(stored);
@@ -116,22 +101,6 @@ bool CFixedFunctionsDialog::store(StartedBy starter) {
     if (starter == StartedBy::page)
         notifyUpdatersOf(*this);
     return true;
-}
-
-void CFixedFunctionsDialog::CListBoxEditorEx::lineAdded(int, const QString&) {
-    changed_ = true;
-}
-
-void CFixedFunctionsDialog::CListBoxEditorEx::lineRenamed(int, const QString&) {
-    changed_ = true;
-}
-
-void CFixedFunctionsDialog::CListBoxEditorEx::lineDeleted(int) {
-    changed_ = true;
-}
-
-void CFixedFunctionsDialog::CListBoxEditorEx::lineMoved(int, int) {
-    changed_ = true;
 }
 
 } // namespace ovsettings

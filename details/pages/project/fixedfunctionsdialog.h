@@ -1,6 +1,6 @@
 #pragma once
 
-#include "details/widgets/listboxeditor.h"
+#include "details/widgets/watchedlistboxeditor.h"
 #include "ovsettings/propdialogtemplate.h"
 
 #include <memory>
@@ -16,22 +16,9 @@ class CFixedFunctionsDialog : public CPropDialogTemplateEx {
     Q_OBJECT
 
 public:
-    /// Adds to the list editor a flag for changes.
-    class CListBoxEditorEx : public CListBoxEditor {
+    class CListBoxEditorEx : public CWatchedListBoxEditor {
     public:
-        using CListBoxEditor::CListBoxEditor;
-
-        bool isChanged() const { return changed_; }
-        void clearChanged() { changed_ = false; }
-
-    protected:
-        void lineAdded(int row, const QString& text) override;
-        void lineRenamed(int row, const QString& text) override;
-        void lineDeleted(int row) override;
-        void lineMoved(int from, int to) override;
-
-    private:
-        bool changed_ = false;
+        using CWatchedListBoxEditor::CWatchedListBoxEditor;
     };
 
     explicit CFixedFunctionsDialog(QWidget* parent);

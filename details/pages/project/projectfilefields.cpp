@@ -1,6 +1,7 @@
 #include "details/pages/project/projectfilefields.h"
 
 #include "details/pages/project/projectpaths.h"
+#include "details/pages/project/savequestion.h"
 #include "details/platform/paths.h"
 #include "details/widgets/messagebox.h"
 #include "details/widgets/stringconversion.h"
@@ -152,11 +153,7 @@ void ProjectFileField::restoreSnapshot() {
 bool mayLeave(QWidget& page, std::span<ProjectFileField* const> fields, const std::function<bool()>& store) {
     if (std::ranges::none_of(fields, &ProjectFileField::differsFromSnapshot))
         return true;
-    if (askYesNo(&page,
-                 translated(QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields",
-                                              "Do you want to save the changes you've made in this page?")),
-                 translated(QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields", "Project Settings")),
-                 QMessageBox::Question))
+    if (asksToSave(page))
         return store();
     for (ProjectFileField* field : fields)
         field->restoreSnapshot();

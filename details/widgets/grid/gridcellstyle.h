@@ -35,6 +35,8 @@ struct GridCellStyle {
     /// Drawn as a disabled control is.
     bool greyed = false;
     QStringList choices = {};
+    /// Of a list of choices: another text may be typed as well.
+    bool typed = false;
     int listWidth = 0; ///< least width of an open list of choices, in pixels; that of the cell if less
     Qt::Orientation orientation = Qt::Horizontal; ///< of a radio group
     /// One "#" for each digit there may be, any other character for itself; empty allows any text.

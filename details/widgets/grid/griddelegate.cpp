@@ -2,6 +2,7 @@
 
 #include "details/widgets/grid/gridmodel.h"
 #include "details/widgets/grid/gridwnd.h"
+#include "details/widgets/stringconversion.h"
 
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
@@ -48,10 +49,16 @@ private:
     QString original_;
 };
 
-/// Ends the edit of its cell when the list closes: with another choice, or with the one there was.
+/// Ends the edit of its cell when the list closes: with another choice, or with the one there was. Where a
+/// text may be typed, a list that is closed without a choice leaves room for that.
 class CCellList : public QComboBox {
 public:
     CCellList(CGridWnd& grid, QWidget* parent) : QComboBox(parent), grid_(grid) { setFrame(false); }
+
+    void showPopup() override {
+        before_ = currentText();
+        QComboBox::showPopup();
+    }
 
     void hidePopup() override {
         const bool wasOpen = view()->isVisible();
@@ -64,7 +71,8 @@ public:
         QMetaObject::invokeMethod(
             grid,
             [grid, list] {
-                if (list && list->isVisible())
+                if (list && list->isVisible() &&
+                    (!list->isEditable() || list->currentText() != list->before_))
                     grid->endEdit();
             },
             Qt::QueuedConnection);
@@ -72,12 +80,18 @@ public:
 
 private:
     CGridWnd& grid_;
+    QString before_;
 };
 
 QWidget* makeList(CGridWnd& grid, QWidget* parent, const CGridModel::Cell& cell) {
     auto* list = new CCellList(grid, parent);
     list->addItems(cell.style.choices);
     list->setPlaceholderText(cell.text);
+    if (cell.style.typed) {
+        list->setEditable(true);
+        list->setInsertPolicy(QComboBox::NoInsert);
+        list->setCompleter(nullptr); // what is typed is meant as it stands
+    }
     list->view()->setMinimumWidth(cell.style.listWidth);
     return list;
 }
@@ -236,17 +250,24 @@ void CGridDelegate::destroyEditor(QWidget* editor, const QModelIndex& index) con
 
 QString CGridDelegate::editorText() const {
     if (const auto* edit = qobject_cast<QLineEdit*>(editor_.data()))
-        return edit->text();
+        return inOneLine(edit->text());
     const auto* list = qobject_cast<QComboBox*>(editor_.data());
-    return list && list->currentIndex() >= 0 ? list->currentText() : model_.cell(edited_).text;
+    if (!list || (list->currentIndex() < 0 && !list->isEditable()))
+        return model_.cell(edited_).text;
+    return inOneLine(list->currentText());
 }
 
 void CGridDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
     const QString text = model_.cell(index).text;
     if (auto* edit = qobject_cast<QLineEdit*>(editor))
         edit->setText(text);
-    else if (auto* list = qobject_cast<QComboBox*>(editor))
+    else if (auto* list = qobject_cast<QComboBox*>(editor)) {
         list->setCurrentIndex(list->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
+        if (list->isEditable()) {
+            list->setEditText(text);
+            list->lineEdit()->selectAll();
+        }
+    }
 }
 
 void CGridDelegate::setModelData(QWidget*, QAbstractItemModel* model, const QModelIndex& index) const {

@@ -142,6 +142,14 @@ void CGridModel::setRowCount(int count) {
     }
 }
 
+void CGridModel::removeRow(int row) {
+    if (row < 0 || row >= rowCount())
+        return;
+    beginRemoveRows({}, row, row);
+    rows_.erase(rows_.begin() + row);
+    endRemoveRows();
+}
+
 void CGridModel::setColumnCount(int count) {
     const int present = columnCount();
     if (count == present)

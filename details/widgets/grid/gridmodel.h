@@ -32,6 +32,7 @@ public:
     /// New cells are empty; the others keep what they have.
     void setRowCount(int count);
     void setColumnCount(int count);
+    void removeRow(int row);
     /// An index that is none names an empty cell, which nothing is written to.
     const Cell& cell(const QModelIndex& index) const;
     void setText(const QModelIndex& index, const QString& text);

@@ -60,6 +60,12 @@ int CGridWnd::rowCount() const {
     return model_->rowCount();
 }
 
+void CGridWnd::removeRow(int row) {
+    if (isEditing() && delegate_->editedIndex().row() == row - 1)
+        closeEditor(delegate_->editor(), QAbstractItemDelegate::RevertModelCache);
+    model_->removeRow(row - 1);
+}
+
 int CGridWnd::columnCount() const {
     return model_->columnCount();
 }
@@ -149,15 +155,24 @@ void CGridWnd::startEdit() {
         onCellPressed(index.row() + 1, index.column() + 1);
         break;
     case GridCellKind::dropDown:
-        edit(index);
-        if (auto* list = qobject_cast<QComboBox*>(delegate_->editor()))
-            list->showPopup();
+        if (cell.style.typed)
+            edit(index);
+        else
+            openList();
         break;
     case GridCellKind::text:
     case GridCellKind::maskedEdit:
         edit(index);
         break;
     }
+}
+
+void CGridWnd::openList() {
+    if (model_->cell(currentIndex()).style.readOnly)
+        return;
+    edit(currentIndex());
+    if (auto* list = qobject_cast<QComboBox*>(delegate_->editor()))
+        list->showPopup();
 }
 
 bool CGridWnd::isEditing() const {
@@ -231,6 +246,10 @@ bool CGridWnd::onClick(int, int) {
 void CGridWnd::onDoubleClick(int, int) {
 }
 
+bool CGridWnd::onContextMenu(int, int, const QPoint&) {
+    return false;
+}
+
 bool CGridWnd::onKey(const QKeyEvent&) {
     return false;
 }
@@ -243,13 +262,25 @@ void CGridWnd::clickCell(const QModelIndex& index) {
         return;
     // Check boxes and radio groups have a place of their own to be clicked at.
     const GridCellKind kind = model_->cell(index).style.kind;
-    if (kind != GridCellKind::checkBox && kind != GridCellKind::radioGroup)
+    if (kind == GridCellKind::dropDown)
+        openList();
+    else if (kind != GridCellKind::checkBox && kind != GridCellKind::radioGroup)
         startEdit();
 }
 
 void CGridWnd::mousePressEvent(QMouseEvent* event) {
     if (endEdit())
         QTableView::mousePressEvent(event);
+}
+
+void CGridWnd::contextMenuEvent(QContextMenuEvent* event) {
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    // What the headers leave alone comes here too, in coordinates that are not the cells'.
+    const QPoint at = viewport()->mapFromGlobal(event->globalPos());
+    const QModelIndex index =
+        byKey ? currentIndex() : (viewport()->rect().contains(at) ? indexAt(at) : QModelIndex());
+    const QPoint menuAt = byKey ? viewport()->mapToGlobal(visualRect(index).center()) : event->globalPos();
+    event->setAccepted(index.isValid() && onContextMenu(index.row() + 1, index.column() + 1, menuAt));
 }
 
 void CGridWnd::keyPressEvent(QKeyEvent* event) {
@@ -267,8 +298,10 @@ void CGridWnd::keyPressEvent(QKeyEvent* event) {
 }
 
 bool CGridWnd::handleKey(const QKeyEvent& event) {
-    const GridCellKind kind = model_->cell(currentIndex()).style.kind;
-    const bool isTyped = kind == GridCellKind::text || kind == GridCellKind::maskedEdit;
+    const GridCellStyle& style = model_->cell(currentIndex()).style;
+    const GridCellKind kind = style.kind;
+    const bool isTyped = kind == GridCellKind::text || kind == GridCellKind::maskedEdit ||
+                         (kind == GridCellKind::dropDown && style.typed);
     switch (event.key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -287,13 +320,15 @@ bool CGridWnd::handleKey(const QKeyEvent& event) {
         startEdit();
         if (auto* edit = qobject_cast<QLineEdit*>(delegate_->editor()))
             edit->clear();
+        else if (auto* list = qobject_cast<QComboBox*>(delegate_->editor()))
+            list->clearEditText();
         return true;
     case Qt::Key_F4:
     case Qt::Key_Down:
         if (kind != GridCellKind::dropDown ||
             (event.key() == Qt::Key_Down && !(event.modifiers() & Qt::AltModifier)))
             return false;
-        startEdit();
+        openList();
         return true;
     case Qt::Key_Tab:
     case Qt::Key_Backtab:

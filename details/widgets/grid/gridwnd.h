@@ -17,8 +17,9 @@ class CGridModel;
 /// Without a mouse: the arrows go from cell to cell; Tab goes through them in reading order and from the last
 /// one to the next control, Shift+Tab the other way; Ctrl+Tab leaves the grid at once, in either direction.
 /// F2, Enter, or typing begins an edit, Delete one of an empty text; Enter ends it, Escape gives the old text
-/// back. Alt+Down or F4 opens a list. Space, F2 or Enter toggles a check box, goes on to the next choice of a
-/// radio group, or presses a button or a colour.
+/// back. Alt+Down or F4 opens a list, and so do Enter, F2 and Space unless its text may be typed. Space, F2
+/// or Enter toggles a check box, goes on to the next choice of a radio group, or presses a button or a
+/// colour.
 class CGridWnd : public QTableView {
     Q_OBJECT
 
@@ -30,6 +31,8 @@ public:
     void setRowCount(int count);
     void setColumnCount(int count);
     int rowCount() const;
+    /// Those below move up by one. An edit in the row ends without a change.
+    void removeRow(int row);
     int columnCount() const;
 
     void setCellText(int row, int column, const QString& text);
@@ -73,6 +76,9 @@ protected:
     /// A left click on a cell; true if that is all it was for.
     virtual bool onClick(int row, int column);
     virtual void onDoubleClick(int row, int column);
+    /// A right click on a cell, or with its row and column the menu key on the current one; true if a menu
+    /// came of it. @param at where on the screen a menu belongs.
+    virtual bool onContextMenu(int row, int column, const QPoint& at);
     /// A key, with a current cell and no editor open; true keeps it from the grid.
     virtual bool onKey(const QKeyEvent& event);
     /// Sets the widths of the columns, after a change of the grid's size or font.
@@ -84,6 +90,7 @@ protected:
     bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
 private:
@@ -95,6 +102,7 @@ private:
     void leaveEdit();
     void commitEdit();
     void clickCell(const QModelIndex& index);
+    void openList();
     bool handleKey(const QKeyEvent& event);
     bool moveCurrent(bool forward);
     void fitRowHeights();

@@ -1,0 +1,264 @@
+#include "details/pages/project/bordersdialog.h"
+
+#include "details/appcfg/unitglue.h"
+#include "details/pages/project/attributedialog.h"
+#include "details/pages/project/customborderdialog.h"
+#include "details/widgets/messagebox.h"
+#include "details/widgets/stringconversion.h"
+#include "details/widgets/waitcursor.h"
+#include "orv/projectconfiguration.h"
+#include "orv/symbolreader.h"
+#include "ui_bordersdialog.h"
+
+#include <map>
+#include <set>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr unsigned kTemplate = 145;
+/// A value that begins with it is filled in by the editor.
+constexpr char kFilledIn = '@';
+
+} // namespace
+
+CBorderSymbolsFeeder::CBorderSymbolsFeeder(Orv::CProjectConfiguration& projectConfig)
+    : CSymbolsFeeder(projectConfig, [](cldialog::IDataSource& source, std::vector<std::string>& symbols) {
+          source.GetBorderSymbols(symbols);
+      }) {
+}
+
+CBordersDialog::CBordersDialog(QWidget* parent)
+    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CBordersDialog>()) {
+    name = "Borders";
+    helpTopic = "OV_SETUP_SETTINGS_PROJECT";
+    helpBook = "orvane_ref";
+}
+
+CBordersDialog::~CBordersDialog() = default;
+
+void CBordersDialog::setAppConfiguration(Orv::iAppConfiguration* appConfig) {
+    appConfig_ = appConfig;
+}
+
+void CBordersDialog::setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) {
+    projectConfig_ = projectConfig;
+}
+
+bool CBordersDialog::buildTemplate() {
+    ui_->setupUi(this);
+    connect(ui_->grid, &CBordersGrid::currentRowChanged, this, &CBordersDialog::enableDelete);
+    connect(ui_->grid, &CBordersGrid::symbolWanted, this, &CBordersDialog::chooseSymbol);
+    connect(ui_->grid, &CBordersGrid::symbolDropped, this,
+            [this](std::size_t index, BorderSheet sheet) { dropSymbol(index, sheet); });
+    connect(ui_->properties, &QPushButton::clicked, this, &CBordersDialog::editProperties);
+    connect(ui_->addCustom, &QPushButton::clicked, this, &CBordersDialog::addCustom);
+    connect(ui_->deleteCustom, &QPushButton::clicked, this, &CBordersDialog::deleteCustom);
+    return true;
+}
+
+bool CBordersDialog::OnInitDialog() {
+    const bool hasFile = borderSymbols() != nullptr;
+    for (QWidget* control : std::initializer_list<QWidget*>{ui_->grid, ui_->properties, ui_->addCustom})
+        control->setEnabled(hasFile);
+    ui_->deleteCustom->setEnabled(false);
+    load();
+    return true;
+}
+
+bool CBordersDialog::onOk() {
+    return onApply();
+}
+
+bool CBordersDialog::onApply() {
+    // A page without changes stores nothing: by now the object may stand for another file.
+    if (!dirty_ || !borderSymbols())
+        return true;
+    rows_.store(borderSymbols()->GetTable());
+    if (projectConfig_->projectFile)
+        borderSymbols()->Save(projectConfig_->projectFile->GetBorderSymbolsPath(1));
+    propertiesBefore_.reset();
+    dirty_ = false;
+    return true;
+}
+
+bool CBordersDialog::onCancel() {
+    giveBackProperties();
+    return true;
+}
+
+/// Another page may have given the project another border symbols file.
+bool CBordersDialog::onEnter() {
+    if (!dirty_)
+        load();
+    return true;
+}
+
+bool CBordersDialog::onLeave() {
+    if (!dirty_)
+        return true;
+    if (askYesNo(this, tr("Do you want to save the changes you've made in this page?"), tr("Borders"))) {
+        onApply();
+    } else {
+        // Otherwise a later OK would store what the user has just declined to save.
+        giveBackProperties();
+        load();
+    }
+    return true;
+}
+
+bool CBordersDialog::isModified() const {
+    return dirty_;
+}
+
+Orv::IBorderSymbols* CBordersDialog::borderSymbols() const {
+    return projectConfig_ ? dynamic_cast<Orv::IBorderSymbols*>(projectConfig_->borderSymbols) : nullptr;
+}
+
+void CBordersDialog::load() {
+    if (!ui_->grid || !borderSymbols())
+        return;
+    rows_.load(borderSymbols()->GetTable());
+    ui_->grid->showRows(rows_);
+    dirty_ = false;
+    enableDelete();
+}
+
+void CBordersDialog::chooseSymbol(std::size_t index, BorderSheet sheet) {
+    CBorderSymbolsFeeder feeder(*projectConfig_);
+    const std::string symbol = cldialog::showCentralLibraryDialog(feeder, toUtf8(tr("Border Symbol")));
+    if (!symbol.empty())
+        setSymbol(index, sheet, symbol);
+}
+
+void CBordersDialog::setSymbol(std::size_t index, BorderSheet sheet, const std::string& symbol) {
+    for (const std::size_t changed : rows_.setSymbol(index, sheet, symbol))
+        ui_->grid->showRow(changed, rows_.at(changed));
+    dirty_ = true;
+}
+
+void CBordersDialog::dropSymbol(std::size_t index, BorderSheet sheet) {
+    const BorderRow& row = rows_.at(index);
+    if (!(sheet == BorderSheet::first ? row.first : row.next).empty())
+        setSymbol(index, sheet, {});
+}
+
+void CBordersDialog::addCustom() {
+    const Orv::Metrics::Unit unit =
+        appConfig_ ? Orv::getConfiguredUnit(*appConfig_) : Orv::Metrics::Unit(Orv::Metrics::Unit::inch);
+    CCustomBorderDialog dialog(unit, this);
+    if (dialog.DoModal() != QDialog::Accepted)
+        return;
+    const std::string key = customBorderKey(dialog.width(), dialog.height(), unit);
+    const std::size_t index = rows_.indexOf(key);
+    if (index == rows_.count()) {
+        for (const std::size_t changed : rows_.add(key))
+            ui_->grid->showRow(changed, rows_.at(changed));
+        dirty_ = true;
+    }
+    ui_->grid->setCurrentCell(static_cast<int>(index) + 1, 1);
+    enableDelete();
+}
+
+void CBordersDialog::deleteCustom() {
+    if (!isCustomRow())
+        return;
+    const int row = ui_->grid->currentRow();
+    const std::size_t changed = rows_.remove(static_cast<std::size_t>(row) - 1);
+    ui_->grid->removeRow(row);
+    if (changed < rows_.count())
+        ui_->grid->showRow(changed, rows_.at(changed));
+    dirty_ = true;
+    enableDelete();
+}
+
+bool CBordersDialog::isCustomRow() const {
+    const auto row = static_cast<std::size_t>(ui_->grid->currentRow());
+    return row > 0 && row <= rows_.count() && rows_.at(row - 1).isCustom();
+}
+
+void CBordersDialog::enableDelete() {
+    ui_->deleteCustom->setEnabled(isCustomRow());
+}
+
+void CBordersDialog::editProperties() {
+    Orv::IBorderSymbols& symbols = *borderSymbols();
+    CAttributeDialog dialog(this);
+    dialog.setText(tr("Use this dialog to provide values for existing border properties.  Add  other "
+                      "available properties from drop-down list in the last row.  The values assigned here "
+                      "will later be applied to properties on the default border symbol being used."));
+    dialog.setKnownValues(knownValues());
+    dialog.setAttributes(symbols.GetProperties());
+    dialog.setNames(symbols.GetPropertyNames());
+    if (dialog.DoModal() == QDialog::Accepted)
+        mergeProperties(dialog.attributes());
+}
+
+KnownValues CBordersDialog::knownValues() const {
+    KnownValues known;
+    if (!projectConfig_->symbolReader)
+        return known;
+    const WaitCursor wait; // each symbol is a file
+    std::set<std::string> asked;
+    std::set<Attribute> found;
+    const auto ask = [&](const std::string& symbol) {
+        if (symbol.empty() || !asked.insert(symbol).second)
+            return;
+        const auto separator = symbol.find(Orv::kSymbolSeparator);
+        const bool hasLibrary = separator != std::string::npos;
+        const std::string library = hasLibrary ? symbol.substr(0, separator) : std::string();
+        const std::string symbolName = hasLibrary ? symbol.substr(separator + 1) : symbol;
+        for (const Attribute& property : projectConfig_->symbolReader->GetProperties(library, symbolName)) {
+            const auto& [propertyName, value] = property;
+            const bool counts =
+                !projectConfig_->propertyFilter || projectConfig_->propertyFilter->Counts(propertyName);
+            if (!counts || value.starts_with(kFilledIn))
+                continue;
+            std::vector<std::string>& values = known[propertyName];
+            // No value has a choice of its own already.
+            if (!value.empty() && found.insert(property).second)
+                values.push_back(value);
+        }
+    };
+    for (std::size_t index = 0; index < rows_.count(); ++index) {
+        ask(rows_.at(index).first);
+        ask(rows_.at(index).next);
+    }
+    return known;
+}
+
+/// Replaces and adds; a property that was taken out of the list keeps its stored value, and this is meant.
+void CBordersDialog::mergeProperties(const Attributes& edited) {
+    std::vector<Orv::IBorderSymbols::Property>& stored = borderSymbols()->GetProperties();
+    std::vector<Orv::IBorderSymbols::Property> merged = stored;
+    // What was shown may differ from the bytes that are stored, and is no change of them.
+    std::multimap<std::string, std::size_t> indices;
+    for (std::size_t index = 0; index < merged.size(); ++index)
+        indices.emplace(toUtf8(toQString(merged[index].first)), index);
+    for (const auto& [propertyName, value] : edited) {
+        const auto found = indices.lower_bound(propertyName);
+        if (found == indices.end() || found->first != propertyName) {
+            merged.emplace_back(propertyName, value);
+            continue;
+        }
+        std::string& present = merged[found->second].second;
+        if (toUtf8(toQString(present)) != value)
+            present = value;
+        indices.erase(found);
+    }
+    if (merged == stored)
+        return;
+    if (!propertiesBefore_)
+        propertiesBefore_ = stored;
+    stored = std::move(merged);
+    dirty_ = true;
+}
+
+void CBordersDialog::giveBackProperties() {
+    if (propertiesBefore_ && borderSymbols())
+        borderSymbols()->GetProperties() = std::move(*propertiesBefore_);
+    propertiesBefore_.reset();
+}
+
+} // namespace ovsettings

@@ -1,0 +1,342 @@
+#include "details/pages/project/browselibdlg.h"
+
+#include "details/pages/project/libraryfolderbrowser.h"
+#include "details/pages/project/projectfilefields.h"
+#include "details/pages/project/projectpaths.h"
+#include "details/platform/environment.h"
+#include "details/platform/paths.h"
+#include "details/platform/profilefile.h"
+#include "details/platform/remotefile.h"
+#include "details/widgets/messagebox.h"
+#include "details/widgets/stringconversion.h"
+#include "suite/locationmap.h"
+#include "suite/zec.h"
+#include "ui_browselibdlg.h"
+
+#include <QtCore/QSignalBlocker>
+#include <QtGui/QIcon>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr std::size_t kLongestAlias = 64;
+constexpr int kIconSize = 40;
+
+/// What the installation says where its libraries are.
+constexpr char kMachineFile[] = "/standard/machine.ini";
+constexpr char kLibrariesSection[] = "Software\\Tolvane\\Kesh\\Libraries";
+constexpr char kDefaultValue[] = "Default";
+constexpr char kSymbolsDirectory[] = "Designer\\Symbols";
+constexpr std::size_t kValueLimit = 260;
+
+struct TypeItem {
+    const char* caption;
+    LibraryType type;
+};
+
+/// The choices of the list. "Primary" is none.
+constexpr TypeItem kTypes[] = {
+    {QT_TRANSLATE_NOOP("ovsettings::CBrowseLibDlg", "Writeable"), LibraryType::kWriteable},
+    {QT_TRANSLATE_NOOP("ovsettings::CBrowseLibDlg", "Readonly"), LibraryType::kReadonly},
+    {QT_TRANSLATE_NOOP("ovsettings::CBrowseLibDlg", "Megafile"), LibraryType::kMegafile},
+};
+
+struct StateText {
+    const char* local;
+    const char* remote;
+};
+
+/// What the state icon says of a library, by type.
+constexpr std::array<StateText, 4> kStateTexts{{
+    {QT_TRANSLATE_NOOP("ovsettings::CBrowseLibDlg", "Primary library"),
+     QT_TRANSLATE_NOOP("ovsettings::CBrowseLibDlg", "Remote library")},
+    {QT_TRANSLATE_NOOP("ovsettings::CBrowseLibDlg", "Writeable library"),
+     QT_TRANSLATE_NOOP("ovsettings::CBrowseLibDlg", "Remote library")},
+    {QT_TRANSLATE_NOOP("ovsettings::CBrowseLibDlg", "Read-only library"),
+     QT_TRANSLATE_NOOP("ovsettings::CBrowseLibDlg", "Remote read-only library")},
+    {QT_TRANSLATE_NOOP("ovsettings::CBrowseLibDlg", "Megafile library"),
+     QT_TRANSLATE_NOOP("ovsettings::CBrowseLibDlg", "Remote megafile library")},
+}};
+
+QString stateText(const Recognition& recognition) {
+    if (!recognition.icon)
+        return {};
+    const LibraryState& state = *recognition.icon;
+    if (!recognition.recognised)
+        return CBrowseLibDlg::tr("Remote library cannot be reached");
+    if (!state.good)
+        return state.remote ? CBrowseLibDlg::tr("Not a library at this remote location")
+                            : CBrowseLibDlg::tr("Not a library");
+    const auto type = static_cast<std::size_t>(state.type);
+    const StateText& text = kStateTexts[std::min(type, kStateTexts.size() - 1)];
+    return CBrowseLibDlg::tr(state.remote ? text.remote : text.local);
+}
+
+/// Where the last library was that was accepted in this process.
+std::string& lastDirectory() {
+    static std::string directory;
+    return directory;
+}
+
+std::string installedSymbols() {
+    const auto home = platform::environmentVariable("RSR_HOME");
+    platform::CProfileFile machine(home.value_or("") + kMachineFile, kValueLimit);
+    if (!home || home->empty() || machine.load())
+        return {};
+    std::string directory = machine.get(kLibrariesSection, kDefaultValue);
+    if (directory.empty())
+        return {};
+    if (!directory.ends_with('\\'))
+        directory += '\\';
+    return directory + kSymbolsDirectory;
+}
+
+std::string withoutTrailingBlanks(std::string text) {
+    text.erase(text.find_last_not_of(' ') + 1);
+    return text;
+}
+
+std::string trimmed(std::string text) {
+    text = withoutTrailingBlanks(std::move(text));
+    return text.erase(0, std::min(text.find_first_not_of(' '), text.size()));
+}
+
+std::string softNameOf(const std::string& path) {
+    std::array<char, kLocationBufferSize> buffer{};
+    return GetSoftName(path.c_str(), buffer.data()) == 0 ? buffer.data() : path;
+}
+
+/// The directory as the disk spells it, if the path leads to one.
+std::optional<std::string> directoryOnDisk(const std::string& path) {
+    const auto existing = path.empty() ? std::nullopt : platform::resolveExisting(path);
+    return existing && platform::isDirectory(*existing) ? existing : std::nullopt;
+}
+
+std::string directoryOf(const std::string& path) {
+    const std::string full = platform::IsRemotePath(path) ? path : platform::fullPath(path);
+    return std::string(platform::splitPath(full).directory);
+}
+
+} // namespace
+
+struct CBrowseLibDlg::Fields {
+    explicit Fields(const Ui::CBrowseLibDlg& ui) : path(*ui.path), alias(*ui.alias) {}
+    ProjectText path;
+    ProjectText alias;
+};
+
+CBrowseLibDlg::CBrowseLibDlg(QWidget* parent)
+    : QDialog(parent),
+      ui_(std::make_unique<Ui::CBrowseLibDlg>()),
+      type_(static_cast<int>(LibraryType::kReadonly)) {
+    ui_->setupUi(this);
+    fields_ = std::make_unique<Fields>(*ui_);
+    for (const TypeItem& item : kTypes)
+        ui_->type->addItem(tr(item.caption), static_cast<int>(item.type));
+    ui_->state->setFixedSize(kIconSize, kIconSize);
+
+    connect(ui_->ok, &QPushButton::clicked, this, &CBrowseLibDlg::accept);
+    connect(ui_->cancel, &QPushButton::clicked, this, &CBrowseLibDlg::reject);
+    connect(ui_->browse, &QPushButton::clicked, this, &CBrowseLibDlg::browse);
+    connect(ui_->path, &QLineEdit::textChanged, this, [this] { lookUp(LookUp::stateAndAlias); });
+    connect(ui_->type, &QComboBox::currentIndexChanged, this, [this] { lookUp(LookUp::state); });
+    connect(ui_->alias, &QLineEdit::textEdited, this, [this] { autoAlias_ = false; });
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* from, QWidget* to) {
+        if (from == ui_->path && to == ui_->alias)
+            autoAlias_ = false;
+    });
+}
+
+CBrowseLibDlg::~CBrowseLibDlg() {
+    // The focus still moves while the controls go.
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
+int CBrowseLibDlg::DoModal() {
+    OnInitDialog();
+    return exec();
+}
+
+void CBrowseLibDlg::OnInitDialog() {
+    InitLocationMap(projectDirectory_.c_str(), 0);
+    autoAlias_ = alias_.empty() && path_.empty();
+    fields_->alias.load(alias_);
+    dirHandler_.emplace(projectDirectory_);
+    const int index = ui_->type->findData(type_);
+    ui_->type->setCurrentIndex(std::max(index, 0));
+    fields_->path.load(path_.empty() ? initialPath() : path_);
+    ui_->path->selectAll();
+    worker_.emplace([this] { takeFindings(); });
+    lookUp(LookUp::stateAndAlias);
+}
+
+std::string CBrowseLibDlg::initialPath() const {
+    if (!lastDirectory().empty())
+        return lastDirectory();
+    const std::string installed = installedSymbols();
+    return installed.empty() ? projectDirectory_ : installed;
+}
+
+LibraryType CBrowseLibDlg::selectedType() const {
+    return static_cast<LibraryType>(ui_->type->currentData().toInt());
+}
+
+void CBrowseLibDlg::lookUp(LookUp what) {
+    if (!worker_)
+        return;
+    // A choice in the list must not take away the alias that the last path still owes.
+    aliasAwaited_ = aliasAwaited_ || what == LookUp::stateAndAlias;
+    ui_->ok->setEnabled(false);
+    worker_->ask({libraryLocation(fields_->path.text(), projectDirectory_), selectedType(),
+                  aliasAwaited_ ? LookUp::stateAndAlias : LookUp::state});
+}
+
+void CBrowseLibDlg::takeFindings() {
+    if (const auto findings = worker_->takeFindings())
+        showFindings(*findings);
+}
+
+void CBrowseLibDlg::showFindings(const LibraryFindings& findings) {
+    const Recognition& recognition = findings.recognition;
+    {
+        const QSignalBlocker quiet(ui_->type);
+        const int index = ui_->type->findData(static_cast<int>(recognition.type));
+        ui_->type->setCurrentIndex(std::max(index, 0));
+    }
+    if (recognition.listEnabled)
+        ui_->type->setEnabled(*recognition.listEnabled);
+    showState(recognition);
+    if (findings.question.what == LookUp::stateAndAlias) {
+        aliasAwaited_ = false;
+        proposeAlias(findings);
+    }
+    ui_->ok->setEnabled(true);
+}
+
+void CBrowseLibDlg::showState(const Recognition& recognition) {
+    if (recognition.icon) {
+        const QLatin1String name(libraryIcon(*recognition.icon).name);
+        const QIcon icon(QLatin1String(":/ovsettings/images/") + name + QLatin1String(".svg"));
+        ui_->state->setPixmap(icon.pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
+    } else {
+        ui_->state->clear();
+    }
+    const QString text = stateText(recognition);
+    ui_->state->setToolTip(text);
+    ui_->state->setAccessibleDescription(text);
+    // The icon takes no focus; the field whose verdict it is says it too.
+    ui_->path->setAccessibleDescription(text);
+}
+
+void CBrowseLibDlg::proposeAlias(const LibraryFindings& findings) {
+    if (!autoAlias_)
+        return;
+    if (!findings.alias.empty()) {
+        fields_->alias.load(findings.alias);
+        autoAlias_ = false;
+    } else if (ui_->alias->isEnabled()) {
+        fields_->alias.load(derivedAlias(findings.question.location));
+    }
+}
+
+void CBrowseLibDlg::browse() {
+    const std::string typed = fields_->path.text();
+    const bool soft = typed.starts_with('$');
+    const std::string directory = hardNameOf(typed);
+    platform::CurrentDirectory current;
+    if (directoryOnDisk(directory)) [[maybe_unused]]
+        const bool changed = current.changeTo(directory);
+
+    std::error_code lost;
+    LibraryFolderBrowser browser(this, std::filesystem::current_path(lost).string());
+    std::string chosen = trimmed(browser.run());
+    if (chosen.empty())
+        return;
+    if (soft)
+        chosen = softNameOf(chosen);
+    fields_->path.load(chosen);
+}
+
+bool CBrowseLibDlg::checkAlias(const std::string& alias, bool remote) {
+    const auto refuse = [&](const QString& text) {
+        showMessage(this, text);
+        ui_->alias->setFocus();
+        ui_->alias->selectAll();
+        return false;
+    };
+    // Blanks have a rule of their own, below.
+    std::string withoutBlanks = alias;
+    std::erase(withoutBlanks, ' ');
+    if (!withoutBlanks.empty() && !ZECIsValidAlias(withoutBlanks))
+        return refuse(tr("Library names must start with a letter (a-z) and may contain only alpha-numeric "
+                         "characters and underscores"));
+    if (alias.find(' ') != std::string::npos)
+        return refuse(tr("Space characters are not allowed in a Library name."));
+    if (alias.size() > kLongestAlias)
+        return refuse(tr("The library name must be %1 or fewer characters.").arg(kLongestAlias));
+    if (alias.empty())
+        return refuse(tr("The library name cannot be empty"));
+    // Nothing gets here, since an empty name was refused. The order is meant.
+    if (remote && alias.empty())
+        return refuse(tr("You must specify Alias for HTTP/FTP Library."));
+    return true;
+}
+
+bool CBrowseLibDlg::ensureDirectory(const std::string& path) {
+    const CDirHandler project(projectDirectory_);
+    if (!path.empty() && platform::resolveExisting(path))
+        return true;
+    const QString question =
+        tr("The directory does not exist. Do you want to create '%1' ?").arg(toQString(path));
+    if (!askYesNo(this, question, applicationTitle(), QMessageBox::Question))
+        return false;
+    if (!path.empty() && ZECMakePath(path))
+        return true;
+    showMessage(this, tr("Cannot create !"), applicationTitle(), QMessageBox::Critical);
+    return false;
+}
+
+void CBrowseLibDlg::accept() {
+    const std::string typed = withoutTrailingBlanks(fields_->path.text());
+    std::string path = typed;
+    const std::string alias = fields_->alias.text();
+    ZECPathRemoveTmpMnt(path);
+
+    InitLocationMap(projectDirectory_.c_str(), 0);
+    path = hardNameOf(path);
+    const bool remote = platform::IsRemotePath(path);
+    if (!checkAlias(alias, remote))
+        return;
+    if (!remote) {
+        ZECString expanded(path);
+        expanded.ConvertEnvironmentVariables();
+        path = directoryOnDisk(expanded.text()).value_or(expanded.text());
+        // A remote location is not for us to create.
+        if (!ensureDirectory(path))
+            return;
+    }
+    path = withoutTrailingBlanks(path);
+    if (path.ends_with('\\') || path.ends_with('/'))
+        path.pop_back();
+
+    if (ui_->type->isEnabled() || remote)
+        type_ = static_cast<int>(selectedType());
+    lastDirectory() = directoryOf(path);
+    // What was typed and not what it leads to, so that a soft name survives.
+    path_ = typed;
+    alias_ = alias;
+    fields_->path.load(typed);
+    QDialog::accept();
+}
+
+void CBrowseLibDlg::done(int result) {
+    worker_.reset();
+    QDialog::done(result);
+}
+
+} // namespace ovsettings

@@ -1,0 +1,19 @@
+#include "details/pages/project/dirhandler.h"
+
+#include "details/platform/paths.h"
+
+namespace ovsettings {
+
+bool CDirHandler::set(std::string_view path) {
+    const auto existing = platform::resolveExisting(path);
+    if (!existing || !platform::isDirectory(*existing)) {
+        // The separator belongs to the directory, so that the one of "/file" is not empty.
+        path.remove_suffix(platform::splitPath(path).name.size());
+    }
+    if (!before_.changeTo(path))
+        return false;
+    directory_ = path;
+    return true;
+}
+
+} // namespace ovsettings

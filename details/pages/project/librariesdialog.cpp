@@ -1,0 +1,356 @@
+#include "details/pages/project/librariesdialog.h"
+
+#include "details/pages/project/browselibdlg.h"
+#include "details/pages/project/projectfilefields.h"
+#include "details/pages/project/savequestion.h"
+#include "details/platform/asciicase.h"
+#include "details/shell/propfile.h"
+#include "details/shell/settingsdialog.h"
+#include "details/shell/stringtable.h"
+#include "details/widgets/gdipainter.h"
+#include "details/widgets/messagebox.h"
+#include "details/widgets/stringconversion.h"
+#include "suite/symbollibs.h"
+#include "ui_librariesdialog.h"
+
+#include <QtGui/QPainter>
+#include <QtWidgets/QListWidget>
+#include <QtWidgets/QStyledItemDelegate>
+
+#include <algorithm>
+#include <utility>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr unsigned kTemplate = 146;
+constexpr char kImportPattern[] = "*.prj";
+
+// The columns of a row, in pixels.
+constexpr int kSplitPercent = 35;
+constexpr int kColumnMargin = 5;
+constexpr int kRowMargin = 3;
+
+constexpr int kMiddleLightness = 128;
+constexpr int kLineAlpha = 96;
+
+QString typeName(int type) {
+    const unsigned id = lookOfLibraryType(type).nameId;
+    auto found = loadString(id, userLanguageId());
+    if (!found)
+        found = loadString(id, kEnglish);
+    return toQString(found.value_or(""));
+}
+
+/// The stated backgrounds are the same in every palette: where the palette's text would be lost on one, as on
+/// the light ones in a dark palette, the text is black or white instead.
+QColor legibleOn(const QColor& background, const QColor& wanted) {
+    const bool light = background.lightness() >= kMiddleLightness;
+    if (light != (wanted.lightness() >= kMiddleLightness))
+        return wanted;
+    return light ? Qt::black : Qt::white;
+}
+
+struct RowColours {
+    QColor background;
+    QColor text;
+};
+
+RowColours coloursOf(const LibraryTypeLook& look, const QPalette& palette, bool selected) {
+    const int stated = selected ? look.selectedBackground : look.background;
+    const QColor text = palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
+    if (stated == LibraryTypeLook::kSystemColour)
+        return {palette.color(selected ? QPalette::Highlight : QPalette::Base), text};
+    const QColor background = toQColor(stated);
+    return {background, legibleOn(background, text)};
+}
+
+} // namespace
+
+/// A row with its library. Its text is empty: what shows is drawn from the library.
+class CLibrariesDialog::CListBoxEditorEx::Item : public QListWidgetItem {
+public:
+    explicit Item(LibraryRow row) : library(std::move(row)) {}
+
+    QVariant data(int role) const override {
+        const QString alias = toQString(library.alias);
+        const QString path = toQString(library.path);
+        switch (role) {
+        case Qt::AccessibleTextRole:
+            return QString(alias + QLatin1String(", ") + path + QLatin1String(", ") + typeName(library.type));
+        case Qt::ToolTipRole:
+            return QString(alias.toHtmlEscaped() + QLatin1String("<br>") + path.toHtmlEscaped() +
+                           QLatin1String("<br>") + typeName(library.type));
+        default:
+            return QListWidgetItem::data(role);
+        }
+    }
+
+    LibraryRow library;
+};
+
+/// Draws the alias and the path in two columns.
+class CLibrariesDialog::CListBoxEditorEx::Delegate : public QStyledItemDelegate {
+public:
+    explicit Delegate(CListBoxEditorEx& owner) : QStyledItemDelegate(&owner), owner_(owner) {}
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
+        return {0, option.fontMetrics.height() + 2 * kRowMargin};
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        const LibraryRow& library = owner_.item(index.row()).library;
+        const RowColours colours = coloursOf(lookOfLibraryType(library.type), option.palette,
+                                             option.state.testFlag(QStyle::State_Selected));
+        QColor lines = colours.text;
+        lines.setAlpha(kLineAlpha);
+
+        const int top = option.rect.top();
+        const int right = option.rect.left() + option.rect.width();
+        const int foot = top + option.rect.height() - 1;
+        const int split = right * kSplitPercent / 100;
+        painter->save();
+        GdiPainter gdi(*painter);
+        gdi.fillRectangle(option.rect.left(), top, right, foot + 1, colours.background);
+        const auto drawText = [&](int from, int to, const std::string& text, Qt::TextElideMode elide) {
+            const QRect cell(from, top, to - from, foot - top);
+            painter->setPen(colours.text);
+            painter->drawText(cell, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                              option.fontMetrics.elidedText(toQString(text), elide, cell.width()));
+        };
+        drawText(kColumnMargin, split - kColumnMargin, library.alias, Qt::ElideRight);
+        drawText(split + kColumnMargin, right - kColumnMargin, library.path, Qt::ElideMiddle);
+        gdi.fillRectangle(option.rect.left(), foot, right, foot + 1, lines);
+        gdi.fillRectangle(split, top, split + 1, foot, lines);
+        if (option.state.testFlag(QStyle::State_HasFocus)) {
+            painter->setPen(QPen(colours.text, 1, Qt::DotLine));
+            painter->drawRect(option.rect.adjusted(0, 0, -1, -2));
+        }
+        painter->restore();
+    }
+
+private:
+    const CListBoxEditorEx& owner_;
+};
+
+CLibrariesDialog::CListBoxEditorEx::CListBoxEditorEx(QWidget* parent) : CWatchedListBoxEditor(parent) {
+    list().setItemDelegate(new Delegate(*this));
+    // Not inside the list's handling of the click, and once for several.
+    editing_.setSingleShot(true);
+    editing_.setInterval(0);
+    connect(&editing_, &QTimer::timeout, this, [this] { editSelected(); });
+}
+
+CLibrariesDialog::CListBoxEditorEx::Item& CLibrariesDialog::CListBoxEditorEx::item(int row) const {
+    return static_cast<Item&>(*list().item(row));
+}
+
+std::vector<LibraryRow> CLibrariesDialog::CListBoxEditorEx::rows() const {
+    std::vector<LibraryRow> rows;
+    for (int row = 0; row < lineCount(); ++row)
+        rows.push_back(item(row).library);
+    return rows;
+}
+
+void CLibrariesDialog::CListBoxEditorEx::setRows(const std::vector<LibraryRow>& rows) {
+    setLines({});
+    for (const LibraryRow& row : rows)
+        insertRow(lineCount(), row);
+    clearChanged();
+}
+
+void CLibrariesDialog::CListBoxEditorEx::importRows(std::vector<LibraryRow> rows) {
+    if (rows.empty())
+        return;
+    TakenAliases taken = aliases();
+    const int first = lineCount();
+    for (LibraryRow& row : rows) {
+        row.alias = taken.addUnique(row.alias);
+        insertRow(lineCount(), std::move(row));
+    }
+    setCurrentRow(first);
+    setChanged();
+}
+
+void CLibrariesDialog::CListBoxEditorEx::mendTypes() {
+    for (int row = 0; row < lineCount(); ++row) {
+        LibraryRow& library = item(row).library;
+        library.type = storedType(library, row == 0);
+    }
+    list().viewport()->update();
+}
+
+TakenAliases CLibrariesDialog::CListBoxEditorEx::aliases() const {
+    TakenAliases taken;
+    for (int row = 0; row < lineCount(); ++row)
+        taken.add(item(row).library.alias);
+    return taken;
+}
+
+bool CLibrariesDialog::CListBoxEditorEx::tellIfTaken(const std::string& alias) {
+    if (!aliases().contains(alias))
+        return false;
+    showMessage(this, CLibrariesDialog::tr("Library with specified name already added to the list"),
+                applicationTitle(), QMessageBox::Critical);
+    return true;
+}
+
+void CLibrariesDialog::CListBoxEditorEx::insertRow(int row, LibraryRow library) {
+    list().insertItem(row, new Item(std::move(library))); // the list owns it
+}
+
+void CLibrariesDialog::CListBoxEditorEx::newLine() {
+    LibraryRow library;
+    if (!ask_ || !ask_(library) || tellIfTaken(library.alias))
+        return;
+    const int row = library.type == kPrimary ? 0 : lineCount();
+    insertRow(row, std::move(library));
+    setCurrentRow(row);
+    setChanged();
+}
+
+void CLibrariesDialog::CListBoxEditorEx::editLine(int) {
+    editing_.start();
+}
+
+void CLibrariesDialog::CListBoxEditorEx::editSelected() {
+    const auto selected = list().selectedItems();
+    if (selected.isEmpty() || !ask_)
+        return;
+    const QPersistentModelIndex meant(list().indexFromItem(selected.front()));
+    LibraryRow library = item(meant.row()).library;
+    const std::string before = library.alias;
+    if (!ask_(library) || !meant.isValid())
+        return;
+    if (!platform::equalsWithoutCase(library.alias, before) && tellIfTaken(library.alias))
+        return;
+    if (library.type == kPrimary) {
+        removeLine(meant.row());
+        insertRow(0, std::move(library));
+        setCurrentRow(0);
+    } else {
+        item(meant.row()).library = std::move(library);
+        list().update(meant);
+    }
+    setChanged();
+}
+
+/// Nothing passes a Primary in the first row.
+bool CLibrariesDialog::CListBoxEditorEx::mayMove(int from, int to) {
+    if (!item(from).isSelected())
+        return false;
+    return std::min(from, to) > 0 || item(0).library.type != kPrimary;
+}
+
+CLibrariesDialog::CLibrariesDialog(QWidget* parent)
+    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CLibrariesDialog>()) {
+    name = "Symbol Libraries";
+    helpTopic = "OV_SETUP_SETTINGS_PROJECT";
+    helpBook = "orvane_ref";
+}
+
+CLibrariesDialog::~CLibrariesDialog() = default;
+
+void CLibrariesDialog::setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) {
+    projectConfig_ = projectConfig;
+}
+
+bool CLibrariesDialog::buildTemplate() {
+    ui_->setupUi(this);
+    ui_->libraries->setTitle(tr("Symbol &Libraries"));
+    ui_->libraries->setAsk([this](LibraryRow& row) { return ask(row); });
+    ui_->libraries->setEnabled(hasLibraries());
+    ui_->importButton->setEnabled(hasLibraries());
+    connect(ui_->importButton, &QPushButton::clicked, this, [this] { importList(); });
+    return true;
+}
+
+bool CLibrariesDialog::OnInitDialog() {
+    load();
+    return true;
+}
+
+bool CLibrariesDialog::onOk() {
+    return store(StartedBy::frame);
+}
+
+/// Tells the host by itself, which OK leaves to the frame; this is meant.
+bool CLibrariesDialog::onApply() {
+    return store(StartedBy::page);
+}
+
+bool CLibrariesDialog::onLeave() {
+    if (!isModified())
+        return true;
+    if (asksToSave(*this))
+        store(StartedBy::page);
+    load();
+    return true;
+}
+
+bool CLibrariesDialog::isModified() const {
+    return hasLibraries() && ui_->libraries->isChanged();
+}
+
+/// True once there is a list to show and a project to show it from.
+bool CLibrariesDialog::hasLibraries() const {
+    return ui_->libraries && projectConfig_ && projectConfig_->symbolLibs;
+}
+
+std::string CLibrariesDialog::directory() const {
+    return hasProject(projectConfig_) ? projectDirectory(*projectConfig_) : std::string();
+}
+
+bool CLibrariesDialog::ask(LibraryRow& row) {
+    CBrowseLibDlg dialog(this);
+    dialog.setAlias(row.alias);
+    dialog.setPath(row.path);
+    dialog.setType(row.type);
+    dialog.setProjectDirectory(directory());
+    if (dialog.DoModal() != QDialog::Accepted)
+        return false;
+    row = {dialog.alias(), dialog.path(), dialog.type()};
+    return true;
+}
+
+void CLibrariesDialog::importList() {
+    FileChoice choice;
+    choice.title = toUtf8(tr("Import Libraries"));
+    choice.initialDirectory = directory();
+    choice.filter = toUtf8(tr("Project files (*.prj)|*.prj|Ini files (*.ini)|*.ini|"
+                              "Project and Ini files (*.prj;*.ini)|*.prj;*.ini|All files (*.*)|*.*||"));
+    choice.defaultName = kImportPattern;
+    const auto path = chooseFile(this, choice);
+    if (!path)
+        return;
+    if (auto rows = importLibraries(*path))
+        ui_->libraries->importRows(std::move(*rows));
+    else
+        showMessage(this, tr("Cannot import libraries from \"%1\"").arg(toQString(*path)), applicationTitle(),
+                    QMessageBox::Critical);
+}
+
+void CLibrariesDialog::load() {
+    if (!hasLibraries())
+        return;
+    std::vector<LibraryRow> rows;
+    for (const NProjectTools::ISymbolLibrary* library : projectConfig_->symbolLibs->GetLibList())
+        rows.push_back({library->GetAlias(), library->GetLocation(), library->GetType()});
+    ui_->libraries->setRows(rows);
+}
+
+bool CLibrariesDialog::store(StartedBy starter) {
+    if (!isModified())
+        return true;
+    storeLibraries(ui_->libraries->rows(), projectConfig_->projectFilePath, *projectConfig_->symbolLibs);
+    ui_->libraries->mendTypes();
+    projectConfig_->librariesChanged = true;
+    ui_->libraries->clearChanged();
+    if (starter == StartedBy::page)
+        notifyUpdatersOf(*this);
+    return true;
+}
+
+} // namespace ovsettings

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QtWidgets/QFileDialog>
+
+#include <string>
+
+class QLabel;
+
+namespace ovsettings {
+
+/// The chooser of a library's folder, which says of each folder that is selected what it holds.
+class LibraryFolderBrowser : public QFileDialog {
+    Q_OBJECT
+
+public:
+    LibraryFolderBrowser(QWidget* parent, const std::string& directory);
+
+    /// Runs the chooser. @return the folder chosen, or empty.
+    std::string run();
+
+private:
+    void showContents(const QString& folder);
+
+    QLabel* status_;
+};
+
+} // namespace ovsettings

@@ -1,0 +1,141 @@
+#include "details/pages/project/librarylist.h"
+
+#include "details/platform/asciicase.h"
+#include "details/platform/environment.h"
+#include "details/platform/paths.h"
+#include "suite/locationmap.h"
+#include "suite/projectfile.h"
+#include "suite/symbollibs.h"
+
+#include <array>
+#include <filesystem>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr std::size_t kExpansionSize = 520; ///< with the end of the text
+
+enum class Source { iniFile, project };
+
+/// What a library becomes in a list that imports it: nobody gets a second Primary, and an ini file says
+/// nothing about who may write.
+int importedType(int type, Source source) {
+    if (type == kPrimary || (type == kWriteable && source == Source::iniFile))
+        return kReadonly;
+    return type;
+}
+
+std::vector<LibraryRow> importedRows(NProjectTools::CSymbolLibs& libraries, Source source) {
+    std::vector<LibraryRow> rows;
+    for (const NProjectTools::ISymbolLibrary* library : libraries.GetLibList()) {
+        const std::string alias = library->GetAlias();
+        if (alias.empty())
+            continue;
+        const std::string location = library->GetLocation();
+        const bool soft = location.find('$') != std::string::npos;
+        rows.push_back(
+            {alias, soft ? location : library->GetFullPath(), importedType(library->GetType(), source)});
+    }
+    return rows;
+}
+
+/// A text whose expansion is too long stays as it is.
+std::string expanded(const std::string& text) {
+    std::string expansion = platform::expandEnvironmentReferences(text);
+    return expansion.size() < kExpansionSize ? expansion : text;
+}
+
+/// Empty for what is no soft name, or one without a mapping.
+std::string mappedPath(const std::string& path) {
+    std::array<char, kLocationBufferSize> buffer{};
+    GetHardName(path.c_str(), buffer.data());
+    return buffer.data();
+}
+
+/// The path of a directory that exists, as it is spelled on disk; any other path as it stands.
+std::string pathOnDisk(const std::string& path, std::string_view projectDirectory) {
+    std::string looked = platform::platformPath(expanded(path));
+    if (looked.empty())
+        return path;
+    if (!projectDirectory.empty() && std::filesystem::path(looked).is_relative())
+        looked = platform::platformPath(projectDirectory) + '/' + looked;
+    const auto existing = platform::resolveExisting(looked);
+    return existing && platform::isDirectory(*existing) ? platform::fullPath(*existing) : path;
+}
+
+/// Only whole names count: "/boards/v12" does not lie in "/boards/v1".
+bool liesIn(std::string_view directory, const std::string& path) {
+    if (directory.empty() || !platform::platformPath(path).starts_with(platform::platformPath(directory)))
+        return false;
+    const std::string_view rest = std::string_view(path).substr(directory.size());
+    return rest.empty() || rest.front() == '/' || rest.front() == '\\';
+}
+
+std::string storedLocation(const std::string& path, std::string_view projectDirectory) {
+    return liesIn(projectDirectory, path) ? "." + path.substr(projectDirectory.size()) : path;
+}
+
+} // namespace
+
+void TakenAliases::add(const std::string& alias) {
+    names_.insert(platform::inLowerCase(alias));
+}
+
+bool TakenAliases::contains(const std::string& alias) const {
+    return names_.contains(platform::inLowerCase(alias));
+}
+
+std::string TakenAliases::addUnique(const std::string& alias) {
+    std::string unique = alias;
+    if (contains(alias)) {
+        int& counter = counters_[platform::inLowerCase(alias)];
+        do {
+            unique = alias + '_' + std::to_string(++counter);
+        } while (contains(unique));
+    }
+    add(unique);
+    return unique;
+}
+
+std::optional<std::vector<LibraryRow>> importLibraries(const std::string& path) {
+    const auto dot = path.rfind('.');
+    if (dot == std::string::npos)
+        return std::nullopt;
+    const std::string extension = platform::inLowerCase(path.substr(dot + 1));
+    NProjectTools::CSymbolLibs libraries;
+    if (extension == "ini") {
+        // What cannot be read is an empty list; this is meant.
+        libraries.Load(path);
+        return importedRows(libraries, Source::iniFile);
+    }
+    if (extension != "prj")
+        return std::nullopt;
+    NProjectTools::CProjectFileUtilitiesLight project(nullptr);
+    if (!project.openProjectFile(path))
+        return std::nullopt;
+    libraries.Load(&project);
+    project.closeProjectFile();
+    return importedRows(libraries, Source::project);
+}
+
+int storedType(const LibraryRow& row, bool isFirst) {
+    return row.type == kPrimary && !isFirst ? kWriteable : row.type;
+}
+
+void storeLibraries(std::span<const LibraryRow> rows, const std::string& projectFilePath,
+                    NProjectTools::CSymbolLibs& libraries) {
+    libraries.Clear();
+    const std::string directory(platform::splitPath(projectFilePath).directory);
+    InitLocationMap(directory.c_str(), 0);
+    for (const LibraryRow& row : rows) {
+        const int type = storedType(row, &row == &rows.front());
+        if (const std::string mapped = mappedPath(row.path); !mapped.empty())
+            libraries.AddLibrary(row.alias, row.path, expanded(mapped), type);
+        else
+            libraries.AddLibrary(row.alias, storedLocation(row.path, directory),
+                                 pathOnDisk(row.path, directory), type);
+    }
+}
+
+} // namespace ovsettings

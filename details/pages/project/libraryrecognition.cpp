@@ -1,0 +1,163 @@
+#include "details/pages/project/libraryrecognition.h"
+
+#include "details/pages/project/projectpaths.h"
+#include "details/platform/asciicase.h"
+#include "details/platform/paths.h"
+#include "details/platform/remotefile.h"
+#include "suite/zec.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <system_error>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr std::string_view kSeparators = "/\\";
+
+struct IconRow {
+    LibraryIcon local;
+    LibraryIcon localNone;
+    LibraryIcon remote;
+    LibraryIcon remoteNone;
+};
+
+/// By type; the last row is that of no type. A remote library can't be writeable, so two types share the
+/// pictures of a remote place of which nothing more is known.
+constexpr std::array<IconRow, 5> kIcons{{
+    {{154, "library_primary"},
+     {155, "library_primary_none"},
+     {160, "library_remote"},
+     {161, "library_remote_none"}},
+    {{158, "library_writeable"},
+     {159, "library_writeable_none"},
+     {160, "library_remote"},
+     {161, "library_remote_none"}},
+    {{156, "library_readonly"},
+     {157, "library_readonly_none"},
+     {164, "library_remote_readonly"},
+     {165, "library_remote_readonly_none"}},
+    {{148, "library_megafile"},
+     {149, "library_megafile_none"},
+     {162, "library_remote_megafile"},
+     {163, "library_remote_megafile_none"}},
+    {{0, ""}, {0, ""}, {0, ""}, {0, ""}},
+}};
+
+bool isSeparator(char c) {
+    return kSeparators.find(c) != std::string_view::npos;
+}
+
+bool isRooted(std::string_view path) {
+    const bool drive = path.size() >= 2 && platform::isLetter(path[0]) && path[1] == ':';
+    return drive || (!path.empty() && isSeparator(path.front()));
+}
+
+/// The part of a remote path before its third separator, or nothing if it has fewer.
+std::optional<std::string> serverOf(const std::string& path) {
+    std::size_t separator = path.find_first_of(kSeparators);
+    for (int passed = 1; passed < 3 && separator != std::string::npos; ++passed)
+        separator = path.find_first_of(kSeparators, separator + 1);
+    if (separator == std::string::npos)
+        return std::nullopt;
+    std::string server = path.substr(0, separator);
+    ZECRemoveLastSlash(server);
+    return server;
+}
+
+/// Whether there is a file that the pattern "sym/*.1" names.
+bool hasSymbolFiles(const std::string& path) {
+    const auto directory = platform::resolveExisting(platform::MakeFilePath(path, "sym", ""));
+    if (!directory)
+        return false;
+    std::error_code error;
+    std::filesystem::directory_iterator entry(*directory, error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+        if (entry->path().native().ends_with(".1"))
+            return true;
+    }
+    return false;
+}
+
+/// A server that is a library as a whole speaks for all that lies on it; otherwise the location does itself.
+Recognition recogniseRemote(const std::string& path, LibraryType selected) {
+    const auto server = serverOf(path);
+    // A server that has nothing to show at its root may have the location all the same, or the files in it.
+    const auto answers = [](const std::string& place) {
+        return platform::ProbeRemote(place) != platform::kRemoteUnreachable;
+    };
+    if (!server || !(answers(*server) || answers(path) || ZECIsValidLibrary(path, 1)))
+        return {selected, LibraryState{selected, true, false}, std::nullopt, false};
+
+    std::string location = path;
+    ZECRemoveLastSlash(location);
+    const bool megafile = ZECCheckMegafile(*server) || ZECCheckMegafile(location);
+    const LibraryType type = megafile ? LibraryType::kMegafile : LibraryType::kReadonly;
+    const bool good = ZECIsValidLibrary(*server, 1) || ZECIsValidLibrary(location, 1);
+    return {type, LibraryState{type, true, good}, false, true};
+}
+
+Recognition recogniseLocal(std::string path, LibraryType selected) {
+    ZECRemoveLastSlash(path);
+    LibraryType type = selected;
+    bool good = true;
+    if (!ZECCheckMegafile(path)) {
+        if (ZECIsReadOnlyFileSystem(path))
+            type = LibraryType::kReadonly;
+        else if (selected == LibraryType::kMegafile)
+            type = LibraryType::kWriteable;
+        good = ZECIsValidLibrary(path, 1);
+    } else if (!hasSymbolFiles(path) || !ZECIsValidLibrary(path, 0)) {
+        type = LibraryType::kMegafile;
+    }
+    return {type, LibraryState{type, false, good}, true, true};
+}
+
+} // namespace
+
+LibraryIcon libraryIcon(const LibraryState& state) {
+    const auto type = static_cast<std::size_t>(state.type);
+    const IconRow& row = kIcons[std::min(type, kIcons.size() - 1)];
+    if (state.remote)
+        return state.good ? row.remote : row.remoteNone;
+    return state.good ? row.local : row.localNone;
+}
+
+Recognition recogniseLibrary(const std::string& location, LibraryType selected) {
+    if (location.empty())
+        return {selected, std::nullopt, std::nullopt, false};
+    return platform::IsRemotePath(location) ? recogniseRemote(location, selected)
+                                            : recogniseLocal(location, selected);
+}
+
+std::string libraryLocation(const std::string& typed, const std::string& projectDirectory) {
+    std::string path = hardNameOf(typed.substr(0, typed.find_last_not_of(' ') + 1));
+    if (path.empty() || platform::IsRemotePath(path))
+        return path;
+    if (path.starts_with('~'))
+        platform::NormalizeName(path);
+    path = platform::platformPath(path);
+    if (isRooted(path))
+        return path;
+    // By the text alone: what is on disk is looked up where it may take its time.
+    std::error_code lost;
+    const std::filesystem::path base = projectDirectory.empty()
+                                           ? std::filesystem::current_path(lost)
+                                           : std::filesystem::path(platform::platformPath(projectDirectory));
+    return (base / path).lexically_normal().string();
+}
+
+std::string derivedAlias(std::string_view location) {
+    while (!location.empty() && isSeparator(location.back()))
+        location.remove_suffix(1);
+    std::string alias(platform::splitPath(location).name);
+    alias.erase(alias.find_last_not_of(' ') + 1);
+    std::ranges::replace(alias, ' ', '_');
+    for (auto pair = alias.find("__"); pair != std::string::npos; pair = alias.find("__", pair))
+        alias.erase(pair, 1);
+    return alias;
+}
+
+} // namespace ovsettings

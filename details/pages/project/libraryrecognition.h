@@ -1,0 +1,51 @@
+#pragma once
+
+#include "details/pages/project/librarytypes.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace ovsettings {
+
+/// What the library dialog shows of a path.
+struct LibraryState {
+    LibraryType type;
+    bool remote;
+    bool good; ///< it is a library
+
+    bool operator==(const LibraryState&) const = default;
+};
+
+/// One picture of the state icon.
+struct LibraryIcon {
+    int id;           ///< the resource's number; 0 for none
+    const char* name; ///< of its file, without directory and extension
+};
+
+/// The picture of a state. Two types may share one.
+LibraryIcon libraryIcon(const LibraryState& state);
+
+/// What a path leads to.
+struct Recognition {
+    LibraryType type;                 ///< the type to be selected
+    std::optional<LibraryState> icon; ///< none for an empty path
+    std::optional<bool> listEnabled;  ///< whether the type may be chosen; if absent, as before
+    bool recognised = false;
+};
+
+/// Looks up what a path leads to. May take long; uses no widget and not the current directory, so it may run
+/// on any thread.
+/// @param location full or remote; see libraryLocation.
+/// @param selected the type that is selected now.
+Recognition recogniseLibrary(const std::string& location, LibraryType selected);
+
+/// The location that a typed path stands for: its soft name replaced, a relative path begun at the project's
+/// directory, or at the current one without a project. A soft name without a mapping stays. For the
+/// user-interface thread.
+std::string libraryLocation(const std::string& typed, const std::string& projectDirectory);
+
+/// An alias made of a location's last name: "my  lib" gives "my_lib".
+std::string derivedAlias(std::string_view location);
+
+} // namespace ovsettings

@@ -1,0 +1,183 @@
+#include "details/pages/project/libraryworker.h"
+
+#include "details/platform/libcfg.h"
+#include "suite/zec.h"
+
+#include <dlfcn.h>
+#include <pthread.h>
+#include <sched.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <exception>
+#include <mutex>
+#include <system_error>
+#include <utility>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr std::chrono::milliseconds kPause(250);
+
+/// A look-up that was left behind may outlast the host's use of this library, so its code stays mapped to the
+/// end of the process. For the same reason nothing that a look-up uses is ever destroyed at the end.
+void keepCodeMapped() {
+    static const char anchor = 0;
+    Dl_info self{};
+    if (dladdr(&anchor, &self) != 0 && self.dli_fname)
+        dlopen(self.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
+}
+
+int makeBell() {
+    const int bell = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    if (bell < 0)
+        throw std::system_error(errno, std::generic_category(), "eventfd");
+    return bell;
+}
+
+// A bell that rings already needs no more ringing, and one that does not is silent: failures mean nothing.
+void ring(int bell) {
+    const std::uint64_t once = 1;
+    [[maybe_unused]] const auto written = write(bell, &once, sizeof once);
+}
+
+void silence(int bell) {
+    std::uint64_t times = 0;
+    [[maybe_unused]] const auto got = read(bell, &times, sizeof times);
+}
+
+/// The calling thread gets what no other thread wants. Where the system refuses, it works at the usual one.
+void takeIdlePriority() {
+    const sched_param none{};
+    pthread_setschedparam(pthread_self(), SCHED_IDLE, &none);
+}
+
+std::string aliasOf(std::string location) {
+    ZECRemoveLastSlash(location);
+    std::string alias = platform::readLibraryAlias(location);
+    return alias.empty() ? ZECFindAlias(location) : alias;
+}
+
+LibraryFindings findingsOf(const LibraryQuestion& question) {
+    LibraryFindings findings{question, {question.selected, {}, {}, false}, {}};
+    try {
+        findings.recognition = recogniseLibrary(question.location, question.selected);
+        if (findings.recognition.recognised && question.what == LookUp::stateAndAlias)
+            findings.alias = aliasOf(question.location);
+    } catch (const std::exception& error) {
+        // The dialog needs an answer; what can't be looked up is not recognised.
+        qWarning("%s: %s", question.location.c_str(), error.what());
+    }
+    return findings;
+}
+
+} // namespace
+
+/// What the user-interface thread, the worker and the look-ups share; it lives as long as the last of them.
+struct LibraryWorker::Exchange {
+    std::mutex mutex;
+    std::condition_variable changed;
+    bool stop = false;
+    // Questions are numbered from 1.
+    unsigned long asked = 0;
+    LibraryQuestion question;
+    unsigned long answered = 0;
+    std::optional<LibraryFindings> findings;
+};
+
+LibraryWorker::LibraryWorker(std::function<void()> onFindings)
+    : exchange_(std::make_shared<Exchange>()),
+      bell_(makeBell()),
+      ringing_(bell_.get(), QSocketNotifier::Read) {
+    keepCodeMapped();
+    QObject::connect(&ringing_, &QSocketNotifier::activated, &ringing_,
+                     [bell = bell_.get(), onFindings = std::move(onFindings)] {
+                         silence(bell);
+                         onFindings();
+                     });
+    thread_ = std::thread([exchange = exchange_, bell = bell_.get()] { run(exchange, bell); });
+}
+
+LibraryWorker::~LibraryWorker() {
+    {
+        const std::lock_guard lock(exchange_->mutex);
+        exchange_->stop = true;
+    }
+    exchange_->changed.notify_all();
+    thread_.join();
+}
+
+void LibraryWorker::ask(LibraryQuestion question) {
+    {
+        const std::lock_guard lock(exchange_->mutex);
+        exchange_->question = std::move(question);
+        exchange_->findings.reset();
+        ++exchange_->asked;
+    }
+    exchange_->changed.notify_all();
+}
+
+std::optional<LibraryFindings> LibraryWorker::takeFindings() {
+    const std::lock_guard lock(exchange_->mutex);
+    if (exchange_->answered != exchange_->asked)
+        return std::nullopt;
+    return std::exchange(exchange_->findings, std::nullopt);
+}
+
+/// The worker itself only waits, at the usual priority: so nobody waits long for its end.
+void LibraryWorker::run(const std::shared_ptr<Exchange>& exchange, int bell) {
+    unsigned long seen = 0;
+    std::unique_lock lock(exchange->mutex);
+    const auto stopped = [&] {
+        return exchange->stop;
+    };
+    const auto stoppedOrAsked = [&] {
+        return exchange->stop || exchange->asked != seen;
+    };
+    const auto stoppedOrAnswered = [&] {
+        return exchange->stop || exchange->answered == seen;
+    };
+    while (!exchange->stop) {
+        if (!exchange->changed.wait_for(lock, kPause, stoppedOrAsked))
+            continue;
+        if (exchange->stop)
+            break;
+        if (!startLookUp(exchange, exchange->asked, exchange->question)) {
+            exchange->changed.wait_for(lock, kPause, stopped);
+            continue;
+        }
+        seen = exchange->asked;
+        // A look-up gets this time before a newer question takes its place, which bounds how many are left
+        // behind while somebody types.
+        exchange->changed.wait_for(lock, kPause, stoppedOrAnswered);
+        exchange->changed.wait(lock, [&] { return stoppedOrAnswered() || stoppedOrAsked(); });
+        if (!exchange->stop && exchange->answered == seen)
+            ring(bell);
+    }
+}
+
+bool LibraryWorker::startLookUp(const std::shared_ptr<Exchange>& exchange, unsigned long number,
+                                const LibraryQuestion& question) {
+    try {
+        std::thread([exchange, number, question] {
+            takeIdlePriority();
+            LibraryFindings findings = findingsOf(question);
+            const std::lock_guard lock(exchange->mutex);
+            if (number != exchange->asked)
+                return;
+            exchange->findings = std::move(findings);
+            exchange->answered = number;
+            exchange->changed.notify_all();
+        }).detach();
+        return true;
+    } catch (const std::system_error&) {
+        return false; // no thread to be had now
+    }
+}
+
+} // namespace ovsettings

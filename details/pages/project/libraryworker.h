@@ -1,0 +1,70 @@
+#pragma once
+
+#include "details/pages/project/libraryrecognition.h"
+#include "details/platform/descriptor.h"
+
+#include <QtCore/QSocketNotifier>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <thread>
+
+namespace ovsettings {
+
+/// What of a location is asked for.
+enum class LookUp {
+    state,        ///< what it is
+    stateAndAlias ///< and the alias that it brings
+};
+
+/// A question to the worker, by value: the worker sees no widget.
+struct LibraryQuestion {
+    std::string location; ///< see libraryLocation
+    LibraryType selected = LibraryType::kReadonly;
+    LookUp what = LookUp::stateAndAlias;
+};
+
+/// What the worker found for the last question.
+struct LibraryFindings {
+    LibraryQuestion question;
+    Recognition recognition;
+    std::string alias; ///< that the library or the environment gives; may be empty
+};
+
+/// The thread beside the library dialog that looks up what its path leads to, one question at a time. A
+/// newer question takes the place of one that is still looked up.
+///
+/// A look-up may hang, on a server that does not answer or a network directory. So each one runs on a thread
+/// of its own that owns all it uses; the worker only waits for it, and leaves it behind when it is stopped or
+/// asked something newer.
+class LibraryWorker {
+public:
+    /// @param onFindings called on the thread of the construction once there are findings to be taken. Throws
+    ///                   std::system_error if the system has no thread or descriptor left.
+    explicit LibraryWorker(std::function<void()> onFindings);
+    /// Stops the thread and waits for it; not for a look-up.
+    ~LibraryWorker();
+    LibraryWorker(const LibraryWorker&) = delete;
+    LibraryWorker& operator=(const LibraryWorker&) = delete;
+
+    void ask(LibraryQuestion question);
+    /// The answer to the last question, once; nothing before there is one.
+    std::optional<LibraryFindings> takeFindings();
+
+private:
+    struct Exchange;
+
+    static void run(const std::shared_ptr<Exchange>& exchange, int bell);
+    /// @return false if there is no thread to be had now.
+    static bool startLookUp(const std::shared_ptr<Exchange>& exchange, unsigned long number,
+                            const LibraryQuestion& question);
+
+    std::shared_ptr<Exchange> exchange_;
+    platform::Descriptor bell_; ///< what the thread rings when there are findings
+    QSocketNotifier ringing_;
+    std::thread thread_;
+};
+
+} // namespace ovsettings

@@ -1,0 +1,275 @@
+#include "details/pages/project/specialcomponentsdialog.h"
+
+#include "details/pages/project/savequestion.h"
+#include "details/pages/project/symbolsfeeder.h"
+#include "details/widgets/listboxlines.h"
+#include "details/widgets/stringconversion.h"
+#include "orv/projectconfiguration.h"
+#include "orv/specialcomponents.h"
+#include "ui_specialcomponentsdialog.h"
+
+#include <QtWidgets/QListWidget>
+
+#include <algorithm>
+#include <utility>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr unsigned kTemplate = 142;
+
+using cldialog::IDataSource;
+
+/// A category of the file, by its index there.
+struct Category {
+    const char* text; ///< in the page's list; null if it is not offered
+    const char* title;
+    void (IDataSource::*symbols)(std::vector<std::string>& symbols);
+};
+
+constexpr std::array<Category, Orv::ISpecialComponents::kCategories> kCategories{{
+    {QT_TRANSLATE_NOOP("ovsettings::CSpecialComponentsDialog", "Port IN"),
+     QT_TRANSLATE_NOOP("ovsettings::CSpecialComponentsDialog", "Port IN"), &IDataSource::GetPortSymbols},
+    {QT_TRANSLATE_NOOP("ovsettings::CSpecialComponentsDialog", "Port OUT"),
+     QT_TRANSLATE_NOOP("ovsettings::CSpecialComponentsDialog", "Port OUT"), &IDataSource::GetPortSymbols},
+    {QT_TRANSLATE_NOOP("ovsettings::CSpecialComponentsDialog", "Port BI"),
+     QT_TRANSLATE_NOOP("ovsettings::CSpecialComponentsDialog", "Port BI"), &IDataSource::GetPortSymbols},
+    {QT_TRANSLATE_NOOP("ovsettings::CSpecialComponentsDialog", "Port TRI"),
+     QT_TRANSLATE_NOOP("ovsettings::CSpecialComponentsDialog", "Port TRI"), &IDataSource::GetPortSymbols},
+    {QT_TRANSLATE_NOOP("ovsettings::CSpecialComponentsDialog", "Port ANALOG"),
+     QT_TRANSLATE_NOOP("ovsettings::CSpecialComponentsDialog", "Port ANALOG"), &IDataSource::GetPortSymbols},
+    {QT_TRANSLATE_NOOP("ovsettings::CSpecialComponentsDialog", "Port OCL"),
+     QT_TRANSLATE_NOOP("ovsettings::CSpecialComponentsDialog", "Port OCL"), &IDataSource::GetPortSymbols},
+    {QT_TRANSLATE_NOOP("ovsettings::CSpecialComponentsDialog", "Port OEM"),
+     QT_TRANSLATE_NOOP("ovsettings::CSpecialComponentsDialog", "Port OEM"), &IDataSource::GetPortSymbols},
+    {QT_TRANSLATE_NOOP("ovsettings::CSpecialComponentsDialog", "OnSheet"),
+     QT_TRANSLATE_NOOP("ovsettings::CSpecialComponentsDialog", "On Sheet Symbol"),
+     &IDataSource::GetOnSheetSymbols},
+    {QT_TRANSLATE_NOOP("ovsettings::CSpecialComponentsDialog", "OffSheet"),
+     QT_TRANSLATE_NOOP("ovsettings::CSpecialComponentsDialog", "Off Sheet Symbol"),
+     &IDataSource::GetOffSheetSymbols},
+    {QT_TRANSLATE_NOOP("ovsettings::CSpecialComponentsDialog", "Power"),
+     QT_TRANSLATE_NOOP("ovsettings::CSpecialComponentsDialog", "Power Symbol"),
+     &IDataSource::GetPowerSymbols},
+    {QT_TRANSLATE_NOOP("ovsettings::CSpecialComponentsDialog", "Ground"),
+     QT_TRANSLATE_NOOP("ovsettings::CSpecialComponentsDialog", "Ground Symbol"),
+     &IDataSource::GetGroundSymbols},
+    {nullptr, QT_TRANSLATE_NOOP("ovsettings::CSpecialComponentsDialog", "Ripper Bus-Net Symbol"),
+     &IDataSource::GetRipperBusNetSymbols},
+    {nullptr, QT_TRANSLATE_NOOP("ovsettings::CSpecialComponentsDialog", "Ripper Bus-Bus Symbol"),
+     &IDataSource::GetRipperBusBusSymbols},
+}};
+
+} // namespace
+
+CSpecialComponentsDialog::CSpecialComponentsDialog(QWidget* parent)
+    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CSpecialComponentsDialog>()) {
+    static_assert(std::ranges::count(kCategories, nullptr, &Category::text) ==
+                  Orv::ISpecialComponents::kCategories - kOffered);
+    name = "Special Components";
+    helpTopic = "OV_SETUP_SETTINGS_PROJECT";
+    helpBook = "orvane_ref";
+}
+
+CSpecialComponentsDialog::~CSpecialComponentsDialog() = default;
+
+void CSpecialComponentsDialog::setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) {
+    projectConfig_ = projectConfig;
+}
+
+bool CSpecialComponentsDialog::buildTemplate() {
+    ui_->setupUi(this);
+    for (const Category& category : kCategories) {
+        if (category.text)
+            ui_->category->addItem(tr(category.text));
+    }
+    ui_->symbols->setTitle(tr("&Symbols"));
+    ui_->symbols->setSources([this] { return chooseSymbol(shown_); }, [this] { return knownSymbols(); });
+    connect(ui_->category, &QComboBox::currentIndexChanged, this, &CSpecialComponentsDialog::selectCategory);
+    return true;
+}
+
+bool CSpecialComponentsDialog::OnInitDialog() {
+    load();
+    return true;
+}
+
+bool CSpecialComponentsDialog::onOk() {
+    return onApply();
+}
+
+bool CSpecialComponentsDialog::onApply() {
+    if (!isBuilt() || storedPath().empty())
+        return true;
+    takeRows();
+    Orv::ISpecialComponents* file = components();
+    if (!file || resetIfOutdated())
+        return true;
+    for (int index = 0; index < kOffered; ++index)
+        file->GetCategory(index) = working_[static_cast<std::size_t>(index)];
+    file->Save(storedPath());
+    path_ = storedPath();
+    loaded_ = working_;
+    ui_->symbols->clearChanged();
+    return true;
+}
+
+bool CSpecialComponentsDialog::onEnter() {
+    if (isBuilt())
+        resetIfOutdated();
+    return true;
+}
+
+/// A list that only grew or shrank at its end is no reason to ask; it stays, to be stored.
+bool CSpecialComponentsDialog::onLeave() {
+    if (!isBuilt())
+        return true;
+    takeRows();
+    if (!isModified())
+        return true;
+    if (asksToSave(*this))
+        onApply();
+    load();
+    return true;
+}
+
+/// Lists are compared as far as both go: one that only grew or shrank at its end is not a change. That is
+/// meant.
+bool CSpecialComponentsDialog::isModified() const {
+    if (!isBuilt())
+        return false;
+    Lists working = working_;
+    ui_->symbols->finishEditing();
+    working[static_cast<std::size_t>(shown_)] = stringsOf(*ui_->symbols);
+    return !std::ranges::equal(working, loaded_, [](const auto& now, const auto& before) {
+        const auto common = static_cast<std::ptrdiff_t>(std::min(now.size(), before.size()));
+        return std::equal(now.begin(), now.begin() + common, before.begin());
+    });
+}
+
+void CSpecialComponentsDialog::reset() {
+    if (!isBuilt() || storedPath().empty())
+        return;
+    load();
+    ui_->category->setCurrentIndex(0);
+}
+
+std::string CSpecialComponentsDialog::chooseSymbol(int category) {
+    if (!projectConfig_ || category < 0 || category >= std::ssize(kCategories))
+        return {};
+    const Category& row = kCategories[static_cast<std::size_t>(category)];
+    CSymbolsFeeder feed(*projectConfig_, [&row](IDataSource& source, std::vector<std::string>& symbols) {
+        (source.*row.symbols)(symbols);
+    });
+    return cldialog::showCentralLibraryDialog(feed, toUtf8(tr(row.title)));
+}
+
+bool CSpecialComponentsDialog::isBuilt() const {
+    return ui_->symbols;
+}
+
+Orv::ISpecialComponents* CSpecialComponentsDialog::components() const {
+    return projectConfig_ ? dynamic_cast<Orv::ISpecialComponents*>(projectConfig_->pinComponents) : nullptr;
+}
+
+std::string CSpecialComponentsDialog::storedPath() const {
+    return projectConfig_ && projectConfig_->projectFile
+               ? projectConfig_->projectFile->GetPinComponentsPath(1)
+               : std::string();
+}
+
+CSpecialComponentsDialog::Lists CSpecialComponentsDialog::listsInFile() const {
+    Lists lists;
+    if (Orv::ISpecialComponents* file = components()) {
+        for (int index = 0; index < kOffered; ++index)
+            lists[static_cast<std::size_t>(index)] = file->GetCategory(index);
+    }
+    return lists;
+}
+
+/// Each once, in the order of the file's categories.
+QStringList CSpecialComponentsDialog::knownSymbols() const {
+    QStringList symbols;
+    if (Orv::ISpecialComponents* file = components()) {
+        for (int index = 0; index < Orv::ISpecialComponents::kCategories; ++index) {
+            for (const std::string& symbol : file->GetCategory(index))
+                symbols.append(toQString(symbol));
+        }
+    }
+    symbols.removeDuplicates();
+    return symbols;
+}
+
+void CSpecialComponentsDialog::load() {
+    path_ = storedPath();
+    loaded_ = listsInFile();
+    working_ = loaded_;
+    showRows();
+    ui_->symbols->clearChanged();
+}
+
+void CSpecialComponentsDialog::showRows() {
+    showStrings(*ui_->symbols, working_[static_cast<std::size_t>(shown_)]);
+}
+
+void CSpecialComponentsDialog::takeRows() {
+    ui_->symbols->finishEditing();
+    working_[static_cast<std::size_t>(shown_)] = stringsOf(*ui_->symbols);
+}
+
+void CSpecialComponentsDialog::selectCategory(int category) {
+    if (category < 0 || category >= kOffered)
+        return;
+    takeRows();
+    shown_ = category;
+    showRows();
+}
+
+/// Another page may have given the project another file: the lists of the old one must not get into it.
+bool CSpecialComponentsDialog::resetIfOutdated() {
+    if (listsInFile() == loaded_ || (path_ == storedPath() && ui_->symbols->isChanged()))
+        return false;
+    if (storedPath().empty())
+        load();
+    else
+        reset();
+    return true;
+}
+
+void CSpecialComponentsDialog::CComboBoxEx::setKnownSymbols(const QStringList& symbols) {
+    addItems(symbols);
+    setEditable(true);
+    setInsertPolicy(QComboBox::NoInsert);
+    // Otherwise Enter would take the rest of a symbol of which only the beginning was typed.
+    setCompleter(nullptr);
+}
+
+void CSpecialComponentsDialog::CListBoxEditorEx::setSources(std::function<std::string()> browse,
+                                                            std::function<QStringList()> knownSymbols) {
+    browse_ = std::move(browse);
+    knownSymbols_ = std::move(knownSymbols);
+}
+
+/// At the top, where the user sees it.
+void CSpecialComponentsDialog::CListBoxEditorEx::newLine() {
+    finishEditing();
+    const std::string symbol = browse_ ? browse_() : std::string();
+    if (symbol.empty())
+        return;
+    insertString(*this, 0, symbol);
+    setCurrentRow(0);
+    setChanged();
+}
+
+QWidget* CSpecialComponentsDialog::CListBoxEditorEx::createLineEditor(QWidget* parent, int row) {
+    auto* control = new CComboBoxEx(parent);
+    control->setKnownSymbols(knownSymbols_ ? knownSymbols_() : QStringList());
+    // The arrow keys start from the symbol that the line has.
+    control->setCurrentIndex(control->findText(line(row)));
+    control->setFrame(false);
+    control->setAccessibleName(list().accessibleName());
+    return control;
+}
+
+} // namespace ovsettings

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "details/widgets/watchedlistboxeditor.h"
+#include "ovsettings/propdialogtemplate.h"
+
+#include <QtWidgets/QComboBox>
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Orv {
+class ISpecialComponents;
+}
+
+namespace ovsettings {
+
+namespace Ui {
+class CSpecialComponentsDialog;
+}
+
+/// The page "Special Components": the symbols that stand for ports, connectors between sheets, power and
+/// ground, category by category.
+class CSpecialComponentsDialog : public CPropDialogTemplateEx {
+    Q_OBJECT
+
+public:
+    /// A list to choose from. The one for editing in place offers the symbols that the file knows, and takes
+    /// any other text too.
+    class CComboBoxEx : public QComboBox {
+    public:
+        using QComboBox::QComboBox;
+
+        void setKnownSymbols(const QStringList& symbols);
+    };
+
+    /// Has a new line chosen instead of typed.
+    class CListBoxEditorEx : public CWatchedListBoxEditor {
+    public:
+        using CWatchedListBoxEditor::CWatchedListBoxEditor;
+
+        /// @param browse       gives the text of a new line; an empty one adds none.
+        /// @param knownSymbols gives what editing in place offers.
+        void setSources(std::function<std::string()> browse, std::function<QStringList()> knownSymbols);
+
+    protected:
+        void newLine() override;
+        QWidget* createLineEditor(QWidget* parent, int row) override;
+
+    private:
+        std::function<std::string()> browse_;
+        std::function<QStringList()> knownSymbols_;
+    };
+
+    explicit CSpecialComponentsDialog(QWidget* parent);
+    ~CSpecialComponentsDialog() override;
+
+    void setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) override;
+    bool buildTemplate() override;
+    bool OnInitDialog() override;
+    bool onOk() override;
+    bool onApply() override;
+    bool onEnter() override;
+    bool onLeave() override;
+    bool isModified() const override;
+
+    /// Drops what was changed, and shows the first category as the file holds it.
+    void reset();
+    /// Has the user choose a symbol of a category. @return empty on cancel, and for an index that is none.
+    std::string chooseSymbol(int category);
+
+private:
+    /// Of these, the first of the file's categories, the page offers lists.
+    static constexpr int kOffered = 11;
+    using Lists = std::array<std::vector<std::string>, kOffered>;
+
+    bool isBuilt() const;
+    Orv::ISpecialComponents* components() const;
+    std::string storedPath() const;
+    Lists listsInFile() const;
+    QStringList knownSymbols() const;
+    void load();
+    void showRows();
+    /// The rows on show are the truth for their category; an edit that is open counts.
+    void takeRows();
+    void selectCategory(int category);
+    bool resetIfOutdated();
+
+    std::unique_ptr<Ui::CSpecialComponentsDialog> ui_;
+    Orv::CProjectConfiguration* projectConfig_ = nullptr;
+    std::string path_; ///< of the file that the lists were loaded from
+    Lists working_;
+    Lists loaded_;
+    int shown_ = 0; ///< index of the category on show
+};
+
+} // namespace ovsettings

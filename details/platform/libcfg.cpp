@@ -1,0 +1,45 @@
+#include "details/platform/libcfg.h"
+
+#include "details/platform/remotefile.h"
+
+#include <array>
+#include <memory>
+#include <string_view>
+
+namespace platform {
+
+namespace {
+
+constexpr char kFile[] = "/lib.cfg";
+constexpr std::string_view kKeyword = "alias ";
+constexpr std::string_view kBlanks = " \t\r\n\v\f";
+constexpr std::size_t kLongestLine = 255;
+
+std::string_view trimmed(std::string_view text) {
+    const auto begin = text.find_first_not_of(kBlanks);
+    if (begin == std::string_view::npos)
+        return {};
+    return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
+}
+
+struct Close {
+    void operator()(RemoteStream* stream) const { RemoteClose(stream); }
+};
+
+} // namespace
+
+std::string readLibraryAlias(const std::string& libraryPath) {
+    const std::unique_ptr<RemoteStream, Close> stream(RemoteOpen(libraryPath + kFile, "r"));
+    std::array<char, kLongestLine + 1> buffer;
+    for (int lines = 0; lines < kMostLibCfgLines; ++lines) {
+        const char* read = RemoteGets(buffer.data(), static_cast<int>(buffer.size()), stream.get());
+        if (!read)
+            break;
+        const std::string_view line = trimmed(read);
+        if (line.starts_with(kKeyword))
+            return std::string(line.substr(kKeyword.size()));
+    }
+    return {};
+}
+
+} // namespace platform

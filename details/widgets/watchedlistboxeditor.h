@@ -1,0 +1,29 @@
+#pragma once
+
+#include "details/widgets/listboxeditor.h"
+
+namespace ovsettings {
+
+/// A list box editor that remembers that the user changed the list.
+class CWatchedListBoxEditor : public CListBoxEditor {
+    Q_OBJECT
+
+public:
+    using CListBoxEditor::CListBoxEditor;
+
+    bool isChanged() const { return changed_; }
+    void clearChanged() { changed_ = false; }
+
+protected:
+    void setChanged() { changed_ = true; }
+
+    void lineAdded(int row, const QString& text) override;
+    void lineRenamed(int row, const QString& text) override;
+    void lineDeleted(int row) override;
+    void lineMoved(int from, int to) override;
+
+private:
+    bool changed_ = false;
+};
+
+} // namespace ovsettings

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "orv/symbolreader.h"
+#include "suite/library/centrallibrary.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace Orv {
+class IProjectFileData;
+}
+
+namespace suite {
+
+/// Reads symbols of a project's central library. The index is read when it is first needed, and again when it
+/// or the project's choice of it has changed.
+class SymbolReader final : public Orv::ISymbolReader {
+public:
+    /// @param project must outlive this object.
+    explicit SymbolReader(Orv::IProjectFileData& project) : project_(project) {}
+
+    /// A symbol without a library part is looked for in all partitions, in the order of the index.
+    std::vector<std::pair<std::string, std::string>> GetProperties(const std::string& library,
+                                                                   const std::string& name) override;
+
+private:
+    /// What tells a state of a file from another one.
+    using FileState = std::vector<long long>;
+
+    static FileState stateOf(const std::string& path);
+    void update();
+
+    Orv::IProjectFileData& project_;
+    std::string path_;
+    FileState state_;
+    CentralLibrary library_;
+};
+
+/// Leaves out the properties that say which symbol was placed.
+class PropertyFilter final : public Orv::IPropertyFilter {
+public:
+    bool Counts(const std::string& propertyName) override;
+};
+
+} // namespace suite

@@ -1,0 +1,195 @@
+#include "suite/project/datafile.h"
+
+#include "details/platform/asciicase.h"
+#include "details/platform/paths.h"
+#include "suite/project/numberedlist.h"
+#include "suite/project/projectdocument.h"
+#include "suite/project/projectlog.h"
+#include "suite/project/textfile.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <iterator>
+#include <map>
+#include <set>
+
+namespace suite {
+
+using platform::ProfileDocument;
+
+namespace {
+
+/// In bytes. Lists of symbols are small; what is larger is no such file, and would take much more memory.
+constexpr std::size_t kLargestDataFile = 8u << 20;
+
+/// A text as a message of one line can show it.
+std::string shown(std::string_view text) {
+    constexpr std::size_t kMostShown = 60;
+    std::string line(text.substr(0, kMostShown));
+    std::ranges::replace_if(
+        line, [](char c) { return static_cast<unsigned char>(c) < ' '; }, '?');
+    return '"' + line + (text.size() > kMostShown ? "...\"" : "\"");
+}
+
+std::string unstorable(std::string_view section, std::string_view text) {
+    return "cannot store " + shown(text) + " in the section " + std::string(section) +
+           ": a line of the file cannot hold it";
+}
+
+std::optional<std::string> findRepeated(std::span<const Entry> entries) {
+    std::set<std::string> names;
+    for (const auto& [name, value] : entries) {
+        if (!names.insert(platform::inLowerCase(name)).second)
+            return name;
+    }
+    return std::nullopt;
+}
+
+/// Whether two paths name one file, by whatever way.
+bool isSameFile(const std::string& one, const std::string& other) {
+    std::error_code error;
+    return one == other || std::filesystem::equivalent(one, other, error);
+}
+
+} // namespace
+
+std::optional<ProfileDocument> DataFile::reload(const std::string& path) {
+    const std::string full = path.empty() ? path : platform::fullPath(path);
+    std::string bytes;
+    if (const auto error = path.empty() ? std::nullopt : readTextFile(full, bytes, kLargestDataFile)) {
+        if (!error->missing)
+            projectLog().report(error->text);
+        return std::nullopt;
+    }
+    // The pages load a file anew at each commit: what could not be saved waits, unless there is news.
+    if (unsaved_ && full == origin_ && bytes == bytes_)
+        return std::nullopt;
+    unsaved_ = false;
+    origin_ = full;
+    bytes_ = bytes;
+    return ProfileDocument(bytes);
+}
+
+bool DataFile::save(const std::string& path, const Edit& edit) {
+    if (path.empty()) {
+        projectLog().report("cannot save: no file is named");
+        return false;
+    }
+    ProjectDocument document;
+    document.openForChanges(path);
+    const std::string& full = document.path();
+    if (!platform::isDirectory(std::filesystem::path(full).parent_path().string())) {
+        projectLog().report(full + ": cannot save: its directory is not there");
+        return false;
+    }
+    std::optional<std::string> unheld;
+    std::string written;
+    const auto error = document.tryChange([&](ProfileDocument& content) {
+        // In a file without a line there is nothing to lose, and everything to write.
+        const bool hasContent = !content.text().empty();
+        unheld = hasContent && !isSameFile(full, origin_)
+                     ? "cannot save: its former content has not been read"
+                     : edit(content, hasContent);
+        if (!unheld)
+            written = content.text();
+        return !unheld;
+    });
+    // What the file cannot hold does not wait: it would be in the way of every later save.
+    unsaved_ = error && !unheld;
+    if (error) {
+        projectLog().report(unheld ? full + ": " + *unheld : *error);
+        return false;
+    }
+    origin_ = full;
+    bytes_ = written;
+    return true;
+}
+
+std::vector<Entry> readEntries(const ProfileDocument& content, std::string_view section) {
+    std::vector<Entry> entries;
+    for (std::string& key : content.keys(section)) {
+        std::string value = content.value(section, key).value_or("");
+        entries.emplace_back(std::move(key), std::move(value));
+    }
+    return entries;
+}
+
+std::vector<Entry> withoutFormerSpellings(std::vector<Entry> entries, std::span<const Entry> former) {
+    const std::set<Entry> known(former.begin(), former.end());
+    std::set<std::string> renewed;
+    for (const Entry& entry : entries) {
+        if (!known.contains(entry))
+            renewed.insert(platform::inLowerCase(entry.first));
+    }
+    std::erase_if(entries, [&](const Entry& entry) {
+        return known.contains(entry) && renewed.contains(platform::inLowerCase(entry.first));
+    });
+    return entries;
+}
+
+std::optional<std::string> storeEntries(ProfileDocument& content, std::string_view section,
+                                        std::span<const Entry> former, std::span<const Entry> present) {
+    if (const auto name = findRepeated(present))
+        return "cannot store " + shown(*name) + " in the section " + std::string(section) + " twice";
+    const std::map<std::string, std::string> before(former.begin(), former.end());
+    const std::map<std::string, std::string> after(present.begin(), present.end());
+    for (const auto& [name, value] : before) {
+        if (!after.contains(name))
+            content.set(section, name, std::nullopt);
+    }
+    std::vector<Entry> changed;
+    std::ranges::copy_if(present, std::back_inserter(changed), [&](const Entry& entry) {
+        const auto known = before.find(entry.first);
+        return known == before.end() || known->second != entry.second;
+    });
+    std::map<std::string, std::string> spellings;
+    for (std::string& key : content.keys(section))
+        spellings.try_emplace(platform::inLowerCase(key), std::move(key));
+    for (const auto& [name, value] : changed) {
+        // A line keeps the spelling of its name, so another spelling needs another line.
+        const auto spelling = spellings.find(platform::inLowerCase(name));
+        if (spelling != spellings.end() && spelling->second != name)
+            content.set(section, name, std::nullopt);
+        if (!content.set(section, name, value))
+            return unstorable(section, name);
+    }
+    const std::vector<Entry> stored = readEntries(content, section);
+    const std::set<Entry> readable(stored.begin(), stored.end());
+    const auto lost = std::ranges::find_if(changed, [&](const Entry& e) { return !readable.contains(e); });
+    if (lost != changed.end())
+        return unstorable(section, lost->first);
+    return std::nullopt;
+}
+
+void orderEntries(ProfileDocument& content, std::string_view section, std::span<const Entry> entries) {
+    std::set<std::string> ours;
+    std::vector<Entry> wanted;
+    for (const auto& [name, unused] : entries) {
+        if (auto value = content.value(section, name);
+            value && ours.insert(platform::inLowerCase(name)).second)
+            wanted.emplace_back(name, std::move(*value));
+    }
+    std::vector<Entry> present = readEntries(content, section);
+    std::erase_if(present, [&](const Entry& e) { return !ours.contains(platform::inLowerCase(e.first)); });
+    const auto sameName = [](const Entry& one, const Entry& other) {
+        return platform::equalsWithoutCase(one.first, other.first);
+    };
+    if (std::ranges::equal(present, wanted, sameName))
+        return;
+    for (const auto& [name, value] : wanted)
+        content.set(section, name, std::nullopt);
+    for (const auto& [name, value] : wanted)
+        content.set(section, name, value);
+}
+
+std::optional<std::string> storeList(ProfileDocument& content, std::string_view section,
+                                     std::string_view name, std::span<const std::string> texts) {
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        if (!content.set(section, numberedKey(name, i), texts[i]))
+            return unstorable(section, texts[i]);
+    }
+    deleteEntriesFrom(content, section, name, texts.size());
+    return std::nullopt;
+}
+
+} // namespace suite

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "details/platform/profiledocument.h"
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace suite {
+
+/// The file behind content that is held parsed: where the content came from, and what a save may take out of
+/// a file.
+class DataFile {
+public:
+    /// Reads another file; an empty path means no file and no content.
+    /// @return nothing if the former content stays: the file cannot be read, of which the project log is told
+    ///         unless the file is missing; or a save of this content failed, and the file is as it was.
+    std::optional<platform::ProfileDocument> reload(const std::string& path);
+
+    /// Writes the content into the file as it is on disk.
+    /// @param isOrigin whether this is the file that the content came from, so that only what was changed
+    ///                 since has to be written. Otherwise the file is empty.
+    /// @return what the file cannot hold, or nothing.
+    using Edit = std::function<std::optional<std::string>(platform::ProfileDocument& content, bool isOrigin)>;
+
+    /// Saves to a file, which is made if it is missing. The edit must depend on its arguments alone. A file
+    /// that has content and was not read is not written: nobody has seen what it would lose.
+    /// @return false, with the file as it was, after a failure; the project log was told.
+    bool save(const std::string& path, const Edit& edit);
+
+private:
+    std::string origin_;   ///< the file that has the content, once read or saved
+    std::string bytes_;    ///< what that file held then
+    bool unsaved_ = false; ///< the last save failed
+};
+
+/// A name and a value, as a section holds them.
+using Entry = std::pair<std::string, std::string>;
+
+/// The entries of a section in the order of the file.
+std::vector<Entry> readEntries(const platform::ProfileDocument& content, std::string_view section);
+
+/// Leaves out entries of the former ones whose name stands in another case in a new one: names of a file have
+/// no case, so the new one takes the place.
+std::vector<Entry> withoutFormerSpellings(std::vector<Entry> entries, std::span<const Entry> former);
+
+/// Lays what differs between former and present entries onto a section: those that went are deleted, those
+/// that are new or have another value are set.
+/// @return what the file cannot hold, or nothing.
+[[nodiscard]] std::optional<std::string> storeEntries(platform::ProfileDocument& content,
+                                                      std::string_view section, std::span<const Entry> former,
+                                                      std::span<const Entry> present);
+
+/// Puts those of the entries that a section holds into their order there.
+void orderEntries(platform::ProfileDocument& content, std::string_view section,
+                  std::span<const Entry> entries);
+
+/// Replaces a list. @return what the file cannot hold, or nothing.
+[[nodiscard]] std::optional<std::string> storeList(platform::ProfileDocument& content,
+                                                   std::string_view section, std::string_view name,
+                                                   std::span<const std::string> texts);
+
+} // namespace suite

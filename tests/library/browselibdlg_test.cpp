@@ -1,0 +1,425 @@
+#include "details/pages/project/browselibdlg.h"
+
+#include "details/pages/project/libraryfolderbrowser.h"
+#include "details/widgets/stringconversion.h"
+#include "tests/project/projectfixture.h"
+#include "tests/support/childprocess.h"
+#include "tests/urlaccess/httpserver.h"
+
+#include <QtCore/QElapsedTimer>
+#include <QtGui/QIcon>
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QListView>
+#include <QtWidgets/QPushButton>
+
+#include <map>
+
+using ovsettings::CBrowseLibDlg;
+using ovsettings::LibraryType;
+using ovsettings::toQString;
+using ovsettings::toUtf8;
+using testsupport::find;
+using testsupport::writeFile;
+
+namespace {
+
+constexpr int kLongestWait = 60000; // milliseconds, for a machine under load
+
+class BrowseLibDialog : public ProjectPages {
+protected:
+    BrowseLibDialog() {
+        std::filesystem::create_directories(directory() / "libs/parts/sym");
+        std::filesystem::create_directories(directory() / "libs/my  lib/sch");
+        std::filesystem::create_directories(directory() / "libs/plain");
+        writeFile(directory() / "libs/mega/sym.lib", "");
+        writeFile(directory() / "libs/both/sym.lib", "");
+        writeFile(directory() / "libs/both/sym/r.1", "");
+        writeFile(directory() / "location.map", "$LIBS libs\n");
+        dialog_.setProjectDirectory(directory().string());
+    }
+
+    std::string in(const std::string& name) const { return (directory() / name).string(); }
+
+    /// Opens the dialog; what is still open after the script is cancelled.
+    int run(CBrowseLibDlg& dialog, const std::function<void(QDialog&)>& script) {
+        testsupport::whenDialog([&](QDialog& opened) {
+            script(opened);
+            if (opened.isVisible())
+                opened.reject();
+        });
+        return dialog.DoModal();
+    }
+    int run(const std::function<void(QDialog&)>& script) { return run(dialog_, script); }
+
+    static void awaitVerdict(QDialog& dialog) {
+        ASSERT_TRUE(
+            QTest::qWaitFor([&] { return find<QPushButton>(dialog, "Ok")->isEnabled(); }, kLongestWait));
+    }
+    static void type(QDialog& dialog, const char* caption, const std::string& text) {
+        auto& edit = *find<QLineEdit>(dialog, caption);
+        edit.setFocus();
+        edit.selectAll();
+        QTest::keyClick(&edit, Qt::Key_Delete);
+        QTest::keyClicks(&edit, toQString(text));
+    }
+    static void typePath(QDialog& dialog, const std::string& path) {
+        type(dialog, "Path:", path);
+        awaitVerdict(dialog);
+    }
+    static void press(QDialog& dialog, const char* caption) {
+        QTest::mouseClick(find<QPushButton>(dialog, caption), Qt::LeftButton);
+    }
+    static std::string textOf(QDialog& dialog, const char* caption) {
+        return toUtf8(find<QLineEdit>(dialog, caption)->text());
+    }
+    static std::string stateOf(QDialog& dialog) {
+        return toUtf8(dialog.findChild<QLabel*>(QStringLiteral("state"))->toolTip());
+    }
+    SeenBox boxOnOk(QDialog& dialog, const char* answer = "OK") {
+        return boxDuring([&] { press(dialog, "Ok"); }, answer);
+    }
+
+    CBrowseLibDlg dialog_;
+};
+
+} // namespace
+
+TEST_F(BrowseLibDialog, ShowsWhatAPathLeadsToAndSelectsItsType) {
+    struct Row {
+        std::string path;
+        const char* selected;
+        const char* state;
+        const char* type;
+    };
+    const testsupport::HttpServer server;
+    const Row rows[] = {
+        {"libs/parts", "Writeable", "Writeable library", "Writeable"},
+        {"./libs/parts/", "Readonly", "Read-only library", "Readonly"},
+        {"$LIBS\\PARTS", "Megafile", "Writeable library", "Writeable"},
+        {in("libs/plain"), "Writeable", "Not a library", "Writeable"},
+        {"nowhere", "Megafile", "Not a library", "Writeable"},
+        {"libs/mega", "Writeable", "Megafile library", "Megafile"},
+        {"libs/both", "Writeable", "Writeable library", "Writeable"},
+        {"http:/host", "Readonly", "Remote library cannot be reached", "Readonly"},
+        {server.url("/lib"), "Readonly", "Remote library cannot be reached", "Readonly"},
+        {"", "Readonly", "", "Readonly"},
+        {std::string(5000, 'x'), "Readonly", "Not a library", "Readonly"},
+    };
+    run([&](QDialog& dialog) {
+        auto& types = *find<QComboBox>(dialog, "Type:");
+        for (const Row& row : rows) {
+            SCOPED_TRACE(row.path);
+            typePath(dialog, "");
+            types.setCurrentText(QString::fromLatin1(row.selected));
+            find<QLineEdit>(dialog, "Path:")->setText(toQString(row.path));
+            awaitVerdict(dialog);
+            EXPECT_EQ(stateOf(dialog), row.state);
+            EXPECT_EQ(types.currentText().toStdString(), row.type);
+        }
+        typePath(dialog, "libs/parts");
+        types.setCurrentText(QStringLiteral("Megafile"));
+        awaitVerdict(dialog);
+        EXPECT_EQ(types.currentText().toStdString(), "Writeable") << "a choice is looked at too";
+    });
+}
+
+TEST_F(BrowseLibDialog, AReadOnlyLibraryStaysReadonly) {
+    const std::string library = in("libs/parts");
+    ASSERT_TRUE(testsupport::giveToUnprivileged(directory().c_str()));
+    std::filesystem::permissions(library, std::filesystem::perms(0555));
+    EXPECT_EQ(testsupport::runUnprivileged([&] {
+                  const auto found = ovsettings::recogniseLibrary(library, LibraryType::kWriteable);
+                  return found.type == LibraryType::kReadonly && found.icon->good ? 0 : 1;
+              }),
+              0);
+}
+
+TEST_F(BrowseLibDialog, ARemoteLibraryIsNeverWriteable) {
+    testsupport::HttpServer server;
+    server.serve("/parts/lib.cfg", "\n  alias WEB \nalias LATER\n");
+    server.serve("/mega/sym.lib", "");
+    server.redirect("/parts", "/parts/");
+    server.answer("/parts/", testsupport::HttpServer::Answer::forbidden);
+    server.serve("/mega/", "");
+    server.serve("/nothing", "");
+    struct Row {
+        const char* path;
+        const char* state;
+        const char* type;
+        const char* alias;
+    };
+    const Row rows[] = {
+        {"/parts", "Remote read-only library", "Readonly", "WEB"},
+        {"/mega/", "Remote megafile library", "Megafile", "mega"},
+        {"/nothing", "Not a library at this remote location", "Readonly", "nothing"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.path);
+        CBrowseLibDlg opened;
+        run(opened, [&](QDialog& dialog) {
+            typePath(dialog, server.url(row.path));
+            auto& types = *find<QComboBox>(dialog, "Type:");
+            EXPECT_EQ(stateOf(dialog), row.state);
+            EXPECT_EQ(types.currentText().toStdString(), row.type);
+            EXPECT_FALSE(types.isEnabled());
+            EXPECT_EQ(textOf(dialog, "Alias:"), row.alias);
+            press(dialog, "Ok");
+        });
+        EXPECT_EQ(opened.path(), server.url(row.path));
+        EXPECT_EQ(opened.type() == 3, std::string(row.type) == "Megafile");
+    }
+}
+
+TEST_F(BrowseLibDialog, ProposesAnAliasUntilItIsTheUsersOwn) {
+    writeFile(directory() / "libs/parts/lib.cfg", "not an alias NO\n   alias CFG  \n");
+    const testsupport::ScopedEnvironment known("OV_LIBRARY_ALIASES", "ENV=" + in("libs/plain"));
+    const auto proposed = [&](const std::string& path, const std::string& alias = {}) {
+        CBrowseLibDlg opened;
+        opened.setAlias(alias);
+        opened.setProjectDirectory(directory().string());
+        std::string shown;
+        run(opened, [&](QDialog& dialog) {
+            typePath(dialog, path);
+            shown = textOf(dialog, "Alias:");
+        });
+        return shown;
+    };
+    EXPECT_EQ(proposed("libs/parts"), "CFG");
+    EXPECT_EQ(proposed("$LIBS/plain/"), "ENV");
+    EXPECT_EQ(proposed("libs/my  lib"), "my_lib");
+    EXPECT_EQ(proposed("libs/parts", "GIVEN"), "GIVEN");
+
+    run([&](QDialog& dialog) {
+        typePath(dialog, "libs/mega");
+        EXPECT_EQ(textOf(dialog, "Alias:"), "mega");
+        typePath(dialog, "libs/parts");
+        typePath(dialog, "libs/both");
+        EXPECT_EQ(textOf(dialog, "Alias:"), "CFG") << "a library's own name is proposed once";
+    });
+    run([&](QDialog& dialog) {
+        find<QLineEdit>(dialog, "Path:")->setFocus();
+        find<QLineEdit>(dialog, "Alias:")->setFocus();
+        find<QLineEdit>(dialog, "Alias:")->clear();
+        typePath(dialog, "libs/mega");
+        EXPECT_EQ(textOf(dialog, "Alias:"), "") << "the user is about to type one";
+    });
+}
+
+TEST_F(BrowseLibDialog, RefusesAnAliasByTheFirstRuleItBreaks) {
+    const char* letters = "Library names must start with a letter (a-z) and may contain only alpha-numeric "
+                          "characters and underscores";
+    const char* blanks = "Space characters are not allowed in a Library name.";
+    const struct {
+        std::string alias;
+        const char* message;
+    } rows[] = {
+        {"1st", letters},
+        {"my p!rts", letters},
+        {std::string(65, '1'), letters},
+        {"my parts", blanks},
+        {" ", blanks},
+        {std::string(65, 'a'), "The library name must be 64 or fewer characters."},
+        {"", "The library name cannot be empty"},
+    };
+    const std::string longest(64, 'a');
+    const int result = run([&](QDialog& dialog) {
+        typePath(dialog, "no such directory");
+        for (const auto& row : rows) {
+            type(dialog, "Alias:", row.alias);
+            EXPECT_EQ(boxOnOk(dialog), (SeenBox{"Orvane", row.message, QMessageBox::Warning}));
+            EXPECT_TRUE(dialog.isVisible());
+        }
+        typePath(dialog, "libs/parts");
+        type(dialog, "Alias:", longest);
+        press(dialog, "Ok");
+    });
+    EXPECT_EQ(result, QDialog::Accepted);
+    EXPECT_EQ(dialog_.alias(), longest);
+}
+
+TEST_F(BrowseLibDialog, CreatesAMissingDirectoryWhenTheUserWantsIt) {
+    const auto before = std::filesystem::current_path();
+    const std::string question = "The directory does not exist. Do you want to create 'libs/new/one' ?";
+    {
+        CBrowseLibDlg opened;
+        opened.setAlias("ONE");
+        opened.setProjectDirectory(directory().string());
+        const int result = run(opened, [&](QDialog& dialog) {
+            EXPECT_TRUE(std::filesystem::equivalent(std::filesystem::current_path(), directory()));
+            typePath(dialog, "libs/mega/sym.lib/below");
+            SeenBox refused;
+            testsupport::whenModal([&](QWidget& asked) {
+                testsupport::whenModal([&](QWidget& modal) {
+                    auto& box = dynamic_cast<QMessageBox&>(modal);
+                    refused = {toUtf8(box.windowTitle()), toUtf8(box.text()), box.icon()};
+                    box.accept();
+                });
+                dynamic_cast<QMessageBox&>(asked).button(QMessageBox::Yes)->click();
+            });
+            press(dialog, "Ok");
+            EXPECT_EQ(refused, (SeenBox{"Orvane", "Cannot create !", QMessageBox::Critical}));
+            typePath(dialog, "libs/new/one");
+            EXPECT_EQ(boxOnOk(dialog, "No"), (SeenBox{"Orvane", question, QMessageBox::Question}));
+            EXPECT_TRUE(dialog.isVisible());
+            EXPECT_FALSE(std::filesystem::exists(directory() / "libs/new"));
+            EXPECT_EQ(boxOnOk(dialog, "Yes").text, question);
+        });
+        EXPECT_EQ(result, QDialog::Accepted);
+        EXPECT_TRUE(std::filesystem::is_directory(directory() / "libs/new/one"));
+        EXPECT_EQ(opened.path(), "libs/new/one");
+    }
+    EXPECT_EQ(std::filesystem::current_path(), before);
+}
+
+TEST_F(BrowseLibDialog, ReturnsThePathAsItWasTypedOrGiven) {
+    struct Row {
+        const char* given;
+        const char* typed; ///< null for none
+        const char* returned;
+    };
+    std::filesystem::create_directory(directory() / "caf\xe9");
+    const Row rows[] = {
+        {"", "$LIBS/parts  ", "$LIBS/parts"},
+        {"", "libs\\parts\\", "libs\\parts\\"},
+        {"caf\xe9", nullptr, "caf\xe9"},
+    };
+    for (const Row& row : rows) {
+        CBrowseLibDlg opened;
+        opened.setAlias("A");
+        opened.setPath(row.given);
+        opened.setProjectDirectory(directory().string());
+        EXPECT_EQ(run(opened,
+                      [&](QDialog& dialog) {
+                          if (row.typed)
+                              typePath(dialog, row.typed);
+                          awaitVerdict(dialog);
+                          press(dialog, "Ok");
+                      }),
+                  QDialog::Accepted);
+        EXPECT_EQ(opened.path(), row.returned);
+    }
+}
+
+TEST_F(BrowseLibDialog, ANewEntryStartsBesideTheLastLibraryOrInTheInstallation) {
+    const auto shownFirst = [&](const std::string& accepted) {
+        CBrowseLibDlg opened;
+        opened.setProjectDirectory(directory().string());
+        std::string shown;
+        run(opened, [&](QDialog& dialog) {
+            shown = textOf(dialog, "Path:");
+            typePath(dialog, accepted);
+            type(dialog, "Alias:", "A");
+            press(dialog, "Ok");
+        });
+        return shown;
+    };
+    shownFirst("$LIBS/parts");
+    EXPECT_EQ(shownFirst("/tmp"), in("libs"));
+    // There is no directory beside one of the root.
+    EXPECT_EQ(shownFirst("/tmp"), directory().string());
+    writeFile(installation_.standard() / "machine.ini",
+              "[Software\\Tolvane\\Kesh\\Libraries]\nDefault=/opt/kesh\n");
+    EXPECT_EQ(shownFirst("/tmp"), "/opt/kesh\\Designer\\Symbols");
+}
+
+TEST_F(BrowseLibDialog, TheFolderBrowserSaysWhatAFolderHolds) {
+    std::filesystem::create_directory(directory() / "libs/both/sch");
+    writeFile(directory() / "libs/both/sch.lib", "");
+    const struct {
+        const char* folder;
+        const char* status;
+    } rows[] = {
+        {"both", "Found: Symbols[M] Schematics[M] Schematics Symbols "},
+        {"plain", "NOTE: No symbols or schematics found in selected directory."},
+        {"mega", "Found: Symbols[M] "},
+    };
+    run([&](QDialog& dialog) {
+        typePath(dialog, "$LIBS");
+        testsupport::whenModal([&](QWidget& browser) {
+            EXPECT_EQ(browser.windowTitle().toStdString(), "Browse for Library Folder");
+            auto& folders = *browser.findChild<QListView*>(QStringLiteral("listView"));
+            const auto& status = *browser.findChild<QLabel*>(QStringLiteral("status"));
+            for (const auto& row : rows) {
+                QModelIndex folder;
+                const auto listed = [&] {
+                    const auto root = folders.rootIndex();
+                    const auto found = folders.model()->match(folders.model()->index(0, 0, root),
+                                                              Qt::DisplayRole, QLatin1String(row.folder));
+                    folder = found.isEmpty() ? QModelIndex() : found.front();
+                    return folder.isValid();
+                };
+                ASSERT_TRUE(QTest::qWaitFor(listed, kLongestWait));
+                QTest::mouseClick(folders.viewport(), Qt::LeftButton, {},
+                                  folders.visualRect(folder).center());
+                EXPECT_EQ(status.text().toStdString(), row.status);
+            }
+            QTest::mouseClick(find<QPushButton>(browser, "Choose"), Qt::LeftButton);
+        });
+        press(dialog, "...");
+        EXPECT_EQ(textOf(dialog, "Path:"), "$LIBS/mega") << "a soft name stays one";
+        awaitVerdict(dialog);
+    });
+}
+
+TEST_F(BrowseLibDialog, ASilentServerHoldsNobodyUp) {
+    testsupport::HttpServer server;
+    server.answer("/", testsupport::HttpServer::Answer::silence);
+    QElapsedTimer sinceEscape;
+    run([&](QDialog& dialog) {
+        const auto hang = [&] {
+            const int before = server.requests();
+            find<QLineEdit>(dialog, "Path:")->setText(toQString(server.url("/lib")));
+            EXPECT_TRUE(QTest::qWaitFor([&] { return server.requests() > before; }, kLongestWait));
+            EXPECT_FALSE(find<QPushButton>(dialog, "Ok")->isEnabled());
+        };
+        hang();
+        typePath(dialog, "libs/parts");
+        EXPECT_EQ(stateOf(dialog), "Read-only library") << "a newer path is looked at all the same";
+        hang();
+        sinceEscape.start();
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+        EXPECT_FALSE(dialog.isVisible());
+    });
+    EXPECT_LT(sinceEscape.elapsed(), 1000) << "the look-up waits for twice as long";
+}
+
+TEST_F(BrowseLibDialog, MayBeClosedAtAnyMomentOfItsWork) {
+    for (int round = 0; round < 40; ++round) {
+        CBrowseLibDlg opened;
+        opened.setProjectDirectory(directory().string());
+        opened.setPath(round % 3 == 0 ? "" : "libs/parts");
+        run(opened, [&](QDialog& dialog) {
+            type(dialog, "Path:", "libs/mega");
+            for (int turns = 0; turns < round % 7; ++turns)
+                QApplication::processEvents();
+            if (round % 2 == 0)
+                type(dialog, "Path:", "$LIBS/both");
+            press(dialog, "Cancel");
+        });
+    }
+}
+
+TEST(LibraryIcons, TellStatesApartByTheirShapes) {
+    std::map<int, QImage> pictures;
+    for (int type = 0; type < 4; ++type) {
+        for (const bool remote : {false, true}) {
+            for (const bool good : {false, true}) {
+                const auto icon = ovsettings::libraryIcon({static_cast<LibraryType>(type), remote, good});
+                const QIcon file(QLatin1String(":/ovsettings/images/") + QLatin1String(icon.name) +
+                                 QLatin1String(".svg"));
+                const QImage grey = file.pixmap(40, 40).toImage().convertToFormat(QImage::Format_Grayscale8);
+                ASSERT_FALSE(grey.isNull()) << icon.name;
+                pictures.emplace(icon.id, grey);
+            }
+        }
+    }
+    EXPECT_EQ(pictures.size(), 14u);
+    for (const auto& [id, picture] : pictures) {
+        for (const auto& [other, otherPicture] : pictures)
+            EXPECT_EQ(picture == otherPicture, id == other) << id << " and " << other;
+    }
+    EXPECT_EQ(ovsettings::libraryIcon({static_cast<LibraryType>(4), false, true}).id, 0);
+}

@@ -1,0 +1,266 @@
+#include "details/pages/project/specialcomponentsdialog.h"
+
+#include "orv/projectconfiguration.h"
+#include "orv/specialcomponents.h"
+#include "suite/specialcomponentsfile.h"
+#include "tests/project/projectfixture.h"
+
+#include <QtTest/QTest>
+#include <QtWidgets/QAbstractItemView>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QDialog>
+#include <QtWidgets/QListWidget>
+#include <QtWidgets/QToolButton>
+
+using ovsettings::CSpecialComponentsDialog;
+
+namespace {
+
+using Names = std::vector<std::string>;
+
+enum Index { kPortIn = 0, kOnSheet = 7, kOffSheet = 8, kPower = 9, kGround = 10, kBusNet = 11, kBusBus = 12 };
+
+class SpecialComponents : public ProjectPages {
+protected:
+    std::string path(const char* name = "special.pin") const { return (directory() / name).string(); }
+
+    /// Opens the page over a file with three grounds and one power symbol, and a central library.
+    CSpecialComponentsDialog& open(const std::string& file = "special.pin") {
+        testsupport::writeFile(path(), "; ours\n[Ground]\nSymbol#0=s:GND\nSymbol#1=s:AGND\nSymbol#2=s:PGND\n"
+                                       "[Power]\nSymbol#0=s:V5\n[Foreign]\nKey=kept\n"
+                                       "[RipperBusBus]\nSymbol#0=s:RIP\n");
+        testsupport::writeFile(path("parts.lmc"), "[CentralLibrary]\n[Partitions.Symbols]\nlib=symbols\n"
+                                                  "[SpecialSymbols.Port]\nSymbol#0=lib:PORT\n"
+                                                  "[SpecialSymbols.OnSheet]\nSymbol#0=lib:ON\n"
+                                                  "[SpecialSymbols.OffSheet]\nSymbol#0=lib:OFF\n"
+                                                  "[SpecialSymbols.Power]\nSymbol#0=lib:VCC\n"
+                                                  "[SpecialSymbols.Ground]\nSymbol#0=lib:EARTH\n"
+                                                  "[SpecialSymbols.RipperBusNet]\nSymbol#0=lib:BUSNET\n"
+                                                  "[SpecialSymbols.RipperBusBus]\nSymbol#0=lib:BUSBUS\n");
+        openProject("[DesignInfo]\nCentralLibrary=" + path("parts.lmc") +
+                    "\nPinComponents=" + (file.empty() ? "" : path(file.c_str())) + "\n");
+        auto& page = openPage<CSpecialComponentsDialog>("Special Components");
+        QApplication::setActiveWindow(&window_);
+        return page;
+    }
+
+    void show(const char* category) {
+        auto& categories = control<QComboBox>("Category");
+        categories.setCurrentIndex(categories.findText(QString::fromLatin1(category)));
+    }
+    QListWidget& list() { return control<QListWidget>("Symbols"); }
+    Names rows() {
+        Names rows;
+        for (int row = 0; row < list().count(); ++row)
+            rows.push_back(list().item(row)->text().toStdString());
+        return rows;
+    }
+    void key(int row, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        list().setCurrentRow(row);
+        list().setFocus();
+        QTest::keyClick(&list(), key, modifiers);
+    }
+    /// Begins to edit a row in place, with a text over the one there is.
+    void beginEdit(int row, const char* text) {
+        key(row, Qt::Key_F2);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(text));
+    }
+    /// Begins a new row and chooses for it what that suggests which is typed.
+    void addRow(const char* typed) {
+        testsupport::whenDialog([&](QDialog& dialog) {
+            QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(typed));
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+            if (dialog.isVisible())
+                dialog.reject();
+        });
+        QTest::mouseClick(&control<QToolButton>("New"), Qt::LeftButton);
+        QApplication::setActiveWindow(&window_);
+    }
+    Names inFile(int category, const char* name = "special.pin") const {
+        NProjectTools::CSpecialComponentsFile file;
+        file.Reload(path(name));
+        return file.GetCategory(category);
+    }
+    Orv::ISpecialComponents& components() {
+        return dynamic_cast<Orv::ISpecialComponents&>(*project().pinComponents);
+    }
+};
+
+} // namespace
+
+TEST_F(SpecialComponents, OffersForEachCategoryWhatTheLibraryHasForIt) {
+    CSpecialComponentsDialog& page = open();
+    const struct {
+        const char *title, *offered;
+    } rows[] = {
+        {"Port IN", "lib:PORT"},
+        {"Port OUT", "lib:PORT"},
+        {"Port BI", "lib:PORT"},
+        {"Port TRI", "lib:PORT"},
+        {"Port ANALOG", "lib:PORT"},
+        {"Port OCL", "lib:PORT"},
+        {"Port OEM", "lib:PORT"},
+        {"On Sheet Symbol", "lib:ON"},
+        {"Off Sheet Symbol", "lib:OFF"},
+        {"Power Symbol", "lib:VCC"},
+        {"Ground Symbol", "lib:EARTH"},
+        {"Ripper Bus-Net Symbol", "lib:BUSNET"},
+        {"Ripper Bus-Bus Symbol", "lib:BUSBUS"},
+    };
+    int category = 0;
+    for (const auto& row : rows) {
+        Names offered;
+        testsupport::whenDialog([&](QDialog& dialog) {
+            EXPECT_EQ(dialog.windowTitle().toStdString(), row.title);
+            const auto* symbols = testsupport::find<QAbstractItemView>(dialog, "Symbols:")->model();
+            for (int i = 0; i < symbols->rowCount(); ++i)
+                offered.push_back(symbols->index(i, 0).data().toString().toStdString());
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        });
+        EXPECT_EQ(page.chooseSymbol(category++), row.offered);
+        EXPECT_EQ(offered, Names{row.offered});
+    }
+    for (const int none : {-1, 13})
+        EXPECT_EQ(page.chooseSymbol(none), "") << none;
+}
+
+TEST_F(SpecialComponents, EachCategoryKeepsItsRowsUntilTheyAreStoredTogether) {
+    CSpecialComponentsDialog& page = open();
+    EXPECT_EQ(control<QComboBox>("Category").count(), 11);
+    show("Ground");
+    addRow("earth");
+    EXPECT_EQ(rows(), (Names{"lib:EARTH", "s:GND", "s:AGND", "s:PGND"})) << "at the top";
+    addRow("no such symbol");
+    EXPECT_EQ(list().count(), 4) << "cancelled";
+    show("OffSheet");
+    EXPECT_EQ(rows(), Names{});
+    addRow("off");
+    show("Power");
+    beginEdit(0, "own:V12");
+    show("Ground");
+    EXPECT_EQ(list().count(), 4);
+    key(3, Qt::Key_Up, Qt::AltModifier);
+    key(1, Qt::Key_Delete);
+    EXPECT_EQ(inFile(kOffSheet), Names{}) << "nothing is stored yet";
+    beginEdit(2, "s:LAST");
+    EXPECT_TRUE(page.isModified());
+    EXPECT_TRUE(page.onOk());
+    EXPECT_FALSE(page.isModified());
+    EXPECT_EQ(inFile(kGround), (Names{"lib:EARTH", "s:PGND", "s:LAST"}));
+    EXPECT_EQ(inFile(kOffSheet), Names{"lib:OFF"});
+    EXPECT_EQ(inFile(kPower), Names{"own:V12"}) << "the edit was open when another category was selected";
+    EXPECT_EQ(inFile(kBusBus), Names{"s:RIP"});
+    EXPECT_NE(testsupport::readFile(path()).find("; ours"), std::string::npos);
+    EXPECT_NE(testsupport::readFile(path()).find("Key=kept"), std::string::npos);
+}
+
+TEST_F(SpecialComponents, AnEditInPlaceOffersTheSymbolsOfTheFileAndTakesAnyText) {
+    open();
+    show("Ground");
+    key(1, Qt::Key_F2);
+    auto* combo = dynamic_cast<QComboBox*>(QApplication::focusWidget());
+    ASSERT_NE(combo, nullptr);
+    Names offered;
+    for (int i = 0; i < combo->count(); ++i)
+        offered.push_back(combo->itemText(i).toStdString());
+    EXPECT_EQ(offered, (Names{"s:V5", "s:GND", "s:AGND", "s:PGND", "s:RIP"}));
+    EXPECT_EQ(combo->currentText().toStdString(), "s:AGND");
+    QTest::keyClick(combo, Qt::Key_Down);
+    QTest::keyClick(combo, Qt::Key_Return);
+    EXPECT_EQ(rows(), (Names{"s:GND", "s:PGND", "s:PGND"}));
+    beginEdit(0, "s:A");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(rows().front(), "s:A") << "not the symbol that begins so";
+
+    // The page may go in the midst of an edit.
+    beginEdit(2, "s:B");
+    closePage();
+}
+
+TEST_F(SpecialComponents, LeavingAsksOnlyForAChangeWithinTheShorterList) {
+    const SeenBox question{"Project Settings", "Do you want to save the changes you've made in this page?",
+                           QMessageBox::Question};
+    const Names before{"s:GND", "s:AGND", "s:PGND"};
+    for (const bool keep : {true, false}) {
+        CSpecialComponentsDialog& page = open();
+        EXPECT_TRUE(page.onLeave()) << "nothing has changed";
+        show("Ground");
+        beginEdit(1, "s:CHASSIS");
+        show("Power");
+        EXPECT_EQ(boxDuring([&] { EXPECT_TRUE(page.onLeave()); }, keep ? "Yes" : "No"), question);
+        show("Ground");
+        EXPECT_EQ(rows(), keep ? Names({"s:GND", "s:CHASSIS", "s:PGND"}) : before);
+        EXPECT_EQ(inFile(kGround), rows());
+    }
+
+    CSpecialComponentsDialog& page = open();
+    show("Ground");
+    key(2, Qt::Key_Delete);
+    show("OffSheet");
+    addRow("off");
+    EXPECT_FALSE(page.isModified());
+    EXPECT_TRUE(page.onLeave()) << "without a question";
+    page.onEnter();
+    EXPECT_EQ(rows(), Names{"lib:OFF"}) << "yet it is not lost";
+    EXPECT_TRUE(page.onApply());
+    EXPECT_EQ(inFile(kGround), (Names{"s:GND", "s:AGND"}));
+    EXPECT_EQ(inFile(kOffSheet), Names{"lib:OFF"});
+}
+
+TEST_F(SpecialComponents, WithoutAFileOrItsObjectNothingIsWritten) {
+    CSpecialComponentsDialog& unnamed = open("");
+    addRow("port");
+    EXPECT_TRUE(unnamed.onApply());
+    EXPECT_EQ(rows(), Names{"lib:PORT"});
+    EXPECT_EQ(inFile(kPortIn), Names{});
+
+    struct AnotherClass : Orv::IProjectFileConsumer {
+        void Reload(const std::string&) override {}
+    } anotherClass;
+    for (Orv::IProjectFileConsumer* object : {static_cast<Orv::IProjectFileConsumer*>(nullptr),
+                                              static_cast<Orv::IProjectFileConsumer*>(&anotherClass)}) {
+        open();
+        const std::string text = testsupport::readFile(path());
+        closePage();
+        project().pinComponents = object;
+        auto& page = openPage<CSpecialComponentsDialog>("Special Components");
+        show("Ground");
+        EXPECT_EQ(rows(), Names{});
+        addRow("earth");
+        EXPECT_TRUE(page.onApply());
+        EXPECT_EQ(testsupport::readFile(path()), text);
+    }
+}
+
+TEST_F(SpecialComponents, TheListsOfOneFileNeverGetIntoAnother) {
+    testsupport::writeFile(path("other.pin"), "[Ground]\nSymbol#0=other:GND\n");
+    CSpecialComponentsDialog& page = open();
+    show("Ground");
+    addRow("earth");
+    project().projectFile->SetValue("DesignInfo", "PinComponents", path("other.pin"));
+    project().pinComponents->Reload(path("other.pin"));
+    EXPECT_TRUE(page.onOk());
+    EXPECT_EQ(inFile(kGround, "other.pin"), Names{"other:GND"});
+    EXPECT_EQ(inFile(kGround), (Names{"s:GND", "s:AGND", "s:PGND"}));
+    EXPECT_EQ(control<QComboBox>("Category").currentIndex(), 0);
+    show("Ground");
+    EXPECT_EQ(rows(), Names{"other:GND"});
+
+    // Without an object that was reloaded, the lists are the ones that the new file is to get.
+    addRow("earth");
+    project().projectFile->SetValue("DesignInfo", "PinComponents", path("new.pin"));
+    EXPECT_TRUE(page.onApply());
+    EXPECT_EQ(inFile(kGround, "new.pin"), (Names{"lib:EARTH", "other:GND"}));
+}
+
+TEST_F(SpecialComponents, ASymbolThatIsNoUtf8IsStoredAsItWas) {
+    CSpecialComponentsDialog& page = open();
+    components().GetCategory(kPower) = {"s:\xFF", "s:B"};
+    page.reset();
+    show("Power");
+    key(1, Qt::Key_Up, Qt::AltModifier);
+    EXPECT_TRUE(page.onApply());
+    EXPECT_EQ(inFile(kPower), (Names{"s:B", "s:\xFF"}));
+}

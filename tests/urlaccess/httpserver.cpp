@@ -1,0 +1,163 @@
+#include "tests/urlaccess/httpserver.h"
+
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTimer>
+
+#include <map>
+#include <mutex>
+#include <variant>
+
+namespace testsupport {
+
+namespace {
+
+constexpr int kBetweenDrips = 100; // milliseconds
+constexpr char kEndOfRequest[] = "\r\n\r\n";
+
+struct Redirect {
+    std::string target;
+};
+
+QByteArray withHeaders(const char* status, const QByteArray& headers, const QByteArray& body) {
+    return QByteArray("HTTP/1.1 ") + status + "\r\nConnection: close\r\n" + headers + "\r\n" + body;
+}
+
+QByteArray withLength(const char* status, const QByteArray& body) {
+    return withHeaders(status, "Content-Length: " + QByteArray::number(body.size()) + "\r\n", body);
+}
+
+QByteArray notFound() {
+    return withLength("404 Not Found", "Nothing here.");
+}
+
+QByteArray redirection(const std::string& target) {
+    return withHeaders("302 Found",
+                       "Location: " + QByteArray::fromStdString(target) + "\r\nContent-Length: 0\r\n", {});
+}
+
+void writeWithoutEnd(QTcpSocket& socket, const QByteArray& beginning, const QByteArray& more) {
+    QObject::connect(&socket, &QTcpSocket::bytesWritten, &socket, [&socket, more] {
+        if (socket.bytesToWrite() == 0)
+            socket.write(more);
+    });
+    socket.write(beginning + more);
+}
+
+void drip(QTcpSocket& socket) {
+    socket.write(withHeaders("200 OK", {}, {}));
+    auto* timer = new QTimer(&socket);
+    QObject::connect(timer, &QTimer::timeout, &socket, [&socket] { socket.write("#"); });
+    timer->start(kBetweenDrips);
+}
+
+void finish(QTcpSocket& socket, const QByteArray& bytes) {
+    socket.write(bytes);
+    socket.disconnectFromHost();
+}
+
+} // namespace
+
+class HttpServer::Pages {
+public:
+    using Page = std::variant<std::string, Redirect, Answer, std::chrono::milliseconds>;
+
+    void set(const std::string& path, Page page) {
+        const std::lock_guard lock(mutex_);
+        pages_[path] = std::move(page);
+    }
+
+    void reply(const std::string& path, QTcpSocket& socket) {
+        const std::lock_guard lock(mutex_);
+        const auto page = pages_.find(path);
+        if (page == pages_.end())
+            finish(socket, notFound());
+        else if (const auto* body = std::get_if<std::string>(&page->second))
+            finish(socket, withLength("200 OK", QByteArray::fromStdString(*body)));
+        else if (const auto* redirect = std::get_if<Redirect>(&page->second))
+            finish(socket, redirection(redirect->target));
+        else if (const auto* late = std::get_if<std::chrono::milliseconds>(&page->second))
+            QTimer::singleShot(*late, &socket, [&socket] { finish(socket, notFound()); });
+        else
+            misbehave(std::get<Answer>(page->second), path, socket);
+    }
+
+private:
+    static void misbehave(Answer answer, const std::string& path, QTcpSocket& socket) {
+        switch (answer) {
+        case Answer::forbidden:
+            return finish(socket, withLength("403 Forbidden", "No."));
+        case Answer::closesAtOnce:
+            return socket.abort();
+        case Answer::closesEarly:
+            return finish(socket, withHeaders("200 OK", "Content-Length: 24\r\n", "alias early\n"));
+        case Answer::redirectLoop:
+            return finish(socket, redirection(path));
+        case Answer::silence:
+            return;
+        case Answer::drip:
+            return drip(socket);
+        case Answer::endlessBody:
+            return writeWithoutEnd(socket, withHeaders("200 OK", {}, {}), QByteArray(65536, '#'));
+        case Answer::hugeBody:
+            return writeWithoutEnd(socket, withHeaders("200 OK", "Content-Length: 10000000000\r\n", {}),
+                                   QByteArray(65536, '#'));
+        case Answer::longList:
+            return finish(socket, withHeaders("200 OK", {}, QByteArray(200000, '#')));
+        case Answer::endlessHeaders:
+            return writeWithoutEnd(socket, "HTTP/1.1 200 OK\r\n",
+                                   QByteArray("X-More: of it\r\n").repeated(4096));
+        }
+    }
+
+    std::mutex mutex_;
+    std::map<std::string, Page> pages_;
+};
+
+HttpServer::HttpServer()
+    : noProxy_("no_proxy", "127.0.0.1"), pages_(std::make_unique<Pages>()), server_(new QTcpServer) {
+    server_->listen(QHostAddress::LocalHost);
+    port_ = server_->serverPort();
+    QObject::connect(server_, &QTcpServer::newConnection, server_, [this] {
+        while (QTcpSocket* socket = server_->nextPendingConnection()) {
+            QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+            QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket] {
+                if (!socket->peek(socket->bytesAvailable()).contains(kEndOfRequest))
+                    return;
+                const QList<QByteArray> words = socket->readAll().split(' ');
+                ++requests_;
+                pages_->reply(words.value(1).toStdString(), *socket);
+            });
+        }
+    });
+    QObject::connect(&thread_, &QThread::finished, server_, &QObject::deleteLater);
+    server_->moveToThread(&thread_);
+    thread_.start();
+}
+
+HttpServer::~HttpServer() {
+    thread_.quit();
+    thread_.wait();
+}
+
+void HttpServer::serve(const std::string& path, const std::string& body) {
+    pages_->set(path, body);
+}
+
+void HttpServer::redirect(const std::string& path, const std::string& target) {
+    pages_->set(path, Redirect{target});
+}
+
+void HttpServer::answer(const std::string& path, Answer answer) {
+    pages_->set(path, answer);
+}
+
+void HttpServer::missLate(const std::string& path, std::chrono::milliseconds after) {
+    pages_->set(path, after);
+}
+
+std::string HttpServer::url(const std::string& path) const {
+    return "http://127.0.0.1:" + std::to_string(port_) + path;
+}
+
+} // namespace testsupport

@@ -1,0 +1,241 @@
+#include "details/platform/libcfg.h"
+#include "details/platform/paths.h"
+#include "details/platform/remotefile.h"
+#include "details/platform/sharedlibrary.h"
+#include "details/platform/urlaccess.h"
+
+#include "tests/support/childprocess.h"
+#include "tests/support/testsupport.h"
+#include "tests/urlaccess/httpserver.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <future>
+#include <utility>
+#include <vector>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using testsupport::HttpServer;
+using testsupport::TemporaryDirectory;
+using testsupport::writeFile;
+
+constexpr std::size_t kMoreThanIsRead = 3u << 20;
+/// A silent server costs four seconds at most; the rest is for a busy machine.
+constexpr std::chrono::seconds kPatience{20};
+
+std::string readAll(const std::string& path) {
+    platform::RemoteStream* stream = platform::RemoteOpen(path, "r");
+    if (!stream)
+        return "(none)";
+    std::string all;
+    char buffer[4096];
+    while (platform::RemoteGets(buffer, sizeof buffer, stream))
+        all += buffer;
+    platform::RemoteClose(stream);
+    return all;
+}
+
+TEST(RemoteFile, ALocationIsRemoteByItsExactBeginning) {
+    for (const char* path : {"http:", "ftp://host/lib", "\"http://host/my lib\"", "http:\\\\host\\lib"})
+        EXPECT_TRUE(platform::IsRemotePath(path)) << path;
+    for (const char* path : {"", "\"", "https://host", "HTTP://host", "\"\"http://host", "/http:", "ftp"})
+        EXPECT_FALSE(platform::IsRemotePath(path)) << path;
+}
+
+TEST(RemoteFile, PathsAreJoinedTestedAndMadeAbsolute) {
+    const TemporaryDirectory directory;
+    writeFile(directory / "Sym.lib", "x");
+    fs::create_directory(directory / "SCH");
+    const std::string root = directory.path().string();
+    using platform::PathKind;
+    EXPECT_EQ(platform::TestPathKind(platform::MakeFilePath(root + "\\", "sym", "lib"), PathKind::file), 0);
+    EXPECT_NE(platform::TestPathKind(root + "/sym.lib", PathKind::directory), 0);
+    EXPECT_EQ(platform::TestPathKind(root + "\\sch", PathKind::directory), 0);
+    EXPECT_NE(platform::TestPathKind(root + "/s?h", PathKind::directory), 0);
+    EXPECT_NE(platform::TestPathKind("", PathKind::directory), 0);
+
+    const testsupport::ScopedEnvironment home("HOME", root);
+    struct Row {
+        std::string given;
+        std::string absolute;
+    };
+    const std::string current = fs::current_path().string();
+    for (const Row& row : {Row{"~\\sch", root + "/sch"}, Row{"~", root}, Row{"./a", current + "/a"},
+                           Row{"~nobody-of-that-name", current + "/~nobody-of-that-name"},
+                           Row{"a/../b", "a/../b"}, Row{"", ""}}) {
+        std::string path = row.given;
+        platform::NormalizeName(path);
+        EXPECT_EQ(platform::platformPath(path), row.absolute) << row.given;
+    }
+}
+
+TEST(LibCfg, TheFirstLineThatBeginsWithAliasGivesTheName) {
+    const TemporaryDirectory directory;
+    const std::string filler(255, '#');
+    struct Row {
+        std::string text;
+        std::string alias;
+    };
+    for (const Row& row : {
+             Row{"# our alias parts\n\talias parts \r\nalias other\n", "parts"},
+             Row{"alias two words", "two words"},
+             Row{"Alias a\naliases\nalias\nalias \nan alias b\nalias\tc\n", ""},
+             Row{filler + "alias rest\n", "rest"},
+             Row{filler.substr(1) + "\nalias next\n", "next"},
+             Row{std::string("\0\xff\0alias a\nalias b", 18), "b"},
+             Row{"alias " + std::string(300, 'a'), std::string(249, 'a')},
+             Row{"", ""},
+         }) {
+        writeFile(directory / "lib.cfg", row.text);
+        EXPECT_EQ(platform::readLibraryAlias(directory.path().string()), row.alias) << row.text;
+    }
+}
+
+TEST(LibCfg, WhatIsNoReadableFileGivesNoNameAndNoWait) {
+    const TemporaryDirectory directory;
+    const fs::path file = directory / "lib.cfg";
+    const auto alias = [&] {
+        return platform::readLibraryAlias(directory.path().string());
+    };
+    fs::create_directory(file);
+    EXPECT_EQ(alias(), "");
+    fs::remove(file);
+    ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
+    EXPECT_EQ(alias(), "");
+    fs::remove(file);
+    writeFile(file, "");
+    fs::resize_file(file, 1u << 30);
+    EXPECT_EQ(alias(), "");
+    writeFile(file, "alias secret\n");
+    fs::permissions(directory.path(), fs::perms::all);
+    fs::permissions(file, fs::perms::none);
+    EXPECT_EQ(testsupport::runUnprivileged([&] { return alias().empty() ? 0 : 1; }), 0);
+}
+
+TEST(UrlAccess, ARemoteLibrarysFileIsReadLikeALocalOne) {
+    HttpServer server;
+    server.serve("/my%20parts%23%3F/lib.cfg", "# Parts\n alias parts \n");
+    server.serve("/empty", "");
+    server.redirect("/moved", "/my%20parts%23%3F/lib.cfg");
+    std::string path = server.url("/my parts#?");
+    std::ranges::replace(path, '/', '\\');
+    EXPECT_EQ(platform::readLibraryAlias(path), "parts");
+    EXPECT_EQ(platform::readLibraryAlias('"' + path + '"'), "parts");
+    EXPECT_EQ(readAll(server.url("/moved")), "# Parts\n alias parts \n");
+    EXPECT_EQ(readAll(server.url("/empty")), "");
+    EXPECT_EQ(readAll(server.url("/missing")), "(none)");
+    EXPECT_EQ(platform::RemoteOpen(server.url("/empty"), "w"), nullptr);
+    EXPECT_EQ(platform::RemoteOpen(server.url("/empty"), "r+"), nullptr);
+}
+
+TEST(UrlAccess, OnlyWhatAnswersInFullCanBeReached) {
+    HttpServer server;
+    server.serve("/file", "x");
+    server.serve("/large", std::string(kMoreThanIsRead, '#'));
+    server.answer("/listed/", HttpServer::Answer::longList);
+    server.redirect("/listed", "/listed/");
+    server.redirect("/secure", "https://127.0.0.1/");
+    server.redirect("/disk", "file:///etc/passwd");
+    server.answer("/unlisted/", HttpServer::Answer::forbidden);
+    server.answer("/secret", HttpServer::Answer::forbidden);
+    server.answer("/loop", HttpServer::Answer::redirectLoop);
+    server.answer("/early", HttpServer::Answer::closesEarly);
+    server.answer("/once", HttpServer::Answer::closesAtOnce);
+    server.answer("/endless", HttpServer::Answer::endlessBody);
+    server.answer("/huge", HttpServer::Answer::hugeBody);
+    server.answer("/headers", HttpServer::Answer::endlessHeaders);
+    struct Row {
+        std::string path;
+        int kind;
+        bool answered;
+    };
+    for (const Row& row : {
+             Row{server.url("/file"), 3, true},
+             Row{server.url("/listed"), 2, true},
+             Row{server.url("/unlisted/"), 2, true},
+             Row{server.url("/large"), 3, true},
+             Row{server.url("/endless"), platform::kRemoteUnreachable, true},
+             Row{server.url("/huge"), platform::kRemoteUnreachable, true},
+             Row{server.url("/secret"), platform::kRemoteUnreachable, true},
+             Row{server.url("/missing"), platform::kRemoteUnreachable, true},
+             Row{server.url("/loop"), platform::kRemoteUnreachable, false},
+             Row{server.url("/early"), platform::kRemoteUnreachable, false},
+             Row{server.url("/once"), platform::kRemoteUnreachable, false},
+             Row{server.url("/headers"), platform::kRemoteUnreachable, false},
+             Row{server.url("/secure"), platform::kRemoteUnreachable, false},
+             Row{server.url("/disk"), platform::kRemoteUnreachable, false},
+             Row{"http://127.0.0.1:1/refused", platform::kRemoteUnreachable, false},
+             Row{"ftp://127.0.0.1:1/refused", platform::kRemoteUnreachable, false},
+             Row{"http:", platform::kRemoteUnreachable, false},
+             Row{"http://host\n/", platform::kRemoteUnreachable, false},
+             Row{"/local", platform::kRemoteUnreachable, false},
+         }) {
+        const platform::RemoteAnswer answer = platform::askRemote(row.path);
+        EXPECT_EQ(answer.kind, row.kind) << row.path;
+        EXPECT_EQ(answer.answered, row.answered) << row.path;
+    }
+    for (const char* path : {"/early", "/endless", "/huge", "/large"})
+        EXPECT_EQ(readAll(server.url(path)), "(none)") << path;
+}
+
+TEST(UrlAccess, ASlowServerIsGivenUpByEveryThreadThatAsks) {
+    HttpServer server;
+    server.answer("/silence", HttpServer::Answer::silence);
+    server.answer("/drip", HttpServer::Answer::drip);
+    const auto begin = std::chrono::steady_clock::now();
+    std::vector<std::future<int>> kinds;
+    for (const char* path : {"/silence", "/drip", "/silence", "/drip"})
+        kinds.push_back(
+            std::async(std::launch::async, [url = server.url(path)] { return platform::ProbeRemote(url); }));
+    for (auto& kind : kinds)
+        EXPECT_EQ(kind.get(), platform::kRemoteUnreachable);
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, kPatience);
+}
+
+template <typename Function>
+Function* entry(const platform::SharedLibrary& module, const char* name) {
+    return reinterpret_cast<Function*>(module.symbol(name));
+}
+
+TEST(UrlAccess, AStreamIsMarkedAndActsLikeAFile) {
+    HttpServer server;
+    server.serve("/lines", "one\ntwo");
+    const platform::SharedLibrary module(kUrlSchemes[0].module);
+    ASSERT_TRUE(module);
+    const auto read = entry<decltype(URL_Fread)>(module, "URL_Fread");
+    const auto seek = entry<decltype(URL_Fseek)>(module, "URL_Fseek");
+    const auto getc = entry<decltype(URL_Fgetc)>(module, "URL_Fgetc");
+    const auto ungetc = entry<decltype(URL_Ungetc)>(module, "URL_Ungetc");
+    const auto tell = entry<decltype(URL_Ftell)>(module, "URL_Ftell");
+    UrlStream* stream = entry<decltype(URL_Fopen)>(module, "URL_Fopen")(server.url("/lines").c_str(), "r");
+    ASSERT_NE(stream, nullptr);
+    EXPECT_EQ(stream->magic, 0xe4e41644u);
+
+    UrlInfo info{0, -1, 0};
+    EXPECT_EQ(entry<decltype(URL_Info)>(module, "URL_Info")(stream, &info), kUrlFile);
+    EXPECT_EQ(info.size, 7);
+    EXPECT_EQ(ungetc('x', stream), EOF);
+    EXPECT_EQ(getc(stream), 'o');
+    EXPECT_EQ(ungetc('O', stream), 'O');
+    char buffer[8] = {};
+    EXPECT_EQ(read(buffer, 2, 10, stream), 3u);
+    EXPECT_STREQ(buffer, "One\ntw");
+    EXPECT_EQ(seek(stream, -3, SEEK_END), 0);
+    EXPECT_EQ(tell(stream), 4);
+    for (const auto& [offset, origin] : {std::pair{4L, SEEK_END}, {-5L, SEEK_CUR}, {-1L, SEEK_SET}})
+        EXPECT_NE(seek(stream, offset, origin), 0) << offset;
+    EXPECT_STREQ(entry<decltype(URL_Fgets)>(module, "URL_Fgets")(buffer, 8, stream), "two");
+    EXPECT_EQ(getc(stream), EOF);
+    EXPECT_EQ(entry<decltype(URL_Loop2)>(module, "URL_Loop2")(), 0);
+    EXPECT_EQ(entry<decltype(URL_Fclose)>(module, "URL_Fclose")(stream), 0);
+}
+
+} // namespace
