@@ -31,6 +31,7 @@ options, before the command:
   --wdir LIST       the working directories, separated by ";", the user's first; otherwise WDIR,
                     otherwise the user's own, then site and standard of the installation
   --project FILE    the project to open with the dialog or the tour; otherwise none
+  --netlist         the project is one of the netlist tool: pages of designs have the top-level block alone
   --catalogue NAME  the dialog's catalogue in the installation's standard directory (settings.xml)
   --page NAME       the category to open the dialog at, by its name in the catalogue
   --help, --version

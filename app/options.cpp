@@ -43,6 +43,8 @@ const OptionRow* findOption(std::string_view name) {
     return nullptr;
 }
 
+constexpr std::string_view kNetlist = "--netlist"; // has no value
+
 // These stand in the place of a command: they print something and end.
 bool isInformation(std::string_view argument) {
     return argument == "--help" || argument == "-h" || argument == "--version";
@@ -61,6 +63,10 @@ CommandLine parseCommandLine(std::span<const char* const> arguments) {
                 line.error = "the command is empty";
             line.arguments.assign(arguments.begin(), arguments.end());
             return line;
+        }
+        if (argument == kNetlist) {
+            line.options.netlist = true;
+            continue;
         }
         const auto equals = argument.find('=');
         const OptionRow* option = findOption(argument.substr(0, equals));

@@ -14,6 +14,7 @@ struct Options {
     std::optional<std::string> project;
     std::string catalogue = "settings.xml";
     std::optional<std::string> page;
+    bool netlist = false; ///< the pages of designs are those of the netlist tool
 };
 
 /// A command line, taken apart.

@@ -2,6 +2,7 @@
 
 #include "app/outcome.h"
 
+#include <ovsettings/topleveldialogprovider.h>
 #include <suite/configuration.h>
 #include <suite/openproject.h>
 #include <suite/projectfile.h>
@@ -132,8 +133,12 @@ std::optional<std::string> Project::open(const Options& options) {
         return std::nullopt;
     std::string reason;
     opened_ = NProjectTools::COpenProject::open(*options.project, reason);
-    if (opened_)
+    if (opened_) {
+        opened_->configuration().topLevelProvider = options.netlist
+                                                        ? toplevelsettings::getNetlistTopLevelProvider()
+                                                        : toplevelsettings::getTopLevelSettingsProvider();
         return std::nullopt;
+    }
     return "the project cannot be opened: " + reason;
 }
 

@@ -15,3 +15,15 @@ write_basic_package_version_file(OvSettingsConfigVersion.cmake COMPATIBILITY Sam
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/OvSettingsConfig.cmake
               ${CMAKE_CURRENT_BINARY_DIR}/OvSettingsConfigVersion.cmake
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/OvSettings)
+
+# The Debian package: cpack --config BUILD/CPackConfig.cmake
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME orvane-settings)
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Settings library of a schematic capture application, with headers and samples")
+set(CPACK_PACKAGE_CONTACT "OvSettings developers")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# What find_package(OvSettings) asks for.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qt6-base-dev)
+include(CPack)

@@ -4,7 +4,9 @@
 #include "details/shell/settingsdialog.h"
 #include "details/shell/settingsupdater.h"
 #include "details/shell/settingsxmlreader.h"
+#include "orv/projectconfiguration.h"
 
+#include <optional>
 #include <utility>
 
 namespace ovsettings {
@@ -12,6 +14,33 @@ namespace ovsettings {
 namespace {
 
 constexpr int kFactoryWithConfigurations = 2;
+
+bool isDesigns(const CCategoryNode& node) {
+    return dynamic_cast<const CPropertyPageSupplierProjects*>(node.supplier) != nullptr;
+}
+
+/// What a supplier has under a page key.
+struct Offer {
+    CPropertyPageFactory* factory = nullptr;
+    bool hasPage = false;
+};
+
+/// Asks for a page. An add-in that throws is told and gives nothing: it must not keep the user from all other
+/// pages.
+std::optional<Offer> ask(CPropertyPageSupplier& supplier, const std::string& pageKey,
+                         CSettingsUpdater& updater) {
+    try {
+        Offer offer{supplier.getFactory()};
+        if (offer.factory) {
+            updater.addUpdater(offer.factory->getUpdater());
+            offer.hasPage = offer.factory->hasPage(pageKey);
+        }
+        return offer;
+    } catch (...) {
+        reportMissingPage(pageKey);
+        return std::nullopt;
+    }
+}
 
 } // namespace
 
@@ -35,15 +64,32 @@ void CPageManager::build() {
 
 void CPageManager::buildNode(CCategoryNode& node, unsigned parentKey) {
     node.supplier = supplierFor(node.localization);
-    CPropertyPageFactory* factory = node.supplier ? node.supplier->getFactory() : nullptr;
+    if (!node.supplier)
+        return;
+    if (auto* designs = dynamic_cast<CPropertyPageSupplierProjects*>(node.supplier)) {
+        buildDesigns(*designs, parentKey);
+        return;
+    }
+    const std::optional<Offer> offer = ask(*node.supplier, node.classid, updater_);
+    if (!offer) // and it is not asked again when the dialog goes
+        node.supplier = nullptr;
+    if (!offer || !offer->hasPage)
+        return;
+    const unsigned key =
+        frame_.addCategory(makeStarter(*offer->factory, node.classid), parentKey, node.name, true);
+    for (const auto& child : node.children)
+        buildNode(*child, key);
+}
+
+void CPageManager::buildDesigns(CPropertyPageSupplierProjects& supplier, unsigned parentKey) {
+    std::vector<std::string> names;
+    supplier.fetchNames(&frame_.projectConfiguration(), names);
+    CPropertyPageFactory* factory = supplier.getFactory(frame_.projectConfiguration().topLevelProvider);
     if (!factory)
         return;
     updater_.addUpdater(factory->getUpdater());
-    if (!factory->hasPage(node.classid))
-        return;
-    const unsigned key = frame_.addCategory(makeStarter(*factory, node.classid), parentKey, node.name, true);
-    for (const auto& child : node.children)
-        buildNode(*child, key);
+    for (const std::string& name : names)
+        frame_.addCategory(makeStarter(*factory, name), parentKey, name, false);
 }
 
 CPropertyPageSupplier* CPageManager::supplierFor(const std::string& localization) {
@@ -78,6 +124,9 @@ void CPageManager::release() {
 }
 
 void CPageManager::releaseNode(CCategoryNode& node) {
+    // The factory of the designs goes as a whole, with its supplier.
+    if (isDesigns(node))
+        return;
     CPropertyPageFactory* factory = node.supplier ? node.supplier->getFactory() : nullptr;
     if (!factory)
         return;

@@ -49,6 +49,7 @@ public:
 
 private:
     void buildNode(CCategoryNode& node, unsigned parentKey);
+    void buildDesigns(CPropertyPageSupplierProjects& supplier, unsigned parentKey);
     void releaseNode(CCategoryNode& node);
     CPropertyPageSupplier* supplierFor(const std::string& localization);
     std::unique_ptr<CPageStarter> makeStarter(CPropertyPageFactory& factory, const std::string& pageKey);

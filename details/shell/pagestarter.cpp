@@ -2,6 +2,8 @@
 
 #include "ovsettings/propertypagefactory.h"
 
+#include <exception>
+#include <iostream>
 #include <utility>
 
 namespace ovsettings {
@@ -13,7 +15,12 @@ CPageStarter::CPageStarter(CPropertyPageFactory& factory, std::string pageKey)
 CPageStarter::~CPageStarter() = default;
 
 CPropDialogTemplate* CPageStarter::create(QWidget* parent) {
-    return factory_.createPage(pageKey_, parent);
+    try {
+        return factory_.createPage(pageKey_, parent);
+    } catch (...) {
+        reportMissingPage(pageKey_);
+        return nullptr;
+    }
 }
 
 CPageStarterEx::CPageStarterEx(CPropertyPageFactory& factory, std::string pageKey,
@@ -25,5 +32,16 @@ CPageStarterEx::CPageStarterEx(CPropertyPageFactory& factory, std::string pageKe
 }
 
 CPageStarterEx::~CPageStarterEx() = default;
+
+void reportMissingPage(const std::string& pageKey) {
+    std::string cause = "unknown exception";
+    try {
+        throw;
+    } catch (const std::exception& failure) {
+        cause = failure.what();
+    } catch (...) {
+    }
+    std::cerr << "OvSettings: no page " << pageKey << ": " << cause << std::endl;
+}
 
 } // namespace ovsettings

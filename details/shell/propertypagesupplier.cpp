@@ -1,10 +1,64 @@
 #include "details/shell/propertypagesupplier.h"
 
+#include "details/platform/componentregistry.h"
+#include "details/platform/environment.h"
 #include "details/shell/internalpages.h"
+#include "details/shell/toplevelfactory.h"
+#include "ovsettings/settingspagecomponent.h"
 
+#include <iostream>
 #include <utility>
 
 namespace ovsettings {
+
+namespace {
+
+/// Whether a library was built for this one. A library that says nothing is taken at its word: it was built
+/// without these headers.
+bool fitsThisVersion(const platform::SharedLibrary& library, const std::string& name) {
+    using Version = int (*)();
+    const auto version = reinterpret_cast<Version>(library.symbol("ovsettingsInterfaceVersion"));
+    const int built = version ? version() : kInterfaceVersion;
+    if (built != kInterfaceVersion)
+        std::cerr << "OvSettings: " << name << " was built for version " << built
+                  << " of the add-in interface, this is version " << kInterfaceVersion << std::endl;
+    return built == kInterfaceVersion;
+}
+
+/// The class id's place in a text. The length counts from the text's beginning, so that a bracket at any
+/// other place takes too much along: that is meant, a class id stands in brackets with nothing before them.
+std::string betweenBrackets(const std::string& text) {
+    const auto open = text.find('[');
+    const auto close = text.rfind(']');
+    if (open == std::string::npos || close == std::string::npos || close == 0)
+        return {};
+    return text.substr(open + 1, close - 1);
+}
+
+/// Loads a registered component. It stays to the end of the process.
+IComponent* createComponent(const std::string& classId) {
+    const std::string home = platform::environmentVariable("RSR_HOME").value_or("");
+    const platform::ComponentEntry entry = platform::findComponent(home, classId);
+    if (!entry.error.empty())
+        std::cerr << "OvSettings: " << entry.error << std::endl;
+    if (entry.library.empty())
+        return nullptr;
+    const platform::SharedLibrary library(entry.library);
+    if (library && !fitsThisVersion(library, entry.library))
+        return nullptr;
+    using Create = IComponent* (*)(const char*);
+    const auto create = reinterpret_cast<Create>(library.symbol("createComponent"));
+    return create ? create(classId.c_str()) : nullptr;
+}
+
+} // namespace
+
+ComponentError::ComponentError(const std::string& classId, long result)
+    : std::runtime_error("component " + classId + " has no page factory: result " + std::to_string(result)),
+      result_(result) {
+}
+
+ComponentError::~ComponentError() = default;
 
 CPropertyPageSupplierInternal::CPropertyPageSupplierInternal(Orv::iAppConfiguration* appConfig,
                                                              Orv::CProjectConfiguration* projectConfig) {
@@ -20,11 +74,48 @@ CPropertyPageSupplierDLL::CPropertyPageSupplierDLL(std::string fileName) : fileN
 }
 
 CPropertyPageFactory* CPropertyPageSupplierDLL::getFactory() {
-    if (!library_)
-        library_ = platform::SharedLibrary(fileName_);
+    if (!library_) {
+        platform::SharedLibrary loaded(fileName_);
+        if (!loaded || !fitsThisVersion(loaded, fileName_))
+            return nullptr;
+        library_ = std::move(loaded);
+    }
     using GetFactory = CPropertyPageFactory* (*)();
     const auto get = reinterpret_cast<GetFactory>(library_.symbol("getFactory"));
     return get ? get() : nullptr;
+}
+
+CPropertyPageSupplierCom::CPropertyPageSupplierCom(std::string localization)
+    : localization_(std::move(localization)) {
+    const auto classId = platform::parseClassId(betweenBrackets(localization_));
+    IComponent* component = classId ? createComponent(*classId) : nullptr;
+    if (!component)
+        return;
+    auto* pages =
+        static_cast<ISettingsPageComponent*>(component->QueryInterface(ISettingsPageComponent::kInterfaceId));
+    if (!pages)
+        return;
+    std::uintptr_t address = 0;
+    if (const long result = pages->GetPageFactory(&address); result < 0)
+        throw ComponentError(*classId, result);
+    factory_ = reinterpret_cast<CPropertyPageFactory*>(address);
+}
+
+CPropertyPageSupplierProjects::~CPropertyPageSupplierProjects() {
+    destroyTopLevelFactory();
+}
+
+CPropertyPageFactory* CPropertyPageSupplierProjects::getFactory() {
+    return getFactory(nullptr);
+}
+
+CPropertyPageFactory* CPropertyPageSupplierProjects::getFactory(ITopLevelDialogProvider* provider) {
+    return topLevelFactory(provider);
+}
+
+void CPropertyPageSupplierProjects::fetchNames(const Orv::CProjectConfiguration* projectConfig,
+                                               std::vector<std::string>& names) {
+    names = fetchDesignNames(projectConfig);
 }
 
 std::unique_ptr<CPropertyPageSupplier> makeSupplier(const std::string& localization,
@@ -32,11 +123,11 @@ std::unique_ptr<CPropertyPageSupplier> makeSupplier(const std::string& localizat
                                                     Orv::CProjectConfiguration* projectConfig) {
     if (localization == "internal")
         return std::make_unique<CPropertyPageSupplierInternal>(appConfig, projectConfig);
-    // Not file names: a design branch, and the class id of a component. No supplier serves either here, so
-    // that their categories do not appear.
+    if (localization == "projects")
+        return std::make_unique<CPropertyPageSupplierProjects>();
     const auto first = localization.find_first_not_of(" \t");
-    if (localization == "projects" || (first != std::string::npos && localization[first] == '['))
-        return nullptr;
+    if (first != std::string::npos && localization[first] == '[')
+        return std::make_unique<CPropertyPageSupplierCom>(localization);
     return std::make_unique<CPropertyPageSupplierDLL>(localization);
 }
 

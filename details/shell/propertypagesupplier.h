@@ -5,8 +5,11 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace ovsettings {
+
+class ITopLevelDialogProvider;
 
 /// Says where the page factory of a catalogue entry is.
 class CPropertyPageSupplier {
@@ -39,6 +42,32 @@ public:
 private:
     std::string fileName_;
     platform::SharedLibrary library_;
+};
+
+/// The pages of a component, which is loaded and asked at construction.
+class CPropertyPageSupplierCom : public CPropertyPageSupplier {
+public:
+    /// @param localization the whole text of the catalogue, "[{CLASSID}]".
+    /// @throws ComponentError if the component cannot give its factory.
+    explicit CPropertyPageSupplierCom(std::string localization);
+
+    CPropertyPageFactory* getFactory() override { return factory_; }
+
+private:
+    std::string localization_;
+    CPropertyPageFactory* factory_ = nullptr;
+};
+
+/// The pages of the designs of the open project. It ends the process's one factory of such pages with itself.
+class CPropertyPageSupplierProjects : public CPropertyPageSupplier {
+public:
+    ~CPropertyPageSupplierProjects() override;
+
+    /// The factory of the default provider.
+    CPropertyPageFactory* getFactory() override;
+    virtual CPropertyPageFactory* getFactory(ITopLevelDialogProvider* provider);
+    /// The names of the designs; call it before getFactory, which makes a page for each of them.
+    void fetchNames(const Orv::CProjectConfiguration* projectConfig, std::vector<std::string>& names);
 };
 
 /// The supplier that a catalogue's `localization` text asks for, or null if it names none.

@@ -168,6 +168,13 @@ void CListBoxEditor::setTitle(const QString& title) {
         button->setAccessibleName(name + QLatin1String(": ") + button->text());
 }
 
+void CListBoxEditor::setEditable(bool editable) {
+    cancelEditing();
+    for (QToolButton* button : findChildren<QToolButton*>(QString(), Qt::FindDirectChildrenOnly))
+        button->setVisible(editable);
+    setEnabled(editable);
+}
+
 void CListBoxEditor::setLines(const QStringList& lines) {
     cancelEditing();
     list_->clear();

@@ -36,6 +36,9 @@ public:
     /// moved. Takes effect with the next setLines.
     void setPlaceForNew(bool place) { placeForNew_ = place; }
 
+    /// Without its buttons and greyed, the list can only be looked at.
+    void setEditable(bool editable);
+
     /// Replaces all lines, and appends the empty one if there is to be one. Calls no hook.
     void setLines(const QStringList& lines);
     /// All lines, the empty last one included.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ovsettings/export.h"
+#include "ovsettings/interfaceversion.h"
 
 #include <QtCore/QPointer>
 

@@ -24,3 +24,16 @@ protected:
 };
 
 } // namespace ovsettings
+
+namespace toplevelsettings {
+
+/// The providers of this library, for Orv::CProjectConfiguration::topLevelProvider, and for programs that
+/// show a design's page without the dialog: those own the page that createDialog gives them, hand it the
+/// configuration objects and call its createWindow. The objects live as long as the library is loaded.
+
+/// Pages with top-level block, annotation, conflicts and library search path.
+OVSETTINGS_API ovsettings::ITopLevelDialogProvider* getTopLevelSettingsProvider();
+/// Pages with the top-level block alone, for projects of the netlist tool.
+OVSETTINGS_API ovsettings::ITopLevelDialogProvider* getNetlistTopLevelProvider();
+
+} // namespace toplevelsettings

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+class QComboBox;
+
+namespace Orv {
+struct CProjectConfiguration;
+}
+
+namespace ovsettings {
+
+class CNavigator;
+
+/// Fills the list of blocks from the project's design database, and selects the top-level block of a design
+/// if it is among them. A database that cannot be attached leaves the list empty; a damaged one is told.
+void fillBlocks(QComboBox& blocks, const Orv::CProjectConfiguration& project, const std::string& design);
+
+/// Stores the selected block, if there is one, and tells the navigator.
+void storeBlock(const QComboBox& blocks, const Orv::CProjectConfiguration& project, const std::string& design,
+                const CNavigator& navigator);
+
+} // namespace ovsettings

@@ -1,0 +1,19 @@
+#pragma once
+
+namespace ovsettings {
+
+/// The navigator of a running schematic editor, on the session bus. It is told of a new top-level block and
+/// never waited for; where there is no bus, or nobody of its name, nothing happens.
+class CNavigator {
+public:
+    /// Looks for a session bus.
+    CNavigator();
+
+    /// Asks the navigator to show its tree anew.
+    void refresh() const;
+
+private:
+    bool hasBus_;
+};
+
+} // namespace ovsettings

@@ -1,0 +1,57 @@
+#include "details/pages/toplevel/netlisttopleveldialog.h"
+
+#include "details/pages/toplevel/blockcombo.h"
+#include "orv/projectconfiguration.h"
+#include "ui_netlisttopleveldialog.h"
+
+namespace ovsettings {
+
+namespace {
+
+constexpr unsigned kTemplate = 168;
+
+} // namespace
+
+CNetlistTopLevelDialog::CNetlistTopLevelDialog(QWidget* parent, const std::string& designName)
+    : CPropDialogTemplateEx(kTemplate, parent),
+      ui_(std::make_unique<Ui::CNetlistTopLevelDialog>()),
+      blockName_(designName) {
+    name = blockName_.c_str();
+}
+
+CNetlistTopLevelDialog::~CNetlistTopLevelDialog() = default;
+
+void CNetlistTopLevelDialog::setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) {
+    projectConfig_ = projectConfig;
+}
+
+bool CNetlistTopLevelDialog::buildTemplate() {
+    ui_->setupUi(this);
+    return true;
+}
+
+bool CNetlistTopLevelDialog::OnInitDialog() {
+    if (hasProject())
+        fillBlocks(*ui_->topLevelBlock, *projectConfig_, blockName_);
+    return true;
+}
+
+bool CNetlistTopLevelDialog::onOk() {
+    return onApply();
+}
+
+bool CNetlistTopLevelDialog::onApply() {
+    if (hasProject())
+        storeBlock(*ui_->topLevelBlock, *projectConfig_, blockName_, navigator_);
+    return true;
+}
+
+bool CNetlistTopLevelDialog::onCancel() {
+    return true;
+}
+
+bool CNetlistTopLevelDialog::hasProject() const {
+    return ui_->topLevelBlock && projectConfig_ && projectConfig_->projectFile;
+}
+
+} // namespace ovsettings

@@ -1,0 +1,33 @@
+#include "details/pages/toplevel/netlisttopleveldialog.h"
+#include "details/pages/toplevel/toplevelsettingsdialog.h"
+#include "ovsettings/topleveldialogprovider.h"
+
+namespace toplevelsettings {
+
+namespace {
+
+template <typename Page>
+class CProvider final : public ovsettings::ITopLevelDialogProvider {
+public:
+    ovsettings::CPropDialogTemplate* createDialog(QWidget* parent, const std::string& designName) override {
+        return new Page(parent, designName);
+    }
+};
+
+using CTopLevelSettingsProvider = CProvider<ovsettings::CTopLevelSettingsDialog>;
+using CNetlistTopLevelDialogProvider = CProvider<ovsettings::CNetlistTopLevelDialog>;
+
+CTopLevelSettingsProvider theTopLevelSettingsProvider;
+CNetlistTopLevelDialogProvider theNetlistTopLevelProvider;
+
+} // namespace
+
+ovsettings::ITopLevelDialogProvider* getTopLevelSettingsProvider() {
+    return &theTopLevelSettingsProvider;
+}
+
+ovsettings::ITopLevelDialogProvider* getNetlistTopLevelProvider() {
+    return &theNetlistTopLevelProvider;
+}
+
+} // namespace toplevelsettings

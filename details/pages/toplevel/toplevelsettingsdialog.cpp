@@ -1,0 +1,265 @@
+#include "details/pages/toplevel/toplevelsettingsdialog.h"
+
+#include "details/pages/toplevel/blockcombo.h"
+#include "details/pages/toplevel/libraryschemes.h"
+#include "details/platform/asciicase.h"
+#include "details/widgets/stringconversion.h"
+#include "orv/projectconfiguration.h"
+#include "orv/projectfiledata.h"
+#include "ui_toplevelsettingsdialog.h"
+
+#include <algorithm>
+
+namespace ovsettings {
+
+namespace {
+
+constexpr unsigned kTemplate = 143;
+
+constexpr char kDefaultShown[] = "Default";
+constexpr char kLocalShown[] = "Local to design";
+
+constexpr char kFrontEnd[] = "FE";
+constexpr char kBackEnd[] = "BE";
+
+QStringList toLines(const std::vector<std::string>& names) {
+    QStringList lines;
+    lines.reserve(static_cast<qsizetype>(names.size()));
+    for (const std::string& entry : names)
+        lines.append(toQString(entry));
+    return lines;
+}
+
+std::vector<std::string> entriesOf(const CListBoxEditor& list) {
+    std::vector<std::string> entries;
+    for (const QString& line : list.lines()) {
+        if (!line.isEmpty())
+            entries.push_back(toUtf8(line));
+    }
+    return entries;
+}
+
+} // namespace
+
+CTopLevelSettingsDialog::CTopLevelSettingsDialog(QWidget* parent, const std::string& designName)
+    : CPropDialogTemplateEx(kTemplate, parent),
+      ui_(std::make_unique<Ui::CTopLevelSettingsDialog>()),
+      blockName_(designName) {
+    name = blockName_.c_str();
+    helpTopic = "OV_SETUP_SETTINGS_PROJECT";
+    helpBook = "orvane_ref";
+}
+
+CTopLevelSettingsDialog::~CTopLevelSettingsDialog() = default;
+
+void CTopLevelSettingsDialog::setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) {
+    projectConfig_ = projectConfig;
+}
+
+bool CTopLevelSettingsDialog::buildTemplate() {
+    ui_->setupUi(this);
+    ui_->symbolPartitions->setTitle(tr("&Symbol Partitions"));
+    ui_->pdbSearchPath->setTitle(tr("&PDB Search Path"));
+    const auto source = [this](PartitionKind kind) {
+        return [this, kind] {
+            return toLines(CLibraryPartitions(libraryPath()).all(kind));
+        };
+    };
+    ui_->symbolPartitions->setSource(source(PartitionKind::symbols));
+    ui_->pdbSearchPath->setSource(source(PartitionKind::pdb));
+    return true;
+}
+
+bool CTopLevelSettingsDialog::OnInitDialog() {
+    if (!hasProject())
+        return true;
+    Orv::IProjectFileData& project = *projectConfig_->projectFile;
+    schemeNames_ = {{kDefaultShown, kDefaultScheme}, {kLocalShown, kLocalScheme}};
+    local_ = projectLists();
+    const std::string stored = project.GetSearchScheme(blockName_);
+    for (const auto& [shown, scheme] : schemeNames_) {
+        if (scheme == stored)
+            shownScheme_ = shown;
+    }
+    const Lists lists = listsOf(stored);
+    firstLoad_ = false;
+    showLists(lists);
+    fillSchemes();
+    selectScheme(stored);
+    fillBlocks(*ui_->topLevelBlock, *projectConfig_, blockName_);
+    ui_->backAnnotation->setChecked(!project.GetBackAnnotationBlocked(blockName_));
+    ui_->forwardAnnotation->setChecked(!project.GetForwardAnnotationBlocked(blockName_));
+    const std::string winner = project.GetConflictWinner(blockName_);
+    ui_->frontEndWins->setChecked(winner == kFrontEnd || winner.empty());
+    ui_->backEndWins->setChecked(winner == kBackEnd);
+    setListState(isEditable(toUtf8(ui_->scheme->currentText())));
+    connectControls();
+    return true;
+}
+
+void CTopLevelSettingsDialog::connectControls() {
+    connect(ui_->scheme, &QComboBox::activated, this, &CTopLevelSettingsDialog::onSchemeSelected);
+    for (CTopLevelList* list : {ui_->symbolPartitions, ui_->pdbSearchPath})
+        connect(list, &CTopLevelList::changed, this, &CTopLevelSettingsDialog::onListChanged);
+}
+
+CTopLevelSettingsDialog::Lists CTopLevelSettingsDialog::projectLists() const {
+    Orv::IProjectFileData& project = *projectConfig_->projectFile;
+    return {project.GetSymbolPartitions(blockName_), project.GetPdbSearchPath(blockName_),
+            project.GetThirdPartitions(blockName_)};
+}
+
+CTopLevelSettingsDialog::Lists CTopLevelSettingsDialog::listsOf(const std::string& storedScheme) const {
+    if (storedScheme == kLocalScheme)
+        return firstLoad_ ? projectLists() : localLists();
+    const CLibraryPartitions library(libraryPath());
+    return {library.ofScheme(PartitionKind::symbols, storedScheme),
+            library.ofScheme(PartitionKind::pdb, storedScheme),
+            library.ofScheme(PartitionKind::third, storedScheme)};
+}
+
+/// What the design had of its own last; where it had nothing, all that the library has.
+CTopLevelSettingsDialog::Lists CTopLevelSettingsDialog::localLists() const {
+    Lists lists;
+    const CLibraryPartitions library(libraryPath());
+    if (noLocalScheme_)
+        lists.third = library.all(PartitionKind::third);
+    if (!local_.symbols.empty()) {
+        lists.symbols = local_.symbols;
+        lists.pdb = local_.pdb;
+    } else if (noLocalScheme_) {
+        lists.symbols = library.all(PartitionKind::symbols);
+        lists.pdb = library.all(PartitionKind::pdb);
+    }
+    return lists;
+}
+
+void CTopLevelSettingsDialog::fillSchemes() {
+    std::vector<std::string> names;
+    std::vector<int> types;
+    CLibraryPartitions(libraryPath()).schemes(names, types);
+    QStringList shown(kDefaultShown);
+    schemeTypes_[kLocalScheme] = 1;
+    noLocalScheme_ = true;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        schemeTypes_[names[i]] = types[i];
+        if (names[i] != kDefaultScheme) {
+            schemeNames_[names[i]] = names[i];
+            shown.append(toQString(names[i]));
+        }
+        if (names[i] == kLocalScheme)
+            noLocalScheme_ = false;
+    }
+    if (schemeTypes_[kDefaultScheme] != 0)
+        shown.append(kLocalShown);
+    ui_->scheme->clear();
+    ui_->scheme->addItems(shown);
+    ui_->scheme->setCurrentIndex(-1);
+}
+
+/// A scheme that is not offered leaves nothing selected.
+void CTopLevelSettingsDialog::selectScheme(const std::string& stored) {
+    for (const auto& [shown, scheme] : schemeNames_) {
+        const int index = ui_->scheme->findText(toQString(shown), Qt::MatchExactly | Qt::MatchCaseSensitive);
+        if (scheme == stored && index >= 0)
+            ui_->scheme->setCurrentIndex(index);
+    }
+}
+
+void CTopLevelSettingsDialog::showLists(const Lists& lists) {
+    ui_->symbolPartitions->setLines(toLines(lists.symbols));
+    ui_->pdbSearchPath->setLines(toLines(lists.pdb));
+    third_ = lists.third;
+}
+
+void CTopLevelSettingsDialog::onSchemeSelected() {
+    const std::string shown = toUtf8(ui_->scheme->currentText());
+    const auto stored = schemeNames_.find(shown);
+    if (stored == schemeNames_.end())
+        return;
+    ui_->symbolPartitions->finishEditing();
+    ui_->pdbSearchPath->finishEditing();
+    const Lists lists = listsOf(stored->second);
+    if (shownScheme_ == kLocalShown) {
+        local_.symbols = entriesOf(*ui_->symbolPartitions);
+        local_.pdb = entriesOf(*ui_->pdbSearchPath);
+    }
+    showLists(lists);
+    shownScheme_ = shown;
+    setListState(isEditable(shown));
+}
+
+/// Lists that the user has changed are the design's own from here on; nothing else changes with that.
+void CTopLevelSettingsDialog::onListChanged() {
+    const int local = ui_->scheme->findText(kLocalShown, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (local >= 0)
+        ui_->scheme->setCurrentIndex(local);
+}
+
+bool CTopLevelSettingsDialog::isEditable(const std::string& shown) const {
+    const auto stored = schemeNames_.find(shown);
+    const auto type = stored == schemeNames_.end() ? schemeTypes_.end() : schemeTypes_.find(stored->second);
+    return type != schemeTypes_.end() && type->second != 0;
+}
+
+void CTopLevelSettingsDialog::setListState(bool editable) {
+    ui_->symbolPartitions->setEditable(editable);
+    ui_->pdbSearchPath->setEditable(editable);
+}
+
+bool CTopLevelSettingsDialog::onOk() {
+    return onApply();
+}
+
+bool CTopLevelSettingsDialog::onApply() {
+    if (!hasProject())
+        return true;
+    ui_->symbolPartitions->finishEditing();
+    ui_->pdbSearchPath->finishEditing();
+    if (ui_->scheme->currentIndex() >= 0) {
+        if (ui_->scheme->currentText() != QLatin1String(kDefaultShown))
+            storeLists();
+        storeScheme();
+    }
+    storeBlock(*ui_->topLevelBlock, *projectConfig_, blockName_, navigator_);
+    Orv::IProjectFileData& project = *projectConfig_->projectFile;
+    project.SetBackAnnotationBlocked(!ui_->backAnnotation->isChecked(), blockName_);
+    project.SetForwardAnnotationBlocked(!ui_->forwardAnnotation->isChecked(), blockName_);
+    project.SetConflictWinner(ui_->frontEndWins->isChecked() ? kFrontEnd : kBackEnd, blockName_);
+    return true;
+}
+
+void CTopLevelSettingsDialog::storeLists() {
+    const Lists lists{entriesOf(*ui_->symbolPartitions), entriesOf(*ui_->pdbSearchPath), third_};
+    const Lists stored = projectLists();
+    Orv::IProjectFileData& project = *projectConfig_->projectFile;
+    if (lists.symbols != stored.symbols || lists.pdb != stored.pdb || lists.third != stored.third)
+        projectConfig_->topLevelChanged = true;
+    project.SetSymbolPartitions(lists.symbols, blockName_);
+    project.SetPdbSearchPath(lists.pdb, blockName_);
+    project.SetThirdPartitions(lists.third, blockName_);
+}
+
+void CTopLevelSettingsDialog::storeScheme() {
+    std::string scheme = toUtf8(ui_->scheme->currentText());
+    if (const auto stored = schemeNames_.find(scheme); stored != schemeNames_.end())
+        scheme = stored->second;
+    Orv::IProjectFileData& project = *projectConfig_->projectFile;
+    if (!platform::equalsWithoutCase(scheme, project.GetSearchScheme(blockName_)))
+        projectConfig_->topLevelChanged = true;
+    project.SetSearchScheme(scheme, blockName_);
+}
+
+bool CTopLevelSettingsDialog::onCancel() {
+    return true;
+}
+
+bool CTopLevelSettingsDialog::hasProject() const {
+    return ui_->scheme && projectConfig_ && projectConfig_->projectFile;
+}
+
+std::string CTopLevelSettingsDialog::libraryPath() const {
+    return projectConfig_->projectFile->GetCentralLibraryPath(1);
+}
+
+} // namespace ovsettings

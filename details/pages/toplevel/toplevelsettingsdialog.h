@@ -1,0 +1,73 @@
+#pragma once
+
+#include "details/pages/toplevel/navigator.h"
+#include "ovsettings/propdialogtemplate.h"
+
+#include <QtCore/QStringList>
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace ovsettings {
+
+namespace Ui {
+class CTopLevelSettingsDialog;
+}
+
+/// The page of one design: its top-level block, annotation, conflicts, and what it sees of the central
+/// library.
+class CTopLevelSettingsDialog : public CPropDialogTemplateEx {
+    Q_OBJECT
+
+public:
+    CTopLevelSettingsDialog(QWidget* parent, const std::string& designName);
+    ~CTopLevelSettingsDialog() override;
+
+    void setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) override;
+    bool buildTemplate() override;
+    bool OnInitDialog() override;
+    bool onOk() override;
+    bool onApply() override;
+    bool onCancel() override;
+
+private:
+    /// What a scheme shows of the library, or what the design has of its own. Names of partitions.
+    struct Lists {
+        std::vector<std::string> symbols;
+        std::vector<std::string> pdb;
+        std::vector<std::string> third;
+    };
+
+    bool hasProject() const;
+    std::string libraryPath() const;
+    void connectControls();
+    Lists projectLists() const;
+    Lists listsOf(const std::string& storedScheme) const;
+    Lists localLists() const;
+    void fillSchemes();
+    void showLists(const Lists& lists);
+    void selectScheme(const std::string& stored);
+    void onSchemeSelected();
+    void onListChanged();
+    void setListState(bool editable);
+    bool isEditable(const std::string& shown) const;
+    void storeLists();
+    void storeScheme();
+
+    std::unique_ptr<Ui::CTopLevelSettingsDialog> ui_;
+    std::string blockName_;
+    CNavigator navigator_;
+    Orv::CProjectConfiguration* projectConfig_ = nullptr;
+
+    std::map<std::string, int> schemeTypes_;         ///< by stored name; 0: the lists cannot be edited
+    std::map<std::string, std::string> schemeNames_; ///< from the name as shown to the stored one
+    bool noLocalScheme_ = true;                      ///< the library has no scheme of the local name
+    bool firstLoad_ = true;
+    std::string shownScheme_; ///< the one selected last, as shown
+    Lists local_;             ///< what the user had under the local scheme last
+    std::vector<std::string> third_;
+};
+
+} // namespace ovsettings

@@ -1,0 +1,59 @@
+#include "details/platform/componentregistry.h"
+
+#include "details/platform/asciicase.h"
+#include "details/platform/paths.h"
+#include "details/platform/profiledocument.h"
+#include "details/platform/readfile.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+
+namespace platform {
+
+namespace {
+
+/// "#" stands for a hexadecimal digit, any other character for itself.
+constexpr std::string_view kClassIdForm = "{########-####-####-####-############}";
+
+bool isHexadecimal(char c) {
+    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F');
+}
+
+bool isInside(const std::filesystem::path& path, const std::filesystem::path& directory) {
+    return std::ranges::mismatch(path, directory).in2 == directory.end();
+}
+
+} // namespace
+
+std::optional<std::string> parseClassId(std::string_view text) {
+    const std::string id = inUpperCase(std::string(text));
+    const bool fits = std::ranges::equal(
+        id, kClassIdForm, [](char c, char form) { return form == '#' ? isHexadecimal(c) : c == form; });
+    return fits ? std::optional(id) : std::nullopt;
+}
+
+ComponentEntry findComponent(const std::string& home, const std::string& classId) {
+    const std::string directory = home + "/standard/components";
+    const auto file = resolveExisting(directory + "/" + classId + ".ini");
+    if (!file)
+        return {};
+    std::string bytes;
+    if (const auto error = readFile(*file, bytes))
+        return {{}, error->text()};
+    const std::string name = ProfileDocument(bytes).value("Component", "Library").value_or("");
+    if (name.empty())
+        return {{}, *file + ": names no library"};
+    std::error_code error;
+    const auto found = resolveExisting(directory + "/" + platformPath(name));
+    const auto library = std::filesystem::canonical(found.value_or(directory + "/" + name), error);
+    if (error)
+        return {{}, *file + ": " + name + ": " + error.message()};
+    const auto root = std::filesystem::canonical(home, error);
+    if (error || !isInside(library, root))
+        return {{}, *file + ": " + name + " lies outside of the installation"};
+    return {library.string(), {}};
+}
+
+} // namespace platform

@@ -1,0 +1,247 @@
+#include "tests/toplevel/designs.h"
+
+#include "orv/projectfiledata.h"
+#include "ovsettings/propdialogtemplate.h"
+#include "ovsettings/topleveldialogprovider.h"
+
+#include <QtTest/QTest>
+#include <QtWidgets/QCheckBox>
+#include <QtWidgets/QRadioButton>
+
+#include <set>
+#include <sqlite3.h>
+
+namespace {
+
+using Names = std::vector<std::string>;
+
+constexpr char kSymbols[] = "Symbol Partitions";
+constexpr char kPdbs[] = "PDB Search Path";
+constexpr char kScheme[] = "Search Path Scheme";
+constexpr char kBlock[] = "Top level block";
+
+TEST_F(Designs, PageShowsTheDesignAndStoresWhatTheUserChose) {
+    openProject("TopBlock=ADC\nSearchScheme=Digital\nBackAnnotationBlocked=1\nConflictWinner=BE\n");
+    run([&](QDialog& dialog) {
+        EXPECT_EQ(captions(dialog), (Names{"main", "power"}));
+        EXPECT_EQ(entries(combo(dialog, kBlock)), (Names{"TOP", "ADC", "DAC"}));
+        EXPECT_EQ(combo(dialog, kBlock).currentText(), "ADC");
+        EXPECT_EQ(entries(combo(dialog, kScheme)), (Names{"Default", "Digital", "Proto", "Local to design"}));
+        EXPECT_EQ(combo(dialog, kScheme).currentText(), "Digital");
+        EXPECT_EQ(lines(dialog, kSymbols), (Names{"logic"})); // without the partition that there is not
+        EXPECT_EQ(lines(dialog, kPdbs), (Names{"pdbs/logic.pdb"}));
+        EXPECT_FALSE(list(dialog, kSymbols).isEnabled()); // a scheme of type 0
+        EXPECT_TRUE(testsupport::find<QCheckBox>(dialog, "Allow forward annotation")->isChecked());
+        EXPECT_FALSE(testsupport::find<QCheckBox>(dialog, "Allow back annotation")->isChecked());
+        EXPECT_TRUE(testsupport::find<QRadioButton>(dialog, "Back end always wins")->isChecked());
+
+        choose(dialog, kBlock, "TOP");
+        click(dialog, "Allow forward annotation");
+        click(dialog, "Allow back annotation");
+        click(dialog, "Front end always wins");
+        choose(dialog, kScheme, "Proto");
+        EXPECT_EQ(lines(dialog, kSymbols), (Names{"analog"}));
+        EXPECT_TRUE(list(dialog, kSymbols).isEnabled());
+        click(dialog, "OK");
+    });
+    auto stored = onDisk();
+    EXPECT_EQ(stored.GetTopBlock("main"), "TOP");
+    EXPECT_EQ(stored.GetSearchScheme("main"), "Proto");
+    EXPECT_TRUE(stored.GetForwardAnnotationBlocked("main"));
+    EXPECT_FALSE(stored.GetBackAnnotationBlocked("main"));
+    EXPECT_EQ(stored.GetConflictWinner("main"), "FE");
+    EXPECT_EQ(stored.GetSymbolPartitions("main"), (Names{"analog"}));
+    EXPECT_EQ(stored.GetPdbSearchPath("main"), (Names{"pdbs/analog.pdb"}));
+    EXPECT_EQ(stored.GetThirdPartitions("main"), (Names{"cells/smd.cel"}));
+    EXPECT_TRUE(project_->configuration().topLevelChanged);
+}
+
+TEST_F(Designs, DefaultSchemeLeavesTheListsOfTheProject) {
+    openProject("SearchScheme=(Default)\nSymbolPartition#0=old\n");
+    run([&](QDialog& dialog) {
+        EXPECT_EQ(combo(dialog, kScheme).currentText(), "Default");
+        EXPECT_EQ(lines(dialog, kSymbols), (Names{"logic", "analog", "power"}));
+        EXPECT_TRUE(testsupport::find<QRadioButton>(dialog, "Front end always wins")->isChecked());
+        click(dialog, "OK");
+    });
+    EXPECT_EQ(onDisk().GetSymbolPartitions("main"), (Names{"old"}));
+    EXPECT_EQ(onDisk().GetSearchScheme("main"), "(Default)");
+    EXPECT_EQ(onDisk().GetConflictWinner("main"), "FE");
+    EXPECT_FALSE(project_->configuration().topLevelChanged);
+}
+
+TEST_F(Designs, AnEditedListBecomesTheDesignsOwn) {
+    openProject("SearchScheme=(Default)\n");
+    run([&](QDialog& dialog) {
+        QListWidget& symbols = list(dialog, kSymbols);
+        symbols.setCurrentRow(1);
+        QTest::keyClick(&symbols, Qt::Key_Delete);
+        EXPECT_EQ(combo(dialog, kScheme).currentText(), "Local to design");
+        // A new line stands at the top and offers what is not listed.
+        QTest::keyClick(&symbols, Qt::Key_Insert);
+        auto* offered = symbols.viewport()->findChild<QComboBox*>();
+        ASSERT_NE(offered, nullptr);
+        EXPECT_EQ(entries(*offered), (Names{"analog"}));
+        QTest::keyClick(offered, Qt::Key_Return);
+        EXPECT_EQ(lines(dialog, kSymbols), (Names{"analog", "logic", "power"}));
+        symbols.setCurrentRow(0);
+        QTest::keyClick(&symbols, Qt::Key_Down, Qt::AltModifier);
+        click(dialog, "Apply");
+        click(dialog, "Cancel");
+    });
+    EXPECT_EQ(onDisk().GetSearchScheme("main"), "{Local to Project}");
+    EXPECT_EQ(onDisk().GetSymbolPartitions("main"), (Names{"logic", "analog", "power"}));
+    EXPECT_TRUE(project_->configuration().topLevelChanged);
+}
+
+TEST_F(Designs, ListsOfTheDesignComeBackAfterALookAtAnotherScheme) {
+    openProject("SearchScheme={Local to Project}\nSymbolPartition#0=own\nPdbSearchPath#0=own.pdb\n");
+    run([&](QDialog& dialog) {
+        EXPECT_EQ(lines(dialog, kSymbols), (Names{"own"}));
+        QTest::keyClick(&list(dialog, kSymbols), Qt::Key_Insert);
+        QTest::keyClick(list(dialog, kSymbols).viewport()->findChild<QComboBox*>(), Qt::Key_Return);
+        choose(dialog, kScheme, "Default");
+        EXPECT_EQ(lines(dialog, kPdbs), (Names{"pdbs/logic.pdb", "pdbs/analog.pdb"}));
+        choose(dialog, kScheme, "Local to design");
+        EXPECT_EQ(lines(dialog, kSymbols), (Names{"logic", "own"}));
+        EXPECT_EQ(lines(dialog, kPdbs), (Names{"own.pdb"}));
+        click(dialog, "Cancel");
+    });
+    EXPECT_EQ(onDisk().GetSymbolPartitions("main"), (Names{"own"}));
+}
+
+TEST_F(Designs, UnknownSchemeAndUnknownBlockStayTheProjects) {
+    openProject("SearchScheme=Gone\nTopBlock=GONE\nSymbolPartition#0=old\n");
+    run([&](QDialog& dialog) {
+        EXPECT_EQ(combo(dialog, kScheme).currentIndex(), -1);
+        EXPECT_EQ(combo(dialog, kBlock).currentIndex(), -1);
+        EXPECT_FALSE(list(dialog, kSymbols).isEnabled());
+        click(dialog, "OK");
+    });
+    EXPECT_EQ(onDisk().GetSearchScheme("main"), "Gone");
+    EXPECT_EQ(onDisk().GetTopBlock("main"), "GONE");
+    EXPECT_EQ(onDisk().GetSymbolPartitions("main"), (Names{"old"}));
+}
+
+TEST_F(Designs, LocalListsAreOfferedOnlyWhereTheDefaultSchemeHasAType) {
+    writeLibrary("(Default)=0\n{Local to Project}=1\n");
+    run([&](QDialog& dialog) {
+        EXPECT_EQ(entries(combo(dialog, kScheme)), (Names{"Default", "{Local to Project}"}));
+        click(dialog, "Cancel");
+    });
+}
+
+TEST_F(Designs, DatabaseThatCannotBeReadLeavesTheBlockAlone) {
+    struct Case {
+        const char* what;
+        std::function<void()> make;
+        bool isTold;
+    };
+    const Case cases[] = {
+        {"missing", [] {}, false},
+        {"empty", [&] { testsupport::writeFile(database(), ""); }, false},
+        {"another schema", [&] { runSql(database(), "PRAGMA user_version = 7;"); }, false},
+        {"no tables", [&] { runSql(database(), "PRAGMA user_version = 1;"); }, false},
+        {"a directory", [&] { std::filesystem::create_directory(database()); }, false},
+        {"no database", [&] { testsupport::writeFile(database(), std::string(5000, 'x')); }, true},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.what);
+        std::filesystem::remove_all(database());
+        one.make();
+        openProject("TopBlock=TOP\n");
+        boxes_.clear();
+        Orv::iAppConfiguration::Property last("MRU_SETTINGS"); // so that the box comes before the dialog
+        last.values = {"main"};
+        configuration_.setProperty(last);
+        run([&](QDialog& dialog) {
+            EXPECT_EQ(combo(dialog, kBlock).count(), 0);
+            EXPECT_TRUE(testsupport::find<QRadioButton>(dialog, "Front end always wins")->isChecked());
+            click(dialog, "OK");
+        });
+        EXPECT_EQ(onDisk().GetTopBlock("main"), "TOP");
+        ASSERT_EQ(boxes_.size(), one.isTold ? 1u : 0u);
+        if (one.isTold)
+            EXPECT_EQ(boxes_[0], "iKDS error: " + database().string() + ": file is not a database!");
+    }
+}
+
+TEST_F(Designs, LockedDatabaseIsNotWaitedForLong) {
+    runSql(database(), "PRAGMA journal_mode = DELETE;");
+    openProject();
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(database().c_str(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+    run([&](QDialog& dialog) {
+        EXPECT_EQ(combo(dialog, kBlock).count(), 0);
+        click(dialog, "Cancel");
+    });
+    sqlite3_close(other);
+}
+
+TEST_F(Designs, NetlistProjectsHaveTheBlockAlone) {
+    openProject("TopBlock=ADC\nSearchScheme=Digital\n");
+    project_->configuration().topLevelProvider = toplevelsettings::getNetlistTopLevelProvider();
+    run([&](QDialog& dialog) {
+        EXPECT_EQ(combo(dialog, kBlock).currentText(), "ADC");
+        EXPECT_EQ(dialog.findChildren<QListWidget*>().size(), 0);
+        choose(dialog, kBlock, "DAC");
+        click(dialog, "OK");
+    });
+    EXPECT_EQ(onDisk().GetTopBlock("main"), "DAC");
+    EXPECT_EQ(onDisk().GetSearchScheme("main"), "Digital");
+}
+
+/// Counts its pages, and makes none for the design "power".
+class CountingProvider : public ovsettings::ITopLevelDialogProvider {
+public:
+    class Page : public ovsettings::CPropDialogTemplateEx {
+    public:
+        explicit Page(CountingProvider& owner) : CPropDialogTemplateEx(1, nullptr), owner_(owner) {
+            owner_.alive.insert(this);
+            ++owner_.made;
+        }
+        ~Page() override { EXPECT_EQ(owner_.alive.erase(this), 1u); }
+
+    private:
+        CountingProvider& owner_;
+    };
+
+    ovsettings::CPropDialogTemplate* createDialog(QWidget*, const std::string& design) override {
+        return design == "power" ? nullptr : new Page(*this);
+    }
+
+    std::set<Page*> alive;
+    int made = 0;
+};
+
+TEST_F(Designs, EveryPageIsMadeOnceAndFreedOnce) {
+    CountingProvider provider;
+    project_->configuration().topLevelProvider = &provider;
+    for (const char* design : {"main", "power"}) { // the second one leaves the page of "main" without a window
+        run(
+            [&](QDialog& dialog) {
+                EXPECT_EQ(captions(dialog), (Names{"main", "power"}));
+                EXPECT_EQ(provider.alive.size(), 1u);
+                click(dialog, "OK");
+            },
+            design);
+        EXPECT_TRUE(provider.alive.empty());
+    }
+    EXPECT_EQ(provider.made, 2);
+}
+
+TEST_F(Designs, PageCanBeShownWithoutTheDialog) {
+    openProject("TopBlock=DAC\n");
+    QWidget window;
+    auto* page = dynamic_cast<ovsettings::CPropDialogTemplateEx*>(
+        toplevelsettings::getTopLevelSettingsProvider()->createDialog(&window, "main"));
+    ASSERT_NE(page, nullptr);
+    page->setAppConfiguration(&configuration_);
+    page->setProjectConfiguration(&project_->configuration());
+    page->createWindow(&window);
+    EXPECT_STREQ(page->pageName(), "main");
+    EXPECT_EQ(testsupport::find<QComboBox>(*page, kBlock)->currentText(), "DAC");
+}
+
+} // namespace
