@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <memory>
 #include <system_error>
+#include <utility>
 
 namespace platform {
 
@@ -23,16 +24,26 @@ bool nameExists(const std::string& path) {
     return lstat(path.c_str(), &status) == 0;
 }
 
-std::optional<std::string> nameWithoutCase(const std::string& directory, const std::string& name) {
+thread_local RememberedDirectories* remembered = nullptr;
+
+template <typename Visit>
+void forEachName(const std::string& directory, Visit visit) {
     struct Close {
         void operator()(DIR* stream) const { closedir(stream); }
     };
     const std::unique_ptr<DIR, Close> stream(opendir(directory.empty() ? "." : directory.c_str()));
+    while (const dirent* entry = stream ? readdir(stream.get()) : nullptr)
+        visit(std::string(entry->d_name));
+}
+
+std::optional<std::string> nameWithoutCase(const std::string& directory, const std::string& name) {
+    if (remembered)
+        return remembered->find(directory, name);
     std::optional<std::string> found;
-    while (const dirent* entry = stream ? readdir(stream.get()) : nullptr) {
-        if (equalsWithoutCase(entry->d_name, name) && (!found || entry->d_name < *found))
-            found = entry->d_name;
-    }
+    forEachName(directory, [&](std::string entry) {
+        if (equalsWithoutCase(entry, name) && (!found || entry < *found))
+            found = std::move(entry);
+    });
     return found;
 }
 
@@ -62,6 +73,28 @@ PathParts splitPath(std::string_view text) {
 
 bool isBareName(std::string_view text) {
     return text.find_first_of(kSeparators) == std::string_view::npos;
+}
+
+RememberedDirectories::RememberedDirectories() : outer_(std::exchange(remembered, this)) {
+}
+
+RememberedDirectories::~RememberedDirectories() {
+    remembered = outer_;
+}
+
+std::optional<std::string> RememberedDirectories::find(const std::string& directory,
+                                                       const std::string& name) {
+    const auto [listing, isNew] = names_.try_emplace(directory);
+    auto& names = listing->second;
+    if (isNew) {
+        forEachName(directory, [&](const std::string& entry) {
+            const auto [known, isFirst] = names.try_emplace(inLowerCase(entry), entry);
+            if (!isFirst)
+                known->second = std::min(known->second, entry);
+        });
+    }
+    const auto found = names.find(inLowerCase(name));
+    return found == names.end() ? std::nullopt : std::optional(found->second);
 }
 
 std::optional<std::string> resolveExisting(std::string_view text) {

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 namespace platform {
 
@@ -27,6 +28,23 @@ bool isBareName(std::string_view text);
 /// byte order.
 /// @return the path as it is spelled on disk, or nothing if there is none.
 std::optional<std::string> resolveExisting(std::string_view path);
+
+/// While one lives, the look-ups of its thread that go without regard to case read each directory once: for
+/// long lists of paths. A name that comes or goes meanwhile may be missed by them.
+class RememberedDirectories {
+public:
+    RememberedDirectories();
+    ~RememberedDirectories();
+    RememberedDirectories(const RememberedDirectories&) = delete;
+    RememberedDirectories& operator=(const RememberedDirectories&) = delete;
+
+    /// The first name of a directory, in byte order, that equals this one without case.
+    std::optional<std::string> find(const std::string& directory, const std::string& name);
+
+private:
+    std::unordered_map<std::string, std::unordered_map<std::string, std::string>> names_; ///< by lower case
+    RememberedDirectories* outer_;
+};
 
 /// The path from the root, without "." and "..". A relative path begins at the current directory, and what is
 /// on disk gets its spelling there. A path with a drive letter or a server name is full elsewhere and stays

@@ -38,7 +38,13 @@ CPropDialogTemplate* CFactory::makePage(const std::string& pageKey, QWidget* par
 }
 
 void CFactory::removePage(const std::string& pageKey) {
-    starters_.erase(pageKey);
+    if (auto taken = starters_.extract(pageKey))
+        removed_.insert_or_assign(pageKey, std::move(taken.mapped()));
+}
+
+void CFactory::restorePages() {
+    starters_.merge(removed_);
+    removed_.clear();
 }
 
 bool CFactory::hasPage(const std::string& pageKey) {

@@ -51,6 +51,13 @@ IComponent* createComponent(const std::string& classId) {
     return create ? create(classId.c_str()) : nullptr;
 }
 
+/// A factory that a former dialog has taken pages out of has them again.
+CPropertyPageFactory* inItsFirstState(CPropertyPageFactory* factory) {
+    if (auto* table = dynamic_cast<CFactory*>(factory))
+        table->restorePages();
+    return factory;
+}
+
 } // namespace
 
 ComponentError::ComponentError(const std::string& classId, long result)
@@ -74,15 +81,22 @@ CPropertyPageSupplierDLL::CPropertyPageSupplierDLL(std::string fileName) : fileN
 }
 
 CPropertyPageFactory* CPropertyPageSupplierDLL::getFactory() {
-    if (!library_) {
+    if (refused_)
+        return nullptr;
+    const bool isFirst = !library_;
+    if (isFirst) {
         platform::SharedLibrary loaded(fileName_);
-        if (!loaded || !fitsThisVersion(loaded, fileName_))
+        if (!loaded)
+            return nullptr;
+        refused_ = !fitsThisVersion(loaded, fileName_);
+        if (refused_)
             return nullptr;
         library_ = std::move(loaded);
     }
     using GetFactory = CPropertyPageFactory* (*)();
     const auto get = reinterpret_cast<GetFactory>(library_.symbol("getFactory"));
-    return get ? get() : nullptr;
+    CPropertyPageFactory* factory = get ? get() : nullptr;
+    return isFirst ? inItsFirstState(factory) : factory;
 }
 
 CPropertyPageSupplierCom::CPropertyPageSupplierCom(std::string localization)
@@ -98,7 +112,7 @@ CPropertyPageSupplierCom::CPropertyPageSupplierCom(std::string localization)
     std::uintptr_t address = 0;
     if (const long result = pages->GetPageFactory(&address); result < 0)
         throw ComponentError(*classId, result);
-    factory_ = reinterpret_cast<CPropertyPageFactory*>(address);
+    factory_ = inItsFirstState(reinterpret_cast<CPropertyPageFactory*>(address));
 }
 
 CPropertyPageSupplierProjects::~CPropertyPageSupplierProjects() {

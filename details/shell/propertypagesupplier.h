@@ -42,6 +42,7 @@ public:
 private:
     std::string fileName_;
     platform::SharedLibrary library_;
+    bool refused_ = false; ///< it is of another version, which was told
 };
 
 /// The pages of a component, which is loaded and asked at construction.

@@ -62,4 +62,9 @@ unsigned userLanguageId() {
     return 0;
 }
 
+std::string stringForUser(unsigned id) {
+    const auto inLanguage = loadString(id, userLanguageId());
+    return inLanguage ? *inLanguage : loadString(id, kEnglish).value_or("");
+}
+
 } // namespace ovsettings

@@ -14,4 +14,7 @@ std::optional<std::string> loadString(unsigned id, unsigned languageId);
 /// The language id of the user's locale; 0 for a language without a string table.
 unsigned userLanguageId();
 
+/// The string of an id in the user's language, or else in English.
+std::string stringForUser(unsigned id);
+
 } // namespace ovsettings

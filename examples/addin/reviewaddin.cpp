@@ -1,5 +1,5 @@
-// A page of a shared library: who reviews the project. It keeps its value in the project file, and its updater
-// tells, on standard output, when the user has changed it.
+// A page of a shared library: who reviews the project. It keeps its value in the project file, and its
+// updater tells, on standard output, when the user has changed it.
 
 #include <orv/projectconfiguration.h>
 #include <orv/projectfiledata.h>

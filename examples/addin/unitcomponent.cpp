@@ -32,7 +32,8 @@ public:
     bool onEnter() override {
         Orv::iAppConfiguration::Property unit("UNIT");
         if (appConfig_ && appConfig_->getProperty(unit) && !unit.values.empty())
-            text_->setText(QStringLiteral("Lengths are shown in %1.").arg(QString::fromStdString(unit.values[0])));
+            text_->setText(
+                QStringLiteral("Lengths are shown in %1.").arg(QString::fromStdString(unit.values[0])));
         return true;
     }
 
@@ -51,7 +52,8 @@ public:
     }
 
     long GetPageFactory(std::uintptr_t* address) override {
-        *address = reinterpret_cast<std::uintptr_t>(static_cast<ovsettings::CPropertyPageFactory*>(&factory_));
+        *address =
+            reinterpret_cast<std::uintptr_t>(static_cast<ovsettings::CPropertyPageFactory*>(&factory_));
         return 0;
     }
 
@@ -61,7 +63,8 @@ private:
 
 } // namespace
 
-extern "C" __attribute__((visibility("default"))) ovsettings::IComponent* createComponent(const char* classId) {
+extern "C" __attribute__((visibility("default"))) ovsettings::IComponent*
+createComponent(const char* classId) {
     static Component component;
     return std::strcmp(classId, kClassId) == 0 ? &component : nullptr;
 }

@@ -13,8 +13,8 @@ namespace Orv {
 /// order of the operations is part of the binary contract.
 class OVSETTINGS_API IBorderSymbols : public IProjectFileConsumer {
 public:
-    /// From the key of a sheet size, "A4SHEETL" or "34x22SHEET" for example, to the symbol of the next sheets;
-    /// from that key with "1" behind it to the symbol of the first sheet.
+    /// From the key of a sheet size, "A4SHEETL" or "34x22SHEET" for example, to the symbol of the next
+    /// sheets; from that key with "1" behind it to the symbol of the first sheet.
     using Table = std::map<std::string, std::string>;
     /// Name and value of a border property.
     using Property = std::pair<std::string, std::string>;

@@ -7,9 +7,9 @@
 
 namespace Orv {
 
-/// The special components file of a project, held parsed: the symbols that stand for ports, connectors between
-/// sheets, supplies, grounds and rippers. `pinComponents` of the project's record is one. The order of the
-/// operations is part of the binary contract.
+/// The special components file of a project, held parsed: the symbols that stand for ports, connectors
+/// between sheets, supplies, grounds and rippers. `pinComponents` of the project's record is one. The order
+/// of the operations is part of the binary contract.
 class OVSETTINGS_API ISpecialComponents : public IProjectFileConsumer {
 public:
     static constexpr int kCategories = 13;

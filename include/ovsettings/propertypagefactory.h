@@ -88,6 +88,10 @@ public:
     bool hasPage(const std::string& pageKey) override;
     int factoryKind() override;
 
+    /// Brings back the pages that removePage took out. The dialog does so when it opens: an add-in's factory
+    /// lives on in the process, while each dialog takes its categories out as it goes.
+    void restorePages();
+
     /// Enters a starter under a key; an earlier one under the same key is replaced.
     void addStarter(const std::string& pageKey, std::unique_ptr<CBaseDialogStarter> starter);
 
@@ -104,6 +108,7 @@ protected:
 
 private:
     std::map<std::string, std::unique_ptr<CBaseDialogStarter>> starters_;
+    std::map<std::string, std::unique_ptr<CBaseDialogStarter>> removed_;
 };
 
 /// A factory that hands the configuration objects to each page before the page's window exists. Derive an

@@ -13,7 +13,7 @@ using suite::LocationMap;
 constexpr int kWritten = 0;
 constexpr int kNotWritten = 1;
 
-/// The process's map. Asked on a thread of the library dialog too, while another call may prepare it anew.
+/// The process's map. Any thread may ask it, while another call prepares it anew.
 class CurrentMap {
 public:
     void set(LocationMap map) {

@@ -12,7 +12,9 @@ namespace {
 
 class CPage : public ovsettings::CPropDialogTemplate {
 public:
-    explicit CPage(QWidget* parent) : CPropDialogTemplate(9003, parent) { new QLabel("of a component", this); }
+    explicit CPage(QWidget* parent) : CPropDialogTemplate(9003, parent) {
+        new QLabel("of a component", this);
+    }
 };
 
 class Component : public ovsettings::IComponent, public ovsettings::ISettingsPageComponent {
@@ -28,7 +30,8 @@ public:
     long GetPageFactory(std::uintptr_t* address) override {
         if (kind_ == "00000003")
             return -5;
-        *address = reinterpret_cast<std::uintptr_t>(static_cast<ovsettings::CPropertyPageFactory*>(&factory_));
+        *address =
+            reinterpret_cast<std::uintptr_t>(static_cast<ovsettings::CPropertyPageFactory*>(&factory_));
         return 0;
     }
 
@@ -39,7 +42,8 @@ private:
 
 } // namespace
 
-extern "C" __attribute__((visibility("default"))) ovsettings::IComponent* createComponent(const char* classId) {
+extern "C" __attribute__((visibility("default"))) ovsettings::IComponent*
+createComponent(const char* classId) {
     const std::string_view id(classId);
     // They stay to the end of the process, as every component does.
     static Component good("{0000000A");

@@ -48,9 +48,9 @@ void Designs::writeLibrary(const std::string& schemes) {
 }
 
 void Designs::openProject(const std::string& main) {
-    writeFile(directory_ / "demo.prj", "[DesignInfo]\nCentralLibrary=" + (directory_ / "lib/parts.lmc").string() +
-                                           "\nDatabase=" + database().string() +
-                                           "\n[Designs]\nDesign#0=main\nDesign#1=power\n[Design main]\n" + main);
+    writeFile(directory_ / "demo.prj",
+              "[DesignInfo]\nCentralLibrary=" + (directory_ / "lib/parts.lmc").string() + "\nDatabase=" +
+                  database().string() + "\n[Designs]\nDesign#0=main\nDesign#1=power\n[Design main]\n" + main);
     std::string error;
     project_ = NProjectTools::COpenProject::open((directory_ / "demo.prj").string(), error);
     ASSERT_NE(project_, nullptr) << error;

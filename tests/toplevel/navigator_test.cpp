@@ -11,8 +11,9 @@ namespace {
 class SessionBus {
 public:
     SessionBus() {
-        process_.start(QStringLiteral("dbus-daemon"),
-                       {QStringLiteral("--session"), QStringLiteral("--print-address"), QStringLiteral("--nofork")});
+        process_.start(
+            QStringLiteral("dbus-daemon"),
+            {QStringLiteral("--session"), QStringLiteral("--print-address"), QStringLiteral("--nofork")});
         if (process_.waitForStarted() && process_.waitForReadyRead())
             qputenv("DBUS_SESSION_BUS_ADDRESS", process_.readLine().trimmed());
     }
@@ -41,7 +42,8 @@ Q_SIGNALS:
 TEST_F(Designs, RunningNavigatorIsToldOfAStoredBlock) {
     SessionBus sessionBus;
     ASSERT_TRUE(sessionBus.isRunning());
-    QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("navigator"));
+    QDBusConnection bus =
+        QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("navigator"));
     Navigator navigator;
     ASSERT_TRUE(bus.registerObject(QStringLiteral("/Navigator/Addin/_1"), &navigator,
                                    QDBusConnection::ExportScriptableSlots));

@@ -19,6 +19,7 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <system_error>
 
 namespace ovsettings {
 
@@ -91,7 +92,7 @@ std::string installedSymbols() {
     std::string directory = machine.get(kLibrariesSection, kDefaultValue);
     if (directory.empty())
         return {};
-    if (!directory.ends_with('\\'))
+    if (!directory.ends_with('\\') && !directory.ends_with('/'))
         directory += '\\';
     return directory + kSymbolsDirectory;
 }
@@ -171,7 +172,12 @@ void CBrowseLibDlg::OnInitDialog() {
     ui_->type->setCurrentIndex(std::max(index, 0));
     fields_->path.load(path_.empty() ? initialPath() : path_);
     ui_->path->selectAll();
-    worker_.emplace([this] { takeFindings(); });
+    try {
+        worker_.emplace([this] { takeFindings(); });
+    } catch (const std::system_error& error) {
+        // No thread or descriptor is left; the dialog works without a verdict.
+        qWarning("%s", error.what());
+    }
     lookUp(LookUp::stateAndAlias);
 }
 
@@ -249,7 +255,8 @@ void CBrowseLibDlg::browse() {
     const bool soft = typed.starts_with('$');
     const std::string directory = hardNameOf(typed);
     platform::CurrentDirectory current;
-    if (directoryOnDisk(directory)) [[maybe_unused]]
+    // While a path is looked up, its disk may be one that does not answer.
+    if (ui_->ok->isEnabled() && directoryOnDisk(directory)) [[maybe_unused]]
         const bool changed = current.changeTo(directory);
 
     std::error_code lost;
@@ -289,13 +296,14 @@ bool CBrowseLibDlg::checkAlias(const std::string& alias, bool remote) {
 
 bool CBrowseLibDlg::ensureDirectory(const std::string& path) {
     const CDirHandler project(projectDirectory_);
-    if (!path.empty() && platform::resolveExisting(path))
+    const std::string full = libraryLocation(path, projectDirectory_);
+    if (!path.empty() && platform::resolveExisting(full))
         return true;
     const QString question =
         tr("The directory does not exist. Do you want to create '%1' ?").arg(toQString(path));
     if (!askYesNo(this, question, applicationTitle(), QMessageBox::Question))
         return false;
-    if (!path.empty() && ZECMakePath(path))
+    if (!path.empty() && ZECMakePath(full))
         return true;
     showMessage(this, tr("Cannot create !"), applicationTitle(), QMessageBox::Critical);
     return false;
@@ -315,7 +323,7 @@ void CBrowseLibDlg::accept() {
     if (!remote) {
         ZECString expanded(path);
         expanded.ConvertEnvironmentVariables();
-        path = directoryOnDisk(expanded.text()).value_or(expanded.text());
+        path = directoryOnDisk(libraryLocation(expanded.text(), projectDirectory_)).value_or(expanded.text());
         // A remote location is not for us to create.
         if (!ensureDirectory(path))
             return;
@@ -326,10 +334,11 @@ void CBrowseLibDlg::accept() {
 
     if (ui_->type->isEnabled() || remote)
         type_ = static_cast<int>(selectedType());
-    lastDirectory() = directoryOf(path);
+    lastDirectory() = directoryOf(remote ? path : libraryLocation(path, projectDirectory_));
     // What was typed and not what it leads to, so that a soft name survives.
     path_ = typed;
     alias_ = alias;
+    worker_.reset(); // nobody asks any more
     fields_->path.load(typed);
     QDialog::accept();
 }

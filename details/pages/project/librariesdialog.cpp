@@ -36,11 +36,7 @@ constexpr int kMiddleLightness = 128;
 constexpr int kLineAlpha = 96;
 
 QString typeName(int type) {
-    const unsigned id = lookOfLibraryType(type).nameId;
-    auto found = loadString(id, userLanguageId());
-    if (!found)
-        found = loadString(id, kEnglish);
-    return toQString(found.value_or(""));
+    return toQString(stringForUser(lookOfLibraryType(type).nameId));
 }
 
 /// The stated backgrounds are the same in every palette: where the palette's text would be lost on one, as on

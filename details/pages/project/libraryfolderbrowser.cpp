@@ -1,6 +1,7 @@
 #include "details/pages/project/libraryfolderbrowser.h"
 
 #include "details/platform/remotefile.h"
+#include "details/shell/stringtable.h"
 #include "details/widgets/stringconversion.h"
 
 #include <QtWidgets/QGridLayout>
@@ -9,6 +10,8 @@
 namespace ovsettings {
 
 namespace {
+
+constexpr unsigned kTitle = 27;
 
 using platform::PathKind;
 
@@ -29,7 +32,7 @@ constexpr Content kContents[] = {
 } // namespace
 
 LibraryFolderBrowser::LibraryFolderBrowser(QWidget* parent, const std::string& directory)
-    : QFileDialog(parent, tr("Browse for Library Folder"), toQString(directory)), status_(new QLabel(this)) {
+    : QFileDialog(parent, toQString(stringForUser(kTitle)), toQString(directory)), status_(new QLabel(this)) {
     setOption(DontUseNativeDialog); // no other one has room for the status
     setOption(ShowDirsOnly);
     setFileMode(Directory);

@@ -3,6 +3,7 @@
 #include "details/platform/asciicase.h"
 #include "details/platform/environment.h"
 #include "details/platform/paths.h"
+#include "details/platform/remotefile.h"
 #include "suite/locationmap.h"
 #include "suite/projectfile.h"
 #include "suite/symbollibs.h"
@@ -55,9 +56,12 @@ std::string mappedPath(const std::string& path) {
 
 /// The path of a directory that exists, as it is spelled on disk; any other path as it stands.
 std::string pathOnDisk(const std::string& path, std::string_view projectDirectory) {
-    std::string looked = platform::platformPath(expanded(path));
+    std::string looked = expanded(path);
     if (looked.empty())
         return path;
+    if (looked.starts_with('~'))
+        platform::NormalizeName(looked);
+    looked = platform::platformPath(looked);
     if (!projectDirectory.empty() && std::filesystem::path(looked).is_relative())
         looked = platform::platformPath(projectDirectory) + '/' + looked;
     const auto existing = platform::resolveExisting(looked);
@@ -128,6 +132,7 @@ void storeLibraries(std::span<const LibraryRow> rows, const std::string& project
     libraries.Clear();
     const std::string directory(platform::splitPath(projectFilePath).directory);
     InitLocationMap(directory.c_str(), 0);
+    const platform::RememberedDirectories remembered;
     for (const LibraryRow& row : rows) {
         const int type = storedType(row, &row == &rows.front());
         if (const std::string mapped = mappedPath(row.path); !mapped.empty())

@@ -2,6 +2,7 @@
 
 #include "details/pages/project/projectpaths.h"
 #include "details/platform/asciicase.h"
+#include "details/platform/environment.h"
 #include "details/platform/paths.h"
 #include "details/platform/remotefile.h"
 #include "suite/zec.h"
@@ -136,9 +137,10 @@ std::string libraryLocation(const std::string& typed, const std::string& project
     std::string path = hardNameOf(typed.substr(0, typed.find_last_not_of(' ') + 1));
     if (path.empty() || platform::IsRemotePath(path))
         return path;
-    if (path.starts_with('~'))
+    path = platform::platformPath(platform::expandEnvironmentReferences(path));
+    // The directory of another user is not ours to look up here, where it may take its time.
+    if (path == "~" || path.starts_with("~/"))
         platform::NormalizeName(path);
-    path = platform::platformPath(path);
     if (isRooted(path))
         return path;
     // By the text alone: what is on disk is looked up where it may take its time.

@@ -5,13 +5,15 @@
 
 #include <dlfcn.h>
 #include <pthread.h>
-#include <sched.h>
 #include <sys/eventfd.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <cerrno>
 #include <chrono>
 #include <condition_variable>
+#include <csignal>
 #include <cstdint>
 #include <exception>
 #include <mutex>
@@ -51,10 +53,38 @@ void silence(int bell) {
     [[maybe_unused]] const auto got = read(bell, &times, sizeof times);
 }
 
-/// The calling thread gets what no other thread wants. Where the system refuses, it works at the usual one.
-void takeIdlePriority() {
-    const sched_param none{};
-    pthread_setschedparam(pthread_self(), SCHED_IDLE, &none);
+/// The calling thread gives way to every other. Not by the scheduler's idle class: on a busy machine, a
+/// thread of it may keep the lock that it shares with the dialog for as long as the machine is busy.
+void takeLowestPriority() {
+    constexpr int kNicest = 19;
+    setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), kNicest);
+}
+
+/// A thread that handles no signals: those of the process are the host's.
+std::thread startThread(std::function<void()> work) {
+    sigset_t all, before;
+    sigfillset(&all);
+    pthread_sigmask(SIG_SETMASK, &all, &before);
+    try {
+        std::thread thread(std::move(work));
+        pthread_sigmask(SIG_SETMASK, &before, nullptr);
+        return thread;
+    } catch (...) {
+        pthread_sigmask(SIG_SETMASK, &before, nullptr);
+        throw;
+    }
+}
+
+/// How many look-ups are under way in the process, those that were left behind included. Beyond the limit
+/// none is begun, so that a network directory that hangs does not eat up the threads of the host.
+constexpr int kMostLookUps = 16;
+std::atomic<int>& lookUps() {
+    static auto& count = *new std::atomic<int>(0);
+    return count;
+}
+
+LibraryFindings unrecognised(const LibraryQuestion& question) {
+    return {question, {question.selected, {}, {}, false}, {}};
 }
 
 std::string aliasOf(std::string location) {
@@ -64,7 +94,7 @@ std::string aliasOf(std::string location) {
 }
 
 LibraryFindings findingsOf(const LibraryQuestion& question) {
-    LibraryFindings findings{question, {question.selected, {}, {}, false}, {}};
+    LibraryFindings findings = unrecognised(question);
     try {
         findings.recognition = recogniseLibrary(question.location, question.selected);
         if (findings.recognition.recognised && question.what == LookUp::stateAndAlias)
@@ -100,7 +130,7 @@ LibraryWorker::LibraryWorker(std::function<void()> onFindings)
                          silence(bell);
                          onFindings();
                      });
-    thread_ = std::thread([exchange = exchange_, bell = bell_.get()] { run(exchange, bell); });
+    thread_ = startThread([exchange = exchange_, bell = bell_.get()] { run(exchange, bell); });
 }
 
 LibraryWorker::~LibraryWorker() {
@@ -133,9 +163,6 @@ std::optional<LibraryFindings> LibraryWorker::takeFindings() {
 void LibraryWorker::run(const std::shared_ptr<Exchange>& exchange, int bell) {
     unsigned long seen = 0;
     std::unique_lock lock(exchange->mutex);
-    const auto stopped = [&] {
-        return exchange->stop;
-    };
     const auto stoppedOrAsked = [&] {
         return exchange->stop || exchange->asked != seen;
     };
@@ -147,13 +174,10 @@ void LibraryWorker::run(const std::shared_ptr<Exchange>& exchange, int bell) {
             continue;
         if (exchange->stop)
             break;
-        if (!startLookUp(exchange, exchange->asked, exchange->question)) {
-            exchange->changed.wait_for(lock, kPause, stopped);
-            continue;
-        }
         seen = exchange->asked;
-        // A look-up gets this time before a newer question takes its place, which bounds how many are left
-        // behind while somebody types.
+        startLookUp(exchange, seen, exchange->question);
+        // A look-up gets this time before a newer question takes its place, which bounds how often one is
+        // left behind while somebody types.
         exchange->changed.wait_for(lock, kPause, stoppedOrAnswered);
         exchange->changed.wait(lock, [&] { return stoppedOrAnswered() || stoppedOrAsked(); });
         if (!exchange->stop && exchange->answered == seen)
@@ -161,23 +185,32 @@ void LibraryWorker::run(const std::shared_ptr<Exchange>& exchange, int bell) {
     }
 }
 
-bool LibraryWorker::startLookUp(const std::shared_ptr<Exchange>& exchange, unsigned long number,
+/// Where no thread is to be had, the location counts as not recognised: the user goes on without a verdict.
+void LibraryWorker::startLookUp(const std::shared_ptr<Exchange>& exchange, unsigned long number,
                                 const LibraryQuestion& question) {
-    try {
-        std::thread([exchange, number, question] {
-            takeIdlePriority();
-            LibraryFindings findings = findingsOf(question);
-            const std::lock_guard lock(exchange->mutex);
-            if (number != exchange->asked)
-                return;
-            exchange->findings = std::move(findings);
-            exchange->answered = number;
-            exchange->changed.notify_all();
-        }).detach();
-        return true;
-    } catch (const std::system_error&) {
-        return false; // no thread to be had now
+    const auto answer = [exchange, number](LibraryFindings findings) {
+        if (number != exchange->asked)
+            return;
+        exchange->findings = std::move(findings);
+        exchange->answered = number;
+        exchange->changed.notify_all();
+    };
+    if (lookUps().fetch_add(1) < kMostLookUps) {
+        try {
+            startThread([exchange, question, answer] {
+                takeLowestPriority();
+                LibraryFindings findings = findingsOf(question);
+                lookUps().fetch_sub(1);
+                const std::lock_guard lock(exchange->mutex);
+                answer(std::move(findings));
+            }).detach();
+            return;
+        } catch (const std::exception& error) {
+            qWarning("%s: %s", question.location.c_str(), error.what());
+        }
     }
+    lookUps().fetch_sub(1);
+    answer(unrecognised(question));
 }
 
 } // namespace ovsettings

@@ -57,8 +57,8 @@ private:
     struct Exchange;
 
     static void run(const std::shared_ptr<Exchange>& exchange, int bell);
-    /// @return false if there is no thread to be had now.
-    static bool startLookUp(const std::shared_ptr<Exchange>& exchange, unsigned long number,
+    /// Call it with the lock of the exchange.
+    static void startLookUp(const std::shared_ptr<Exchange>& exchange, unsigned long number,
                             const LibraryQuestion& question);
 
     std::shared_ptr<Exchange> exchange_;

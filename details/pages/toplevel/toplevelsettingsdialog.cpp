@@ -3,6 +3,7 @@
 #include "details/pages/toplevel/blockcombo.h"
 #include "details/pages/toplevel/libraryschemes.h"
 #include "details/platform/asciicase.h"
+#include "details/widgets/listboxlines.h"
 #include "details/widgets/stringconversion.h"
 #include "orv/projectconfiguration.h"
 #include "orv/projectfiledata.h"
@@ -31,11 +32,8 @@ QStringList toLines(const std::vector<std::string>& names) {
 }
 
 std::vector<std::string> entriesOf(const CListBoxEditor& list) {
-    std::vector<std::string> entries;
-    for (const QString& line : list.lines()) {
-        if (!line.isEmpty())
-            entries.push_back(toUtf8(line));
-    }
+    std::vector<std::string> entries = stringsOf(list);
+    std::erase(entries, std::string());
     return entries;
 }
 
@@ -167,8 +165,8 @@ void CTopLevelSettingsDialog::selectScheme(const std::string& stored) {
 }
 
 void CTopLevelSettingsDialog::showLists(const Lists& lists) {
-    ui_->symbolPartitions->setLines(toLines(lists.symbols));
-    ui_->pdbSearchPath->setLines(toLines(lists.pdb));
+    showStrings(*ui_->symbolPartitions, lists.symbols);
+    showStrings(*ui_->pdbSearchPath, lists.pdb);
     third_ = lists.third;
 }
 
