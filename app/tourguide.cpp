@@ -2,9 +2,11 @@
 
 #include <ovsettings/propdialogtemplate.h>
 
+#include <QtGui/QKeyEvent>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QDialog>
+#include <QtWidgets/QListWidget>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QRadioButton>
 #include <QtWidgets/QTreeWidgetItemIterator>
@@ -30,6 +32,21 @@ struct FurtherView {
 constexpr FurtherView kFurtherViews[] = {
     {"CObjectColorDialog", "ICT"},
 };
+
+/// A dialog that a page opens, by a button of it or, where none is named, by editing the first line of its
+/// list.
+struct FurtherDialog {
+    const char* pageClass;
+    const char* button;
+};
+
+constexpr FurtherDialog kFurtherDialogs[] = {
+    {"CLibrariesDialog", "New"},      {"CLibrariesDialog", nullptr},    {"CSpecialComponentsDialog", "New"},
+    {"CBordersDialog", "Properties"}, {"CBordersDialog", "Add Custom"},
+};
+
+/// In milliseconds: a dialog that looks something up shows by then what it found.
+constexpr qint64 kLookingTime = 400;
 
 // Letters and digits of any script stay; each run of other characters becomes one "-".
 std::string fileNameOf(std::size_t number, const QString& caption) {
@@ -113,6 +130,16 @@ void TourGuide::closeBox() {
         return;
     if (!dialog_ && modal->findChild<QTreeWidget*>())
         return;
+    if (!furtherCaption_.isEmpty() && qobject_cast<QDialog*>(modal) && !qobject_cast<QMessageBox*>(modal)) {
+        if (!looking_.isValid())
+            looking_.start();
+        if (looking_.elapsed() < kLookingTime)
+            return;
+        takePicture(*modal, furtherCaption_ + QLatin1Char(' ') + modal->windowTitle(), furtherClass_);
+        furtherCaption_.clear();
+        decline(*modal);
+        return;
+    }
     // One that does not let itself be closed is noted once.
     if (modal != declined_)
         note(textOf(*modal));
@@ -161,11 +188,35 @@ void TourGuide::visit(QTreeWidgetItem& item) {
     // Each category has a page of its own; one that was on show before has stayed because this one has none.
     auto* page = shownPage(*dialog_);
     const std::string pageClass = page && seen_.insert(page).second ? classOf(*page) : std::string();
-    takePicture(caption, pageClass);
+    takePicture(*dialog_, caption, pageClass);
     for (const FurtherView& view : kFurtherViews) {
         if (pageClass == view.pageClass)
             takePictureWith(*page, QString::fromUtf8(view.radioCaption), caption, pageClass);
     }
+    for (const FurtherDialog& further : kFurtherDialogs) {
+        if (pageClass == further.pageClass)
+            takePictureOfDialog(*page, further.button, caption, pageClass);
+    }
+}
+
+void TourGuide::takePictureOfDialog(QWidget& page, const char* buttonCaption, const QString& caption,
+                                    const std::string& pageClass) {
+    furtherCaption_ = caption;
+    furtherClass_ = pageClass;
+    looking_.invalidate();
+    if (buttonCaption) {
+        for (auto* button : page.findChildren<QAbstractButton*>()) {
+            if (button->text().remove(QLatin1Char('&')) == QLatin1String(buttonCaption))
+                button->click();
+        }
+    } else if (auto* list = page.findChild<QListWidget*>(); list && list->count() > 0) {
+        list->setCurrentRow(0);
+        QKeyEvent edit(QEvent::KeyPress, Qt::Key_F2, Qt::NoModifier);
+        QApplication::sendEvent(list, &edit);
+        QApplication::processEvents(); // a page may put the edit off until its list is done with the key
+    }
+    // A button that is disabled, or opens nothing here.
+    furtherCaption_.clear();
 }
 
 void TourGuide::takePictureWith(QWidget& page, const QString& radioCaption, const QString& caption,
@@ -175,13 +226,13 @@ void TourGuide::takePictureWith(QWidget& page, const QString& radioCaption, cons
             continue;
         radio->setChecked(true);
         QApplication::processEvents();
-        takePicture(caption + QLatin1Char(' ') + radioCaption, pageClass);
+        takePicture(*dialog_, caption + QLatin1Char(' ') + radioCaption, pageClass);
     }
 }
 
-void TourGuide::takePicture(const QString& caption, const std::string& pageClass) {
+void TourGuide::takePicture(QWidget& view, const QString& caption, const std::string& pageClass) {
     TourStop stop{caption.toStdString(), {}, pageClass, {}};
-    const QPixmap picture = dialog_->grab();
+    const QPixmap picture = view.grab();
     const std::string file = fileNameOf(stops_.size() + 1, caption);
     if (picture.save(QString::fromStdString((directory_ / file).string()), "PNG"))
         stop.file = file;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QElapsedTimer>
 #include <QtCore/QPointer>
 #include <QtCore/QSize>
 #include <QtCore/QTimer>
@@ -17,9 +18,9 @@ class CPropDialogTemplate;
 
 namespace app {
 
-/// One picture of the tour: a category that it came to, or a further view of its page.
+/// One picture of the tour: a category that it came to, a further view of its page, or a dialog of it.
 struct TourStop {
-    std::string caption;   ///< of the category; of a further view with what is checked
+    std::string caption;   ///< of the category, and behind it what is checked or the title of the dialog
     std::string file;      ///< name of the picture; empty if it could not be written
     std::string pageClass; ///< class of the page on show; empty if there was none
     QSize size;            ///< of the picture, in pixels
@@ -46,7 +47,9 @@ private:
     void visitNext();
     void meetDialog(QTreeWidget& tree);
     void visit(QTreeWidgetItem& item);
-    void takePicture(const QString& caption, const std::string& pageClass);
+    void takePicture(QWidget& view, const QString& caption, const std::string& pageClass);
+    void takePictureOfDialog(QWidget& page, const char* buttonCaption, const QString& caption,
+                             const std::string& pageClass);
     void takePictureWith(QWidget& page, const QString& radioCaption, const QString& caption,
                          const std::string& pageClass);
 
@@ -59,6 +62,9 @@ private:
     QPointer<QWidget> dialog_;
     QPointer<QWidget> declined_; ///< the box that was in the way last
     QPointer<QTreeWidget> tree_;
+    QString furtherCaption_; ///< of the page whose dialog is expected; empty if none is
+    std::string furtherClass_;
+    QElapsedTimer looking_;
     std::set<const ovsettings::CPropDialogTemplate*> seen_;
     std::vector<QTreeWidgetItem*> route_;
     std::size_t visited_ = 0;
