@@ -14,5 +14,6 @@ void registerObjects();
 void registerSheets();
 void registerChooser();
 void registerLibraries();
+void registerDesigns();
 
 } // namespace bench

@@ -39,6 +39,7 @@ int run(int argc, char** argv) {
     bench::registerSheets();
     bench::registerChooser();
     bench::registerLibraries();
+    bench::registerDesigns();
     bench::RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     return reporter.isWhole() ? 0 : 1;
