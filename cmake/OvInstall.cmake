@@ -7,6 +7,8 @@ install(TARGETS OvUrlAccess LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(TARGETS orvane-settings RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(DIRECTORY installation/ DESTINATION ${CMAKE_INSTALL_DATADIR}/orvane)
 install(DIRECTORY samples DESTINATION ${CMAKE_INSTALL_DATADIR}/orvane)
+install(FILES LICENSE README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY docs examples DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(EXPORT OvSettingsTargets NAMESPACE OvSettings::
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/OvSettings)
 configure_package_config_file(cmake/OvSettingsConfig.cmake.in OvSettingsConfig.cmake
@@ -20,7 +22,7 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/OvSettingsConfig.cmake
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME orvane-settings)
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Settings library of a schematic capture application, with headers and samples")
-set(CPACK_PACKAGE_CONTACT "OvSettings developers")
+set(CPACK_PACKAGE_CONTACT "OvSettings developers <ovsettings@localhost>")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)

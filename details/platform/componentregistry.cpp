@@ -50,7 +50,7 @@ ComponentEntry findComponent(const std::string& home, const std::string& classId
     const auto library = std::filesystem::canonical(found.value_or(directory + "/" + name), error);
     if (error)
         return {{}, *file + ": " + name + ": " + error.message()};
-    const auto root = std::filesystem::canonical(home, error);
+    const auto root = std::filesystem::canonical(resolveExisting(home).value_or(home), error);
     if (error || !isInside(library, root))
         return {{}, *file + ": " + name + " lies outside of the installation"};
     return {library.string(), {}};

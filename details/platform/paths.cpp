@@ -75,10 +75,11 @@ bool isBareName(std::string_view text) {
     return text.find_first_of(kSeparators) == std::string_view::npos;
 }
 
-RememberedDirectories::RememberedDirectories() : outer_(std::exchange(remembered, this)) {
+RememberedDirectories::Use::Use(RememberedDirectories& directories)
+    : outer_(std::exchange(remembered, &directories)) {
 }
 
-RememberedDirectories::~RememberedDirectories() {
+RememberedDirectories::Use::~Use() {
     remembered = outer_;
 }
 

@@ -29,21 +29,27 @@ bool isBareName(std::string_view text);
 /// @return the path as it is spelled on disk, or nothing if there is none.
 std::optional<std::string> resolveExisting(std::string_view path);
 
-/// While one lives, the look-ups of its thread that go without regard to case read each directory once: for
-/// long lists of paths. A name that comes or goes meanwhile may be missed by them.
+/// What look-ups without regard to case have read of directories, so that a long list of paths reads each
+/// directory once. A name that comes or goes later may be missed.
 class RememberedDirectories {
 public:
-    RememberedDirectories();
-    ~RememberedDirectories();
-    RememberedDirectories(const RememberedDirectories&) = delete;
-    RememberedDirectories& operator=(const RememberedDirectories&) = delete;
+    /// While one lives, the look-ups of its thread use, and fill, what is remembered.
+    class Use {
+    public:
+        explicit Use(RememberedDirectories& directories);
+        ~Use();
+        Use(const Use&) = delete;
+        Use& operator=(const Use&) = delete;
+
+    private:
+        RememberedDirectories* outer_;
+    };
 
     /// The first name of a directory, in byte order, that equals this one without case.
     std::optional<std::string> find(const std::string& directory, const std::string& name);
 
 private:
     std::unordered_map<std::string, std::unordered_map<std::string, std::string>> names_; ///< by lower case
-    RememberedDirectories* outer_;
 };
 
 /// The path from the root, without "." and "..". A relative path begins at the current directory, and what is

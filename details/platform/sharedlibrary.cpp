@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <dlfcn.h>
 #include <link.h>
+#include <string_view>
 #include <utility>
 
 namespace platform {
@@ -27,12 +28,23 @@ std::string nativeName(const std::string& path) {
 
 constexpr int kMode = RTLD_NOW | RTLD_LOCAL;
 
-void* open(const std::string& path, int mode) {
+/// What the loader says of a file that it does not find: the library, or one that it needs.
+constexpr std::string_view kNotFound = "cannot open shared object file";
+
+void* openExactly(const std::string& path, int mode, std::string& defect) {
     void* handle = dlopen(path.c_str(), mode);
+    const char* reason = handle ? nullptr : dlerror();
+    if (reason && std::string_view(reason).find(kNotFound) == std::string_view::npos)
+        defect = reason;
+    return handle;
+}
+
+void* open(const std::string& path, int mode, std::string& defect) {
+    void* handle = openExactly(path, mode, defect);
     if (handle || isBareName(path))
         return handle;
     const auto onDisk = resolveExisting(path);
-    return onDisk ? dlopen(onDisk->c_str(), mode) : nullptr;
+    return onDisk ? openExactly(*onDisk, mode, defect) : nullptr;
 }
 
 } // namespace
@@ -42,9 +54,11 @@ SharedLibrary::SharedLibrary(const std::string& name, Lifetime lifetime) {
         return;
     const std::string path = platformPath(name);
     const int mode = lifetime == Lifetime::process ? kMode | RTLD_NODELETE : kMode;
-    handle_ = open(path, mode);
+    handle_ = open(path, mode, defect_);
     if (!handle_ && endsWithoutCase(path, kForeignSuffix))
-        handle_ = open(nativeName(path), mode);
+        handle_ = open(nativeName(path), mode, defect_);
+    if (handle_)
+        defect_.clear();
 }
 
 SharedLibrary::~SharedLibrary() {
@@ -53,11 +67,12 @@ SharedLibrary::~SharedLibrary() {
 }
 
 SharedLibrary::SharedLibrary(SharedLibrary&& other) noexcept
-    : handle_(std::exchange(other.handle_, nullptr)) {
+    : handle_(std::exchange(other.handle_, nullptr)), defect_(std::move(other.defect_)) {
 }
 
 SharedLibrary& SharedLibrary::operator=(SharedLibrary&& other) noexcept {
     std::swap(handle_, other.handle_);
+    std::swap(defect_, other.defect_);
     return *this;
 }
 

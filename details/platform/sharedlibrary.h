@@ -26,11 +26,16 @@ public:
 
     explicit operator bool() const { return handle_ != nullptr; }
 
+    /// What the loader says of a library that is there, with all that it needs, and yet cannot be loaded: a
+    /// symbol that it misses, for one. Empty if it was loaded, or there is none.
+    const std::string& defect() const { return defect_; }
+
     /// The address of an exported symbol, or null.
     void* symbol(const char* name) const;
 
 private:
     void* handle_ = nullptr;
+    std::string defect_;
 };
 
 } // namespace platform

@@ -5,6 +5,7 @@
 #include "details/shell/settingsupdater.h"
 #include "details/shell/settingsxmlreader.h"
 #include "orv/projectconfiguration.h"
+#include "ovsettings/settingspagecomponent.h"
 
 #include <optional>
 #include <utility>
@@ -22,19 +23,27 @@ bool isDesigns(const CCategoryNode& node) {
 /// What a supplier has under a page key.
 struct Offer {
     CPropertyPageFactory* factory = nullptr;
+    int kind = 0;
     bool hasPage = false;
 };
 
 /// Asks for a page. An add-in that throws is told and gives nothing: it must not keep the user from all other
 /// pages.
-std::optional<Offer> ask(CPropertyPageSupplier& supplier, const std::string& pageKey,
+std::optional<Offer> ask(CPropertyPageSupplier& supplier, const std::string& pageKey, CSettingsDialog& frame,
                          CSettingsUpdater& updater) {
     try {
-        Offer offer{supplier.getFactory()};
-        if (offer.factory) {
-            updater.addUpdater(offer.factory->getUpdater());
-            offer.hasPage = offer.factory->hasPage(pageKey);
-        }
+        Offer offer;
+        offer.factory = supplier.getFactory();
+        if (!offer.factory)
+            return offer;
+        updater.addUpdater(offer.factory->getUpdater());
+        offer.hasPage = offer.factory->hasPage(pageKey);
+        offer.kind = offer.hasPage ? offer.factory->factoryKind() : 0;
+        // An add-in may derive from the interface alone and say 2 all the same; only a real one can be given
+        // anything.
+        if (auto* configured = dynamic_cast<CFactoryEx*>(offer.factory);
+            configured && offer.kind == kFactoryWithConfigurations)
+            configured->setConfigurations(&frame.appConfiguration(), &frame.projectConfiguration());
         return offer;
     } catch (...) {
         reportMissingPage(pageKey);
@@ -70,13 +79,13 @@ void CPageManager::buildNode(CCategoryNode& node, unsigned parentKey) {
         buildDesigns(*designs, parentKey);
         return;
     }
-    const std::optional<Offer> offer = ask(*node.supplier, node.classid, updater_);
+    const std::optional<Offer> offer = ask(*node.supplier, node.classid, frame_, updater_);
     if (!offer) // and it is not asked again when the dialog goes
         node.supplier = nullptr;
     if (!offer || !offer->hasPage)
         return;
-    const unsigned key =
-        frame_.addCategory(makeStarter(*offer->factory, node.classid), parentKey, node.name, true);
+    const unsigned key = frame_.addCategory(makeStarter(*offer->factory, node.classid, offer->kind),
+                                            parentKey, node.name, true);
     for (const auto& child : node.children)
         buildNode(*child, key);
 }
@@ -84,32 +93,36 @@ void CPageManager::buildNode(CCategoryNode& node, unsigned parentKey) {
 void CPageManager::buildDesigns(CPropertyPageSupplierProjects& supplier, unsigned parentKey) {
     std::vector<std::string> names;
     supplier.fetchNames(&frame_.projectConfiguration(), names);
-    CPropertyPageFactory* factory = supplier.getFactory(frame_.projectConfiguration().topLevelProvider);
+    CFactoryEx* factory = supplier.getFactory(frame_.projectConfiguration().topLevelProvider);
     if (!factory)
         return;
     updater_.addUpdater(factory->getUpdater());
+    factory->setConfigurations(&frame_.appConfiguration(), &frame_.projectConfiguration());
     for (const std::string& name : names)
-        frame_.addCategory(makeStarter(*factory, name), parentKey, name, false);
+        frame_.addCategory(makeStarter(*factory, name, kFactoryWithConfigurations), parentKey, name, false);
 }
 
 CPropertyPageSupplier* CPageManager::supplierFor(const std::string& localization) {
     if (localization.empty())
         return nullptr;
     const auto [entry, isNew] = suppliers_.try_emplace(localization);
-    if (isNew)
+    if (!isNew)
+        return entry->second.get();
+    try {
         entry->second =
             makeSupplier(localization, &frame_.appConfiguration(), &frame_.projectConfiguration());
+    } catch (const ComponentError&) {
+        throw; // for the host
+    } catch (...) {
+        reportMissingPage(localization);
+    }
     return entry->second.get();
 }
 
 std::unique_ptr<CPageStarter> CPageManager::makeStarter(CPropertyPageFactory& factory,
-                                                        const std::string& pageKey) {
-    if (factory.factoryKind() != kFactoryWithConfigurations)
+                                                        const std::string& pageKey, int factoryKind) {
+    if (factoryKind != kFactoryWithConfigurations)
         return std::make_unique<CPageStarter>(factory, pageKey);
-    // An add-in may derive from the interface alone and say 2 all the same; only a real one can be given
-    // anything.
-    if (auto* configured = dynamic_cast<CFactoryEx*>(&factory))
-        configured->setConfigurations(&frame_.appConfiguration(), &frame_.projectConfiguration());
     return std::make_unique<CPageStarterEx>(factory, pageKey, &frame_.appConfiguration(),
                                             &frame_.projectConfiguration());
 }

@@ -52,7 +52,8 @@ private:
     void buildDesigns(CPropertyPageSupplierProjects& supplier, unsigned parentKey);
     void releaseNode(CCategoryNode& node);
     CPropertyPageSupplier* supplierFor(const std::string& localization);
-    std::unique_ptr<CPageStarter> makeStarter(CPropertyPageFactory& factory, const std::string& pageKey);
+    std::unique_ptr<CPageStarter> makeStarter(CPropertyPageFactory& factory, const std::string& pageKey,
+                                              int factoryKind);
 
     CSettingsDialog& frame_;
     CSettingsUpdater& updater_;

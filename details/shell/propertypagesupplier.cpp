@@ -13,6 +13,14 @@ namespace ovsettings {
 
 namespace {
 
+/// Loads a library of an add-in. What is wrong with one that is there is told.
+platform::SharedLibrary load(const std::string& name) {
+    platform::SharedLibrary library(name);
+    if (!library.defect().empty())
+        std::cerr << "OvSettings: " << library.defect() << std::endl;
+    return library;
+}
+
 /// Whether a library was built for this one. A library that says nothing is taken at its word: it was built
 /// without these headers.
 bool fitsThisVersion(const platform::SharedLibrary& library, const std::string& name) {
@@ -43,7 +51,7 @@ IComponent* createComponent(const std::string& classId) {
         std::cerr << "OvSettings: " << entry.error << std::endl;
     if (entry.library.empty())
         return nullptr;
-    const platform::SharedLibrary library(entry.library);
+    const platform::SharedLibrary library = load(entry.library);
     if (library && !fitsThisVersion(library, entry.library))
         return nullptr;
     using Create = IComponent* (*)(const char*);
@@ -83,20 +91,17 @@ CPropertyPageSupplierDLL::CPropertyPageSupplierDLL(std::string fileName) : fileN
 CPropertyPageFactory* CPropertyPageSupplierDLL::getFactory() {
     if (refused_)
         return nullptr;
-    const bool isFirst = !library_;
-    if (isFirst) {
-        platform::SharedLibrary loaded(fileName_);
-        if (!loaded)
-            return nullptr;
-        refused_ = !fitsThisVersion(loaded, fileName_);
-        if (refused_)
+    if (!library_) {
+        platform::SharedLibrary loaded = load(fileName_);
+        refused_ = !loaded.defect().empty() || (loaded && !fitsThisVersion(loaded, fileName_));
+        if (refused_ || !loaded)
             return nullptr;
         library_ = std::move(loaded);
     }
     using GetFactory = CPropertyPageFactory* (*)();
     const auto get = reinterpret_cast<GetFactory>(library_.symbol("getFactory"));
     CPropertyPageFactory* factory = get ? get() : nullptr;
-    return isFirst ? inItsFirstState(factory) : factory;
+    return met_.insert(factory).second ? inItsFirstState(factory) : factory;
 }
 
 CPropertyPageSupplierCom::CPropertyPageSupplierCom(std::string localization)
@@ -115,21 +120,23 @@ CPropertyPageSupplierCom::CPropertyPageSupplierCom(std::string localization)
     factory_ = inItsFirstState(reinterpret_cast<CPropertyPageFactory*>(address));
 }
 
-CPropertyPageSupplierProjects::~CPropertyPageSupplierProjects() {
-    destroyTopLevelFactory();
+CPropertyPageSupplierProjects::CPropertyPageSupplierProjects()
+    : factories_(std::make_unique<CTopLevelFactories>()) {
 }
+
+CPropertyPageSupplierProjects::~CPropertyPageSupplierProjects() = default;
 
 CPropertyPageFactory* CPropertyPageSupplierProjects::getFactory() {
     return getFactory(nullptr);
 }
 
-CPropertyPageFactory* CPropertyPageSupplierProjects::getFactory(ITopLevelDialogProvider* provider) {
-    return topLevelFactory(provider);
+CFactoryEx* CPropertyPageSupplierProjects::getFactory(ITopLevelDialogProvider* provider) {
+    return factories_->factoryOf(provider);
 }
 
 void CPropertyPageSupplierProjects::fetchNames(const Orv::CProjectConfiguration* projectConfig,
                                                std::vector<std::string>& names) {
-    names = fetchDesignNames(projectConfig);
+    names = factories_->fetchNames(projectConfig);
 }
 
 std::unique_ptr<CPropertyPageSupplier> makeSupplier(const std::string& localization,

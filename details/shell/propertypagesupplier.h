@@ -4,11 +4,13 @@
 #include "ovsettings/propertypagefactory.h"
 
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
 namespace ovsettings {
 
+class CTopLevelFactories;
 class ITopLevelDialogProvider;
 
 /// Says where the page factory of a catalogue entry is.
@@ -42,7 +44,8 @@ public:
 private:
     std::string fileName_;
     platform::SharedLibrary library_;
-    bool refused_ = false; ///< it is of another version, which was told
+    bool refused_ = false; ///< it cannot be used, which was told
+    std::set<CPropertyPageFactory*> met_;
 };
 
 /// The pages of a component, which is loaded and asked at construction.
@@ -59,16 +62,20 @@ private:
     CPropertyPageFactory* factory_ = nullptr;
 };
 
-/// The pages of the designs of the open project. It ends the process's one factory of such pages with itself.
+/// The pages of the designs of the open project. Their factory ends with it.
 class CPropertyPageSupplierProjects : public CPropertyPageSupplier {
 public:
+    CPropertyPageSupplierProjects();
     ~CPropertyPageSupplierProjects() override;
 
     /// The factory of the default provider.
     CPropertyPageFactory* getFactory() override;
-    virtual CPropertyPageFactory* getFactory(ITopLevelDialogProvider* provider);
+    virtual CFactoryEx* getFactory(ITopLevelDialogProvider* provider);
     /// The names of the designs; call it before getFactory, which makes a page for each of them.
     void fetchNames(const Orv::CProjectConfiguration* projectConfig, std::vector<std::string>& names);
+
+private:
+    std::unique_ptr<CTopLevelFactories> factories_;
 };
 
 /// The supplier that a catalogue's `localization` text asks for, or null if it names none.

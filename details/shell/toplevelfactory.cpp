@@ -6,7 +6,7 @@
 #include "ovsettings/propertypagefactory.h"
 #include "ovsettings/topleveldialogprovider.h"
 
-#include <memory>
+#include <utility>
 
 namespace ovsettings {
 
@@ -14,6 +14,8 @@ namespace {
 
 /// Known to the factory and not in the tree; its page is none.
 constexpr char kGroupKey[] = "Top Levels";
+
+} // namespace
 
 class CTopLevelFactory : public CFactoryEx {
 public:
@@ -40,40 +42,31 @@ private:
     std::vector<QPointer<CPropDialogTemplate>> pages_;
 };
 
-std::unique_ptr<CTopLevelFactory> theFactory;
-std::vector<std::string> designNames;
+CTopLevelFactories::CTopLevelFactories() = default;
 
-std::unique_ptr<CTopLevelFactory> build(ITopLevelDialogProvider& provider) {
-    if (designNames.empty())
-        return nullptr;
-    auto factory = std::make_unique<CTopLevelFactory>(&provider);
-    factory->addStarter(kGroupKey, std::make_unique<CFactory::CDialogStarter>());
-    for (const std::string& name : designNames)
-        factory->addDesign(name, provider.createDialog(nullptr, name));
-    return factory;
-}
+CTopLevelFactories::~CTopLevelFactories() = default;
 
-} // namespace
-
-std::vector<std::string> fetchDesignNames(const Orv::CProjectConfiguration* projectConfig) {
-    designNames.clear();
+std::vector<std::string> CTopLevelFactories::fetchNames(const Orv::CProjectConfiguration* projectConfig) {
+    names_.clear();
     if (projectConfig && projectConfig->projectFile)
-        projectConfig->projectFile->GetDesignNames(designNames);
-    return designNames;
+        projectConfig->projectFile->GetDesignNames(names_);
+    return names_;
 }
 
-CFactoryEx* topLevelFactory(ITopLevelDialogProvider* provider) {
+CFactoryEx* CTopLevelFactories::factoryOf(ITopLevelDialogProvider* provider) {
     if (!provider)
         provider = toplevelsettings::getTopLevelSettingsProvider();
-    if (theFactory && theFactory->provider() == provider)
-        return theFactory.get();
-    destroyTopLevelFactory();
-    theFactory = build(*provider);
-    return theFactory.get();
-}
-
-void destroyTopLevelFactory() {
-    theFactory.reset();
+    if (factory_ && factory_->provider() == provider)
+        return factory_.get();
+    factory_.reset();
+    if (names_.empty())
+        return nullptr;
+    auto factory = std::make_unique<CTopLevelFactory>(provider);
+    factory->addStarter(kGroupKey, std::make_unique<CFactory::CDialogStarter>());
+    for (const std::string& name : names_)
+        factory->addDesign(name, provider->createDialog(nullptr, name));
+    factory_ = std::move(factory);
+    return factory_.get();
 }
 
 } // namespace ovsettings

@@ -100,10 +100,11 @@ public:
     /// a program that has it locked.
     /// @param client the name of the calling program, for the database's own messages.
     /// @param path   of the database file; separators of either kind.
-    /// @return a failure if there is no such file, it has no tables, it is of another schema or stays locked.
+    /// @return a failure if there is no such file, it is of another schema or stays locked.
     /// @throws Exception if it is no database, or a damaged one.
     Result AttachSubClient(const String& client, const String& path);
-    /// @return a failure if no database is attached or it has no such snapshot. @throws Exception
+    /// @return a failure if no database is attached, or it has no tables or no such snapshot. @throws
+    /// Exception
     Result GetSnapshotByName(const String& name, ContainerT<ISnapshot>& snapshot);
     /// Lets go of the database. Snapshots from it must not be used any more.
     void DetachSubClient();

@@ -125,6 +125,10 @@ Result KDSPI::AttachSubClient(const String& client, const String& path) {
     if (code != SQLITE_OK)
         return failureOf(*database, code);
     sqlite3_busy_timeout(database.get(), kLongestWait);
+    // Tables alone: a view could compute for ever.
+    for (const int option :
+         {SQLITE_DBCONFIG_ENABLE_VIEW, SQLITE_DBCONFIG_ENABLE_TRIGGER, SQLITE_DBCONFIG_TRUSTED_SCHEMA})
+        sqlite3_db_config(database.get(), option, 0, nullptr);
     if (Result result = checkSchema(*database); !result)
         return result;
     impl_->database = std::move(database);

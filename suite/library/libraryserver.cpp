@@ -11,6 +11,7 @@
 struct CLibServer::Impl {
     std::string path;
     suite::CentralLibrary library;
+    platform::RememberedDirectories directories;
 };
 
 CLibServer::CLibServer(const std::string& libraryPath) : impl_(std::make_unique<Impl>()) {
@@ -82,6 +83,7 @@ bool CLibSchemePartition::GetFullPartitionName(const std::string& name, std::str
     const suite::Partition* partition = type ? server_.impl_->library.findPartition(*type, name) : nullptr;
     if (!partition)
         return false;
+    const platform::RememberedDirectories::Use use(server_.impl_->directories);
     fullName = server_.impl_->library.fullPath(*partition);
     return true;
 }

@@ -59,7 +59,8 @@ bool CSymbolLibs::Load(const std::string& path) {
         return false;
     const auto map = suite::LocationMap::ofProject(full);
     Clear();
-    const platform::RememberedDirectories remembered;
+    platform::RememberedDirectories directories;
+    const platform::RememberedDirectories::Use use(directories);
     for (const suite::LibraryEntry& entry : suite::readLibraries(platform::ProfileDocument(bytes)))
         AddLibrary(entry.alias, entry.location, map.fullPath(entry.location), entry.type);
     return true;

@@ -66,6 +66,12 @@ TEST_F(AddIns, OneOfAnotherVersionIsToldAndLeftOut) {
                      " was built for version 0 of the add-in interface, this is version 1\n");
 }
 
+TEST_F(AddIns, OneThatNeedsALaterVersionIsToldAndLeftOut) {
+    EXPECT_EQ(treeWith(entry("Any", NEWER_ADDIN)), "A,B");
+    EXPECT_TRUE(told_.starts_with("OvSettings: ")) << told_;
+    EXPECT_NE(told_.find("undefined symbol: ovsettingsOperationOfALaterVersion"), std::string::npos) << told_;
+}
+
 TEST_F(AddIns, ComponentGivesItsPageAndEveryFailureButOneDropsTheCategory) {
     std::filesystem::create_directories(installation_.standard() / "components");
     std::filesystem::copy(COMPONENTS, installation_.standard() / "components/libcomponents.so");

@@ -4,6 +4,9 @@
 #include <QtDBus/QDBusConnection>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 namespace {
 
@@ -62,6 +65,20 @@ TEST_F(Designs, NobodyOnTheBusIsWaitedFor) {
     SessionBus sessionBus;
     openProject("TopBlock=ADC\n");
     EXPECT_EQ(run([](QDialog& dialog) { click(dialog, "OK"); }), 1);
+}
+
+TEST_F(Designs, ABusThatAcceptsAndStaysSilentIsNotWaitedFor) {
+    const std::string path = (directory_ / "bus").string();
+    sockaddr_un name{};
+    name.sun_family = AF_UNIX;
+    path.copy(name.sun_path, sizeof name.sun_path - 1);
+    const int silent = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    ASSERT_EQ(bind(silent, reinterpret_cast<const sockaddr*>(&name), sizeof name), 0);
+    ASSERT_EQ(listen(silent, 1), 0);
+    const testsupport::ScopedEnvironment address("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + path);
+    openProject("TopBlock=ADC\n");
+    EXPECT_EQ(run([](QDialog& dialog) { click(dialog, "OK"); }), 1);
+    close(silent);
 }
 
 TEST_F(Designs, NoBusIsNoHindrance) {

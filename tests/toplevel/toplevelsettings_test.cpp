@@ -5,6 +5,7 @@
 #include "ovsettings/topleveldialogprovider.h"
 
 #include <QtTest/QTest>
+#include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QRadioButton>
 
@@ -110,6 +111,49 @@ TEST_F(Designs, ListsOfTheDesignComeBackAfterALookAtAnotherScheme) {
     EXPECT_EQ(onDisk().GetSymbolPartitions("main"), (Names{"own"}));
 }
 
+TEST_F(Designs, ChoosingTheSchemeThatIsShownKeepsWhatWasEdited) {
+    openProject("SearchScheme=(Default)\n");
+    run([&](QDialog& dialog) {
+        list(dialog, kSymbols).setCurrentRow(0);
+        QTest::keyClick(&list(dialog, kSymbols), Qt::Key_Delete);
+        QComboBox& scheme = combo(dialog, kScheme);
+        scheme.showPopup();
+        QTest::keyClick(scheme.view(), Qt::Key_Return);
+        EXPECT_EQ(scheme.currentText(), "Local to design");
+        EXPECT_EQ(lines(dialog, kSymbols), (Names{"analog", "power"}));
+        click(dialog, "OK");
+    });
+    EXPECT_EQ(onDisk().GetSymbolPartitions("main"), (Names{"analog", "power"}));
+}
+
+TEST_F(Designs, ASecondDialogTakesNothingFromTheFirst) {
+    openProject("TopBlock=ADC\n");
+    run([&](QDialog& dialog) {
+        project_->configuration().topLevelProvider = toplevelsettings::getNetlistTopLevelProvider();
+        run([](QDialog& inner) { click(inner, "Cancel"); }, "power");
+        ASSERT_TRUE(testsupport::selectCategory(dialog, "power"));
+        EXPECT_EQ(combo(dialog, kScheme).currentIndex(), -1);
+        testsupport::selectCategory(dialog, "main");
+        EXPECT_EQ(combo(dialog, kBlock).currentText(), "ADC");
+        click(dialog, "Cancel");
+    });
+}
+
+TEST_F(Designs, PageWithoutAProjectCanBeLookedAt) {
+    QWidget window;
+    Orv::CProjectConfiguration none;
+    for (auto* provider :
+         {toplevelsettings::getTopLevelSettingsProvider(), toplevelsettings::getNetlistTopLevelProvider()}) {
+        auto* page =
+            dynamic_cast<ovsettings::CPropDialogTemplateEx*>(provider->createDialog(&window, "main"));
+        page->setProjectConfiguration(&none);
+        page->createWindow(&window);
+        for (auto* symbols : page->findChildren<QListWidget*>())
+            QTest::keyClick(symbols, Qt::Key_Insert);
+        EXPECT_TRUE(page->onApply());
+    }
+}
+
 TEST_F(Designs, UnknownSchemeAndUnknownBlockStayTheProjects) {
     openProject("SearchScheme=Gone\nTopBlock=GONE\nSymbolPartition#0=old\n");
     run([&](QDialog& dialog) {
@@ -141,6 +185,15 @@ TEST_F(Designs, DatabaseThatCannotBeReadLeavesTheBlockAlone) {
         {"missing", [] {}, false},
         {"empty", [&] { testsupport::writeFile(database(), ""); }, false},
         {"another schema", [&] { runSql(database(), "PRAGMA user_version = 7;"); }, false},
+        {"blocks that are computed",
+         [&] {
+             runSql(database(),
+                    "PRAGMA user_version = 1; CREATE TABLE snapshots (id, name);"
+                    "INSERT INTO snapshots VALUES (1, 'Orv'); CREATE VIEW blocks AS WITH RECURSIVE n(i) AS "
+                    "(SELECT 1 UNION ALL SELECT i + 1 FROM n) "
+                    "SELECT 1 AS snapshot, i AS position, 'X' AS name FROM n;");
+         },
+         false},
         {"no tables", [&] { runSql(database(), "PRAGMA user_version = 1;"); }, false},
         {"a directory", [&] { std::filesystem::create_directory(database()); }, false},
         {"no database", [&] { testsupport::writeFile(database(), std::string(5000, 'x')); }, true},

@@ -132,7 +132,8 @@ void storeLibraries(std::span<const LibraryRow> rows, const std::string& project
     libraries.Clear();
     const std::string directory(platform::splitPath(projectFilePath).directory);
     InitLocationMap(directory.c_str(), 0);
-    const platform::RememberedDirectories remembered;
+    platform::RememberedDirectories directories;
+    const platform::RememberedDirectories::Use use(directories);
     for (const LibraryRow& row : rows) {
         const int type = storedType(row, &row == &rows.front());
         if (const std::string mapped = mappedPath(row.path); !mapped.empty())

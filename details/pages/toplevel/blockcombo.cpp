@@ -27,7 +27,8 @@ QStringList readBlocks(const std::string& databasePath) {
     iKDS::ContainerT<iKDS::ISnapshot> snapshot;
     if (database.GetSnapshotByName(kSnapshot, snapshot)) {
         iKDS::ListT<iKDS::BlockInfo> blocks;
-        snapshot->GetListBlocks(blocks);
+        if (!snapshot->GetListBlocks(blocks))
+            blocks.Clear(); // part of them would be taken for all
         for (const iKDS::BlockInfo& block : blocks)
             names.append(toQString(block.name));
     }
@@ -57,7 +58,10 @@ void storeBlock(const QComboBox& blocks, const Orv::CProjectConfiguration& proje
                 const CNavigator& navigator) {
     if (blocks.currentIndex() < 0)
         return;
-    project.projectFile->SetTopBlock(toUtf8(blocks.currentText()), design);
+    // A name that is no UTF-8 is written as it was until another one is selected.
+    const std::string stored = project.projectFile->GetTopBlock(design);
+    const bool isStored = toQString(stored) == blocks.currentText();
+    project.projectFile->SetTopBlock(isStored ? stored : toUtf8(blocks.currentText()), design);
     navigator.refresh();
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 namespace ovsettings {
 
 /// The navigator of a running schematic editor, on the session bus. It is told of a new top-level block and
@@ -13,7 +15,7 @@ public:
     void refresh() const;
 
 private:
-    bool hasBus_;
+    std::string address_; ///< of the bus; empty if none is announced
 };
 
 } // namespace ovsettings

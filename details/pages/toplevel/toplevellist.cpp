@@ -19,17 +19,18 @@ QWidget* CTopLevelList::createLineEditor(QWidget* parent, int row) {
     const QStringList present = lines();
     const QSet<QString> listed(present.begin(), present.end());
     QStringList offered = allPartitions_ ? allPartitions_() : QStringList();
+    offered.erase(std::remove_if(offered.begin(), offered.end(),
+                                 [&](const QString& name) { return listed.contains(name); }),
+                  offered.end());
     // The line that is edited may stay what it is.
-    offered.erase(
-        std::remove_if(offered.begin(), offered.end(),
-                       [&](const QString& name) { return name != line(row) && listed.contains(name); }),
-        offered.end());
+    if (!line(row).isEmpty())
+        offered.prepend(line(row));
     auto* control = new CComboBoxEx(parent);
     control->setAccessibleName(list().accessibleName());
     control->setModel(new QStringListModel(offered, control));
     if (auto* view = qobject_cast<QListView*>(control->view()))
         view->setUniformItemSizes(true);
-    control->setCurrentIndex(offered.isEmpty() ? -1 : std::max(0, int(offered.indexOf(line(row)))));
+    control->setCurrentIndex(offered.isEmpty() ? -1 : 0);
     return control;
 }
 

@@ -9,6 +9,8 @@
 #include "orv/projectfiledata.h"
 #include "ui_toplevelsettingsdialog.h"
 
+#include <QtCore/QSignalBlocker>
+
 #include <algorithm>
 
 namespace ovsettings {
@@ -69,8 +71,10 @@ bool CTopLevelSettingsDialog::buildTemplate() {
 }
 
 bool CTopLevelSettingsDialog::OnInitDialog() {
-    if (!hasProject())
+    if (!hasProject()) {
+        setListState(false);
         return true;
+    }
     Orv::IProjectFileData& project = *projectConfig_->projectFile;
     schemeNames_ = {{kDefaultShown, kDefaultScheme}, {kLocalShown, kLocalScheme}};
     local_ = projectLists();
@@ -96,7 +100,7 @@ bool CTopLevelSettingsDialog::OnInitDialog() {
 }
 
 void CTopLevelSettingsDialog::connectControls() {
-    connect(ui_->scheme, &QComboBox::activated, this, &CTopLevelSettingsDialog::onSchemeSelected);
+    connect(ui_->scheme, &QComboBox::currentIndexChanged, this, &CTopLevelSettingsDialog::onSchemeSelected);
     for (CTopLevelList* list : {ui_->symbolPartitions, ui_->pdbSearchPath})
         connect(list, &CTopLevelList::changed, this, &CTopLevelSettingsDialog::onListChanged);
 }
@@ -142,8 +146,9 @@ void CTopLevelSettingsDialog::fillSchemes() {
     for (std::size_t i = 0; i < names.size(); ++i) {
         schemeTypes_[names[i]] = types[i];
         if (names[i] != kDefaultScheme) {
-            schemeNames_[names[i]] = names[i];
-            shown.append(toQString(names[i]));
+            const QString text = toQString(names[i]);
+            schemeNames_[toUtf8(text)] = names[i]; // whatever its bytes, it is found by what is shown of it
+            shown.append(text);
         }
         if (names[i] == kLocalScheme)
             noLocalScheme_ = false;
@@ -170,13 +175,15 @@ void CTopLevelSettingsDialog::showLists(const Lists& lists) {
     third_ = lists.third;
 }
 
-void CTopLevelSettingsDialog::onSchemeSelected() {
+void CTopLevelSettingsDialog::onSchemeSelected(int chosen) {
+    // An edit that ends by this makes the lists the design's own; it is the choice that counts.
+    ui_->symbolPartitions->finishEditing();
+    ui_->pdbSearchPath->finishEditing();
+    setScheme(chosen);
     const std::string shown = toUtf8(ui_->scheme->currentText());
     const auto stored = schemeNames_.find(shown);
     if (stored == schemeNames_.end())
         return;
-    ui_->symbolPartitions->finishEditing();
-    ui_->pdbSearchPath->finishEditing();
     const Lists lists = listsOf(stored->second);
     if (shownScheme_ == kLocalShown) {
         local_.symbols = entriesOf(*ui_->symbolPartitions);
@@ -191,7 +198,12 @@ void CTopLevelSettingsDialog::onSchemeSelected() {
 void CTopLevelSettingsDialog::onListChanged() {
     const int local = ui_->scheme->findText(kLocalShown, Qt::MatchExactly | Qt::MatchCaseSensitive);
     if (local >= 0)
-        ui_->scheme->setCurrentIndex(local);
+        setScheme(local);
+}
+
+void CTopLevelSettingsDialog::setScheme(int index) {
+    const QSignalBlocker quiet(ui_->scheme);
+    ui_->scheme->setCurrentIndex(index);
 }
 
 bool CTopLevelSettingsDialog::isEditable(const std::string& shown) const {
@@ -257,7 +269,7 @@ bool CTopLevelSettingsDialog::hasProject() const {
 }
 
 std::string CTopLevelSettingsDialog::libraryPath() const {
-    return projectConfig_->projectFile->GetCentralLibraryPath(1);
+    return hasProject() ? projectConfig_->projectFile->GetCentralLibraryPath(1) : std::string();
 }
 
 } // namespace ovsettings

@@ -49,7 +49,8 @@ private:
     void fillSchemes();
     void showLists(const Lists& lists);
     void selectScheme(const std::string& stored);
-    void onSchemeSelected();
+    void onSchemeSelected(int chosen);
+    void setScheme(int index);
     void onListChanged();
     void setListState(bool editable);
     bool isEditable(const std::string& shown) const;
