@@ -93,11 +93,23 @@ TEST_F(Tour, EveryPageOfTheSampleProjectLetsItsUserGoOn) {
     fs::copy(fs::path(OV_INSTALLATION) / "standard", installation.standard(),
              fs::copy_options::recursive | fs::copy_options::overwrite_existing);
     const fs::path project = copy / "motorcontroller/motorcontroller.prj";
-    const Outcome tour = runProgram({"--project", project.string(), "tour", pictures.string()});
-    EXPECT_EQ(tour.status, 0) << tour.out << tour.err;
-    EXPECT_EQ(tour.out.find("message"), std::string::npos) << tour.out;
-    const auto rows = summary();
-    EXPECT_EQ(std::ranges::count_if(rows, [](const Words& row) { return row.at(2) == "CProjectDialog"; }), 1);
+    const std::pair<Words, std::string> kinds[] = {{{}, "CTopLevelSettingsDialog"},
+                                                   {{"--netlist"}, "CNetlistTopLevelDialog"}};
+    for (const auto& [options, pageOfDesign] : kinds) {
+        Words words = options;
+        words.insert(words.end(), {"--project", project.string(), "tour", pictures.string()});
+        const Outcome tour = runProgram(words);
+        EXPECT_EQ(tour.status, 0) << tour.out << tour.err;
+        EXPECT_EQ(tour.out.find("note:"), std::string::npos) << tour.out;
+        const auto rows = summary();
+        const auto pages = [&](const std::string& name) {
+            return std::ranges::count_if(rows, [&](const Words& row) { return row.at(2) == name; });
+        };
+        EXPECT_EQ(pages("CProjectDialog"), 1);
+        EXPECT_EQ(pages(pageOfDesign), 3);
+        EXPECT_EQ(pages("CLibrariesDialog"), 3)
+            << "the dialog twice: for a new library, and for the first one";
+    }
     EXPECT_EQ(readFile(project), readFile(fs::path(OV_SAMPLES) / "motorcontroller/motorcontroller.prj"));
 }
 
