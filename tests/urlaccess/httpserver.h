@@ -53,6 +53,7 @@ private:
     ScopedEnvironment noProxy_;
     std::unique_ptr<Pages> pages_;
     std::atomic<int> requests_ = 0;
+    std::atomic<bool> ended_ = false;
     QThread thread_;
     QTcpServer* server_; ///< lives on the thread
     int port_ = 0;
