@@ -117,6 +117,7 @@ CPropertyPageSupplierCom::CPropertyPageSupplierCom(std::string localization)
     std::uintptr_t address = 0;
     if (const long result = pages->GetPageFactory(&address); result < 0)
         throw ComponentError(*classId, result);
+    // The interface gives the address as a number. NOLINTNEXTLINE(performance-no-int-to-ptr)
     factory_ = inItsFirstState(reinterpret_cast<CPropertyPageFactory*>(address));
 }
 

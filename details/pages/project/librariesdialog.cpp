@@ -145,6 +145,7 @@ CLibrariesDialog::CListBoxEditorEx::Item& CLibrariesDialog::CListBoxEditorEx::it
 
 std::vector<LibraryRow> CLibrariesDialog::CListBoxEditorEx::rows() const {
     std::vector<LibraryRow> rows;
+    rows.reserve(static_cast<std::size_t>(lineCount()));
     for (int row = 0; row < lineCount(); ++row)
         rows.push_back(item(row).library);
     return rows;
