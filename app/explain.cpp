@@ -43,6 +43,14 @@ std::size_t lockingLevel(const Report& report, std::size_t field) {
     return static_cast<std::size_t>(level - report.levels.begin());
 }
 
+/// A user's list is passed over as a whole where an entry is locked and the list has another length.
+bool isDroppedList(const Report& report, std::size_t index) {
+    const auto& values = report.levels[index].values;
+    return report.property.kind == Orv::iAppConfiguration::KindList && index + 1 == report.levels.size() &&
+           report.levels[index].present && values.size() != report.property.values.size() &&
+           std::ranges::find(report.property.readonly, 1) != report.property.readonly.end();
+}
+
 std::vector<std::string> levelRow(const Report& report, std::size_t index, std::size_t field) {
     const Orv::LevelStatement& level = report.levels[index];
     if (!level.hasConfiguration)
@@ -50,7 +58,9 @@ std::vector<std::string> levelRow(const Report& report, std::size_t index, std::
     const bool says = level.present && field < level.values.size() && level.values[field].has_value();
     const bool locks = level.present && field < level.locks.size() && level.locks[field];
     std::string remark;
-    if (index > lockingLevel(report, field))
+    if (says && isDroppedList(report, index))
+        remark = "ignored, for the list has locked entries and another length";
+    else if (index > lockingLevel(report, field))
         remark = says ? "ignored, for the field is locked" : "";
     else if (locks)
         remark = "locks";

@@ -21,6 +21,7 @@ commands:
   get KEY                     the values of a key, one field a line
   set KEY VALUE...            stores all fields of a key in the user's directory
   explain KEY                 what each working directory says about a key, and what won
+  print-colors [--json]       each object's color on screen and in print
   scheme show FILE            the color schemes of a scheme file: palettes and layers
   tour DIRECTORY [--dark] [--size WIDTHxHEIGHT]
                               visits every category of the dialog without a screen, and saves
@@ -55,15 +56,11 @@ struct CommandRow {
 };
 
 constexpr std::array kCommands{
-    CommandRow{"", app::runDialog},
-    CommandRow{"list", app::runList},
-    CommandRow{"get", app::runGet},
-    CommandRow{"set", app::runSet},
-    CommandRow{"explain", app::runExplain},
-    CommandRow{"scheme", app::runScheme},
-    CommandRow{"tour", app::runTour},
-    CommandRow{"--help", runHelp},
-    CommandRow{"-h", runHelp},
+    CommandRow{"", app::runDialog},         CommandRow{"list", app::runList},
+    CommandRow{"get", app::runGet},         CommandRow{"set", app::runSet},
+    CommandRow{"explain", app::runExplain}, CommandRow{"print-colors", app::runPrintColors},
+    CommandRow{"scheme", app::runScheme},   CommandRow{"tour", app::runTour},
+    CommandRow{"--help", runHelp},          CommandRow{"-h", runHelp},
     CommandRow{"--version", runVersion},
 };
 

@@ -15,22 +15,6 @@ namespace {
 
 using Orv::CColorScheme;
 
-/// A name may hold any bytes; those that a terminal would take for commands are not passed on.
-std::string printable(std::string name) {
-    constexpr char kFirstOfTwo = '\xc2'; // of a control character beyond ASCII, in UTF-8
-    char before = '\0';
-    for (char& c : name) {
-        const auto byte = static_cast<unsigned char>(c);
-        const bool isFurther = byte >= 0x80 && byte < 0xa0;
-        // As part of a longer sequence such a byte is harmless.
-        const bool isAlone = (static_cast<unsigned char>(before) & 0x80) == 0;
-        if (byte < ' ' || byte == 0x7f || (isFurther && (before == kFirstOfTwo || isAlone)))
-            c = '?';
-        before = static_cast<char>(byte);
-    }
-    return name;
-}
-
 std::vector<std::vector<std::string>> layerRows(const CColorScheme& scheme) {
     std::vector<std::vector<std::string>> rows;
     for (std::size_t slot = 0; slot < CColorScheme::kColors; ++slot) {

@@ -49,6 +49,11 @@ std::string defaultWorkingDirectories(const fs::path& home) {
         refuse("the user's directory " + user.string() + " cannot be made: " + error.message());
 
     std::string list = user.string();
+    // The list would be cut there, and the first piece be written to.
+    if (list.find(';') != std::string::npos) {
+        refuse("the user's directory " + list + " has a semicolon in its path; name another one with --wdir");
+        list.clear();
+    }
     if (fs::is_directory(home / "site", error))
         list += ";" + (home / "site").string();
     return list + ";" + (home / "standard").string();
@@ -117,11 +122,16 @@ std::optional<std::string> loadConfiguration(Orv::iAppConfiguration& configurati
 
 std::optional<std::string> obstacleToSaving(const Orv::iAppConfiguration& configuration) {
     const std::vector<std::string> directories = configuration.workingDirectories();
-    std::error_code error;
     if (!directories.empty() && directories.front().empty())
         return "the first entry of WDIR is empty, so there is no user's directory to save in";
-    if (!directories.empty() && !fs::is_directory(directories.front(), error))
+    // The manager knows directories by their names in another case, too.
+    auto& manager = Orv::IOvConfigurationManager::Instance();
+    auto* user = directories.empty() ? nullptr
+                                     : manager.GetConfiguration(directories.front(),
+                                                                Orv::IOvConfigurationManager::Access::write);
+    if (!directories.empty() && !user)
         return "the user's directory " + directories.front() + " does not exist, so nothing could be saved";
+    manager.ReleaseConfiguration(user);
     return std::nullopt;
 }
 

@@ -41,7 +41,7 @@ void resizeFields(Record& record, std::size_t count) {
 
 } // namespace
 
-iAppConfiguration::iAppConfiguration() : impl_(std::make_unique<Impl>()) {
+iAppConfiguration::iAppConfiguration() : impl_(std::make_unique<Impl>()), typed_(&impl_->typed) {
 }
 
 iAppConfiguration::~iAppConfiguration() = default;
@@ -114,14 +114,14 @@ bool iAppConfiguration::setPropertyDefaults(const std::string& key, const std::v
 
 float iAppConfiguration::getNumber(std::string_view key) const noexcept {
     const auto row = findRow(key);
-    return row ? impl_->numbers[*row].value_or(0.0F) : 0.0F;
+    return row ? typed_->numbers[*row] : 0.0F;
 }
 
 bool iAppConfiguration::setNumber(std::string_view key, float value) {
     const auto row = findRow(key);
-    if (!row || !impl_->numbers[*row])
+    if (!row || !typed_->hasNumber[*row])
         return false;
-    impl_->numbers[*row] = value;
+    impl_->typed.numbers[*row] = value;
     impl_->forgetStanding(*row);
     outdateText(impl_->records[*row]);
     impl_->notify(key, value);
@@ -131,9 +131,9 @@ bool iAppConfiguration::setNumber(std::string_view key, float value) {
 bool iAppConfiguration::getGraphics(std::string_view key, int& visible, int& selectable, int& colour,
                                     int& fillStyle, int& lineStyle, int& lineThickness) const noexcept {
     const auto row = findRow(key);
-    if (!row || !impl_->graphics[*row])
+    if (!row || !typed_->hasGraphics[*row])
         return false;
-    const auto& graphics = *impl_->graphics[*row];
+    const auto& graphics = typed_->graphics[*row];
     visible = graphics.visible;
     selectable = graphics.selectable;
     colour = graphics.colour;
@@ -146,13 +146,18 @@ bool iAppConfiguration::getGraphics(std::string_view key, int& visible, int& sel
 bool iAppConfiguration::setGraphics(std::string_view key, int visible, int selectable, int colour,
                                     int fillStyle, int lineStyle, int lineThickness) {
     const auto row = findRow(key);
-    if (!row || !impl_->graphics[*row])
+    if (!row || !typed_->hasGraphics[*row])
         return false;
     impl_->forgetStanding(*row);
-    impl_->graphics[*row] = Graphics{visible, selectable, colour, fillStyle, lineStyle, lineThickness};
+    impl_->typed.graphics[*row] = Graphics{visible, selectable, colour, fillStyle, lineStyle, lineThickness};
     outdateText(impl_->records[*row]);
     impl_->notify(key, static_cast<float>(visible));
     return true;
+}
+
+iAppConfiguration::Handle iAppConfiguration::handleOf(std::string_view key) const noexcept {
+    const auto row = findRow(key);
+    return row ? Handle(typed_->load << kRowBits | *row) : Handle();
 }
 
 bool iAppConfiguration::getIctColors(std::string_view name, int& colour, int& textColour) const {

@@ -32,11 +32,6 @@ int colourFromText(std::string_view text) {
     return packedFromRedFirst(hexadecimalFromText(text));
 }
 
-int colourFromPrefixedText(std::string_view text) {
-    const bool isHexadecimal = text.find_first_of("xX") != std::string_view::npos;
-    return packedFromRedFirst(isHexadecimal ? hexadecimalFromText(text) : integerFromText(text));
-}
-
 std::string colourToText(int colour) {
     return printed("0x%06x", colour);
 }

@@ -14,8 +14,6 @@ int swapRedAndBlue(int colour);
 
 /// A text at base 16, with or without the prefix "0x", as a packed colour.
 int colourFromText(std::string_view text);
-/// A text at base 16 if it holds an "x" of either case, else at base 10; both red first.
-int colourFromPrefixedText(std::string_view text);
 
 /// "0x" and six lower-case digits.
 std::string colourToText(int colour);

@@ -54,22 +54,40 @@ bool isLarge(std::string_view number) {
     return point - firstDigit + clampedInteger<int>(exponent, 10) > 0;
 }
 
-float outOfRange(std::string_view number) {
-    const float magnitude = isLarge(number) ? std::numeric_limits<float>::max() : 0.0F;
+template <typename Real>
+Real outOfRange(std::string_view number) {
+    const Real magnitude = isLarge(number) ? std::numeric_limits<Real>::max() : 0;
     return number.front() == '-' ? -magnitude : magnitude;
+}
+
+template <typename Real>
+Real realFromText(std::string_view text) {
+    const auto trimmed = withoutPlus(withoutLeadingSpace(text));
+    if (!startsLikeNumber(trimmed))
+        return 0;
+    Real number = 0;
+    const auto [end, error] = std::from_chars(trimmed.data(), trimmed.data() + trimmed.size(), number);
+    if (error == std::errc::result_out_of_range || std::isinf(number))
+        return outOfRange<Real>(trimmed.substr(0, static_cast<std::size_t>(end - trimmed.data())));
+    return number;
 }
 
 } // namespace
 
 float floatFromText(std::string_view text) {
-    const auto trimmed = withoutPlus(withoutLeadingSpace(text));
-    if (!startsLikeNumber(trimmed))
-        return 0.0F;
-    float number = 0.0F;
-    const auto [end, error] = std::from_chars(trimmed.data(), trimmed.data() + trimmed.size(), number);
-    if (error == std::errc::result_out_of_range || std::isinf(number))
-        return outOfRange(trimmed.substr(0, static_cast<std::size_t>(end - trimmed.data())));
-    return number;
+    return realFromText<float>(text);
+}
+
+double doubleFromText(std::string_view text) {
+    return realFromText<double>(text);
+}
+
+std::string decimalToText(double number) {
+    // The digits before and behind the point of the largest and the least number, and its sign.
+    char text[std::numeric_limits<double>::max_exponent10 - std::numeric_limits<double>::min_exponent10 +
+              std::numeric_limits<double>::max_digits10 + 8];
+    const auto result = std::to_chars(text, text + sizeof text, number, std::chars_format::fixed);
+    return {text, result.ptr};
 }
 
 std::string floatToText(float number) {

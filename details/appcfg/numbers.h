@@ -14,6 +14,10 @@ float floatFromText(std::string_view text);
 /// General format with six significant digits, such as "0.5", "254000", "1.016e+06".
 std::string floatToText(float number);
 
+double doubleFromText(std::string_view text);
+/// As few digits as give the number back, never with an exponent, such as "29699999.02".
+std::string decimalToText(double number);
+
 int integerFromText(std::string_view text);
 /// As integerFromText, in the wider range of long.
 long longFromText(std::string_view text);

@@ -56,7 +56,6 @@ bool prepareDirectories(Impl& store, const std::string& projectPath) {
 /// From the installation to the user. Where no directory has a configuration, the catalogue's defaults stand.
 void readConfigurations(Impl& store) {
     store.levels = store.directories;
-    store.knowsWrittenLevel = false;
     for (std::size_t place = store.directories.size(); place-- > 0;) {
         store.currentDirectory = store.directories[place];
         if (const auto configuration = openConfiguration(store.currentDirectory, Access::read)) {

@@ -4,6 +4,7 @@
 #include "details/appcfg/numbers.h"
 
 #include <algorithm>
+#include <atomic>
 
 namespace Orv {
 
@@ -15,9 +16,19 @@ void normaliseFields(int kind, std::vector<std::string>& values) {
         printGraphics(kind, graphicsFromFields(kind, values), values);
 }
 
+// No other load of any store in this process has the same number.
+void iAppConfiguration::Impl::invalidateHandles() {
+    static std::atomic<std::uint64_t> loads = 0;
+    typed.load = ++loads;
+}
+
 void iAppConfiguration::Impl::registerCatalogue() {
+    static_assert(kCatalogueSize <= kRows);
+    invalidateHandles();
     records.clear();
     standings.fill(Standing::unknown);
+    knowsWrittenLevel = false;
+    isWritten.fill(false);
     records.reserve(kCatalogueSize);
     for (const auto& row : catalogue()) {
         Property property{std::string(row.key)};
@@ -39,19 +50,22 @@ const Origin* iAppConfiguration::Impl::originOf(std::string_view key, std::size_
     return row && field < records[*row].origins.size() ? &records[*row].origins[field] : nullptr;
 }
 
-bool iAppConfiguration::Impl::isCached(std::size_t row) const {
-    return numbers[row].has_value() || graphics[row].has_value();
-}
-
 void iAppConfiguration::Impl::refreshCache(std::size_t row) {
     const auto& property = records[row].property;
     records[row].isFlushed = false;
     forgetStanding(row);
-    const auto cache = kindTraits(property.kind).cache;
-    if (cache == Cache::number)
-        numbers[row] = property.values.empty() ? 0.0F : floatFromText(property.values.front());
-    else if (cache == Cache::graphics)
-        graphics[row] = graphicsFromFields(property.kind, property.values);
+    switch (kindTraits(property.kind).cache) {
+    case Cache::none:
+        break;
+    case Cache::number:
+        typed.numbers[row] = property.values.empty() ? 0.0F : floatFromText(property.values.front());
+        typed.hasNumber[row] = true;
+        break;
+    case Cache::graphics:
+        typed.graphics[row] = graphicsFromFields(property.kind, property.values);
+        typed.hasGraphics[row] = true;
+        break;
+    }
 }
 
 void iAppConfiguration::Impl::flushCache(std::size_t row) {
@@ -59,10 +73,10 @@ void iAppConfiguration::Impl::flushCache(std::size_t row) {
         return;
     records[row].isFlushed = true;
     auto& property = records[row].property;
-    if (numbers[row] && !property.values.empty())
-        property.values.front() = floatToText(*numbers[row]);
-    else if (graphics[row])
-        printGraphics(property.kind, *graphics[row], property.values);
+    if (typed.hasNumber[row] && !property.values.empty())
+        property.values.front() = floatToText(typed.numbers[row]);
+    else if (typed.hasGraphics[row])
+        printGraphics(property.kind, typed.graphics[row], property.values);
 }
 
 void iAppConfiguration::Impl::notify(std::string_view key, float value) const {

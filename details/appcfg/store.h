@@ -49,12 +49,17 @@ struct iAppConfiguration::Impl {
     /// False if the last load found no configuration in the directory that is written: what it then holds is
     /// not known here, and a save must not take anything out of it.
     bool knowsWrittenLevel = false;
+    /// What a save has written since the load, and so may take out again.
+    std::array<bool, kCatalogueSize> isWritten{};
     /// As the last save found them. The records lie all over the memory, and a save that looks at each of
     /// them spends most of its time on waiting for them.
     std::array<Standing, kCatalogueSize> standings{};
-    std::array<std::optional<float>, kCatalogueSize> numbers;
-    std::array<std::optional<Graphics>, kCatalogueSize> graphics;
+    TypedValues typed;
     std::vector<iEventSink*> sinks; ///< not owned
+
+    Impl() { invalidateHandles(); }
+
+    void invalidateHandles();
 
     /// Starts anew with the catalogue and its defaults. The caches stay as they are.
     void registerCatalogue();
@@ -68,7 +73,7 @@ struct iAppConfiguration::Impl {
     /// To be called when a record's text, defaults or locks have changed, or its cache.
     void forgetStanding(std::size_t row) { standings[row] = Standing::unknown; }
 
-    bool isCached(std::size_t row) const;
+    bool isCached(std::size_t row) const { return typed.hasNumber[row] || typed.hasGraphics[row]; }
     void refreshCache(std::size_t row);
     /// Brings a row's text up to date from the cache.
     void flushCache(std::size_t row);

@@ -203,9 +203,10 @@ void writeAll(iAppConfiguration::Impl& store, IOvConfiguration& configuration) {
         auto& standing = store.standings[row];
         if (standing == Standing::unknown)
             standing = standingOf(property);
-        if (standing == Standing::own)
+        if (standing == Standing::own) {
             write(property, configuration);
-        else if (standing == Standing::inherited && store.knowsWrittenLevel)
+            store.isWritten[row] = true;
+        } else if (standing == Standing::inherited && (store.knowsWrittenLevel || store.isWritten[row]))
             remove(catalogue()[row].kind, property.name, configuration);
     }
 }

@@ -1,25 +1,12 @@
 #include "details/appcfg/unitglue.h"
 
 #include "details/appcfg/appcfg.h"
+#include "details/appcfg/numbers.h"
 #include "orv/appconfiguration.h"
 
-#include <cmath>
 #include <limits>
-#include <locale.h>
-#include <stdlib.h>
 
 namespace Orv {
-
-namespace {
-
-// What atof gives in the classic locale. from_chars reports a number too large and one too small alike, and
-// the two read as different lengths.
-double numberFromText(std::string_view text) {
-    static const locale_t kClassic = newlocale(LC_ALL_MASK, "C", nullptr);
-    return strtod_l(std::string(text).c_str(), nullptr, kClassic);
-}
-
-} // namespace
 
 Metrics::Unit getConfiguredUnit(const iAppConfiguration& appConfig) {
     std::string abbreviation;
@@ -40,9 +27,7 @@ long fromDisplay(double shown, Metrics::Unit unit) {
 }
 
 long lengthFromText(std::string_view text) {
-    const double number = numberFromText(text);
-    if (std::isnan(number))
-        return 0;
+    const double number = doubleFromText(text);
     if (number >= static_cast<double>(std::numeric_limits<long>::max()))
         return std::numeric_limits<long>::max();
     if (number <= static_cast<double>(std::numeric_limits<long>::min()))

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "orv/graphics.h"
 #include "ovsettings/export.h"
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -15,8 +18,8 @@ namespace Orv {
 ///
 /// Every value is text (UTF-8, numbers with "." whatever the locale). Numbers and object graphics are also
 /// kept in typed caches, which getNumber and getGraphics read without an allocation at the cost of one hashed
-/// look-up: they are meant for drawing code. Lengths (keys ending in `_HR`) are in units of 10 nanometres,
-/// 2,540,000 to the inch.
+/// look-up, or by a handle at that of an array access: they are meant for drawing code. Lengths (keys ending
+/// in `_HR`) are in units of 10 nanometres, 2,540,000 to the inch.
 ///
 /// A new object is empty; the first load fills it. Single-threaded: all calls belong on one thread. Nothing
 /// here throws on bad input; an unknown key is answered with false, 0 or an empty text.
@@ -57,6 +60,25 @@ public:
         ///              stored, also when a lock then keeps the old one.
         virtual void propertyChanged(const std::string& key, float value) = 0;
         virtual ~iEventSink() = default;
+    };
+
+    /// A key that was looked up once. What is read by it costs as much as a look into an array, and is what
+    /// the key reads at that moment.
+    ///
+    /// It is valid for the store that gave it, until the store's next load (one that fails included) or its
+    /// end; look the key up again then. A value of eight bytes, to be copied freely. Any other handle is
+    /// harmless: one of another store, of a former load, of an unknown key or of none reads as an unknown key
+    /// does.
+    class Handle {
+    public:
+        /// Belongs to no key.
+        constexpr Handle() = default;
+
+    private:
+        friend class iAppConfiguration;
+        explicit constexpr Handle(std::uint64_t token) : token_(token) {}
+
+        std::uint64_t token_ = 0; ///< the load that it belongs to, and in the low byte the row
     };
 
     iAppConfiguration();
@@ -111,6 +133,22 @@ public:
     bool setGraphics(std::string_view key, int visible, int selectable, int colour, int fillStyle,
                      int lineStyle, int lineThickness);
 
+    /// The handle of a key of any kind, valid until the next load; for an unknown key one that never is.
+    Handle handleOf(std::string_view key) const noexcept;
+    bool isValid(Handle handle) const noexcept { return handle.token_ >> kRowBits == typed_->load; }
+    /// As getNumber by key.
+    float getNumber(Handle handle) const noexcept {
+        return isValid(handle) ? typed_->numbers[handle.token_ % kRows] : 0.0F;
+    }
+    /// As getGraphics by key. @return false, with the output untouched, if there are none.
+    bool getGraphics(Handle handle, Graphics& graphics) const noexcept {
+        const auto row = handle.token_ % kRows;
+        if (!isValid(handle) || !typed_->hasGraphics[row])
+            return false;
+        graphics = typed_->graphics[row];
+        return true;
+    }
+
     /// The two packed colours of the ICT object "ICT" + name. @return false if there is none.
     bool getIctColors(std::string_view name, int& colour, int& textColour) const;
     bool setIctColors(std::string_view name, int colour, int textColour);
@@ -143,7 +181,21 @@ public:
     struct Impl;
 
 private:
+    static constexpr int kRowBits = 8;
+    static constexpr std::size_t kRows = std::size_t{1} << kRowBits;
+
+    /// The typed values by row. Laid open so that a read by handle is compiled into the host, which makes
+    /// this layout part of the binary interface. As long as a handle can count, so that none leads out of it.
+    struct TypedValues {
+        std::uint64_t load = 0; ///< what valid handles belong to; never 0 in a store
+        std::array<float, kRows> numbers{};
+        std::array<Graphics, kRows> graphics{};
+        std::array<bool, kRows> hasNumber{};
+        std::array<bool, kRows> hasGraphics{};
+    };
+
     std::unique_ptr<Impl> impl_;
+    const TypedValues* typed_; ///< a part of it
 };
 
 } // namespace Orv

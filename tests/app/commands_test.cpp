@@ -76,6 +76,7 @@ TEST_F(Commands, EachCommandLineIsDoneOrRefusedWithOneClearLine) {
         {{"get", "GRID_HR", "UNIT"}, 2, "", "get takes one key"},
         {{"set"}, 2, "", "set takes a key"},
         {{"explain"}, 2, "", "explain takes one key"},
+        {{"print-colors", "--all"}, 2, "", "print-colors takes --json and nothing else"},
         {{"tour"}, 2, "", "tour takes the directory"},
         {{"tour", "a", "b"}, 2, "", "not \"b\""},
         {{"tour", "a", "--size", "800"}, 2, "", "WIDTHxHEIGHT"},
@@ -144,6 +145,14 @@ TEST_F(Commands, ValuesThatAreSetAreInTheUsersFileAndComeBack) {
     EXPECT_EQ(readFile(userFile()).find("GRID_HR"), std::string::npos) << "a default is not written";
 }
 
+TEST_F(Commands, SetFindsTheUsersDirectoryInAnotherCase) {
+    auto list = installation.user().string();
+    list[list.rfind('/') + 1] = 'U';
+    list += ";" + installation.site().string() + ";" + installation.standard().string();
+    EXPECT_EQ(runProgram({"--wdir", list, "set", "SHEETSIZE", "2"}).status, 0);
+    EXPECT_NE(readFile(userFile()).find("SHEETSIZE"), std::string::npos);
+}
+
 TEST_F(Commands, SetTellsWhatIsStoredWhereSixDigitsAreNotEnough) {
     const Outcome rounded = runProgram({"set", "GRID_HR", "1234567"});
     EXPECT_EQ(rounded.status, 0) << rounded.err;
@@ -181,8 +190,10 @@ std::string squeezed(const std::string& text) {
 }
 
 TEST_F(Commands, ExplainTellsWhatEachDirectorySaysAndWhatWon) {
-    writeFile(userFile(), R"(<configuration><section path="Orvane/SETTINGS"><value name="ROUTE">0</value>)"
-                          R"(<value name="SHEETSIZE">3</value></section></configuration>)");
+    writeFile(userFile(),
+              R"(<configuration><section path="Orvane/SETTINGS"><value name="ROUTE">0</value>)"
+              R"(<value name="SHEETSIZE">3</value><list name="PROPERTIES_TOOLTIP"><item>A&#10;B</item>)"
+              R"(<item>C</item><item>D</item></list></section></configuration>)");
     const std::string site = installation.site().string();
     const std::string user = installation.user().string();
 
@@ -199,6 +210,10 @@ TEST_F(Commands, ExplainTellsWhatEachDirectorySaysAndWhatWon) {
 
     const std::string sheet = squeezed(runProgram({"explain", "SHEETSIZE"}).out);
     EXPECT_NE(sheet.find(" in force 3 from " + user + '\n'), std::string::npos) << sheet;
+    const std::string tooltip = squeezed(runProgram({"explain", "PROPERTIES_TOOLTIP"}).out);
+    const std::string dropped = " ignored, for the list has locked entries and another length\n";
+    for (const std::string entry : {"A?B", "C", "D"})
+        EXPECT_NE(tooltip.find(user + ' ' + entry + dropped), std::string::npos) << tooltip;
     const std::string net = squeezed(runProgram({"explain", "NET"}).out);
     EXPECT_NE(net.find("\nCOLOR\n built-in default 0x00ff00\n"), std::string::npos) << net;
     EXPECT_NE(net.find(" in force 1 from the built-in default\n\nLINE_STYLE\n"), std::string::npos) << net;
@@ -234,6 +249,22 @@ TEST_F(Commands, ListGivesEveryKeyWithItsLocksAndOriginsAsTextAndAsJson) {
     const std::string table = squeezed(runProgram({"list", "--changed"}).out);
     EXPECT_NE(table.find("\nROUTE number " + site.toStdString() + " locked 1\n"), std::string::npos) << table;
     EXPECT_NE(table.find(" locked: COLOR 1, 1, 0x00c000, 1, 0, 1\n"), std::string::npos) << table;
+}
+
+TEST_F(Commands, PrintColorsShowsEachObjectOnScreenAndInPrint) {
+    ASSERT_EQ(runProgram({"set", "PRINTINGCOLORS", "0x102030", "0x000000", "0x0000ff"}).status, 0);
+    const auto colors = squeezed(runProgram({"print-colors"}).out);
+    EXPECT_NE(colors.find("\n5 NET 0x00c000 0x000000\n"), std::string::npos) << colors;
+
+    ASSERT_EQ(runProgram({"set", "PRINTFORCEBLACK", "0"}).status, 0);
+    const auto rows =
+        QJsonDocument::fromJson(QByteArray::fromStdString(runProgram({"print-colors", "--json"}).out))
+            .array();
+    ASSERT_EQ(rows.size(), 17);
+    EXPECT_EQ(rows[2]["object"], "TEXT");
+    EXPECT_EQ(rows[2]["print"], "0x0000ff");
+    EXPECT_EQ(rows[6]["print"], "0x102030") << "ATTRIBUTE has the slot of LINE";
+    EXPECT_EQ(runProgram({"get", "PRINTING"}).out, "0\n") << "nothing is stored";
 }
 
 TEST_F(Commands, NumbersKeepTheirPointInALanguageWithAComma) {

@@ -79,7 +79,4 @@ TEST(Numbers, ColoursSwapRedAndBlueAndComeBackInLowerCase) {
         EXPECT_EQ(colourToText(row.packed), row.normal) << row.text;
         EXPECT_EQ(colourToShortText(row.packed), row.brief) << row.text;
     }
-    EXPECT_EQ(colourFromPrefixedText("0xff8000"), 0x0080ff);
-    EXPECT_EQ(colourFromPrefixedText("255"), 0xff0000) << "no x: base 10";
-    EXPECT_EQ(colourFromPrefixedText("ff8000"), 0) << "no x: base 10";
 }

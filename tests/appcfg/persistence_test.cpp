@@ -98,6 +98,26 @@ TEST_F(Persistence, AFileThatCouldNotBeReadLosesNothingWhenItIsRepairedBeforeThe
     EXPECT_EQ(value("PIN"), "0");
     EXPECT_EQ(value("MRU_PROJECTS"), "a.prj");
     EXPECT_EQ(value("MRU_SETTINGS"), "Grid");
+
+    writeLevel(installation.user(), "<");
+    ASSERT_TRUE(store.load());
+    for (const char* page : {"Grid", "Designs"}) {
+        Orv::setValue(store, "MRU_SETTINGS", page);
+        ASSERT_TRUE(store.save());
+    }
+    EXPECT_EQ(userFile().find("MRU_SETTINGS"), std::string::npos) << "it is the default again";
+}
+
+TEST_F(Persistence, ALoadThatFailedTakesNothingOutOfTheFile) {
+    writeLevel(installation.user(), setting("LANGUAGE", "Japanese"));
+    ASSERT_TRUE(store.load());
+    {
+        const testsupport::ScopedEnvironment gone("RSR_HOME", std::nullopt);
+        EXPECT_FALSE(store.load("/another.prj"));
+    }
+    ASSERT_TRUE(store.save());
+    ASSERT_TRUE(store.load());
+    EXPECT_EQ(value("LANGUAGE"), "Japanese");
 }
 
 TEST_F(Persistence, OriginsStayThoseOfTheLoadWhenTheDirectoriesChange) {

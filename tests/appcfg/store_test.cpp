@@ -195,3 +195,42 @@ TEST_F(Store, NewDefaultsReplaceLockedValuesAndKeepOneLockAField) {
     EXPECT_EQ(property.defaults, property.values);
     EXPECT_EQ(property.readonly, (std::vector<std::uint8_t>{1, 1, 0}));
 }
+
+TEST_F(Store, AHandleReadsWhatItsKeyReadsUntilTheNextLoad) {
+    ASSERT_TRUE(store.load());
+    std::vector<Orv::iAppConfiguration::Handle> handles;
+    for (const auto& key : store.keys()) {
+        const auto handle = store.handleOf(key);
+        handles.push_back(handle);
+        EXPECT_TRUE(store.isValid(handle)) << key;
+        EXPECT_EQ(store.getNumber(handle), store.getNumber(key)) << key;
+        Orv::Graphics byKey;
+        Orv::Graphics byHandle;
+        EXPECT_EQ(store.getGraphics(key, byKey.visible, byKey.selectable, byKey.colour, byKey.fillStyle,
+                                    byKey.lineStyle, byKey.lineThickness),
+                  store.getGraphics(handle, byHandle))
+            << key;
+        EXPECT_EQ(byKey, byHandle) << key;
+    }
+    const auto grid = store.handleOf("GRID_HR");
+    Orv::setValue(store, "GRID_HR", "7");
+    EXPECT_EQ(store.getNumber(grid), 7.0F);
+
+    Orv::iAppConfiguration other;
+    ASSERT_TRUE(other.load());
+    Orv::Graphics untouched{.colour = 7};
+    const auto expectHarmless = [&](Orv::iAppConfiguration& reader, Orv::iAppConfiguration::Handle handle) {
+        EXPECT_FALSE(reader.isValid(handle));
+        EXPECT_EQ(reader.getNumber(handle), 0.0F);
+        EXPECT_FALSE(reader.getGraphics(handle, untouched));
+        EXPECT_EQ(untouched.colour, 7);
+    };
+    expectHarmless(store, {});
+    expectHarmless(store, store.handleOf("NO_SUCH_KEY"));
+    for (const auto handle : handles)
+        expectHarmless(other, handle);
+    const testsupport::ScopedEnvironment noList("WDIR", std::nullopt);
+    EXPECT_FALSE(store.load("/another.prj"));
+    for (const auto handle : handles)
+        expectHarmless(store, handle);
+}

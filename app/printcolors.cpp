@@ -1,0 +1,79 @@
+// The command that shows what becomes of each object's colour in print: print-colors.
+
+#include "app/columns.h"
+#include "app/commands.h"
+#include "app/outcome.h"
+#include "app/workspace.h"
+
+#include <orv/colorscheme.h>
+#include <orv/printingaccess.h>
+
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+
+#include <iostream>
+
+namespace app {
+
+namespace {
+
+struct ObjectColors {
+    int number;
+    std::string key;
+    std::string screen;
+    std::string print;
+};
+
+/// @param configuration is set to printing; it is not saved.
+std::vector<ObjectColors> objectColors(Orv::iAppConfiguration& configuration) {
+    const Orv::CPrintingAccess access(configuration);
+    configuration.setNumber("PRINTING", 1.0F);
+    std::vector<ObjectColors> rows;
+    for (int number = 0; !Orv::CPrintingAccess::objectKey(number).empty(); ++number) {
+        Orv::ObjectAttributes screen;
+        Orv::ObjectAttributes print;
+        access.getObject(number, screen);
+        access.getPrintObject(number, print);
+        rows.push_back(
+            {number, screen.name, Orv::packedColorText(screen.color), Orv::packedColorText(print.color)});
+    }
+    return rows;
+}
+
+void writeTable(std::ostream& out, const std::vector<ObjectColors>& colors) {
+    std::vector<std::vector<std::string>> rows{{"NUMBER", "OBJECT", "SCREEN", "PRINT"}};
+    for (const ObjectColors& row : colors)
+        rows.push_back({std::to_string(row.number), row.key, row.screen, row.print});
+    writeColumns(out, rows);
+}
+
+void writeJson(std::ostream& out, const std::vector<ObjectColors>& colors) {
+    QJsonArray array;
+    for (const ObjectColors& row : colors) {
+        array.append(QJsonObject{{"number", row.number},
+                                 {"object", QString::fromStdString(row.key)},
+                                 {"screen", QString::fromStdString(row.screen)},
+                                 {"print", QString::fromStdString(row.print)}});
+    }
+    out << QJsonDocument(array).toJson(QJsonDocument::Indented).toStdString();
+}
+
+} // namespace
+
+int runPrintColors(const Options& options, Arguments arguments) {
+    const bool json = arguments.size() == 1 && arguments.front() == "--json";
+    if (!json && !arguments.empty())
+        return misuse("print-colors takes --json and nothing else");
+    Orv::iAppConfiguration configuration;
+    if (!openConfiguration(options, configuration))
+        return kRefused;
+    const auto colors = objectColors(configuration);
+    if (json)
+        writeJson(std::cout, colors);
+    else
+        writeTable(std::cout, colors);
+    return kDone;
+}
+
+} // namespace app
