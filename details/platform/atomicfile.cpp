@@ -23,15 +23,19 @@ std::string directoryOf(const std::string& path) {
 }
 
 // Other than realpath(3) this gives the place of a file that is yet to be written.
-std::string followLinks(std::string path) {
+// @param code receives why a link could not be followed: writing in its place would lose it.
+std::string followLinks(std::string path, int& code) {
     for (int link = 0; link < kMostLinks; ++link) {
         char target[PATH_MAX];
         const ssize_t length = readlink(path.c_str(), target, sizeof target);
-        if (length <= 0)
-            break;
+        if (length <= 0) {
+            code = length == 0 || errno == EINVAL || errno == ENOENT ? 0 : errno;
+            return path;
+        }
         const std::string_view next(target, static_cast<std::size_t>(length));
         path = next.front() == '/' ? std::string(next) : directoryOf(path) + "/" + std::string(next);
     }
+    code = ELOOP;
     return path;
 }
 
@@ -64,7 +68,7 @@ int flushDirectory(const std::string& directory) {
 } // namespace
 
 AtomicFile::AtomicFile(std::string path)
-    : path_(followLinks(std::move(path))),
+    : path_(followLinks(std::move(path), unfollowed_)),
       directory_(directoryOf(path_)),
       temporary_(neighbour(path_, ".tmp")) {
 }
@@ -74,12 +78,19 @@ FileError AtomicFile::error(std::string operation, int code) const {
 }
 
 std::optional<FileError> AtomicFile::lock(std::chrono::milliseconds timeout) {
+    if (unfollowed_ != 0)
+        return error("follow the link", unfollowed_);
     auto failure = lock_.acquire(neighbour(path_, ".lock"), timeout);
     if (failure)
         return failure;
     struct stat status;
-    if (stat(path_.c_str(), &status) == 0 && S_ISREG(status.st_mode))
+    if (stat(path_.c_str(), &status) != 0) {
+        // Without them the new file would be open to whom the old one was not.
+        if (errno != ENOENT)
+            return error("read the attributes", errno);
+    } else if (S_ISREG(status.st_mode)) {
         former_ = Attributes{status.st_mode & 07777, status.st_uid, status.st_gid};
+    }
     return std::nullopt;
 }
 

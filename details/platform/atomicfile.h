@@ -50,6 +50,7 @@ private:
     int adoptAttributes(int fd) const;
     FileError error(std::string operation, int code) const;
 
+    int unfollowed_ = 0; ///< why the path's links could not be followed
     std::string path_;
     std::string directory_;
     std::string temporary_;

@@ -4,7 +4,6 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <thread>
 
@@ -14,8 +13,31 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr std::chrono::milliseconds kFirstPause{1};
-constexpr std::chrono::milliseconds kLongestPause{20};
+constexpr std::chrono::microseconds kPause{500};
+constexpr std::chrono::milliseconds kPrecedence{100};
+
+// Who waits for a lock shows it by a shared lock on the directory, and who comes later lets one of those that
+// wait have it first. Otherwise one that saves again and again, and lets go of the lock for a fraction of a
+// millisecond, takes it anew each time before the others have looked, and these wait in vain. Nothing but the
+// order depends on this: where directories cannot be locked, everybody finds nobody waiting.
+class Queue {
+public:
+    explicit Queue(const std::string& lockPath)
+        : directory_(::open(lockPath.substr(0, lockPath.rfind('/') + 1).append(".").c_str(),
+                            O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {}
+
+    bool isEmpty() const {
+        const bool isEmpty = flock(directory_.get(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+        flock(directory_.get(), LOCK_UN);
+        return isEmpty;
+    }
+
+    /// Fails while another one looks whether it is empty.
+    void join() { flock(directory_.get(), LOCK_SH | LOCK_NB); }
+
+private:
+    Descriptor directory_;
+};
 
 // Opened before it is created: in a directory shared with a sticky bit, the system refuses to open another
 // user's file with the wish to create it. A lock needs no right to write, except on network file systems.
@@ -40,35 +62,48 @@ bool isStillTheFile(int fd, const char* path) {
            held.st_ino == named.st_ino;
 }
 
-int lockUntil(int fd, Clock::time_point deadline) {
-    auto pause = kFirstPause;
-    while (flock(fd, LOCK_EX | LOCK_NB) != 0) {
-        if (errno == EINTR)
+int lockUntil(int fd, Queue& queue, Clock::time_point deadline) {
+    const auto precedenceEnd = Clock::now() + kPrecedence;
+    bool isMyTurn = precedenceEnd >= deadline;
+    for (;;) {
+        isMyTurn = isMyTurn || queue.isEmpty();
+        const bool isFree = flock(fd, LOCK_EX | LOCK_NB) == 0;
+        if (!isFree && errno == EINTR)
             continue;
-        if (errno != EWOULDBLOCK)
+        if (!isFree && errno != EWOULDBLOCK)
             return errno;
-        if (Clock::now() >= deadline)
+        const auto now = Clock::now();
+        if (isFree && (isMyTurn || now >= precedenceEnd))
+            return 0;
+        if (now >= deadline)
             return ETIMEDOUT;
-        std::this_thread::sleep_for(pause);
-        pause = std::min(pause * 2, kLongestPause);
+        if (isFree) {
+            flock(fd, LOCK_UN);
+        } else {
+            isMyTurn = true; // from now on as good as the others that wait
+            queue.join();
+        }
+        std::this_thread::sleep_for(kPause);
     }
-    return 0;
 }
 
 } // namespace
 
 std::optional<FileError> FileLock::acquire(const std::string& path, std::chrono::milliseconds timeout) {
     const auto deadline = Clock::now() + timeout;
+    Queue queue(path);
     for (;;) {
         Descriptor file = openLockFile(path.c_str());
         if (!file.valid())
             return FileError{path, "open the lock file", errno};
-        if (const int code = lockUntil(file.get(), deadline))
+        if (const int code = lockUntil(file.get(), queue, deadline))
             return FileError{path, "take the lock", code};
         if (isStillTheFile(file.get(), path.c_str())) {
             file_ = std::move(file);
             return std::nullopt;
         }
+        if (Clock::now() >= deadline)
+            return FileError{path, "take the lock", ETIMEDOUT};
     }
 }
 

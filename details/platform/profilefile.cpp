@@ -73,14 +73,14 @@ std::optional<FileError> CProfileFile::readChanged(const std::string& path, Prof
     return std::nullopt;
 }
 
-std::optional<FileError> CProfileFile::save() {
+std::optional<FileError> CProfileFile::save(std::chrono::milliseconds timeout) {
     const std::string path = placeOf(path_);
     ProfileDocument document;
     bool differs = false;
     auto failure = readChanged(path, document, differs);
     if (!failure && differs) {
         AtomicFile file(path);
-        failure = file.lock();
+        failure = file.lock(timeout);
         if (!failure)
             failure = readChanged(path, document, differs);
         if (!failure && differs)

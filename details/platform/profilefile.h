@@ -1,8 +1,10 @@
 #pragma once
 
 #include "details/platform/fileerror.h"
+#include "details/platform/filelock.h"
 #include "details/platform/profiledocument.h"
 
+#include <chrono>
 #include <cstddef>
 #include <limits>
 #include <optional>
@@ -39,7 +41,8 @@ public:
     /// Makes the changes since the last load or save. A file that says the same already is not written, and
     /// need not be writable. After an error the file has its old bytes, and the changes are still to be
     /// saved.
-    [[nodiscard]] std::optional<FileError> save();
+    /// @param timeout how long to wait while someone else holds the lock.
+    [[nodiscard]] std::optional<FileError> save(std::chrono::milliseconds timeout = kLockTimeout);
 
 private:
     struct Change {

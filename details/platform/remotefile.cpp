@@ -278,12 +278,17 @@ std::string MakeFilePath(std::string_view directory, std::string_view name, std:
     return path;
 }
 
-void NormalizeName(std::string& path) {
+std::string expandHome(std::string path) {
     if (path.starts_with('~')) {
         const auto end = std::min(path.find_first_of(kSeparators), path.size());
         if (const auto home = homeOf(path.substr(1, end - 1)))
             path.replace(0, end, *home);
     }
+    return path;
+}
+
+void NormalizeName(std::string& path) {
+    path = expandHome(std::move(path));
     if (path.starts_with('.') || path.starts_with('~'))
         path = fullPath(path);
 }

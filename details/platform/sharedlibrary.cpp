@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <dlfcn.h>
+#include <libintl.h>
 #include <link.h>
 #include <string_view>
 #include <utility>
@@ -28,13 +29,18 @@ std::string nativeName(const std::string& path) {
 
 constexpr int kMode = RTLD_NOW | RTLD_LOCAL;
 
-/// What the loader says of a file that it does not find: the library, or one that it needs.
-constexpr std::string_view kNotFound = "cannot open shared object file";
+/// What the loader says, in English or in the user's language, of a file that it does not find: the library,
+/// or one that it needs.
+bool saysNotFound(std::string_view reason) {
+    constexpr char kNotFound[] = "cannot open shared object file";
+    return reason.find(kNotFound) != std::string_view::npos ||
+           reason.find(dgettext("libc", kNotFound)) != std::string_view::npos;
+}
 
 void* openExactly(const std::string& path, int mode, std::string& defect) {
     void* handle = dlopen(path.c_str(), mode);
     const char* reason = handle ? nullptr : dlerror();
-    if (reason && std::string_view(reason).find(kNotFound) == std::string_view::npos)
+    if (reason && !saysNotFound(reason))
         defect = reason;
     return handle;
 }
@@ -85,7 +91,15 @@ void SharedLibrary::keepInProcess() const {
 }
 
 void* SharedLibrary::symbol(const char* name) const {
-    return handle_ ? dlsym(handle_, name) : nullptr;
+    void* address = handle_ ? dlsym(handle_, name) : nullptr;
+    struct link_map* own = nullptr;
+    struct link_map* owner = nullptr;
+    Dl_info info;
+    // The loader also looks into the libraries that this one needs.
+    const bool isOwn = address && dlinfo(handle_, RTLD_DI_LINKMAP, &own) == 0 &&
+                       dladdr1(address, &info, reinterpret_cast<void**>(&owner), RTLD_DL_LINKMAP) != 0 &&
+                       owner == own;
+    return isOwn ? address : nullptr;
 }
 
 } // namespace platform

@@ -30,7 +30,7 @@ public:
     /// symbol that it misses, for one. Empty if it was loaded, or there is none.
     const std::string& defect() const { return defect_; }
 
-    /// The address of an exported symbol, or null.
+    /// The address of a symbol that the library itself exports, or null.
     void* symbol(const char* name) const;
 
 private:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <libxml/tree.h>
+#include <libxml/xmlerror.h>
 
 #include <memory>
 #include <string>
@@ -12,6 +13,20 @@ struct XmlDocumentRelease {
     void operator()(xmlDoc* document) const { xmlFreeDoc(document); }
 };
 using XmlDocument = std::unique_ptr<xmlDoc, XmlDocumentRelease>;
+
+/// While one lives, the library prints nothing of what this thread parses: some errors of encodings go past
+/// the handlers of a parser.
+class XmlSilence {
+public:
+    XmlSilence();
+    ~XmlSilence();
+    XmlSilence(const XmlSilence&) = delete;
+    XmlSilence& operator=(const XmlSilence&) = delete;
+
+private:
+    xmlStructuredErrorFunc handler_;
+    void* context_;
+};
 
 /// The line, from 1, of an element with more attributes than any file of ours has; 0 if there is none. The
 /// parser compares each attribute of an element with all the others, so that a small file could keep it busy

@@ -36,7 +36,8 @@ bool Configuration::read(std::optional<Contents> known) {
     if (known)
         bytes_ = std::move(known->bytes);
     std::optional<ConfigurationDocument> document;
-    state_ = readFile(bytes_, document);
+    std::string complaint;
+    state_ = readFile(bytes_, document, complaint);
     if (state_ == FileState::unchanged) {
         state_ = FileState::read;
         document = std::move(known->document);
@@ -45,18 +46,23 @@ bool Configuration::read(std::optional<Contents> known) {
         document_ = std::move(*document);
     document_.setReporter(
         [this](const Problem& problem) { log_.reportOnce(path_, located(path_, problem)); });
-    return state_ != FileState::damaged;
+    if (complaint.empty())
+        return true;
+    log_.reportOnce(path_, complaint);
+    return false;
 }
 
 Configuration::FileState Configuration::readFile(std::string& bytes,
-                                                 std::optional<ConfigurationDocument>& document) const {
+                                                 std::optional<ConfigurationDocument>& document,
+                                                 std::string& complaint) const {
     std::string now;
     if (const auto failure = platform::readFile(path_, now)) {
         bytes.clear();
         if (failure->code == ENOENT)
             return FileState::missing;
-        log_.reportOnce(path_, failure->text());
-        return FileState::damaged;
+        complaint = failure->text();
+        const bool isNoFile = failure->code == EISDIR || failure->code == EFBIG;
+        return isNoFile ? FileState::damaged : FileState::unreadable;
     }
     if (!now.empty() && now == bytes)
         return FileState::unchanged;
@@ -65,7 +71,7 @@ Configuration::FileState Configuration::readFile(std::string& bytes,
     document = ConfigurationDocument::parse(bytes, problem);
     if (document)
         return FileState::read;
-    log_.reportOnce(path_, located(path_, problem));
+    complaint = located(path_, problem);
     return FileState::damaged;
 }
 
@@ -83,7 +89,13 @@ bool Configuration::save() {
 
     std::string bytes = bytes_;
     std::optional<ConfigurationDocument> current;
-    FileState state = readFile(bytes, current);
+    std::string complaint;
+    FileState state = readFile(bytes, current, complaint);
+    // What cannot be read may be whole, and is not replaced by what was known of it.
+    if (state == FileState::unreadable)
+        return failed(complaint);
+    if (state == FileState::damaged)
+        log_.reportOnce(path_, complaint);
     if (state == FileState::unchanged)
         state = state_;
     else if (state == FileState::missing)
@@ -231,7 +243,8 @@ bool Configuration::canBeText(const std::string& text) const {
 }
 
 void Configuration::noteKey(const std::string& path, const std::string& key, std::optional<KeyState> state) {
-    if (!saysOfKey(path, key, state)) {
+    // Nobody knows what an unread file says.
+    if (state_ == FileState::unreadable || !saysOfKey(path, key, state)) {
         keyEdits_.insert_or_assign(KeyName(sectionPath(path), key), std::move(state));
     } else if (const auto edit = keyEdits_.find(KeyView(sectionPath(path), key)); edit != keyEdits_.end()) {
         keyEdits_.erase(edit);
@@ -250,7 +263,7 @@ bool Configuration::saysOfKey(const std::string& path, const std::string& key,
 
 void Configuration::noteGroup(const std::string& path, const std::string& typeWord, const std::string& key,
                               std::optional<ConfigurationDocument::Attributes> attributes) {
-    const bool isSaid = saysOfGroup(path, typeWord, key, attributes);
+    const bool isSaid = state_ != FileState::unreadable && saysOfGroup(path, typeWord, key, attributes);
     if (isSaid && groupEdits_.empty())
         return;
     GroupName name(sectionPath(path), typeWord, key);

@@ -30,8 +30,8 @@ public:
 
     const std::string& path() const { return path_; }
 
-    /// Reads the file; a missing one says nothing. @return false, after a report, if it is damaged; the
-    /// configuration is then an empty one.
+    /// Reads the file; a missing one says nothing. @return false, after a report, if it is damaged or
+    /// cannot be read; the configuration is then an empty one.
     /// @param known what is known of this file; it need not be parsed again if it still has these bytes.
     bool read(std::optional<Contents> known = std::nullopt);
 
@@ -76,9 +76,12 @@ private:
     using KeyEdits = std::map<KeyName, std::optional<KeyState>, KeyLess>;
     using GroupEdits = std::map<GroupName, std::optional<ConfigurationDocument::Attributes>>;
 
-    enum class FileState { missing, read, unchanged, damaged };
+    /// One that cannot be read may be as good as ever the next time.
+    enum class FileState { missing, read, unchanged, damaged, unreadable };
 
-    FileState readFile(std::string& bytes, std::optional<ConfigurationDocument>& document) const;
+    /// @param complaint receives what is wrong with a file that is damaged or cannot be read.
+    FileState readFile(std::string& bytes, std::optional<ConfigurationDocument>& document,
+                       std::string& complaint) const;
     void noteKey(const std::string& path, const std::string& key, std::optional<KeyState> state);
     bool saysOfKey(const std::string& path, const std::string& key,
                    const std::optional<KeyState>& state) const;

@@ -2,6 +2,7 @@
 
 #include "details/platform/paths.h"
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -10,6 +11,8 @@ namespace suite {
 namespace {
 
 constexpr const char* kFileName = "/orvane.xml";
+constexpr std::size_t kMostKept = 8; // levels of one list of working directories
+constexpr std::size_t kLargestKept = 4U << 20;
 
 /// Where a directory's configuration is, or would be; nothing if there is no such directory.
 std::optional<std::string> fileIn(const std::string& directory) {
@@ -28,8 +31,7 @@ Orv::IOvConfiguration* ConfigurationManager::GetConfiguration(const std::string&
     if (!path)
         return nullptr;
     auto configuration = std::make_unique<Configuration>(*path, log_);
-    const bool isWhole =
-        configuration->read(access == Access::write ? takeKept(configuration->path()) : std::nullopt);
+    const bool isWhole = configuration->read(takeKept(configuration->path()));
     return isWhole || access == Access::write ? configuration.release() : nullptr;
 }
 
@@ -46,14 +48,22 @@ bool ConfigurationManager::ReleaseConfiguration(Orv::IOvConfiguration* configura
 
 std::optional<Configuration::Contents> ConfigurationManager::takeKept(const std::string& path) {
     const std::lock_guard guard(mutex_);
-    return kept_ && kept_->path == path ? std::exchange(kept_, std::nullopt) : std::nullopt;
+    const auto found = std::ranges::find(kept_, path, &Configuration::Contents::path);
+    if (found == kept_.end())
+        return std::nullopt;
+    std::optional<Configuration::Contents> contents(std::move(*found));
+    kept_.erase(found);
+    return contents;
 }
 
 void ConfigurationManager::keep(std::optional<Configuration::Contents> contents) {
-    if (!contents)
+    if (!contents || contents->bytes.size() > kLargestKept)
         return;
     const std::lock_guard guard(mutex_);
-    kept_ = std::move(contents);
+    std::erase_if(kept_, [&contents](const auto& other) { return other.path == contents->path; });
+    kept_.push_front(std::move(*contents));
+    if (kept_.size() > kMostKept)
+        kept_.pop_back();
 }
 
 void ConfigurationManager::SetErrorHandler(ErrorHandler handler) {

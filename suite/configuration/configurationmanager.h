@@ -4,6 +4,7 @@
 #include "suite/configuration/configuration.h"
 #include "suite/configuration/errorlog.h"
 
+#include <list>
 #include <mutex>
 #include <optional>
 
@@ -22,9 +23,10 @@ private:
 
     ErrorLog log_;
     std::mutex mutex_;
-    /// The file that was released last. A program loads the user's last, and saves it again and again, at
-    /// each page of a dialog.
-    std::optional<Configuration::Contents> kept_;
+    /// The files that were released last, the latest first. A program loads the same levels for each project
+    /// and for each report, and saves the user's at each page of a dialog; most files are then the same as
+    /// before, byte by byte, and their trees serve again.
+    std::list<Configuration::Contents> kept_;
 };
 
 } // namespace suite

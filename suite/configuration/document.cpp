@@ -1,6 +1,7 @@
 #include "suite/configuration/document.h"
 
 #include "details/platform/xmldocument.h"
+#include "suite/configuration/xmlprinter.h"
 #include "suite/configuration/xmltext.h"
 
 #include <libxml/SAX2.h>
@@ -33,12 +34,38 @@ struct FlagWord {
 constexpr FlagWord kFlagWords[] = {{"yes", true}, {"true", true},   {"1", true},
                                    {"no", false}, {"false", false}, {"0", false}};
 
+/// Whether a text that the library writes in an encoding is one that it reads again. That holds for those
+/// that it brings along. Some others it reads only; and without a name it writes all beyond ASCII as numbers.
+bool isWellWritten(const xmlChar* encoding) {
+    switch (xmlParseCharEncoding(reinterpret_cast<const char*>(encoding))) {
+    case XML_CHAR_ENCODING_UTF8:
+    case XML_CHAR_ENCODING_UTF16LE:
+    case XML_CHAR_ENCODING_UTF16BE:
+    case XML_CHAR_ENCODING_8859_1:
+    case XML_CHAR_ENCODING_ASCII:
+        return true;
+    default:
+        return false;
+    }
+}
+
 std::optional<bool> flagOf(std::string_view word) {
     for (const FlagWord& known : kFlagWords) {
         if (known.word == word)
             return known.value;
     }
     return std::nullopt;
+}
+
+/// The key that an element belongs to, and its own name in a group.
+std::string keyOf(const xmlNode* element) {
+    const auto own = xml::attribute(element, kName);
+    const bool isPart = xml::isElement(element, kItem) || xml::isElement(element, kAttribute);
+    const std::string part(own.value_or(""));
+    if (!isPart || !element->parent)
+        return part;
+    const std::string key(xml::attribute(element->parent, kName).value_or(""));
+    return part.empty() ? key : key + ' ' + part;
 }
 
 // Reads a file from a stranger: nothing is fetched, and nothing is defined that could grow when it is
@@ -54,7 +81,13 @@ public:
         };
         context_->sax->entityDecl = [](void* context, const xmlChar*, int, const xmlChar*, const xmlChar*,
                                        xmlChar*) {
-            of(context).refuseEntity();
+            of(context).refuse("entity declarations are not allowed");
+        };
+        // What is declared once counts at every element, and so may be far more than stands in the file.
+        context_->sax->attributeDecl = [](void* context, const xmlChar*, const xmlChar*, int, int,
+                                          const xmlChar*, xmlEnumeration* words) {
+            xmlFreeEnumeration(words);
+            of(context).refuse("attribute declarations are not allowed");
         };
         // A host may have asked the library to drop blanks; here they are part of a value, and the file's
         // layout.
@@ -75,6 +108,7 @@ public:
             problem_ = {line, "too many attributes"};
             return nullptr;
         }
+        const platform::XmlSilence silence;
         xmlDoc* tree = xmlCtxtReadMemory(context_, bytes.data(), static_cast<int>(bytes.size()), nullptr,
                                          nullptr, kOptions);
         if (tree && refused_) {
@@ -99,9 +133,9 @@ private:
         problem_ = {error.line, std::string(message.substr(0, message.find('\n')))};
     }
 
-    void refuseEntity() {
+    void refuse(const char* reason) {
         if (!refused_ && problem_.text.empty())
-            problem_ = {xmlSAX2GetLineNumber(context_), "entity declarations are not allowed"};
+            problem_ = {xmlSAX2GetLineNumber(context_), reason};
         refused_ = true;
         xmlStopParser(context_);
     }
@@ -179,12 +213,12 @@ bool ConfigurationDocument::readGroup(const std::string& path, const std::string
          item = xml::nextSibling(item, kAttribute)) {
         const auto name = xml::attribute(item, kName);
         if (!name) {
-            report(item, "<attribute> without a name is passed over");
+            report(item, "<attribute> without a name in " + key + " is passed over");
             continue;
         }
         const std::string attribute(*name);
         if (attributes.contains(attribute) || locks.contains(attribute)) {
-            report(item, "attribute " + attribute + " is given twice, the first counts");
+            report(item, keyOf(item) + " is given twice, the first counts");
             continue;
         }
         std::string text;
@@ -283,17 +317,11 @@ void ConfigurationDocument::removeGroup(const std::string& path, const std::stri
 }
 
 std::string ConfigurationDocument::serialise() const {
-    // Without a name for the encoding the library writes everything beyond ASCII as numbers.
-    if (!tree_->encoding)
+    if (!isWellWritten(tree_->encoding)) {
+        xmlFree(const_cast<xmlChar*>(tree_->encoding));
         tree_->encoding = xmlStrdup(BAD_CAST "UTF-8");
-    xmlChar* bytes = nullptr;
-    int size = 0;
-    xmlDocDumpMemory(tree_.get(), &bytes, &size);
-    std::string text;
-    if (bytes && size > 0)
-        text.assign(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(size));
-    xmlFree(bytes);
-    return text;
+    }
+    return xml::print(*tree_);
 }
 
 const ConfigurationDocument::Index& ConfigurationDocument::index() const {
@@ -411,7 +439,8 @@ void ConfigurationDocument::removeDuplicates(Section& section, const Name& name)
 
 void ConfigurationDocument::readText(const xmlNode* element, std::string& text) const {
     if (!xml::readText(element, text))
-        report(element, "the text is not in the encoding that is named, it is taken as it stands");
+        report(element,
+               keyOf(element) + ": the text is not in the encoding that is named, it is taken as it stands");
 }
 
 bool ConfigurationDocument::isLocked(const xmlNode* element) const {
@@ -420,7 +449,8 @@ bool ConfigurationDocument::isLocked(const xmlNode* element) const {
         return false;
     const auto flag = flagOf(*word);
     if (!flag)
-        report(element, "locked=\"" + std::string(*word) + "\" is neither yes nor no, it is taken as yes");
+        report(element, keyOf(element) + ": locked=\"" + std::string(*word) +
+                            "\" is neither yes nor no, it is taken as yes");
     // A mistyped word was meant to lock; letting users through would be the worse mistake.
     return flag.value_or(true);
 }

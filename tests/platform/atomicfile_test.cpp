@@ -102,31 +102,6 @@ TEST(AtomicFile, FullDiskLeavesTheOldBytesAndNoTemporaryFile) {
     EXPECT_EQ(namesIn(root.path()), (std::set<std::string>{"file", ".file.lock"}));
 }
 
-TEST(AtomicFile, ReadersAndAKilledWriterSeeWholeFilesOnly) {
-    const TemporaryDirectory root;
-    const std::string one(200'000, '1');
-    const std::string two(300'000, '2');
-    writeFile(root / "file", one);
-    for (int killedAfter = 1; killedAfter <= 12; ++killedAfter) {
-        const pid_t writer = testsupport::startChild([&] {
-            for (;;) {
-                if (writeFileAtomically(root / "file", two) || writeFileAtomically(root / "file", one))
-                    return EXIT_FAILURE;
-            }
-        });
-        for (int reading = 0; reading < killedAfter; ++reading) {
-            const std::string seen = readFile(root / "file");
-            EXPECT_TRUE(seen == one || seen == two) << seen.size();
-        }
-        kill(writer, SIGKILL);
-        ASSERT_EQ(testsupport::endOfChild(writer), -SIGKILL);
-        const std::string left = readFile(root / "file");
-        EXPECT_TRUE(left == one || left == two) << left.size();
-    }
-    EXPECT_FALSE(writeFileAtomically(root / "file", "last"));
-    EXPECT_EQ(namesIn(root.path()), (std::set<std::string>{"file", ".file.lock"}));
-}
-
 TEST(AtomicFile, MovedAsideFilesNeverTakeEachOthersPlace) {
     const TemporaryDirectory root;
     for (const char* bytes : {"first", "second", "third"}) {

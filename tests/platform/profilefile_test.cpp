@@ -1,5 +1,6 @@
 #include "details/platform/profilefile.h"
 
+#include "details/platform/atomicfile.h"
 #include "tests/support/childprocess.h"
 #include "tests/support/testsupport.h"
 
@@ -157,27 +158,6 @@ TEST_F(ProfileFile, KeepsWhatAnotherProgramWroteMeanwhile) {
     EXPECT_EQ(file.get("A", "theirs"), "2");
 }
 
-TEST_F(ProfileFile, ProgramsThatWriteAtOnceLoseNoKey) {
-    writeFile(path(), "");
-    std::vector<pid_t> children;
-    for (const std::string name : {"a", "b", "c"}) {
-        children.push_back(testsupport::startChild([&] {
-            for (int i = 0; i < 20; ++i) {
-                CProfileFile file(path().string());
-                file.set("S", name + std::to_string(i), "1");
-                if (file.save())
-                    return 1;
-            }
-            return 0;
-        }));
-    }
-    for (const pid_t child : children)
-        EXPECT_EQ(testsupport::endOfChild(child), 0);
-    CProfileFile file(path().string());
-    ASSERT_FALSE(file.load());
-    EXPECT_EQ(file.keys("S").size(), 60u);
-}
-
 TEST_F(ProfileFile, FindsTheFileInAnotherCaseAndThroughBackslashes) {
     writeFile(directory / "User/Scripts.INI", "[A]\nk=1\n");
     CProfileFile file((directory / "user\\SCRIPTS.ini").string());
@@ -191,6 +171,16 @@ TEST_F(ProfileFile, FindsTheFileInAnotherCaseAndThroughBackslashes) {
     EXPECT_TRUE(fresh.set("A", "k", "1"));
     EXPECT_FALSE(fresh.save());
     EXPECT_EQ(readFile(directory / "User/new.ini"), "[A]\nk=1\n");
+}
+
+TEST_F(ProfileFile, WaitsForALockNoLongerThanItIsTold) {
+    CProfileFile file = loaded("[A]\nk=1\n");
+    EXPECT_TRUE(file.set("A", "k", "2"));
+    platform::AtomicFile held(path().string());
+    ASSERT_FALSE(held.lock());
+    const auto failure = file.save(std::chrono::milliseconds::zero());
+    ASSERT_TRUE(failure.has_value());
+    EXPECT_EQ(failure->code, ETIMEDOUT);
 }
 
 TEST_F(ProfileFile, WhatCannotBeReadIsNeverWritten) {

@@ -131,10 +131,11 @@ TEST_F(ConfigurationFile, SaysValuesListsGroupsAndLocks) {
     EXPECT_TRUE(manager().ReleaseConfiguration(configuration));
 
     const std::string path = file().string();
-    EXPECT_EQ(messages_, (Values{path + ":7: PLAIN is given twice, the first counts",
-                                 path + ":11: text in <list> NONE means nothing outside of <item>",
-                                 path + ":12: <value> without a name is passed over",
-                                 path + ":6: locked=\"Yes\" is neither yes nor no, it is taken as yes"}));
+    EXPECT_EQ(messages_,
+              (Values{path + ":7: PLAIN is given twice, the first counts",
+                      path + ":11: text in <list> NONE means nothing outside of <item>",
+                      path + ":12: <value> without a name is passed over",
+                      path + ":6: MISTYPED: locked=\"Yes\" is neither yes nor no, it is taken as yes"}));
 }
 
 struct EditCase {
@@ -289,6 +290,13 @@ TEST_F(ConfigurationFile, KeepsWhatAnEditDoesNotConcern) {
          "<configuration><section path=\"Orvane/SETTINGS\"><value name=\"A\">\xe9</value>\n"
          "  <value name=\"B\">\xe9&#8364;</value>\n"
          "</section></configuration>\n"},
+        // What is written in such an encoding would be damaged.
+        {"a file in an encoding for mail",
+         "<?xml version=\"1.0\" encoding=\"UTF-7\"?>\n<configuration>\n<section path=\"Orvane/SETTINGS\">\n"
+         "<value name=\"A\">+AOk-</value>\n</section>\n</configuration>\n",
+         [](IOvConfiguration& c) { c.writeValue(kPath, "C", "1"); },
+         "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<configuration>\n<section path=\"Orvane/SETTINGS\">\n"
+         "<value name=\"A\">\xc3\xa9</value>\n<value name=\"C\">1</value>\n</section>\n</configuration>\n"},
     };
     for (const EditCase& row : kCases) {
         fs::remove(file());
@@ -533,6 +541,7 @@ TEST_F(ConfigurationFile, DamagedFilesAreReportedOnceAndKeptAside) {
         {"not XML at all", "GRID_HR = 254000\n", ":1: "},
         {"not in its encoding", "<configuration>\n\n<!-- \xff -->\n</configuration>", ":3: "},
         {"unknown encoding", "<?xml version='1.0' encoding='EBCDIC-XX'?><configuration/>", ":1: "},
+        {"wrong bytes in a rare encoding", "<?xml version='1.0' encoding='UTF-7'?><s>\xff\xfe+\xff", ""},
         {"half of UTF-16", std::string("\xff\xfe<\0c\0o", 7), ""},
         {"growing entities", laughs, ":1: entity declarations are not allowed"},
         {"a file of the system",
@@ -640,6 +649,28 @@ TEST_F(ConfigurationFile, ProtectionAgainstWritingIsToldWithPathAndCause) {
         chmod(path.c_str(), 0644);
         EXPECT_EQ(readFile(path), row.text) << row.what;
     }
+}
+
+TEST_F(ConfigurationFile, AFileThatCannotBeReadForAMomentIsNeitherMovedAsideNorSpared) {
+    writeFile(file(), "<configuration><section path='Orvane/SETTINGS'><value name='A'>1</value>"
+                      "<value name='B'>1</value></section></configuration>");
+    ASSERT_TRUE(testsupport::giveToUnprivileged(directory().c_str()));
+    ASSERT_TRUE(testsupport::giveToUnprivileged(file().c_str()));
+    EXPECT_EQ(testsupport::runUnprivileged([&] {
+                  chmod(file().c_str(), 0200);
+                  IOvConfiguration* hopeless = open();
+                  hopeless->writeValue(kPath, "B", "2");
+                  if (manager().ReleaseConfiguration(hopeless))
+                      return 2;
+                  IOvConfiguration* configuration = open();
+                  configuration->removeKey(kPath, "A");
+                  chmod(file().c_str(), 0600);
+                  return manager().ReleaseConfiguration(configuration) ? 0 : 3;
+              }),
+              0);
+    EXPECT_EQ(valuesOf("A"), Values());
+    EXPECT_EQ(valuesOf("B"), Values{"1"});
+    EXPECT_EQ(entriesInDirectory(), 2u) << "the file and its lock file";
 }
 
 TEST_F(ConfigurationFile, FullDiskPutsADamagedFileBack) {
