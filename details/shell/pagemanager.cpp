@@ -9,6 +9,7 @@
 
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace ovsettings {
 
@@ -53,6 +54,32 @@ std::optional<Offer> ask(CPropertyPageSupplier& supplier, const std::string& pag
 
 } // namespace
 
+/// What the dialog took out of factories that live longer than it. They have it back at the end.
+class CPageManager::Removed {
+public:
+    Removed() = default;
+    Removed(const Removed&) = delete;
+    Removed& operator=(const Removed&) = delete;
+    ~Removed() {
+        for (Page& page : pages_)
+            page.factory.restoreStarter(page.key, std::move(page.starter));
+    }
+
+    void hold(CPropertyPageFactory& factory, const std::string& key) {
+        auto* table = dynamic_cast<CFactory*>(&factory);
+        if (auto starter = table ? table->starterOf(key) : nullptr)
+            pages_.push_back({*table, key, std::move(starter)});
+    }
+
+private:
+    struct Page {
+        CFactory& factory;
+        std::string key;
+        std::shared_ptr<CFactory::CBaseDialogStarter> starter;
+    };
+    std::vector<Page> pages_;
+};
+
 CPageManager::CPageManager(CSettingsDialog& frame, CSettingsUpdater& updater)
     : frame_(frame), updater_(updater) {
 }
@@ -67,7 +94,7 @@ bool CPageManager::read(const std::string& path) {
 }
 
 void CPageManager::build() {
-    for (const auto& root : roots_)
+    for (const auto& root : roots())
         buildNode(*root, 0);
 }
 
@@ -129,45 +156,23 @@ std::unique_ptr<CPageStarter> CPageManager::makeStarter(CPropertyPageFactory& fa
 
 void CPageManager::release() {
     reader_.reset();
-    stack_.clear();
     const auto suppliers = std::exchange(suppliers_, {});
-    const auto roots = std::exchange(roots_, {});
-    for (const auto& root : roots)
-        releaseNode(*root);
+    Removed removed;
+    for (const auto& root : take())
+        releaseNode(*root, removed);
 }
 
-void CPageManager::releaseNode(CCategoryNode& node) {
+void CPageManager::releaseNode(CCategoryNode& node, Removed& removed) {
     // The factory of the designs goes as a whole, with its supplier.
     if (isDesigns(node))
         return;
     CPropertyPageFactory* factory = node.supplier ? node.supplier->getFactory() : nullptr;
     if (!factory)
         return;
+    removed.hold(*factory, node.name);
     factory->removePage(node.name);
     for (const auto& child : node.children)
-        releaseNode(*child);
-}
-
-CCategoryNode* CPageManager::newNode(CCategoryNode* parent) {
-    auto& siblings = parent ? parent->children : roots_;
-    siblings.push_back(std::make_unique<CCategoryNode>());
-    siblings.back()->parent = parent;
-    return siblings.back().get();
-}
-
-void CPageManager::push(CCategoryNode* node) {
-    stack_.push_back(node);
-}
-
-CCategoryNode* CPageManager::pop() {
-    CCategoryNode* node = top();
-    if (node)
-        stack_.pop_back();
-    return node;
-}
-
-CCategoryNode* CPageManager::top() const {
-    return stack_.empty() ? nullptr : stack_.back();
+        releaseNode(*child, removed);
 }
 
 } // namespace ovsettings

@@ -55,12 +55,19 @@ bool CPropDialogTemplate::createWindow(QWidget* parent) {
     setParent(parent);
     // Said outright, or the page would appear together with its parent.
     hide();
-    if (built_) // a factory may serve one page under several keys
+    if (window_ == Window::filled) // a factory may serve one page under several keys
         return true;
-    built_ = buildTemplate();
-    if (built_) {
-        OnInitDialog();
-        return true;
+    try {
+        if (window_ == Window::none && buildTemplate())
+            window_ = Window::built;
+        if (window_ == Window::built) {
+            OnInitDialog();
+            window_ = Window::filled;
+            return true;
+        }
+    } catch (...) {
+        setParent(nullptr); // what is not filled must be neither shown nor stored
+        throw;
     }
     setParent(nullptr);
     std::cerr << "OvSettings: Cannot create property page dialog '" << runtimeClassName(*this)

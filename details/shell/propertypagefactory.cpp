@@ -2,6 +2,8 @@
 
 #include "ovsettings/propdialogtemplate.h"
 
+#include <utility>
+
 namespace ovsettings {
 
 Orv::IUpdater* CPropertyPageFactory::getUpdater() {
@@ -29,22 +31,33 @@ CPropDialogTemplate* CFactory::makePage(const std::string& pageKey, QWidget* par
     const auto found = starters_.find(pageKey);
     if (found == starters_.end())
         return nullptr;
-    CPropDialogTemplate* page = found->second->create(parent);
+    const std::shared_ptr<CBaseDialogStarter> starter = found->second;
+    CPropDialogTemplate* page = starter->create(parent);
     if (!page)
         return nullptr;
-    prepare(*page);
-    page->createWindow(parent);
+    try {
+        prepare(*page);
+        page->createWindow(parent);
+    } catch (...) {
+        // A starter that keeps its page has it for the next attempt; nobody else knows of one just made.
+        if (const auto* kept = dynamic_cast<const CDialogStarter*>(starter.get()); kept && kept->page != page)
+            delete page;
+        throw;
+    }
     return page;
 }
 
 void CFactory::removePage(const std::string& pageKey) {
-    if (auto taken = starters_.extract(pageKey))
-        removed_.insert_or_assign(pageKey, std::move(taken.mapped()));
+    starters_.erase(pageKey);
 }
 
-void CFactory::restorePages() {
-    starters_.merge(removed_);
-    removed_.clear();
+std::shared_ptr<CFactory::CBaseDialogStarter> CFactory::starterOf(const std::string& pageKey) const {
+    const auto found = starters_.find(pageKey);
+    return found == starters_.end() ? nullptr : found->second;
+}
+
+void CFactory::restoreStarter(const std::string& pageKey, std::shared_ptr<CBaseDialogStarter> starter) {
+    starters_.try_emplace(pageKey, std::move(starter));
 }
 
 bool CFactory::hasPage(const std::string& pageKey) {

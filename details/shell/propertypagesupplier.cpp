@@ -59,13 +59,6 @@ IComponent* createComponent(const std::string& classId) {
     return create ? create(classId.c_str()) : nullptr;
 }
 
-/// A factory that a former dialog has taken pages out of has them again.
-CPropertyPageFactory* inItsFirstState(CPropertyPageFactory* factory) {
-    if (auto* table = dynamic_cast<CFactory*>(factory))
-        table->restorePages();
-    return factory;
-}
-
 } // namespace
 
 ComponentError::ComponentError(const std::string& classId, long result)
@@ -100,8 +93,7 @@ CPropertyPageFactory* CPropertyPageSupplierDLL::getFactory() {
     }
     using GetFactory = CPropertyPageFactory* (*)();
     const auto get = reinterpret_cast<GetFactory>(library_.symbol("getFactory"));
-    CPropertyPageFactory* factory = get ? get() : nullptr;
-    return met_.insert(factory).second ? inItsFirstState(factory) : factory;
+    return get ? get() : nullptr;
 }
 
 CPropertyPageSupplierCom::CPropertyPageSupplierCom(std::string localization)
@@ -118,7 +110,7 @@ CPropertyPageSupplierCom::CPropertyPageSupplierCom(std::string localization)
     if (const long result = pages->GetPageFactory(&address); result < 0)
         throw ComponentError(*classId, result);
     // The interface gives the address as a number. NOLINTNEXTLINE(performance-no-int-to-ptr)
-    factory_ = inItsFirstState(reinterpret_cast<CPropertyPageFactory*>(address));
+    factory_ = reinterpret_cast<CPropertyPageFactory*>(address);
 }
 
 CPropertyPageSupplierProjects::CPropertyPageSupplierProjects()

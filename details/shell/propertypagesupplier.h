@@ -4,7 +4,6 @@
 #include "ovsettings/propertypagefactory.h"
 
 #include <memory>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -45,7 +44,6 @@ private:
     std::string fileName_;
     platform::SharedLibrary library_;
     bool refused_ = false; ///< it cannot be used, which was told
-    std::set<CPropertyPageFactory*> met_;
 };
 
 /// The pages of a component, which is loaded and asked at construction.

@@ -145,7 +145,11 @@ std::string toolkitFilter(std::string_view pairs) {
         if (patterns == "*.*")
             patterns = "*";
         const std::string description = pieces[i].substr(0, pieces[i].find(" ("));
-        filter += (filter.empty() ? "" : ";;") + description + " (" + patterns + ")";
+        filter.append(filter.empty() ? "" : ";;")
+            .append(description)
+            .append(" (")
+            .append(patterns)
+            .append(")");
     }
     return filter;
 }

@@ -19,7 +19,6 @@
 #include <QtGui/QIcon>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QScreen>
-#include <QtGui/QShortcut>
 #include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
 
@@ -174,8 +173,6 @@ void CSettingsDialog::connectControls() {
             [this] { runCommand([this] { commit(Commit::apply); }); });
     connect(ui_->cancelButton, &QPushButton::clicked, this, &CSettingsDialog::reject);
     connect(ui_->helpButton, &QPushButton::clicked, this, &CSettingsDialog::showActivePageHelp);
-    connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this,
-            &CSettingsDialog::showActivePageHelp);
 
     ui_->tree->setLeaveCheck([this](const QTreeWidgetItem* from, const QTreeWidgetItem* to) {
         bool allowed = false;
@@ -239,8 +236,10 @@ bool CSettingsDialog::mayLeave(const QTreeWidgetItem* from, const QTreeWidgetIte
 void CSettingsDialog::switchToPage(unsigned index) {
     const WaitCursor cursor;
     CPropDialogTemplate* page = pageOf(index);
-    if (page == currentPage_)
+    if (page == currentPage_) {
+        setShown(page, true); // a page that is served under two indices was hidden when it was handed over
         return;
+    }
     setShown(currentPage_, false);
     currentPage_ = page;
     if (page) {
@@ -352,6 +351,7 @@ void CSettingsDialog::showRefusedPage(const CPropDialogTemplate& page) {
     if (const auto item = items_.find(index); item != items_.end()) {
         const QScopedValueRollback<bool> selectable(busy_, false);
         ui_->tree->setCurrentItem(item->second.item);
+        rethrowFailure();
     }
     switchToPage(index);
 }
@@ -379,10 +379,15 @@ bool CSettingsDialog::eventFilter(QObject* watched, QEvent* event) {
     const QObject* keyReceiver = focusWidget() ? focusWidget() : this;
     // Only the delivery to the control itself is shown to the page, not the way up through its parents.
     if (event->type() == QEvent::KeyPress && activePage_ && watched == keyReceiver) {
+        auto* key = static_cast<QKeyEvent*>(event);
         bool handled = false;
-        guarded([&] { handled = activePage_->PreTranslateMessage(static_cast<QKeyEvent*>(event)); });
+        guarded([&] { handled = activePage_->PreTranslateMessage(key); });
         if (handled)
             return true;
+        if (key->matches(QKeySequence::HelpContents)) {
+            showActivePageHelp();
+            return true;
+        }
     }
     return QDialog::eventFilter(watched, event);
 }

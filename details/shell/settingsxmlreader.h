@@ -1,7 +1,5 @@
 #pragma once
 
-#include <libxml/tree.h>
-
 #include <string>
 
 namespace ovsettings {
@@ -19,8 +17,6 @@ public:
     bool read(const std::string& path);
 
 private:
-    bool readDialog(const xmlNode& dialog);
-
     CPageManager& manager_;
     bool loaded_ = false;
 };

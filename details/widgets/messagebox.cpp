@@ -1,10 +1,29 @@
 #include "details/widgets/messagebox.h"
 
+#include <QtGui/QGuiApplication>
 #include <QtWidgets/QAbstractSpinBox>
 
 namespace ovsettings {
 
 namespace {
+
+/// While the user is asked, nobody is to wait.
+class PlainCursor {
+public:
+    PlainCursor() : isWaiting_(QGuiApplication::overrideCursor() != nullptr) {
+        if (isWaiting_)
+            QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+    }
+    ~PlainCursor() {
+        if (isWaiting_)
+            QGuiApplication::restoreOverrideCursor();
+    }
+    PlainCursor(const PlainCursor&) = delete;
+    PlainCursor& operator=(const PlainCursor&) = delete;
+
+private:
+    const bool isWaiting_;
+};
 
 QMessageBox::StandardButton show(QWidget* parent, const QString& text, const QString& title,
                                  QMessageBox::Icon icon, QMessageBox::StandardButtons buttons,
@@ -13,6 +32,7 @@ QMessageBox::StandardButton show(QWidget* parent, const QString& text, const QSt
     QMessageBox box(icon, title, text, buttons, parent ? parent->window() : nullptr);
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(preset);
+    const PlainCursor cursor;
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 

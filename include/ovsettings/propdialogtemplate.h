@@ -19,10 +19,13 @@ namespace ovsettings {
 ///
 /// A page is made when its category is first selected, stays until the dialog goes, and is hidden while
 /// another page is on show. It reads its values in OnInitDialog, writes them in onApply and never saves the
-/// configuration nor ends the dialog: the dialog does both. A page that refuses something has already told
-/// the user; a true result means that the dialog may go on. What one of the operations below throws ends the
-/// dialog and reaches the host; handlers of the page's own controls run in the toolkit's event loop and must
-/// not throw.
+/// configuration nor ends the dialog: the dialog does both. (Only the page Objects saves it, after Save
+/// Scheme, since the list of schemes must not lag behind the file.) A page that refuses something has already
+/// told the user; a true result means that the dialog may go on. What one of the operations below throws ends
+/// the dialog and reaches the host; but what is thrown while the page is made (buildTemplate, OnInitDialog,
+/// createWindow and the handing over of the configuration) is told on standard error, and the category has no
+/// page until it is selected again. Handlers of the page's own controls run in the toolkit's event loop and
+/// must not throw.
 class OVSETTINGS_API CPropDialogTemplate : public QWidget {
     Q_OBJECT
 
@@ -41,7 +44,8 @@ public:
     /// succeeds.
     virtual bool buildTemplate();
 
-    /// Fills the controls. Runs inside createWindow, after buildTemplate; the result is not used.
+    /// Fills the controls. Runs inside createWindow, after buildTemplate; the result is not used. It runs
+    /// again if it threw and the page outlived that.
     virtual bool OnInitDialog();
 
     /// The name by which changes of the page are reported to an IUpdateHost.
@@ -49,7 +53,8 @@ public:
     /// The template number given to the constructor.
     virtual unsigned dialogId() const;
     /// Sets the parent, builds the template, fills it. A template that cannot be built is told on standard
-    /// error and leaves the page without a window. Returns true in either case.
+    /// error and leaves the page without a window. Returns true in either case. What throws in it leaves the
+    /// page without a parent, to whoever made it; another call takes up where this one ended.
     virtual bool createWindow(QWidget* parent);
     /// OK: store the values, as a rule by calling onApply.
     virtual bool onOk();
@@ -68,8 +73,8 @@ public:
     /// Opens the page's topic in the online help.
     virtual int showHelp();
 
-    /// True once the page can be shown: its template is built, or it came with a parent of its own.
-    bool hasWindow() const { return built_ || parentWidget() != nullptr; }
+    /// True once the page can be shown: it is built and filled, or it came with a parent of its own.
+    bool hasWindow() const { return window_ == Window::filled || parentWidget() != nullptr; }
 
 protected:
     /// Set by the concrete page's constructor; never null.
@@ -79,8 +84,10 @@ protected:
     std::string helpBook;
 
 private:
+    enum class Window : unsigned char { none, built, filled };
+
     unsigned templateId_;
-    bool built_ = false;
+    Window window_ = Window::none;
 };
 
 /// A page that works on the configuration objects. They are handed over before the page's window is created;

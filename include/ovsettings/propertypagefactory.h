@@ -42,6 +42,7 @@ public:
     virtual CPropDialogTemplate* createPage(const std::string& pageKey, QWidget* parent) = 0;
 
     /// Called with the catalogue entry's `name` when the dialog goes; must accept a key it does not know.
+    /// What the dialog takes out of a CFactory in this way is back for the next dialog.
     virtual void removePage(const std::string& pageKey) = 0;
 
     /// False drops the category, and its sub-categories, in silence.
@@ -56,7 +57,8 @@ public:
     virtual int factoryKind();
 };
 
-/// A factory over a table from page key to starter. It owns the starters, not the pages.
+/// A factory over a table from page key to starter. It owns the starters, not the pages; a page of a
+/// CDialogLazyStarter that cannot be made to its end, since it throws, is deleted.
 class OVSETTINGS_API CFactory : public CPropertyPageFactory {
 public:
     /// Joins one key to one page: constructs it, without a window, when first asked.
@@ -88,10 +90,6 @@ public:
     bool hasPage(const std::string& pageKey) override;
     int factoryKind() override;
 
-    /// Brings back the pages that removePage took out. The dialog does so when it opens: an add-in's factory
-    /// lives on in the process, while each dialog takes its categories out as it goes.
-    void restorePages();
-
     /// Enters a starter under a key; an earlier one under the same key is replaced.
     void addStarter(const std::string& pageKey, std::unique_ptr<CBaseDialogStarter> starter);
 
@@ -107,8 +105,14 @@ protected:
                                   const std::function<void(CPropDialogTemplate&)>& prepare);
 
 private:
-    std::map<std::string, std::unique_ptr<CBaseDialogStarter>> starters_;
-    std::map<std::string, std::unique_ptr<CBaseDialogStarter>> removed_;
+    friend class CPageManager;
+
+    /// An add-in's factory lives on in the process, while each dialog takes its categories out as it goes:
+    /// what it takes out it holds, and gives back when all are out.
+    std::shared_ptr<CBaseDialogStarter> starterOf(const std::string& pageKey) const;
+    void restoreStarter(const std::string& pageKey, std::shared_ptr<CBaseDialogStarter> starter);
+
+    std::map<std::string, std::shared_ptr<CBaseDialogStarter>> starters_;
 };
 
 /// A factory that hands the configuration objects to each page before the page's window exists. Derive an

@@ -3,7 +3,9 @@
 #include "ovsettings/settingspagecomponent.h"
 
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
 
+#include <clocale>
 #include <filesystem>
 
 namespace {
@@ -58,6 +60,35 @@ TEST_F(AddIns, OneThatThrowsKeepsNobodyElseAway) {
               }),
               1);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "OvSettings: no page createPage: unknown exception\n");
+}
+
+TEST_F(AddIns, PageThatThrowsWhileItIsFilledIsNotShownUntilItIsFilled) {
+    catalogue(category("A") + entry("kept", THROWING_ADDIN) + entry("lazy", THROWING_ADDIN));
+    testing::internal::CaptureStderr();
+    run([](QDialog& dialog) {
+        const std::vector<std::string> none;
+        for (const auto& [name, texts] : {std::pair{"kept", none},
+                                          {"lazy", none},
+                                          {"kept", std::vector<std::string>{"filled"}},
+                                          {"lazy", none}}) {
+            testsupport::selectCategory(dialog, name);
+            EXPECT_EQ(textsOnShow(dialog), texts) << name;
+        }
+        EXPECT_EQ(dialog.findChildren<QLineEdit*>().size(), 2); // of A, and of the one that is kept
+        click(dialog, "Cancel");
+    });
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "OvSettings: no page kept: from OnInitDialog\n"
+                                                      "OvSettings: no page lazy: from OnInitDialog\n"
+                                                      "OvSettings: no page lazy: from OnInitDialog\n");
+}
+
+TEST_F(AddIns, MissingLibraryIsToldInNoLanguage) {
+    const testsupport::ScopedEnvironment language("LANGUAGE", "de");
+    const std::string before = std::setlocale(LC_MESSAGES, nullptr);
+    std::setlocale(LC_MESSAGES, "C.UTF-8");
+    EXPECT_EQ(treeWith(entry("Any", "/nowhere/libmissing.so")), "A,B");
+    EXPECT_EQ(told_, "");
+    std::setlocale(LC_MESSAGES, before.c_str());
 }
 
 TEST_F(AddIns, OneOfAnotherVersionIsToldAndLeftOut) {

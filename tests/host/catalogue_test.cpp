@@ -84,6 +84,22 @@ TEST_F(Catalogue, IsReadByItsRulesAndLosesNothingThatWasReadBefore) {
              "<dialog><name>&e;</name></dialog></s>",
          "A",
          {}},
+        {"text up to a section",
+         document("<dialog><name>A<![CDATA[B]]></name>" + a.substr(a.find("<classid>"))),
+         "A",
+         {}},
+        {"section is not a text",
+         document(a + "<dialog><name><![CDATA[B]]></name></dialog>" + category("B")),
+         "A",
+         {}},
+        {"failures that open one another",
+         document(
+             category("A", "A",
+                      repeat("<dialog><localization>internal</localization><classid>Empty</classid><name/>"
+                             "</dialog>",
+                             40000))),
+         "A" + repeat("(", 254) + repeat(")", 254),
+         {}},
         {"nesting without end", repeat("<dialog>", 10000) + repeat("</dialog>", 10000), "", {kNotFound}},
     };
     for (const CatalogueCase& c : cases) {
@@ -121,7 +137,8 @@ TEST_F(Catalogue, AddInThatCannotBeUsedDropsItsCategoryAlone) {
                "</localization></dialog>";
     };
     catalogue(entry("missing", "/nowhere/libmissing.so") + entry("bare", "nosuchaddin.dll") +
-              entry("no factory", NO_FACTORY) + entry("null factory", NULL_FACTORY) +
+              entry("no factory", NO_FACTORY) + entry("borrowed factory", BORROWING_ADDIN) +
+              entry("null factory", NULL_FACTORY) +
               entry("component", " [{00000000-0000-0000-0000-000000000000}]") + entry("designs", "projects") +
               "<dialog><name>nowhere</name><classid>A</classid></dialog>" +
               entry("internal, unknown", "internal") + entry("good", RECORDING_ADDIN));

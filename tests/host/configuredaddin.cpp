@@ -60,6 +60,8 @@ public:
     Factory() {
         addPage<CConfiguredPage>("Configured");
         addPage<CPlainPage>("Plain");
+        addPage<CPlainPage>("Dropped");
+        CFactory::removePage("Dropped");
     }
 };
 

@@ -7,6 +7,7 @@
 #include <QtWidgets/QScrollArea>
 #include <QtWidgets/QTreeWidget>
 
+#include <algorithm>
 #include <stdexcept>
 
 using testsupport::selectCategory;
@@ -114,6 +115,19 @@ TEST_F(Frame, RefusedPageIsShownWhileTheTreeHighlightsTheOneBefore) {
         &updater);
     EXPECT_EQ(result, 0);
     EXPECT_EQ(storedLastPage(), "C");
+}
+
+TEST_F(Frame, RefusedPageIsNotEnteredAfterAFailureOnTheWayToIt) {
+    recorder().answers["C.isValid"] = false;
+    EXPECT_THROW(run([](QDialog& dialog) {
+                     visit(dialog, {"C", "A"});
+                     recorder().acts["B.onEnter"] = [] {
+                         throw std::range_error("on the way");
+                     };
+                     click(dialog, "OK");
+                 }),
+                 std::range_error);
+    EXPECT_EQ(std::count(recorder().calls.begin(), recorder().calls.end(), "C.onEnter"), 0);
 }
 
 TEST_F(Frame, RefusedFirstPageMovesNoHighlight) {
@@ -255,7 +269,9 @@ TEST_F(Frame, WhatAnAddInThrowsWhileTheDialogGoesReachesTheHostAsWell) {
 TEST_F(Frame, PageThatIsServedTwiceOrDeletesItselfDoesNoHarm) {
     catalogue(category("A") + category("One", "Shared") + category("Two", "Shared"));
     run([](QDialog& dialog) {
-        visit(dialog, {"One", "Two", "A"});
+        visit(dialog, {"One", "Two"});
+        EXPECT_EQ(textsOnShow(dialog).size(), 1u);
+        visit(dialog, {"A"});
         auto* pageOfA = dialog.findChild<QScrollArea*>()->findChild<QLineEdit*>()->parentWidget();
         recorder().acts["A.onApply"] = [pageOfA] {
             pageOfA->deleteLater();
@@ -306,6 +322,13 @@ TEST_F(Frame, ActivePageSeesEachKeyOnceAndMayKeepIt) {
         recorder().answers[enter] = true;
         QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
         EXPECT_EQ(recorder().calls, Calls{enter});
+        const std::string help = "A.key" + std::to_string(Qt::Key_F1);
+        for (const bool isKept : {true, false}) {
+            recorder().answers[help] = isKept;
+            recorder().calls.clear();
+            QTest::keyClick(dialog.focusWidget(), Qt::Key_F1);
+            EXPECT_EQ(recorder().calls, isKept ? Calls{help} : (Calls{help, "A.showHelp"}));
+        }
         recorder().answers[enter] = false;
         recorder().calls.clear();
         QTest::keyClick(dialog.focusWidget(), Qt::Key_Return); // goes on to the default button
@@ -334,14 +357,19 @@ TEST_F(Frame, DragOverTheTreeMovesNeitherPageNorHighlight) {
 }
 
 TEST_F(Frame, AddInThatNobodyLinksGetsTheConfigurationAndMayLeaveThingsBehind) {
-    catalogue("<dialog><name>A</name><classid>Configured</classid><localization>" CONFIGURED_ADDIN
-              "</localization></dialog><dialog><name>B</name><classid>Plain</"
-              "classid><localization>" CONFIGURED_ADDIN "</localization></dialog>");
+    // The names are the keys, so that each dialog takes the pages out of the factory as it goes: for itself.
+    std::string dialogs;
+    for (const std::string key : {"Configured", "Plain", "Dropped"})
+        dialogs += "<dialog><name>" + key + "</name><classid>" + key +
+                   "</classid><localization>" CONFIGURED_ADDIN "</localization></dialog>";
+    catalogue(dialogs);
     for (int call = 0; call < 2; ++call) {
-        run([](QDialog& dialog) {
-            selectCategory(dialog, "A");
+        run([this](QDialog& dialog) {
+            EXPECT_EQ(treeText(dialog), "Configured,Plain"); // the third is one that the add-in takes away
+            run([](QDialog& inner) { click(inner, "Cancel"); });
+            selectCategory(dialog, "Configured");
             EXPECT_TRUE(testsupport::controlByCaption(dialog, "GRID_HR = 254000"));
-            selectCategory(dialog, "B");
+            selectCategory(dialog, "Plain");
             EXPECT_TRUE(testsupport::controlByCaption(dialog, "no configuration"));
             click(dialog, "Cancel");
         });

@@ -5,7 +5,9 @@
 
 #include <QtTest/QTest>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QScrollArea>
 #include <QtWidgets/QTreeWidget>
 
 bool AskingUpdater::updateSettings(ovsettings::IUpdateHost* host) {
@@ -76,4 +78,13 @@ std::string selectedCategory(QDialog& dialog) {
 
 std::string pageCaption(QDialog& dialog) {
     return dialog.findChild<QLabel*>(QStringLiteral("caption"))->accessibleName().toStdString();
+}
+
+std::vector<std::string> textsOnShow(QDialog& dialog) {
+    std::vector<std::string> texts;
+    for (const QLineEdit* edit : dialog.findChild<QScrollArea*>()->findChildren<QLineEdit*>()) {
+        if (edit->isVisible())
+            texts.push_back(edit->text().toStdString());
+    }
+    return texts;
 }

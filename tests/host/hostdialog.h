@@ -57,3 +57,5 @@ std::string treeText(QDialog& dialog);
 std::string selectedCategory(QDialog& dialog);
 /// The caption over the page area.
 std::string pageCaption(QDialog& dialog);
+/// The texts of the line edits on show in the page area.
+std::vector<std::string> textsOnShow(QDialog& dialog);

@@ -3,24 +3,53 @@
 #include "ovsettings/propdialogtemplate.h"
 #include "ovsettings/propertypagefactory.h"
 
+#include <QtWidgets/QLineEdit>
+
 #include <cstdlib>
 #include <stdexcept>
+#include <utility>
 
 namespace {
 
-class Factory : public ovsettings::CPropertyPageFactory {
+/// Throws when it is filled for the first time.
+class CPage : public ovsettings::CPropDialogTemplate {
 public:
+    explicit CPage(QWidget* parent) : CPropDialogTemplate(9004, parent) {}
+
+    bool buildTemplate() override {
+        edit_ = new QLineEdit(this);
+        return true;
+    }
+    bool OnInitDialog() override {
+        if (!std::exchange(isSecond_, true))
+            throw std::runtime_error("from OnInitDialog");
+        edit_->setText(QStringLiteral("filled"));
+        return true;
+    }
+
+private:
+    QLineEdit* edit_ = nullptr;
+    bool isSecond_ = false;
+};
+
+class Factory : public ovsettings::CFactory {
+public:
+    Factory() {
+        addPage<CPage>("lazy");
+        auto starter = std::make_unique<CDialogStarter>();
+        starter->page = new CPage(nullptr);
+        addStarter("kept", std::move(starter));
+    }
     bool hasPage(const std::string& key) override {
         if (key == "hasPage")
             throw std::runtime_error("from hasPage");
         return true;
     }
-    ovsettings::CPropDialogTemplate* createPage(const std::string& key, QWidget*) override {
+    ovsettings::CPropDialogTemplate* createPage(const std::string& key, QWidget* parent) override {
         if (key == "createPage")
             throw 7;
-        return nullptr;
+        return CFactory::createPage(key, parent);
     }
-    void removePage(const std::string&) override {}
 };
 
 } // namespace

@@ -1,8 +1,13 @@
 #include "details/shell/settingsdialog.h"
 
+#include "details/pages/editor/metricsdialog.h"
+#include "details/pages/editor/panandzoomdialog.h"
+#include "details/pages/startup/runonstartupdialog.h"
 #include "details/shell/internalpages.h"
 #include "details/shell/pagestarter.h"
 #include "details/shell/stringtable.h"
+#include "details/widgets/messagebox.h"
+#include "details/widgets/waitcursor.h"
 #include "orv/appconfiguration.h"
 #include "orv/projectconfiguration.h"
 #include "orv/updater.h"
@@ -16,6 +21,7 @@
 #include <QtWidgets/QPushButton>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <memory>
 
 using namespace ovsettings;
@@ -69,6 +75,35 @@ TEST(NotifyUpdaters, FromWithinAStoreLosesThePagesOwnNameInBothNotifications) {
     CTellingPage elsewhere(nullptr);
     elsewhere.onApply();
     EXPECT_EQ(updater.changed.size(), 2u);
+}
+
+TEST(PageWithAParent, StoresNothingBeforeItHasItsWindow) {
+    const testsupport::Installation installation;
+    Orv::iAppConfiguration configuration;
+    ASSERT_TRUE(configuration.load());
+    QWidget parent;
+    CMetricsDialog units(&parent);
+    CPanAndZoomDialog panAndZoom(&parent);
+    CRunOnStartupDialog runOnStartup(&parent);
+    for (CPropDialogTemplateEx* page :
+         std::initializer_list<CPropDialogTemplateEx*>{&units, &panAndZoom, &runOnStartup}) {
+        page->setAppConfiguration(&configuration);
+        EXPECT_FALSE(page->isModified()) << page->pageName();
+        EXPECT_TRUE(page->onOk()) << page->pageName();
+    }
+    EXPECT_FALSE(std::filesystem::exists(installation.user() / "scripts.ini"));
+}
+
+TEST(MessageBox, ShowsNoWaitCursorWhileItAsks) {
+    const WaitCursor wait;
+    Qt::CursorShape shape = Qt::WaitCursor;
+    testsupport::whenModal([&shape](QWidget& box) {
+        shape = QGuiApplication::overrideCursor()->shape();
+        box.close();
+    });
+    showMessage(nullptr, QStringLiteral("text"));
+    EXPECT_EQ(shape, Qt::ArrowCursor);
+    EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
 }
 
 TEST(StringTables, HaveEveryCaptionInEveryLanguage) {
