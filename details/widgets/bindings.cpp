@@ -32,8 +32,8 @@ void CBinding::show(const Orv::iAppConfiguration& appConfig) {
     std::string text;
     locked_ = false;
     Orv::getValue(appConfig, key_, text, locked_);
-    stored_ = normalForm(text);
     showText(appConfig, text);
+    unchanged_ = this->text();
     if (locked_)
         showLock(appConfig);
 }
@@ -44,15 +44,12 @@ void CBinding::store(Orv::iAppConfiguration& appConfig) {
         return;
     Orv::setValue(appConfig, key_, *value);
     // What was written, not what a read gives back: the store rounds numbers to six digits.
-    stored_ = *value;
+    unchanged_ = value;
 }
 
 bool CBinding::isModified() const {
-    return !locked_ && text().value_or(stored_) != stored_;
-}
-
-std::string CBinding::normalForm(const std::string& stored) const {
-    return stored;
+    const std::optional<std::string> value = text();
+    return !locked_ && value && value != unchanged_;
 }
 
 CFlagBinding::CFlagBinding(std::string key, QCheckBox& box) : CBinding(std::move(key)), box_(box) {
@@ -137,10 +134,6 @@ void CLengthBinding::showLock(const Orv::iAppConfiguration& appConfig) {
 
 std::optional<std::string> CLengthBinding::text() const {
     return Orv::lengthToText(length());
-}
-
-std::string CLengthBinding::normalForm(const std::string& stored) const {
-    return Orv::lengthToText(Orv::lengthFromText(stored));
 }
 
 void CLengthBinding::setUnit(Orv::Metrics::Unit unit) {

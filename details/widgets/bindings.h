@@ -35,7 +35,8 @@ public:
     void show(const Orv::iAppConfiguration& appConfig);
     /// Writes the key, a locked one too: the store keeps what is locked, and tells its sinks.
     void store(Orv::iAppConfiguration& appConfig);
-    /// True if a store would change the value last shown or stored. A locked key never changes.
+    /// True if the control stands for another value than after the last show or store, so not where a store
+    /// would only bring an odd text into its normal form. A locked key never changes.
     bool isModified() const;
 
 protected:
@@ -46,11 +47,9 @@ private:
     virtual void showLock(const Orv::iAppConfiguration& appConfig) = 0;
     /// What the control stands for, in the key's encoding; nothing if the key is to stay as it is.
     virtual std::optional<std::string> text() const = 0;
-    /// A stored text in the form in which text() would give the same value.
-    virtual std::string normalForm(const std::string& stored) const;
 
     std::string key_;
-    std::string stored_;
+    std::optional<std::string> unchanged_; ///< text() after the last show or store
     bool locked_ = false;
 };
 
@@ -125,7 +124,6 @@ private:
     void showText(const Orv::iAppConfiguration& appConfig, const std::string& text) override;
     void showLock(const Orv::iAppConfiguration& appConfig) override;
     std::optional<std::string> text() const override;
-    std::string normalForm(const std::string& stored) const override;
 
     void setUnit(Orv::Metrics::Unit unit);
     void render(long length, Orv::Metrics::Unit unit);

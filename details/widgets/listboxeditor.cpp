@@ -154,6 +154,7 @@ void CListBoxEditor::connectControls() {
     connect(up_, &QToolButton::clicked, this, [this] { moveLine(-1); });
     connect(down_, &QToolButton::clicked, this, [this] { moveLine(+1); });
     connect(list_, &QListWidget::currentRowChanged, this, &CListBoxEditor::updateButtons);
+    connect(list_, &QListWidget::itemSelectionChanged, this, &CListBoxEditor::updateButtons);
     connect(list_, &QListWidget::doubleClicked, this,
             [this](const QModelIndex& index) { editLine(index.row()); });
     list_->installEventFilter(this);
@@ -212,7 +213,7 @@ void CListBoxEditor::setLine(int row, const QString& text) {
     QListWidgetItem* item = list_->item(row);
     item->setText(text);
     item->setData(kOriginRole, QVariant());
-    item->setToolTip(text);
+    item->setToolTip(toToolTip(text));
     item->setData(Qt::AccessibleTextRole, text.isEmpty() ? tr("New line") : text);
 }
 
@@ -298,7 +299,7 @@ void CListBoxEditor::deleteLine() {
     const QPersistentModelIndex meant(list_->currentIndex());
     cancelEditing();
     const int row = meant.row();
-    if (!isEntry(row))
+    if (!isEntry(row) || !list_->item(row)->isSelected())
         return;
     removeLine(row);
     lineDeleted(row);
@@ -343,12 +344,16 @@ bool CListBoxEditor::isEntry(int row) const {
 
 void CListBoxEditor::updateButtons() {
     const int row = currentRow();
-    delete_->setEnabled(isEntry(row));
+    delete_->setEnabled(isEntry(row) && list_->item(row)->isSelected());
     up_->setEnabled(isEntry(row) && isEntry(row - 1));
     down_->setEnabled(isEntry(row) && isEntry(row + 1));
 }
 
 bool CListBoxEditor::eventFilter(QObject* watched, QEvent* event) {
+    // The list would make its first line the current one and leave it unselected.
+    if (event->type() == QEvent::FocusIn && currentRow() < 0 &&
+        static_cast<QFocusEvent*>(event)->reason() != Qt::MouseFocusReason)
+        setCurrentRow(0);
     if (event->type() == QEvent::KeyPress && !delegate_->isEditing() &&
         handleKey(*static_cast<QKeyEvent*>(event)))
         return true;

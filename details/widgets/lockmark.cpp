@@ -13,7 +13,10 @@ namespace {
 
 void lock(QWidget& widget, const QString& toolTip) {
     widget.setEnabled(false);
-    widget.setToolTip(toolTip);
+    widget.setToolTip(toToolTip(toolTip));
+    // The tool tip serves in its place, but with its markup.
+    if (widget.toolTip() != toolTip && widget.accessibleDescription().isEmpty())
+        widget.setAccessibleDescription(toolTip);
 }
 
 } // namespace

@@ -12,7 +12,7 @@ class iAppConfiguration;
 
 namespace ovsettings {
 
-/// What a user is told of a locked field: the directory that locks it.
+/// What a user is told of a locked field, as plain text: the directory that locks it.
 /// @param field index from 0.
 QString lockToolTip(const Orv::iAppConfiguration& appConfig, const std::string& key, std::size_t field = 0);
 

@@ -119,15 +119,22 @@ std::optional<std::string> CentralLibrary::load(const std::string& indexPath) {
     std::string bytes;
     if (const auto error = readTextFile(path, bytes))
         return error->text;
-    const ProfileView content(bytes);
-    if (!isIndex(content))
+    if (!parse(bytes))
         return path + ": cannot read: it is no index of a central library";
     directory_ = fs::path(path).parent_path().string();
+    return std::nullopt;
+}
+
+bool CentralLibrary::parse(std::string_view text) {
+    *this = {};
+    const ProfileView content(text);
+    if (!isIndex(content))
+        return false;
     readPartitions(content);
     readSchemes(content);
     for (const auto& [kind, name] : kKindNames)
         special_[kind] = readList(content, joined(kSpecialPrefix, name), kSpecialList);
-    return std::nullopt;
+    return true;
 }
 
 void CentralLibrary::readPartitions(const ProfileView& content) {

@@ -45,6 +45,8 @@ class CentralLibrary {
 public:
     /// Reads an index. @return why it cannot be read, with the library empty, or nothing.
     std::optional<std::string> load(const std::string& indexPath);
+    /// Reads the text of an index. @return false, with the library empty, if it is none.
+    bool parse(std::string_view text);
 
     /// The directory of the index, from the root.
     const std::string& directory() const { return directory_; }

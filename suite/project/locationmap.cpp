@@ -3,12 +3,14 @@
 #include "details/platform/asciicase.h"
 #include "details/platform/environment.h"
 #include "details/platform/paths.h"
+#include "details/platform/remotefile.h"
 #include "suite/project/projectlog.h"
 #include "suite/project/textfile.h"
 #include "suite/wdirutils.h"
 
 #include <algorithm>
 #include <filesystem>
+#include <utility>
 
 namespace suite {
 
@@ -38,15 +40,26 @@ bool isSeparator(char c) {
     return c == '/' || c == '\\';
 }
 
-bool isRooted(std::string_view path) {
-    const bool drive =
-        path.size() >= 3 && platform::isLetter(path[0]) && path[1] == ':' && isSeparator(path[2]);
-    return drive || (!path.empty() && isSeparator(path.front()));
+constexpr std::size_t kDriveLength = 2;
+
+bool hasDrive(std::string_view path) {
+    return path.size() > kDriveLength && platform::isLetter(path[0]) && path[1] == ':' &&
+           isSeparator(path[kDriveLength]);
 }
 
-/// Without "." and "..", and without a separator at the end: the root is an empty text.
+/// Whether a path needs no directory to begin at.
+bool isFull(std::string_view path) {
+    return hasDrive(path) || platform::IsRemotePath(path) || (!path.empty() && isSeparator(path.front()));
+}
+
+/// Without "." and "..", and without a separator at the end: the root is an empty text. Of a remote location
+/// the rest is its server's to understand, down to the two separators before the server's name.
 std::string normalDirectory(const std::string& path) {
-    std::string normal = std::filesystem::path(path).lexically_normal().string();
+    if (platform::IsRemotePath(path))
+        return path.substr(0, path.size() - (path.ends_with('/') ? 1 : 0));
+    const std::size_t root = hasDrive(path) ? kDriveLength : 0; // no ".." leads out of a drive
+    std::string normal =
+        path.substr(0, root) + std::filesystem::path(path.substr(root)).lexically_normal().string();
     while (!normal.empty() && normal.back() == '/')
         normal.pop_back();
     return normal;
@@ -86,35 +99,39 @@ void LocationMap::addFile(const std::string& directory) {
             projectLog().reportOnce(*path, error->text);
         return;
     }
-    std::string_view rest = bytes;
-    if (rest.starts_with(kByteOrderMark))
-        rest.remove_prefix(kByteOrderMark.size());
-    int firstBadLine = 0;
-    for (int number = 1; !rest.empty(); ++number) {
-        const auto size = std::min(rest.find('\n'), rest.size() - 1) + 1;
-        bool understood = true;
-        addLine(trimmed(rest.substr(0, size)), directory, understood);
-        if (!understood && firstBadLine == 0)
-            firstBadLine = number;
-        rest.remove_prefix(size);
-    }
-    if (firstBadLine > 0)
-        projectLog().reportOnce(*path, *path + ":" + std::to_string(firstBadLine) +
+    if (const int line = add(bytes, directory))
+        projectLog().reportOnce(*path, *path + ":" + std::to_string(line) +
                                            ": passed over: a line is \"$NAME DIRECTORY\"");
 }
 
-void LocationMap::addLine(std::string_view line, const std::string& directory, bool& understood) {
+int LocationMap::add(std::string_view text, const std::string& directory) {
+    if (text.starts_with(kByteOrderMark))
+        text.remove_prefix(kByteOrderMark.size());
+    int firstBadLine = 0;
+    for (int number = 1; !text.empty(); ++number) {
+        const auto size = std::min(text.find('\n'), text.size() - 1) + 1;
+        const bool understood = addLine(trimmed(text.substr(0, size)), directory);
+        if (!understood && firstBadLine == 0)
+            firstBadLine = number;
+        text.remove_prefix(size);
+    }
+    return firstBadLine;
+}
+
+bool LocationMap::addLine(std::string_view line, const std::string& directory) {
     if (line.empty() || line.front() == '#')
-        return;
+        return true;
     const auto nameEnd = std::min(line.find_first_of(" \t="), line.size());
     const std::string_view name = line.substr(0, nameEnd);
     std::string_view value = trimmed(line.substr(nameEnd));
     if (value.starts_with('='))
         value = trimmed(value.substr(1));
     value = unquoted(value);
-    understood = name.size() > 1 && isSoftName(name) && platform::isBareName(name) && !value.empty();
-    if (understood && index_.try_emplace(std::string(name.substr(1)), entries_.size()).second)
+    if (name.size() <= 1 || !isSoftName(name) || !platform::isBareName(name) || value.empty())
+        return false;
+    if (index_.try_emplace(std::string(name.substr(1)), entries_.size()).second)
         entries_.push_back({std::string(name.substr(1)), std::string(value), directory});
+    return true;
 }
 
 std::optional<LocationMap::Entry> LocationMap::find(std::string_view name, Lookup lookup) const {
@@ -141,8 +158,8 @@ std::optional<std::string> LocationMap::hardName(std::string_view text, Lookup l
             return std::nullopt;
         std::string directory = platform::expandEnvironmentReferences(entry->value);
         if (!isSoftName(directory)) {
-            directory = platform::platformPath(directory);
-            directory = normalDirectory(isRooted(directory) ? directory : entry->base + '/' + directory);
+            directory = platform::expandHome(platform::platformPath(directory));
+            directory = normalDirectory(isFull(directory) ? directory : entry->base + '/' + directory);
             if (directory.empty() && nameEnd == path.size())
                 directory = "/";
         }
@@ -185,7 +202,10 @@ std::string LocationMap::fullPathOfExpanded(std::string path) const {
             return path;
         path = *hard;
     }
-    if (isRooted(path) || directory_.empty())
+    if (platform::IsRemotePath(path))
+        return path;
+    path = platform::expandHome(std::move(path));
+    if (isFull(path) || directory_.empty())
         return platform::fullPath(path);
     const std::string inDirectory = directory_ + '/' + path;
     // A reference that stands for nothing says more as it is than behind the project's directory.

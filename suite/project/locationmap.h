@@ -22,6 +22,10 @@ public:
     /// @param project path of a project file or of its directory; empty means the working directories only.
     static LocationMap ofProject(std::string_view project);
 
+    /// Adds the definitions of a text, as if it were the file of a directory.
+    /// @return the first line, from 1, that is passed over because it is no definition, or 0.
+    int add(std::string_view text, const std::string& directory);
+
     /// The project's directory; empty without a project.
     const std::string& directory() const { return directory_; }
 
@@ -48,7 +52,7 @@ private:
     };
 
     void addFile(const std::string& directory);
-    void addLine(std::string_view line, const std::string& directory, bool& understood);
+    bool addLine(std::string_view line, const std::string& directory);
     std::optional<Entry> find(std::string_view name, Lookup lookup) const;
 
     std::string directory_;

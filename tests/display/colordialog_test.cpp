@@ -100,6 +100,10 @@ TEST_F(ColorPage, ShowsNumbersAndColorsOfThePaletteInEightRows) {
         EXPECT_EQ(grid().cellText(row, 1), QString::number(row - 1));
         EXPECT_EQ(grid().cellText(row, 3), QString::number(row + 7));
         EXPECT_EQ(grid().cellText(row, 2), QString());
+        for (const int column : {2, 4}) {
+            EXPECT_EQ(grid().model()->index(row - 1, column - 1).data(Qt::AccessibleTextRole).toString(),
+                      "Color, " + grid().cellText(row, column - 1));
+        }
     }
     EXPECT_TRUE(find<QRadioButton>(window_, "Screen")->isChecked());
 }

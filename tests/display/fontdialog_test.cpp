@@ -131,6 +131,7 @@ TEST_F(FontPage, ForgetsAFaceByTheButtonButNotByTheDeleteKey) {
     click(2, 2);
     QTest::keyClick(&grid(), Qt::Key_Delete);
     EXPECT_EQ(shown(2), "");
+    EXPECT_TRUE(grid().cellStyle(2, 2).toolTip.isEmpty());
     EXPECT_TRUE(page->onApply());
     EXPECT_EQ(stored("ROMAN"), mapped);
 
@@ -161,7 +162,11 @@ TEST_F(FontPage, ALockedFieldDisablesTheButtonsOfItsRow) {
 TEST_F(FontPage, WritesAScaleFactorAsItStandsIfItBeginsWithAPositiveNumber) {
     const testsupport::GermanNumbers german;
     load();
+    const std::string noUtf8 = "2\xFC";
+    Orv::setValue(appConfig_, "SCALEFACTOR", noUtf8);
     CFontDialog& page = open<CFontDialog>();
+    EXPECT_TRUE(page.onApply());
+    EXPECT_EQ(stored("SCALEFACTOR"), Texts{noUtf8}) << "left alone";
     auto& factor = *find<ovsettings::CScaleFactorEdit>(window_, "Scale factor");
     const std::pair<const char*, const char*> rows[] = {
         {"1.5", "1.5"}, {"0", "1.5"},   {"-1", "1.5"},  {"wide", "1.5"},

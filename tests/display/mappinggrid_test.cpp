@@ -1,5 +1,6 @@
 #include "details/pages/display/mappinggrid.h"
 
+#include "details/widgets/ownerdrawbutton.h"
 #include "tests/display/objectspage.h"
 
 #include <QtWidgets/QMessageBox>
@@ -168,5 +169,8 @@ TEST_F(MappingGrid, CellsOfFieldsThatAKeyDoesNotHaveAreClosed) {
         EXPECT_TRUE(objects_->isValid() && objects_->onApply());
         EXPECT_EQ(stored("BUS"), fields);
         EXPECT_EQ(stored("LABEL"), fields);
+        testsupport::find<QAbstractButton>(window_, "ICT")->click();
+        const QImage sample = objects_->findChild<ovsettings::OwnerDrawButton*>()->grab().toImage();
+        EXPECT_EQ(sample.pixelColor(3, 53 + 2 * 18), fields.empty() ? Qt::black : Qt::blue) << "the bus";
     }
 }

@@ -139,7 +139,7 @@ TEST(SchemeFile, WritesOneSchemeInTheOrderThatOtherProgramsKnow) {
 }
 
 TEST(SchemeFile, WritesNoMoreOfANameThanItsLineHolds) {
-    for (const char* letter : {"x", "\xc3\xa9"}) {
+    for (const char* letter : {"x", "\xc3\xa9", "\x99"}) {
         CColorScheme scheme = manyColors();
         scheme.name.clear();
         while (scheme.name.size() < 300)

@@ -114,8 +114,8 @@ TEST_F(GridPage, ShowsTheSameLengthAfterAChangeOfTheUnit) {
     EXPECT_FALSE(page.isModified());
 }
 
-TEST_F(GridPage, IsModifiedWhileAStoreWouldChangeSomething) {
-    load({});
+TEST_F(GridPage, IsModifiedWhileItShowsAnotherValueThanItWasFilledWith) {
+    load({{"GRID_HIGHLIGHT_MARKS", "2"}}); // neither checked nor not
     CGridDialog& page = open<CGridDialog>();
     EXPECT_FALSE(page.isModified());
     type(spacing(), "0.1000");

@@ -66,7 +66,7 @@ TEST_F(NetsPage, ShowsEachStoredChoiceAndWritesItBackInNormalForm) {
         load({{row.key, row.stored}});
         CNetsDialog& page = open<CNetsDialog>();
         EXPECT_EQ(checkedIn(row.group), row.caption) << row.key << ' ' << row.stored;
-        EXPECT_EQ(page.isModified(), std::string(row.stored) != row.written);
+        EXPECT_FALSE(page.isModified()) << "the user has changed nothing";
         ASSERT_TRUE(page.onApply());
         EXPECT_EQ(stored(row.key), row.written) << row.stored;
         EXPECT_FALSE(page.isModified());

@@ -41,7 +41,7 @@ TEST_F(NewObjectsPage, ShowsTheStoredOriginByItsIndexAndWritesItBack) {
         CNewObjectDialog& page = open<CNewObjectDialog>();
         EXPECT_EQ(origin().count(), 10);
         EXPECT_EQ(origin().currentText().toStdString(), row.shown) << row.stored;
-        EXPECT_EQ(page.isModified(), std::string(row.stored) != row.written) << row.stored;
+        EXPECT_FALSE(page.isModified()) << row.stored;
         EXPECT_TRUE(page.onApply());
         EXPECT_EQ(stored("TEXTORIGIN"), row.written) << row.stored;
         EXPECT_FALSE(page.isModified());

@@ -161,7 +161,7 @@ TEST_F(NewSheetsPage, ShowsTheStoredSizeInTheStoredOrientation) {
         {"0", "0", "A: 11.00 x 8.50 Landscape", "0"},      {"0", "1", "A: 8.50 x 11.00 Portrait", "0"},
         {"0", "2", "A: 11.00 x 8.50 Landscape", "0"},      {"5", "1", "A4: 8.27 x 11.69 Portrait", "5"},
         {"10", "1", "Custom: 4.00 x 2.00 Portrait", "10"}, {"11", "0", "Custom: 4.00 x 2.00 Landscape", "10"},
-        {"12", "0", ": 4.00 x 2.00 Landscape", "-1"},      {"-5", "0", ": 4.00 x 2.00 Landscape", "-1"},
+        {"12", "0", ": 4.00 x 2.00 Landscape", "12"},      {"-5", "0", ": 4.00 x 2.00 Landscape", "-5"},
         {"1e+30", "0", "B: 17.00 x 11.00 Landscape", "1"},
     };
     for (const auto& row : rows) {

@@ -53,6 +53,7 @@ TEST_F(PanAndZoomPage, StoresWhatItShowsAndKeepsTheMiddleButtonForTheSarnStyle) 
     struct {
         const char *before, *click, *zoom, *strokes, *after;
         const char* written; ///< places in kKeys
+        bool changes = *click != '\0' && std::string_view(before) != after;
     } const rows[] = {
         {"00110", "", "Default Pan and Zoom", "&Right Button", "00110", "01234"},
         {"10011", "", "Lorvik Pan and Zoom", "&Middle Button", "10011", "01234"},
@@ -72,7 +73,8 @@ TEST_F(PanAndZoomPage, StoresWhatItShowsAndKeepsTheMiddleButtonForTheSarnStyle) 
         {"01010", "&Middle Button", "SARN Pan and Zoom", "&Right Button", "01010", "01234"},
         {"01000", "&Middle Button", "SARN Pan and Zoom", "&Right Button", "01010", "01234"},
         {"01000", "&Right Button", "SARN Pan and Zoom", "&Right Button", "01010", "01234"},
-        {"01011", "SARN Pan and Zoom", "SARN Pan and Zoom", "&Right Button", "01010", "01234"},
+        {"01011", "SARN Pan and Zoom", "SARN Pan and Zoom", "&Right Button", "01010", "01234",
+         false}, // what a store writes anyway
         {"01011", "Default Pan and Zoom", "Default Pan and Zoom", "&Middle Button", "00111", "01234"},
         {"00110", "&Middle Button", "Default Pan and Zoom", "&Middle Button", "00111", "01234"},
         {"00111", "Strokes off", "Default Pan and Zoom", "Strokes off", "00101", "0123"},
@@ -86,7 +88,7 @@ TEST_F(PanAndZoomPage, StoresWhatItShowsAndKeepsTheMiddleButtonForTheSarnStyle) 
         EXPECT_EQ(checked(kZooms), row.zoom);
         EXPECT_EQ(checked(kStrokes), row.strokes);
         EXPECT_EQ(flags(), row.before);
-        EXPECT_EQ(page.isModified(), std::string(row.before) != row.after);
+        EXPECT_EQ(page.isModified(), row.changes);
         std::vector<std::string> written;
         for (const char* place = row.written; *place; ++place)
             written.push_back(kKeys[static_cast<std::size_t>(*place - '0')]);

@@ -8,6 +8,7 @@
 
 #include <QtCore/QElapsedTimer>
 #include <QtGui/QIcon>
+#include <QtGui/QWheelEvent>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
@@ -16,6 +17,8 @@
 #include <QtWidgets/QPushButton>
 
 #include <map>
+#include <pwd.h>
+#include <unistd.h>
 
 using ovsettings::CBrowseLibDlg;
 using ovsettings::LibraryType;
@@ -95,10 +98,13 @@ TEST_F(BrowseLibDialog, ShowsWhatAPathLeadsToAndSelectsItsType) {
         const char* type;
     };
     const testsupport::HttpServer server;
+    const passwd& user = *getpwuid(geteuid());
+    const std::string fromHome = std::filesystem::path(in("libs/parts")).lexically_relative(user.pw_dir);
     const Row rows[] = {
         {"libs/parts", "Writeable", "Writeable library", "Writeable"},
         {"./libs/parts/", "Readonly", "Read-only library", "Readonly"},
         {"$LIBS\\PARTS", "Megafile", "Writeable library", "Writeable"},
+        {"~" + std::string(user.pw_name) + "/" + fromHome, "Readonly", "Read-only library", "Readonly"},
         {in("libs/plain"), "Writeable", "Not a library", "Writeable"},
         {"nowhere", "Megafile", "Not a library", "Writeable"},
         {"libs/mega", "Writeable", "Megafile library", "Megafile"},
@@ -123,6 +129,9 @@ TEST_F(BrowseLibDialog, ShowsWhatAPathLeadsToAndSelectsItsType) {
         types.setCurrentText(QStringLiteral("Megafile"));
         awaitVerdict(dialog);
         EXPECT_EQ(types.currentText().toStdString(), "Writeable") << "a choice is looked at too";
+        QWheelEvent turn({5, 5}, {5, 5}, {}, {0, -120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&types, &turn);
+        EXPECT_EQ(types.currentText().toStdString(), "Writeable") << "the wheel chooses nothing";
     });
 }
 
@@ -243,6 +252,7 @@ TEST_F(BrowseLibDialog, RefusesAnAliasByTheFirstRuleItBreaks) {
 TEST_F(BrowseLibDialog, CreatesAMissingDirectoryWhenTheUserWantsIt) {
     const auto before = std::filesystem::current_path();
     const std::string question = "The directory does not exist. Do you want to create 'libs/new/one' ?";
+    const testsupport::ScopedEnvironment reference("OV_TEST_NEW", "libs/new");
     {
         CBrowseLibDlg opened;
         opened.setAlias("ONE");
@@ -261,6 +271,8 @@ TEST_F(BrowseLibDialog, CreatesAMissingDirectoryWhenTheUserWantsIt) {
             });
             press(dialog, "Ok");
             EXPECT_EQ(refused, (SeenBox{"Orvane", "Cannot create !", QMessageBox::Critical}));
+            typePath(dialog, "%OV_TEST_NEW%/one");
+            EXPECT_NE(boxOnOk(dialog, "No").text.find("'%OV_TEST_NEW%/one'"), std::string::npos);
             typePath(dialog, "libs/new/one");
             EXPECT_EQ(boxOnOk(dialog, "No"), (SeenBox{"Orvane", question, QMessageBox::Question}));
             EXPECT_TRUE(dialog.isVisible());

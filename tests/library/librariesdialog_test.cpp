@@ -1,5 +1,6 @@
 #include "details/pages/project/librariesdialog.h"
 
+#include "details/pages/project/librarylist.h"
 #include "details/widgets/gdipainter.h"
 #include "orv/projectconfiguration.h"
 #include "suite/symbollibs.h"
@@ -203,6 +204,13 @@ TEST_F(LibrariesPage, StoresEachPathAsTheProjectIsToFindIt) {
     EXPECT_EQ(saved.GetLibList().front()->GetAlias(), "a1");
 }
 
+TEST_F(LibrariesPage, AProjectUnderTheRootHasItsLibrariesThere) {
+    const std::vector<ovsettings::LibraryRow> given{{"a", "tmp", 1}, {"b", "/tmp", 1}};
+    openProject();
+    ovsettings::storeLibraries(given, "/demo.prj", *project().symbolLibs);
+    EXPECT_EQ(libraries(), "a|tmp|/tmp|1\nb|/tmp|/tmp|1\n");
+}
+
 TEST_F(LibrariesPage, AnEmptiedListIsStoredToo) {
     CLibrariesDialog& page = openWith({{"a", "x", 0}});
     key(0, Qt::Key_Delete);
@@ -214,20 +222,22 @@ TEST_F(LibrariesPage, AnEmptiedListIsStoredToo) {
 }
 
 TEST_F(LibrariesPage, ImportsListsUnderNamesOfTheirOwn) {
-    const Libraries others{
-        {"a", "$S/a", 0}, {"", "nameless", 2}, {"A", "x", 1}, {"a_1", "/y", 3}, {"new", "/z", 1}};
+    const Libraries others{{"a", "$S/a", 0}, {"", "nameless", 2}, {"A", "x", 1},
+                           {"a_1", "/y", 3}, {"new", "/z", 1},    {"web", "http://host/a", 1}};
     testsupport::writeFile(directory() / "other.prj", section(others));
     testsupport::writeFile(directory() / "other.INI", section(others));
     CLibrariesDialog& page = openWith({{"A", "/here", 0}});
     import(here("other.prj"));
     const std::string first = "A, /here, Primary\na_1, $S/a, Readonly\nA_2, " + here("x") +
-                              ", Writeable\na_1_1, /y, Megafile\nnew, /z, Writeable\n";
+                              ", Writeable\na_1_1, /y, Megafile\nnew, /z, Writeable\n"
+                              "web, http://host/a, Writeable\n";
     EXPECT_EQ(rows(), first);
     EXPECT_EQ(list().currentRow(), 1);
     EXPECT_TRUE(page.isModified());
     import(here("other.INI"));
     EXPECT_EQ(rows(), first + "a_3, $S/a, Readonly\nA_4, " + here("x") +
-                          ", Readonly\na_1_2, /y, Megafile\nnew_1, /z, Readonly\n");
+                          ", Readonly\na_1_2, /y, Megafile\nnew_1, /z, Readonly\n"
+                          "web_1, http://host/a, Readonly\n");
 }
 
 TEST_F(LibrariesPage, AFileThatHoldsNoListImportsNothing) {

@@ -53,10 +53,12 @@ protected:
 
 TEST_F(LocationMap, TurnsSoftNamesIntoRealPaths) {
     const ScopedEnvironment set("OV_TEST_PARTS", "/net/parts");
+    const ScopedEnvironment home("HOME", "/home/ann");
     writeFile(installation.site() / "location.map", "$FIRST /site\n$SITE site parts\n");
     define("\xEF\xBB\xBF# ours\r\n  $FIRST   /first  \r\n$FIRST /second\r\n\r\n$REL ..\\shared\\\r\n"
            "$EQ = \"/with blanks\"\r\n$ENV %OV_TEST_PARTS%/v2\r\n$DEEP $ENV/deep\r\n$OUT $SITE\r\n"
-           "$A $B/x\r\n$B $A/y\r\n$SELF $SELF\r\n$LOST $NONE/z\r\n$ROOT /\r\n");
+           "$A $B/x\r\n$B $A/y\r\n$SELF $SELF\r\n$LOST $NONE/z\r\n$ROOT /\r\n"
+           "$DRIVE c:\\..\r\n$HOME ~/lib\r\n$WEB http://parts.example/lib/\r\n$PARTS $WEB/parts\r\n");
     const std::string site = installation.site().string();
     struct Row {
         std::string name, result;
@@ -70,6 +72,10 @@ TEST_F(LocationMap, TurnsSoftNamesIntoRealPaths) {
         Row{"$OUT", "0 " + site + "/site parts"},
         Row{"$ROOT/x", "0 /x"},
         Row{"$ROOT", "0 /"},
+        Row{"$DRIVE/x", "0 c:/x"},
+        Row{"$HOME/x", "0 /home/ann/lib/x"},
+        Row{"$WEB", "0 http://parts.example/lib"},
+        Row{"$PARTS\\x", "0 http://parts.example/lib/parts/x"},
         Row{"$first/x", "1 "},
         Row{"$FIRSTS/x", "1 "},
         Row{"$A/x", "1 "},
@@ -102,7 +108,7 @@ TEST_F(LocationMap, NeverWritesBeyondTheBuffer) {
 }
 
 TEST_F(LocationMap, FindsTheLongestDirectoryAboveAPath) {
-    define("$P /p\n$PARTS /p/parts/\n$SAME /p/parts\n$OLD $P/parts/old\n$LOST $NONE\n");
+    define("$P /p\n$PARTS /p/parts/\n$SAME /p/parts\n$OLD $P/parts/old\n$LOST $NONE\n$WEB http://h/p/\n");
     struct Row {
         const char *path, *result;
     };
@@ -111,6 +117,8 @@ TEST_F(LocationMap, FindsTheLongestDirectoryAboveAPath) {
         Row{"\\p\\parts\\old\\a", "0 $OLD/a"},
         Row{"/p/partsbin/a", "0 $P/partsbin/a"},
         Row{"/p/x/../parts", "0 $PARTS"},
+        Row{"http://h/p/a", "0 $WEB/a"},
+        Row{"http:/h/p/a", "1 ?"},
         Row{"/P/a", "1 ?"},
         Row{"p/parts", "1 ?"},
         Row{"", "1 ?"},

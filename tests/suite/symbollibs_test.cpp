@@ -36,13 +36,18 @@ TEST_F(SymbolLibs, LoadTheListOfAProjectOrAnIniFileInItsOrder) {
     const std::string list = "[SymbolLibraries]\nLocation#1=$S\\analog\nAlias#1=analog\nType#1=3\n"
                              "Alias#0=board\nLocation#0=./board\nType#0=0\n"
                              "Location#2=x\nType#2=7\nAlias#3=\nLocation#3=y\nType#3=1 or 2\n"
-                             "Alias#5=behind a gap\nLocation#5=z\n";
-    writeFile(directory / "location.map", "$S /shared\n");
+                             "Location#4=http://host//a\nLocation#5=$WEB\\a\nLocation#6=~/a\n"
+                             "Location#7=~no such user/a\nAlias#9=behind a gap\nLocation#9=z\n";
+    const testsupport::ScopedEnvironment home("HOME", "/home/ann");
+    writeFile(directory / "location.map", "$S /shared\n$WEB http://host/\n");
     writeFile(directory / "demo.prj", list);
     writeFile(directory / "list.ini", list);
     const std::string expected = "board|./board|" + here() +
                                  "/board|0\nanalog|$S\\analog|/shared/analog|3\n" + "|x|" + here() +
-                                 "/x|2\n|y|" + here() + "/y|2\n";
+                                 "/x|2\n|y|" + here() +
+                                 "/y|2\n|http://host//a|http://host//a|2\n|$WEB\\a|http://host/a|2\n"
+                                 "|~/a|/home/ann/a|2\n|~no such user/a|" +
+                                 here() + "/~no such user/a|2\n";
     CSymbolLibs libraries;
     CProjectFileUtilitiesLight project((directory / "demo.prj").c_str());
     EXPECT_TRUE(libraries.Load(&project));

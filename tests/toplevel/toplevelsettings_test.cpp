@@ -88,6 +88,11 @@ TEST_F(Designs, AnEditedListBecomesTheDesignsOwn) {
         symbols.setCurrentRow(0);
         QTest::keyClick(&symbols, Qt::Key_Down, Qt::AltModifier);
         click(dialog, "Apply");
+        symbols.setCurrentRow(0);
+        QTest::keyClick(&symbols, Qt::Key_Delete);
+        choose(dialog, kScheme, "Digital");
+        choose(dialog, kScheme, "Local to design");
+        EXPECT_EQ(lines(dialog, kSymbols), (Names{"analog", "power"}));
         click(dialog, "Cancel");
     });
     EXPECT_EQ(onDisk().GetSearchScheme("main"), "{Local to Project}");
@@ -173,6 +178,35 @@ TEST_F(Designs, LocalListsAreOfferedOnlyWhereTheDefaultSchemeHasAType) {
         EXPECT_EQ(entries(combo(dialog, kScheme)), (Names{"Default", "{Local to Project}"}));
         click(dialog, "Cancel");
     });
+}
+
+TEST_F(Designs, SchemesOfTheLibraryDoNotTakeTheFixedNames) {
+    writeLibrary("(Default)=1\nDefault=0\nLocal to design=0\n");
+    openProject("SearchScheme=(Default)\n");
+    run([&](QDialog& dialog) {
+        EXPECT_EQ(entries(combo(dialog, kScheme)), (Names{"Default", "Local to design"}));
+        click(dialog, "OK");
+    });
+    EXPECT_EQ(onDisk().GetSearchScheme("main"), "(Default)");
+}
+
+TEST_F(Designs, AChosenNameIsStoredToTheByte) {
+    const std::string shown = "caf\uFFFD";
+    testsupport::writeFile(directory_ / "lib/parts.lmc",
+                           "[CentralLibrary]\nRelease=9.2\n[Partitions.Symbols]\n"
+                           "caf\xe9=symbols/cafe\n[Schemes]\n(Default)=1\n");
+    runSql(database(), "INSERT INTO blocks VALUES (2, 4, 'caf\xe8'), (2, 5, 'caf\xe9');");
+    openProject("SearchScheme={Local to Project}\nSymbolPartition#0=own\n");
+    run([&](QDialog& dialog) {
+        QTest::keyClick(&list(dialog, kSymbols), Qt::Key_Insert);
+        QTest::keyClick(list(dialog, kSymbols).viewport()->findChild<QComboBox*>(), Qt::Key_Return);
+        EXPECT_EQ(lines(dialog, kSymbols), (Names{shown, "own"}));
+        QTest::keyClick(&combo(dialog, kBlock), Qt::Key_End);
+        EXPECT_EQ(combo(dialog, kBlock).currentText().toStdString(), shown);
+        click(dialog, "OK");
+    });
+    EXPECT_EQ(onDisk().GetSymbolPartitions("main"), (Names{"caf\xe9", "own"}));
+    EXPECT_EQ(onDisk().GetTopBlock("main"), "caf\xe9");
 }
 
 TEST_F(Designs, DatabaseThatCannotBeReadLeavesTheBlockAlone) {

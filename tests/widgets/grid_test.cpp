@@ -209,6 +209,8 @@ TEST_F(Grid, WorksOnControlsInPlace) {
     EXPECT_EQ(grid_.text(box, 2), "1") << "beside the box";
     click(grid_.centre(across, 2));
     EXPECT_EQ(grid_.text(across, 2), "1");
+    QTest::mouseClick(grid_.viewport(), Qt::RightButton, {}, grid_.rect(across, 2).topLeft() + QPoint(8, 8));
+    EXPECT_EQ(grid_.text(across, 2), "1") << "another button of the mouse";
     click(grid_.centre(down, 2));
     EXPECT_EQ(grid_.text(down, 2), "1");
     grid_.calls.clear();
@@ -323,6 +325,15 @@ TEST_F(Grid, KeepsARefusedTextInItsEditorAndSaysWhy) {
     type("10");
     press(Qt::Key_Return);
     EXPECT_EQ(grid_.text(row, 2), "10");
+
+    press(Qt::Key_F2);
+    type("11");
+    testsupport::whenModal([&](QWidget& message) {
+        grid_.removeRow(row);
+        message.close();
+    });
+    EXPECT_FALSE(grid_.endEdit()) << "the row went while the message was open";
+    EXPECT_FALSE(grid_.isEditing());
 }
 
 TEST_F(Grid, ChoosesFromAListByKeysAndMouse) {
@@ -433,18 +444,22 @@ TEST_F(Grid, RemovesARowWithTheEditInIt) {
 
 TEST_F(Grid, TellsWhoCannotSeeItWhatEachCellIs) {
     grid_.setCellText(0, 2, "Value");
-    GridCellStyle locked{.readOnly = true, .toolTip = "Locked by /etc"};
+    GridCellStyle locked{.readOnly = true, .toolTip = "Locked by <b>/etc</b>"};
     add("Name", locked, "a\nb");
     add("Flag", {.kind = GridCellKind::checkBox}, "1");
     add("Mode", {.kind = GridCellKind::radioGroup, .choices = {"x", "y"}}, "1");
     add("Ink", {.kind = GridCellKind::colour}, "255");
     add("Odd", {.kind = GridCellKind::colour}, "no colour");
     auto* table = QAccessible::queryAccessibleInterface(&grid_)->tableInterface();
-    const char* const names[] = {"Name, Value, a b", "Flag, Value, checked", "Mode, Value, y",
-                                 "Ink, Value, #ff0000", "Odd, Value"};
-    for (int row = 0; row < 5; ++row)
+    add("Own", {.accessibleName = "Ninth"}, "x");
+    const char* const names[] = {"Name, Value, a b",    "Flag, Value, checked", "Mode, Value, y",
+                                 "Ink, Value, #ff0000", "Odd, Value",           "Ninth, x"};
+    for (int row = 0; row < 6; ++row)
         EXPECT_EQ(table->cellAt(row, 1)->text(QAccessible::Name).toStdString(), names[row]);
-    EXPECT_EQ(table->cellAt(0, 1)->text(QAccessible::Description).toStdString(), "Locked by /etc");
+    EXPECT_EQ(table->cellAt(0, 1)->text(QAccessible::Description).toStdString(), "Locked by <b>/etc</b>");
+    EXPECT_EQ(grid_.model()->index(0, 1).data(Qt::ToolTipRole).toString().toStdString(),
+              "<p>Locked by &lt;b&gt;/etc&lt;/b&gt;</p>")
+        << "the path is no markup";
     goTo(1);
     grid_.setCellStyle(1, 2, {});
     press(Qt::Key_F2);

@@ -114,6 +114,12 @@ TEST_F(ListBoxEditor, EveryKeyDoesWhatItsButtonDoes) {
         const char *lines, *log;
         int currentAfter;
     };
+    const auto deselect = [this](int row) {
+        QListWidget& list = editor_->list();
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::ControlModifier,
+                          list.visualItemRect(list.item(row)).center());
+        EXPECT_FALSE(button("Delete").isEnabled());
+    };
     const std::array rows{
         Row{"Insert", 1, [] { press(Qt::Key_Insert), type("d"), press(Qt::Key_Return); }, "a b c d ",
             "added 3 d", 3},
@@ -133,6 +139,14 @@ TEST_F(ListBoxEditor, EveryKeyDoesWhatItsButtonDoes) {
         Row{"Delete", 1, [this] { click("Delete"); }, "a c ", "deleted 1", 1},
         Row{"Delete while editing", 1, [this] { press(Qt::Key_F2), type("x"), click("Delete"); }, "a c ",
             "deleted 1", 1},
+        Row{"Delete key, not selected", 1, [&] { deselect(1), press(Qt::Key_Delete); }, "a b c ", "", 1},
+        Row{"Delete key, reached by Tab", -1,
+            [this] {
+                ok_->setFocus();
+                editor_->list().setFocus(Qt::TabFocusReason);
+                press(Qt::Key_Delete);
+            },
+            "b c ", "deleted 0", 0},
         Row{"Alt+Up", 1, [] { press(Qt::Key_Up, Qt::AltModifier); }, "b a c ", "moved 1 0", 0},
         Row{"Move up", 1, [this] { click("Move up"); }, "b a c ", "moved 1 0", 0},
         Row{"Alt+Down", 1, [] { press(Qt::Key_Down, Qt::AltModifier); }, "a c b ", "moved 1 2", 2},

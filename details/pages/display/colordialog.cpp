@@ -85,7 +85,6 @@ std::string defaultFile() {
 CColorDialog::CColorDialog(QWidget* parent)
     : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CColorDialog>()) {
     name = "Color Schemes";
-    helpBook = "orvane_ref";
 }
 
 CColorDialog::~CColorDialog() = default;

@@ -50,9 +50,16 @@ void CColorCell::setPrintColor(int color) {
 void CColorCell::write(ColorForm form) const {
     const QColor interior = toQColor(color(form));
     grid_->setCellText(row_, column_, text_);
-    grid_->setCellStyle(row_, column_, {.readOnly = true});
+    // Two entries share the first cell of their row and the headers' texts.
+    const auto nameOf = [this](int column) {
+        return QStringLiteral("%1, %2").arg(grid_->cellText(0, column), text_);
+    };
+    grid_->setCellStyle(row_, column_, {.readOnly = true, .accessibleName = grid_->cellText(0, column_)});
     grid_->setCellStyle(row_, column_ + 1,
-                        {.readOnly = true, .interior = interior, .toolTip = interior.name()});
+                        {.readOnly = true,
+                         .interior = interior,
+                         .toolTip = interior.name(),
+                         .accessibleName = nameOf(column_ + 1)});
 }
 
 CColorRow::CColorRow(CColorsGrid& grid, int row) {

@@ -73,6 +73,7 @@ bool CDisplayDialog::buildTemplate() {
 bool CDisplayDialog::OnInitDialog() {
     if (!appConfig_)
         return false;
+    CPropDialogTemplateEx::OnInitDialog();
     std::vector<std::string> attribute;
     Orv::getValues(*appConfig_, "ATTRIBUTE", attribute);
     if (attribute.empty())

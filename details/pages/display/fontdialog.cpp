@@ -48,10 +48,9 @@ bool CFontDialog::OnInitDialog() {
     ui_->grid->addRows();
     ui_->grid->loadRows();
 
-    std::string factor;
     bool locked = false;
-    Orv::getValue(*appConfig_, kScaleFactorKey, factor, locked);
-    ui_->scaleFactor->setText(toQString(factor));
+    Orv::getValue(*appConfig_, kScaleFactorKey, factor_, locked);
+    ui_->scaleFactor->setText(toQString(factor_));
     if (locked)
         markLocked(*ui_->scaleFactor, *appConfig_, kScaleFactorKey);
     return true;
@@ -66,7 +65,9 @@ bool CFontDialog::onApply() {
         return true;
     ui_->grid->storeRows();
     // A text is kept as it was typed if it begins with a factor; another one is dropped without a word.
-    const std::string factor = toUtf8(ui_->scaleFactor->text());
+    // One that the field cannot show is none that was typed, and is kept to the byte.
+    const QString text = ui_->scaleFactor->text();
+    const std::string factor = text == toQString(factor_) ? factor_ : toUtf8(text);
     if (Orv::floatFromText(factor) > 0)
         Orv::setValue(*appConfig_, kScaleFactorKey, factor);
     return true;

@@ -3,6 +3,7 @@
 #include "ovsettings/propdialogtemplate.h"
 
 #include <memory>
+#include <string>
 
 namespace ovsettings {
 
@@ -35,6 +36,7 @@ private:
 
     std::unique_ptr<Ui::CFontDialog> ui_;
     Orv::iAppConfiguration* appConfig_ = nullptr;
+    std::string factor_; ///< as it is stored
 };
 
 } // namespace ovsettings

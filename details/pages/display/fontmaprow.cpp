@@ -146,7 +146,7 @@ void CFontMapRow::remove() {
 }
 
 void CFontMapRow::clearCell() {
-    grid_.setCellText(row_, CFontsGrid::kScaleableFontColumn, {});
+    showText({});
 }
 
 bool CFontMapRow::isLocked() const {
@@ -177,13 +177,17 @@ void CFontMapRow::show() {
         if (flags_ & style.flag)
             text += QCoreApplication::translate("ovsettings", style.word);
     }
+    showText(text);
+}
+
+void CFontMapRow::showText(const QString& text) {
     grid_.setCellText(row_, CFontsGrid::kScaleableFontColumn, text);
-    if (!isLocked()) {
-        // The buttons of the current row may lie over the end of a long text.
-        GridCellStyle style = grid_.cellStyle(row_, CFontsGrid::kScaleableFontColumn);
-        style.toolTip = text;
-        grid_.setCellStyle(row_, CFontsGrid::kScaleableFontColumn, style);
-    }
+    if (isLocked())
+        return;
+    // The buttons of the current row may lie over the end of a long text.
+    GridCellStyle style = grid_.cellStyle(row_, CFontsGrid::kScaleableFontColumn);
+    style.toolTip = text;
+    grid_.setCellStyle(row_, CFontsGrid::kScaleableFontColumn, style);
 }
 
 void CFontMapRow::showLock() {

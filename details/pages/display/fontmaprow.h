@@ -5,6 +5,7 @@
 #include <string>
 
 class QFont;
+class QString;
 
 namespace Orv {
 class iAppConfiguration;
@@ -53,6 +54,7 @@ private:
 
     std::optional<std::size_t> firstLockedField() const;
     void show();
+    void showText(const QString& text);
     void showLock();
 
     CFontsGrid& grid_;

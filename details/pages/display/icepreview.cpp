@@ -79,12 +79,13 @@ QFont sampleFont() {
     return font;
 }
 
+/// A closed cell, whose colour is negative, counts as a row that is not there.
 QColor colourOf(const CMappingRow* row, int otherwise = 0) {
-    return toQColor(row ? row->getColor() : otherwise);
+    return toQColor(row && row->getColor() >= 0 ? row->getColor() : otherwise);
 }
 
 QColor textColourOf(const CMappingRow* row) {
-    return toQColor(row ? row->getTextColor() : 0);
+    return toQColor(row ? std::max(row->getTextColor(), 0) : 0);
 }
 
 void fill(GdiPainter& gdi, const QRect& place, const QColor& colour) {

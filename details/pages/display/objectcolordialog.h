@@ -41,8 +41,8 @@ private:
     void registerGrid(const std::string& mode, CMappingGrid& grid);
     void changeMode();
     bool validate();
-    /// @return false, with nothing stored, if an edit in progress is refused.
     void showGrid(const CMappingGrid& shown);
+    /// @return false, with nothing stored, if an edit in progress is refused.
     bool storeGrids();
     void loadScheme();
     void saveScheme();

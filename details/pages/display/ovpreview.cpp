@@ -7,6 +7,7 @@
 #include "details/widgets/gdipainter.h"
 #include "details/widgets/ownerdrawbutton.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace ovsettings {
@@ -20,7 +21,7 @@ void COvPreview::draw(const DrawItem& item) {
         return;
     const auto colourOf = [grid](std::string_view key) {
         const CMappingRow* row = grid->rowOfKey(key);
-        return toQColor(row ? row->getColor() : 0);
+        return toQColor(row ? std::max(row->getColor(), 0) : 0); // negative: the cell is closed
     };
     paintSampleSchematic(item, {
                                    .background = colourOf("BACKGROUND_LAYER"),

@@ -180,10 +180,13 @@ std::string_view nameForLine(std::string_view name) {
     name = name.substr(0, name.find('\n'));
     if (name.size() <= kLongestName)
         return name;
-    std::size_t size = kLongestName;
-    while (size > 0 && (static_cast<unsigned char>(name[size]) & 0xc0) == 0x80)
-        --size;
-    return name.substr(0, size);
+    // A character of UTF-8 has up to three bytes behind its first one; other bytes are cut anywhere.
+    constexpr std::size_t kMostTrailing = 3;
+    for (std::size_t size = kLongestName; size + kMostTrailing >= kLongestName; --size) {
+        if ((static_cast<unsigned char>(name[size]) & 0xc0) != 0x80)
+            return name.substr(0, size);
+    }
+    return name.substr(0, kLongestName);
 }
 
 } // namespace

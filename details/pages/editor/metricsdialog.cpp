@@ -47,7 +47,7 @@ bool CMetricsDialog::OnInitDialog() {
     for (const Unit unit : units)
         ui_->units->addItem(toQString(UnitTraits(unit).FullName()), static_cast<int>(unit));
     told_ = Orv::getConfiguredUnit(*appConfig_);
-    ui_->units->setCurrentIndex(ui_->units->findText(toQString(UnitTraits(told_).FullName())));
+    ui_->units->setCurrentIndex(ui_->units->findText(toQString(UnitTraits(*told_).FullName())));
 
     const std::string key = UnitTraits::GetUnitCfgKey();
     std::string ignored;
@@ -81,11 +81,11 @@ bool CMetricsDialog::onLeave() {
 /// A unit stored on leaving is news to the host until the next commit has told it.
 bool CMetricsDialog::isModified() const {
     const auto unit = selectedUnit();
-    return unit && *unit != told_;
+    return unit && unit != told_;
 }
 
 std::optional<Unit> CMetricsDialog::selectedUnit() const {
-    if (!appConfig_ || !hasWindow() || ui_->units->currentIndex() < 0)
+    if (!told_ || ui_->units->currentIndex() < 0)
         return std::nullopt;
     return Unit(static_cast<Unit::Id>(ui_->units->currentData().toInt()));
 }

@@ -33,7 +33,8 @@ private:
 
     std::unique_ptr<Ui::CMetricsDialog> ui_;
     Orv::iAppConfiguration* appConfig_ = nullptr;
-    Orv::Metrics::Unit told_; ///< the unit that the host knows of: as read, or as last committed
+    /// The unit that the host knows of: as read, or as last committed. Nothing before the page is filled.
+    std::optional<Orv::Metrics::Unit> told_;
 };
 
 } // namespace ovsettings

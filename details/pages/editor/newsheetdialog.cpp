@@ -102,7 +102,9 @@ bool CNewSheetDialog::onApply() {
         customSize().second = height_;
         Orv::setValues(*appConfig_, kCustomSizeKey, {Orv::lengthToText(width_), Orv::lengthToText(height_)});
     }
-    Orv::setValue(*appConfig_, kSizeKey, Orv::integerToText(std::min(selected, kFirstBorder)));
+    // What names no size stays as it is until the user chooses one.
+    if (selected >= 0)
+        Orv::setValue(*appConfig_, kSizeKey, Orv::integerToText(std::min(selected, kFirstBorder)));
     Orv::setValue(*appConfig_, kOrientationKey, flagText(orientation() == Orientation::portrait));
     Orv::setValue(*appConfig_, kAddBorderKey, flagText(ui_->addBorder->isChecked()));
     Orv::setValue(*appConfig_, kEnableBordersKey, flagText(ui_->enableBorders->isChecked()));
@@ -330,7 +332,8 @@ void CNewSheetDialog::restore(const State& state) {
     ui_->useFirstBorder->setChecked(state.usesFirstBorder);
 }
 
-/// What is checked is the text on show: a side below 1 is refused in every unit. That is meant.
+/// What is checked is the text on show: a side below 1 is refused in every unit. That is meant. A side that
+/// is locked is not the user's to mend, and would keep him on the page.
 bool CNewSheetDialog::checkSides() {
     return !isFilled() || (checkSide(*ui_->height, tr("Incorrect sheet height")) &&
                            checkSide(*ui_->width, tr("Incorrect sheet width")));
@@ -338,7 +341,7 @@ bool CNewSheetDialog::checkSides() {
 
 bool CNewSheetDialog::checkSide(QLineEdit& edit, const QString& message) {
     const int shown = Orv::integerFromText(toUtf8(edit.text()));
-    if (shown >= kShortestSide && shown <= kLongestSide)
+    if ((shown >= kShortestSide && shown <= kLongestSide) || !edit.isEnabled())
         return true;
     showMessage(&edit, message);
     edit.setFocus();

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace ovsettings {
 
@@ -66,6 +67,7 @@ bool CPanAndZoomDialog::OnInitDialog() {
     showLocks();
     showZoom();
     showStrokes();
+    unchanged_ = allFlags();
     return true;
 }
 
@@ -74,16 +76,19 @@ bool CPanAndZoomDialog::onOk() {
 }
 
 bool CPanAndZoomDialog::onApply() {
-    if (!appConfig_ || !hasWindow())
+    if (!unchanged_) // never filled: there is nothing to store
         return true;
     store(zoomFlags());
     keepMiddleButtonFree();
     store(strokeFlags());
+    unchanged_ = allFlags();
     return true;
 }
 
 bool CPanAndZoomDialog::isModified() const {
-    return appConfig_ && hasWindow() && (wouldChange(zoomFlags()) || wouldChange(strokeFlags()));
+    return unchanged_ && std::ranges::any_of(allFlags(), [this](const Flag& flag) {
+               return !isLocked(flag.key) && std::ranges::find(*unchanged_, flag) == unchanged_->end();
+           });
 }
 
 std::string CPanAndZoomDialog::stored(const char* key) const {
@@ -92,12 +97,16 @@ std::string CPanAndZoomDialog::stored(const char* key) const {
     return text;
 }
 
+bool CPanAndZoomDialog::isLocked(const std::string& key) const {
+    std::string ignored;
+    bool locked = false;
+    Orv::getValue(*appConfig_, key, ignored, locked);
+    return locked;
+}
+
 void CPanAndZoomDialog::showLocks() {
     const auto show = [this](const ButtonRow& row) {
-        std::string ignored;
-        bool locked = false;
-        Orv::getValue(*appConfig_, row.key, ignored, locked);
-        if (locked)
+        if (isLocked(row.key))
             markLocked(*(ui_.get()->*row.button), *appConfig_, row.key);
     };
     std::ranges::for_each(kZoomButtons, show);
@@ -147,18 +156,15 @@ CPanAndZoomDialog::Flags CPanAndZoomDialog::strokeFlags() const {
     return {{"STROKES", true}, {"MIDSTROKE", middle}};
 }
 
+CPanAndZoomDialog::Flags CPanAndZoomDialog::allFlags() const {
+    Flags flags = zoomFlags();
+    std::ranges::copy(strokeFlags(), std::back_inserter(flags));
+    return flags;
+}
+
 void CPanAndZoomDialog::store(const Flags& flags) {
     for (const Flag& flag : flags)
         Orv::setValue(*appConfig_, flag.key, flagText(flag.on));
-}
-
-bool CPanAndZoomDialog::wouldChange(const Flags& flags) const {
-    return std::ranges::any_of(flags, [this](const Flag& flag) {
-        std::string text;
-        bool locked = false;
-        Orv::getValue(*appConfig_, flag.key, text, locked);
-        return !locked && text != flagText(flag.on);
-    });
 }
 
 } // namespace ovsettings

@@ -3,6 +3,7 @@
 #include "ovsettings/propdialogtemplate.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -30,12 +31,14 @@ public:
 
 private:
     struct Flag {
-        const char* key;
+        std::string key;
         bool on;
+        bool operator==(const Flag&) const = default;
     };
     using Flags = std::vector<Flag>;
 
     std::string stored(const char* key) const;
+    bool isLocked(const std::string& key) const;
     void showLocks();
     void showZoom();
     void showStrokes();
@@ -45,11 +48,12 @@ private:
     /// What a store writes, in this order; a key that is not in it is left alone.
     Flags zoomFlags() const;
     Flags strokeFlags() const;
+    Flags allFlags() const;
     void store(const Flags& flags);
-    bool wouldChange(const Flags& flags) const;
 
     std::unique_ptr<Ui::CPanAndZoomDialog> ui_;
     Orv::iAppConfiguration* appConfig_ = nullptr;
+    std::optional<Flags> unchanged_; ///< allFlags() after the last fill or store; nothing before the fill
 };
 
 } // namespace ovsettings

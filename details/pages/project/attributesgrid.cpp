@@ -4,12 +4,19 @@
 
 #include <QtCore/QSet>
 
+#include <algorithm>
+
 namespace ovsettings {
 
 namespace {
 
 constexpr int kNameColumn = 1;
 constexpr int kValueColumn = 2;
+
+/// Names of a file have no case.
+std::string nameWithoutCase(const std::string& name) {
+    return toUtf8(toQString(name).toLower());
+}
 
 } // namespace
 
@@ -20,8 +27,16 @@ CAttributesGrid::CAttributesGrid(QWidget* parent) : CGridWnd(parent) {
     showHeaders(true, false);
 }
 
-void CAttributesGrid::fill(const Attributes& attributes, KnownValues known, std::vector<std::string> names) {
-    known_ = std::move(known);
+void CAttributesGrid::fill(const Attributes& attributes, const KnownValues& known,
+                           std::vector<std::string> names) {
+    known_.clear();
+    for (const auto& [name, values] : known) {
+        auto& choices = known_[nameWithoutCase(name)];
+        for (const std::string& value : values) {
+            if (std::ranges::find(choices, value) == choices.end())
+                choices.push_back(value);
+        }
+    }
     names_ = std::move(names);
     offering_ = false;
     setRowCount(static_cast<int>(attributes.size()));
@@ -43,7 +58,7 @@ void CAttributesGrid::showAttribute(int row, const QString& name, const QString&
 }
 
 QStringList CAttributesGrid::choicesFor(const QString& name, const QString& value) const {
-    const auto known = known_.find(toUtf8(name));
+    const auto known = known_.find(nameWithoutCase(toUtf8(name)));
     if (known == known_.end())
         return {};
     QStringList choices{tr("<Empty>")};
@@ -55,7 +70,6 @@ QStringList CAttributesGrid::choicesFor(const QString& name, const QString& valu
 }
 
 void CAttributesGrid::offerNames() {
-    // Names of a file have no case.
     QSet<QString> taken;
     for (int row = 1; row <= attributeCount(); ++row)
         taken.insert(cellText(row, kNameColumn).toLower());

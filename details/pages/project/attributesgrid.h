@@ -23,7 +23,7 @@ class CAttributesGrid : public CGridWnd {
 public:
     explicit CAttributesGrid(QWidget* parent = nullptr);
 
-    void fill(const Attributes& attributes, KnownValues known, std::vector<std::string> names);
+    void fill(const Attributes& attributes, const KnownValues& known, std::vector<std::string> names);
     /// The rows from top to bottom, but for the one that offers names.
     Attributes attributes() const;
     void removeCurrentRow();

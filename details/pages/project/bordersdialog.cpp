@@ -59,10 +59,6 @@ bool CBordersDialog::buildTemplate() {
 }
 
 bool CBordersDialog::OnInitDialog() {
-    const bool hasFile = borderSymbols() != nullptr;
-    for (QWidget* control : std::initializer_list<QWidget*>{ui_->grid, ui_->properties, ui_->addCustom})
-        control->setEnabled(hasFile);
-    ui_->deleteCustom->setEnabled(false);
     load();
     return true;
 }
@@ -117,7 +113,13 @@ Orv::IBorderSymbols* CBordersDialog::borderSymbols() const {
 }
 
 void CBordersDialog::load() {
-    if (!ui_->grid || !borderSymbols())
+    if (!ui_->grid)
+        return;
+    const bool hasFile = borderSymbols() != nullptr;
+    for (QWidget* control : std::initializer_list<QWidget*>{ui_->grid, ui_->properties, ui_->addCustom})
+        control->setEnabled(hasFile);
+    ui_->deleteCustom->setEnabled(false);
+    if (!hasFile)
         return;
     rows_.load(borderSymbols()->GetTable());
     ui_->grid->showRows(rows_);
@@ -183,6 +185,8 @@ void CBordersDialog::enableDelete() {
 }
 
 void CBordersDialog::editProperties() {
+    if (!borderSymbols())
+        return;
     Orv::IBorderSymbols& symbols = *borderSymbols();
     CAttributeDialog dialog(this);
     dialog.setText(tr("Use this dialog to provide values for existing border properties.  Add  other "

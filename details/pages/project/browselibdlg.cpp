@@ -9,6 +9,7 @@
 #include "details/platform/remotefile.h"
 #include "details/widgets/messagebox.h"
 #include "details/widgets/stringconversion.h"
+#include "details/widgets/wheelguard.h"
 #include "suite/locationmap.h"
 #include "suite/zec.h"
 #include "ui_browselibdlg.h"
@@ -136,6 +137,7 @@ CBrowseLibDlg::CBrowseLibDlg(QWidget* parent)
       ui_(std::make_unique<Ui::CBrowseLibDlg>()),
       type_(static_cast<int>(LibraryType::kReadonly)) {
     ui_->setupUi(this);
+    installWheelGuard(*this);
     fields_ = std::make_unique<Fields>(*ui_);
     for (const TypeItem& item : kTypes)
         ui_->type->addItem(tr(item.caption), static_cast<int>(item.type));
@@ -188,6 +190,10 @@ std::string CBrowseLibDlg::initialPath() const {
     return installed.empty() ? projectDirectory_ : installed;
 }
 
+std::string CBrowseLibDlg::locationOf(const std::string& path) const {
+    return libraryLocation(plainPath(path), baseDirectory(projectDirectory_));
+}
+
 LibraryType CBrowseLibDlg::selectedType() const {
     return static_cast<LibraryType>(ui_->type->currentData().toInt());
 }
@@ -198,7 +204,7 @@ void CBrowseLibDlg::lookUp(LookUp what) {
     // A choice in the list must not take away the alias that the last path still owes.
     aliasAwaited_ = aliasAwaited_ || what == LookUp::stateAndAlias;
     ui_->ok->setEnabled(false);
-    worker_->ask({libraryLocation(fields_->path.text(), projectDirectory_), selectedType(),
+    worker_->ask({plainPath(fields_->path.text()), baseDirectory(projectDirectory_), selectedType(),
                   aliasAwaited_ ? LookUp::stateAndAlias : LookUp::state});
 }
 
@@ -246,7 +252,7 @@ void CBrowseLibDlg::proposeAlias(const LibraryFindings& findings) {
         fields_->alias.load(findings.alias);
         autoAlias_ = false;
     } else if (ui_->alias->isEnabled()) {
-        fields_->alias.load(derivedAlias(findings.question.location));
+        fields_->alias.load(derivedAlias(findings.location));
     }
 }
 
@@ -296,7 +302,7 @@ bool CBrowseLibDlg::checkAlias(const std::string& alias, bool remote) {
 
 bool CBrowseLibDlg::ensureDirectory(const std::string& path) {
     const CDirHandler project(projectDirectory_);
-    const std::string full = libraryLocation(path, projectDirectory_);
+    const std::string full = locationOf(path);
     if (!path.empty() && platform::resolveExisting(full))
         return true;
     const QString question =
@@ -321,9 +327,7 @@ void CBrowseLibDlg::accept() {
     if (!checkAlias(alias, remote))
         return;
     if (!remote) {
-        ZECString expanded(path);
-        expanded.ConvertEnvironmentVariables();
-        path = directoryOnDisk(libraryLocation(expanded.text(), projectDirectory_)).value_or(expanded.text());
+        path = directoryOnDisk(locationOf(path)).value_or(path);
         // A remote location is not for us to create.
         if (!ensureDirectory(path))
             return;
@@ -334,7 +338,7 @@ void CBrowseLibDlg::accept() {
 
     if (ui_->type->isEnabled() || remote)
         type_ = static_cast<int>(selectedType());
-    lastDirectory() = directoryOf(remote ? path : libraryLocation(path, projectDirectory_));
+    lastDirectory() = directoryOf(remote ? path : locationOf(path));
     // What was typed and not what it leads to, so that a soft name survives.
     path_ = typed;
     alias_ = alias;

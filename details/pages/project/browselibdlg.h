@@ -51,6 +51,7 @@ public:
 private:
     void OnInitDialog();
     std::string initialPath() const;
+    std::string locationOf(const std::string& path) const;
     LibraryType selectedType() const;
 
     void lookUp(LookUp what);

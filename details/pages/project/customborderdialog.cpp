@@ -4,6 +4,7 @@
 #include "details/widgets/messagebox.h"
 #include "details/widgets/numbertext.h"
 #include "details/widgets/stringconversion.h"
+#include "details/widgets/wheelguard.h"
 #include "ui_customborderdialog.h"
 
 #include <cmath>
@@ -26,6 +27,7 @@ double longestSide(Orv::Metrics::Unit unit) {
 CCustomBorderDialog::CCustomBorderDialog(Orv::Metrics::Unit unit, QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::CCustomBorderDialog>()) {
     ui_->setupUi(this);
+    installWheelGuard(*this);
     const Orv::Metrics::UnitTraits traits(unit);
     for (CDecimalSpinCtrl* side : {ui_->width, ui_->height}) {
         const double step = Orv::lengthStep(unit);

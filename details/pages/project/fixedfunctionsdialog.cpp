@@ -1,9 +1,9 @@
 #include "details/pages/project/fixedfunctionsdialog.h"
 
 #include "details/pages/project/savequestion.h"
+#include "details/shell/projectaccess.h"
 #include "details/shell/settingsdialog.h"
 #include "details/widgets/listboxlines.h"
-#include "orv/projectconfiguration.h"
 #include "orv/projectfiledata.h"
 #include "ui_fixedfunctionsdialog.h"
 
@@ -52,7 +52,7 @@ bool CFixedFunctionsDialog::onApply() {
 }
 
 bool CFixedFunctionsDialog::onLeave() {
-    if (!hasProject())
+    if (!showsProject(ui_->functions, projectConfig_))
         return true;
     ui_->functions->finishEditing();
     if (!isModified())
@@ -68,16 +68,11 @@ bool CFixedFunctionsDialog::onLeave() {
 }
 
 bool CFixedFunctionsDialog::isModified() const {
-    return hasProject() && ui_->functions->isChanged();
-}
-
-/// True once there is a list to show and a project to show it from.
-bool CFixedFunctionsDialog::hasProject() const {
-    return ui_->functions && projectConfig_ && projectConfig_->projectFile;
+    return showsProject(ui_->functions, projectConfig_) && ui_->functions->isChanged();
 }
 
 void CFixedFunctionsDialog::load() {
-    if (!hasProject())
+    if (!showsProject(ui_->functions, projectConfig_))
         return;
     std::vector<std::string> functions;
     projectConfig_->projectFile->GetFixedFunctions(functions);
@@ -86,7 +81,7 @@ void CFixedFunctionsDialog::load() {
 }
 
 bool CFixedFunctionsDialog::store(StartedBy starter) {
-    if (!hasProject())
+    if (!showsProject(ui_->functions, projectConfig_))
         return true;
     ui_->functions->finishEditing();
     if (!isModified())

@@ -35,7 +35,6 @@ public:
 private:
     enum class StartedBy { frame, page };
 
-    bool hasProject() const;
     void load();
     bool store(StartedBy starter);
 

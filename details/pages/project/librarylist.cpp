@@ -1,5 +1,6 @@
 #include "details/pages/project/librarylist.h"
 
+#include "details/pages/project/projectpaths.h"
 #include "details/platform/asciicase.h"
 #include "details/platform/environment.h"
 #include "details/platform/paths.h"
@@ -10,6 +11,7 @@
 
 #include <array>
 #include <filesystem>
+#include <utility>
 
 namespace ovsettings {
 
@@ -59,9 +61,7 @@ std::string pathOnDisk(const std::string& path, std::string_view projectDirector
     std::string looked = expanded(path);
     if (looked.empty())
         return path;
-    if (looked.starts_with('~'))
-        platform::NormalizeName(looked);
-    looked = platform::platformPath(looked);
+    looked = platform::platformPath(platform::expandHome(std::move(looked)));
     if (!projectDirectory.empty() && std::filesystem::path(looked).is_relative())
         looked = platform::platformPath(projectDirectory) + '/' + looked;
     const auto existing = platform::resolveExisting(looked);
@@ -130,7 +130,7 @@ int storedType(const LibraryRow& row, bool isFirst) {
 void storeLibraries(std::span<const LibraryRow> rows, const std::string& projectFilePath,
                     NProjectTools::CSymbolLibs& libraries) {
     libraries.Clear();
-    const std::string directory(platform::splitPath(projectFilePath).directory);
+    const std::string directory = directoryOfProject(projectFilePath);
     InitLocationMap(directory.c_str(), 0);
     platform::RememberedDirectories directories;
     const platform::RememberedDirectories::Use use(directories);

@@ -133,22 +133,24 @@ Recognition recogniseLibrary(const std::string& location, LibraryType selected) 
                                             : recogniseLocal(location, selected);
 }
 
-std::string libraryLocation(const std::string& typed, const std::string& projectDirectory) {
+std::string plainPath(const std::string& typed) {
     std::string path = hardNameOf(typed.substr(0, typed.find_last_not_of(' ') + 1));
+    return platform::IsRemotePath(path) ? path : platform::expandEnvironmentReferences(path);
+}
+
+std::string baseDirectory(const std::string& projectDirectory) {
+    std::error_code lost;
+    return projectDirectory.empty() ? std::filesystem::current_path(lost).string() : projectDirectory;
+}
+
+std::string libraryLocation(const std::string& path, const std::string& base) {
     if (path.empty() || platform::IsRemotePath(path))
         return path;
-    path = platform::platformPath(platform::expandEnvironmentReferences(path));
-    // The directory of another user is not ours to look up here, where it may take its time.
-    if (path == "~" || path.starts_with("~/"))
-        platform::NormalizeName(path);
-    if (isRooted(path))
-        return path;
-    // By the text alone: what is on disk is looked up where it may take its time.
-    std::error_code lost;
-    const std::filesystem::path base = projectDirectory.empty()
-                                           ? std::filesystem::current_path(lost)
-                                           : std::filesystem::path(platform::platformPath(projectDirectory));
-    return (base / path).lexically_normal().string();
+    const std::string full = platform::expandHome(platform::platformPath(path));
+    if (isRooted(full))
+        return full;
+    // By the text alone: what is on disk is looked up by those who ask.
+    return (std::filesystem::path(platform::platformPath(base)) / full).lexically_normal().string();
 }
 
 std::string derivedAlias(std::string_view location) {

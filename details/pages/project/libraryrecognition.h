@@ -40,10 +40,17 @@ struct Recognition {
 /// @param selected the type that is selected now.
 Recognition recogniseLibrary(const std::string& location, LibraryType selected);
 
-/// The location that a typed path stands for: its soft name replaced, a relative path begun at the project's
-/// directory, or at the current one without a project. A soft name without a mapping stays. For the
+/// What a typed path says: without the blanks behind it, and with its soft name and environment references
+/// replaced. A soft name without a mapping stays.
+std::string plainPath(const std::string& typed);
+
+/// Where a relative path begins: at the project's directory, or at the current one without a project. For the
 /// user-interface thread.
-std::string libraryLocation(const std::string& typed, const std::string& projectDirectory);
+std::string baseDirectory(const std::string& projectDirectory);
+
+/// The location that a plain path stands for: a home directory in place of "~", a relative path begun at the
+/// base. May take long, see platform::expandHome; for any thread.
+std::string libraryLocation(const std::string& path, const std::string& base);
 
 /// An alias made of a location's last name: "my  lib" gives "my_lib".
 std::string derivedAlias(std::string_view location);

@@ -84,7 +84,7 @@ std::atomic<int>& lookUps() {
 }
 
 LibraryFindings unrecognised(const LibraryQuestion& question) {
-    return {question, {question.selected, {}, {}, false}, {}};
+    return {question, question.path, {question.selected, {}, {}, false}, {}};
 }
 
 std::string aliasOf(std::string location) {
@@ -96,12 +96,13 @@ std::string aliasOf(std::string location) {
 LibraryFindings findingsOf(const LibraryQuestion& question) {
     LibraryFindings findings = unrecognised(question);
     try {
-        findings.recognition = recogniseLibrary(question.location, question.selected);
+        findings.location = libraryLocation(question.path, question.base);
+        findings.recognition = recogniseLibrary(findings.location, question.selected);
         if (findings.recognition.recognised && question.what == LookUp::stateAndAlias)
-            findings.alias = aliasOf(question.location);
+            findings.alias = aliasOf(findings.location);
     } catch (const std::exception& error) {
         // The dialog needs an answer; what can't be looked up is not recognised.
-        qWarning("%s: %s", question.location.c_str(), error.what());
+        qWarning("%s: %s", question.path.c_str(), error.what());
     }
     return findings;
 }
@@ -206,7 +207,7 @@ void LibraryWorker::startLookUp(const std::shared_ptr<Exchange>& exchange, unsig
             }).detach();
             return;
         } catch (const std::exception& error) {
-            qWarning("%s: %s", question.location.c_str(), error.what());
+            qWarning("%s: %s", question.path.c_str(), error.what());
         }
     }
     lookUps().fetch_sub(1);

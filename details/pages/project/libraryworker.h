@@ -21,7 +21,8 @@ enum class LookUp {
 
 /// A question to the worker, by value: the worker sees no widget.
 struct LibraryQuestion {
-    std::string location; ///< see libraryLocation
+    std::string path; ///< see plainPath
+    std::string base; ///< where a relative path begins
     LibraryType selected = LibraryType::kReadonly;
     LookUp what = LookUp::stateAndAlias;
 };
@@ -29,6 +30,7 @@ struct LibraryQuestion {
 /// What the worker found for the last question.
 struct LibraryFindings {
     LibraryQuestion question;
+    std::string location; ///< that the path stands for; the path itself if it was not looked up
     Recognition recognition;
     std::string alias; ///< that the library or the environment gives; may be empty
 };

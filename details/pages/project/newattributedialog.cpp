@@ -22,8 +22,4 @@ std::string CNewAttributeDialog::attributeName() const {
     return toUtf8(ui_->name->text());
 }
 
-std::string CNewAttributeDialog::attributeValue() const {
-    return toUtf8(ui_->value->text());
-}
-
 } // namespace ovsettings

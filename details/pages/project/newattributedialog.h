@@ -19,11 +19,10 @@ public:
     explicit CNewAttributeDialog(QWidget* parent = nullptr);
     ~CNewAttributeDialog() override;
 
-    /// Runs the dialog. @return QDialog::Accepted after OK; then the pair holds.
+    /// Runs the dialog. @return QDialog::Accepted after OK; then the name holds.
     int DoModal();
 
     std::string attributeName() const;
-    std::string attributeValue() const;
 
 private:
     std::unique_ptr<Ui::CNewAttributeDialog> ui_;

@@ -1,9 +1,9 @@
 #include "details/pages/project/partbookdialog.h"
 
+#include "details/shell/projectaccess.h"
 #include "details/shell/propfile.h"
 #include "details/shell/stringtable.h"
 #include "details/widgets/stringconversion.h"
-#include "orv/projectconfiguration.h"
 #include "orv/projectfiledata.h"
 #include "ui_partbookdialog.h"
 
@@ -49,7 +49,7 @@ bool CPartBookDialog::buildTemplate() {
 
 bool CPartBookDialog::OnInitDialog() {
     connect(ui_->browse, &QToolButton::clicked, this, &CPartBookDialog::browse);
-    if (hasProject())
+    if (showsProject(ui_->file, projectConfig_))
         ui_->file->setText(toQString(projectConfig_->projectFile->GetValue(kSection, kKey)));
     shown_ = ui_->file->text();
     return true;
@@ -73,12 +73,7 @@ bool CPartBookDialog::onApply() {
 }
 
 bool CPartBookDialog::isModified() const {
-    return hasProject() && ui_->file->text() != shown_;
-}
-
-/// True once there is a field to show and a project to show it from.
-bool CPartBookDialog::hasProject() const {
-    return ui_->file && projectConfig_ && projectConfig_->projectFile;
+    return showsProject(ui_->file, projectConfig_) && ui_->file->text() != shown_;
 }
 
 void CPartBookDialog::browse() {

@@ -28,7 +28,6 @@ public:
     bool isModified() const override;
 
 private:
-    bool hasProject() const;
     void browse();
 
     std::unique_ptr<Ui::CPartBookDialog> ui_;

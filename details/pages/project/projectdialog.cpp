@@ -5,7 +5,6 @@
 #include "details/platform/readfile.h"
 #include "details/widgets/stringconversion.h"
 #include "orv/projectfiledata.h"
-#include "suite/locationmap.h"
 #include "ui_projectdialog.h"
 
 #include <algorithm>
@@ -204,13 +203,13 @@ bool CProjectDialog::onLeave() {
            mayLeave(*this, fields_->guarded, [this] { return onApply(); });
 }
 
-/// The text as it was loaded is not checked: the default stands although the file may be elsewhere.
+/// The text as it was loaded is not checked: the default stands although the file may be elsewhere. Call it
+/// after the check of the other files, which prepares the location map.
 bool CProjectDialog::checkPropertyDefinitions() {
     if (!fields_->properties.differsFromLoaded())
         return true;
-    Orv::IProjectFileData& projectFile = *projectConfig_->projectFile;
-    InitLocationMap(projectFile.GetFilePath().c_str(), 0);
-    if (platform::opensForReading(ResolvePagePath(fields_->properties.text(), projectFile)))
+    const std::string path = ResolvePagePath(fields_->properties.text(), *projectConfig_->projectFile);
+    if (platform::opensForReading(path))
         return true;
     refuse(*this, *ui_->properties, tr("Invalid Property Definitions file."));
     return false;

@@ -80,13 +80,8 @@ ProjectFileField makeField(const Orv::CProjectConfiguration& project, ProjectFil
 
 } // namespace
 
-bool hasProject(const Orv::CProjectConfiguration* project) {
-    return project && project->projectFile;
-}
-
 std::string projectDirectory(const Orv::CProjectConfiguration& project) {
-    const std::string path = project.projectFile->GetFilePath();
-    return platform::platformPath(platform::splitPath(path).directory);
+    return platform::platformPath(directoryOfProject(project.projectFile->GetFilePath()));
 }
 
 void refuse(QWidget& page, QLineEdit& field, const QString& text) {

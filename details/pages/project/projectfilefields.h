@@ -1,5 +1,6 @@
 #pragma once
 
+#include "details/shell/projectaccess.h"
 #include "details/shell/propfile.h"
 #include "orv/projectconfiguration.h"
 
@@ -28,9 +29,6 @@ struct FileChooserTexts {
     const char* defaultName;
     const char* defaultSuffix = "";
 };
-
-/// True if there is a project to read from and write to.
-bool hasProject(const Orv::CProjectConfiguration* project);
 
 /// The directory of the project file.
 std::string projectDirectory(const Orv::CProjectConfiguration& project);

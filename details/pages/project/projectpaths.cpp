@@ -17,6 +17,11 @@ using LocationBuffer = std::array<char, kLocationBufferSize>;
 
 } // namespace
 
+std::string directoryOfProject(std::string_view projectFilePath) {
+    const std::string_view directory = platform::splitPath(projectFilePath).directory;
+    return directory.empty() && !platform::isBareName(projectFilePath) ? "/" : std::string(directory);
+}
+
 std::string ResolvePagePath(std::string text, Orv::IProjectFileData& projectFile) {
     LocationBuffer buffer{};
     std::string expanded = platform::expandEnvironmentReferences(text);

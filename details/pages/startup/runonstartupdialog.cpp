@@ -1,9 +1,11 @@
 #include "details/pages/startup/runonstartupdialog.h"
 
 #include "details/platform/environment.h"
+#include "details/platform/filelock.h"
 #include "details/platform/paths.h"
 #include "details/widgets/messagebox.h"
 #include "details/widgets/stringconversion.h"
+#include "details/widgets/waitcursor.h"
 #include "ui_runonstartupdialog.h"
 
 #include <filesystem>
@@ -48,8 +50,8 @@ bool CRunOnStartupDialog::buildTemplate() {
 }
 
 bool CRunOnStartupDialog::OnInitDialog() {
-    forms_.attach(*ui_->forms, tr("&Forms:"));
-    scripts_.attach(*ui_->scripts, tr("&Scripts:"));
+    forms_.attach(*ui_->forms, tr("Forms:"));
+    scripts_.attach(*ui_->scripts, tr("Scripts:"));
     fileName_ = firstWorkingDirectory() + "\\scripts.ini";
     forms_.read(fileName_, kFormPrefix);
     scripts_.read(fileName_, kScriptPrefix);
@@ -62,13 +64,14 @@ bool CRunOnStartupDialog::onOk() {
 }
 
 bool CRunOnStartupDialog::onApply() {
-    if (!hasWindow())
+    if (fileName_.empty()) // never filled: there is nothing to store
         return true;
     // Both lists first: an edit that is still open may end with a question.
     for (CFileList* list : {&forms_, &scripts_})
         list->exchange(Exchange::fromControls);
+    std::chrono::milliseconds patience = platform::kLockTimeout;
     for (CFileList* list : {&forms_, &scripts_}) {
-        if (!list->write())
+        if (!list->write(patience))
             showMessage(this, tr("Writing %1 failed").arg(toQString(fileName_)));
     }
     for (CFileList* list : {&forms_, &scripts_})
@@ -119,8 +122,9 @@ void CRunOnStartupDialog::CFileList::exchange(Exchange direction) {
     }
 }
 
-bool CRunOnStartupDialog::CFileList::write() {
-    return file_.write(strings_);
+bool CRunOnStartupDialog::CFileList::write(std::chrono::milliseconds& patience) {
+    const WaitCursor waiting;
+    return file_.write(strings_, patience);
 }
 
 void CRunOnStartupDialog::CFileList::clearChanged() {

@@ -6,6 +6,7 @@
 
 #include <QtCore/QString>
 
+#include <chrono>
 #include <memory>
 #include <string>
 #include <vector>
@@ -64,8 +65,8 @@ private:
         void attach(CListBoxFileEditorEx& editor, const QString& title);
         void read(const std::string& fileName, unsigned prefixId);
         virtual void exchange(Exchange direction);
-        /// @return false if the list could not be written as a whole.
-        bool write();
+        /// See ScriptsIni::write.
+        bool write(std::chrono::milliseconds& patience);
         void clearChanged();
         bool isChanged() const;
 

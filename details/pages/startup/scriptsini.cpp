@@ -5,6 +5,7 @@
 #include "details/shell/stringtable.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <optional>
 #include <string_view>
 
@@ -37,7 +38,7 @@ void ScriptsIni::read(std::vector<std::string>& list) {
     } while (!value.empty());
 }
 
-bool ScriptsIni::write(const std::vector<std::string>& list) {
+bool ScriptsIni::write(const std::vector<std::string>& list, std::chrono::milliseconds& patience) {
     if (!hasDirectory())
         return std::all_of(list.begin(), list.end(), [](const std::string& value) { return value.empty(); });
     if (!readable_)
@@ -53,8 +54,11 @@ bool ScriptsIni::write(const std::vector<std::string>& list) {
         if (!file.set(kSection, key(index), value))
             written = false;
     }
-    if (file.save())
+    if (const auto failure = file.save(patience)) {
         written = false;
+        if (failure->code == ETIMEDOUT)
+            patience = std::chrono::milliseconds::zero();
+    }
     return written;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -20,8 +21,9 @@ public:
 
     /// Writes the list, an empty text as no entry. Entries that the last read or write has covered and the
     /// list does not are deleted; those with higher numbers are somebody else's and stay.
+    /// @param patience how long to wait for someone else's lock; used up, it is 0 from then on.
     /// @return false if anything could not be written. What could be read not even once is never written.
-    bool write(const std::vector<std::string>& list);
+    bool write(const std::vector<std::string>& list, std::chrono::milliseconds& patience);
 
 private:
     bool hasDirectory() const;

@@ -7,10 +7,15 @@
 #include "orv/projectfiledata.h"
 #include "suite/kdsclient.h"
 
+#include <QtCore/QAbstractListModel>
 #include <QtCore/QCoreApplication>
-#include <QtCore/QStringListModel>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QListView>
+
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace ovsettings {
 
@@ -19,8 +24,29 @@ namespace {
 constexpr char kClient[] = "OvSettings";
 constexpr char kSnapshot[] = "Orv";
 
-QStringList readBlocks(const std::string& databasePath) {
-    QStringList names;
+/// Names as the database has them; what is shown of one may not say its bytes.
+class BlockModel : public QAbstractListModel {
+public:
+    BlockModel(std::vector<std::string> names, QObject* parent)
+        : QAbstractListModel(parent), names_(std::move(names)) {}
+
+    int rowCount(const QModelIndex& parent) const override {
+        return parent.isValid() ? 0 : static_cast<int>(names_.size());
+    }
+    QVariant data(const QModelIndex& index, int role) const override {
+        if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::UserRole))
+            return {};
+        const std::string& name = names_[static_cast<std::size_t>(index.row())];
+        return role == Qt::DisplayRole ? QVariant(toQString(name))
+                                       : QVariant(QByteArray::fromStdString(name));
+    }
+
+private:
+    std::vector<std::string> names_;
+};
+
+std::vector<std::string> readBlocks(const std::string& databasePath) {
+    std::vector<std::string> names;
     iKDS::KDSPI database;
     if (!database.AttachSubClient(kClient, databasePath))
         return names;
@@ -30,7 +56,7 @@ QStringList readBlocks(const std::string& databasePath) {
         if (!snapshot->GetListBlocks(blocks))
             blocks.Clear(); // part of them would be taken for all
         for (const iKDS::BlockInfo& block : blocks)
-            names.append(toQString(block.name));
+            names.push_back(block.name);
     }
     database.DetachSubClient();
     return names;
@@ -39,29 +65,27 @@ QStringList readBlocks(const std::string& databasePath) {
 } // namespace
 
 void fillBlocks(QComboBox& blocks, const Orv::CProjectConfiguration& project, const std::string& design) {
-    QStringList names;
+    std::vector<std::string> names;
     try {
         names = readBlocks(project.projectFile->GetDatabasePath(1));
     } catch (const iKDS::Exception& failure) {
         showMessage(&blocks, QCoreApplication::translate("TopLevel", "iKDS error: %1!")
                                  .arg(toQString(failure.GetResult().GetDescription())));
     }
-    // A model of texts alone: a design may have a million blocks.
-    blocks.setModel(new QStringListModel(names, &blocks));
+    const auto top = std::ranges::find(names, project.projectFile->GetTopBlock(design));
+    const int selected = top == names.end() ? -1 : static_cast<int>(top - names.begin());
+    // A model of names alone: a design may have a million blocks.
+    blocks.setModel(new BlockModel(std::move(names), &blocks));
     if (auto* list = qobject_cast<QListView*>(blocks.view()))
         list->setUniformItemSizes(true);
-    blocks.setCurrentIndex(
-        static_cast<int>(names.indexOf(toQString(project.projectFile->GetTopBlock(design)))));
+    blocks.setCurrentIndex(selected);
 }
 
 void storeBlock(const QComboBox& blocks, const Orv::CProjectConfiguration& project, const std::string& design,
                 const CNavigator& navigator) {
     if (blocks.currentIndex() < 0)
         return;
-    // A name that is no UTF-8 is written as it was until another one is selected.
-    const std::string stored = project.projectFile->GetTopBlock(design);
-    const bool isStored = toQString(stored) == blocks.currentText();
-    project.projectFile->SetTopBlock(isStored ? stored : toUtf8(blocks.currentText()), design);
+    project.projectFile->SetTopBlock(blocks.currentData().toByteArray().toStdString(), design);
     navigator.refresh();
 }
 

@@ -14,11 +14,14 @@ bool isSeparator(char c) {
 
 std::string relativeTo(const std::string& base, const std::string& path) {
     std::size_t begin = 0;
+    bool isNamed = false; // the separators before all names are the root, which unrelated paths share too
     for (std::size_t at = 0; at < base.size() && at < path.size(); ++at) {
         const bool bothSeparate = isSeparator(base[at]) && isSeparator(path[at]);
         if (!bothSeparate && base[at] != path[at])
             break;
-        if (bothSeparate)
+        if (!bothSeparate)
+            isNamed = true;
+        else if (isNamed)
             begin = at + 1;
     }
     return path.substr(begin);

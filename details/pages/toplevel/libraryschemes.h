@@ -14,7 +14,8 @@ inline constexpr char kLocalScheme[] = "{Local to Project}";
 /// The types of partitions, by the library manager's numbers.
 enum class PartitionKind : int { third = 0, pdb = 7, symbols = 13 };
 
-/// Cuts off what a path has in common with another one, up to the last common separator of either kind.
+/// Cuts off what a path has in common with another one, up to the last common separator of either kind. The
+/// root alone is nothing in common: the path stays whole.
 std::string relativeTo(const std::string& base, const std::string& path);
 
 /// The partitions of a central library as a design's page shows them: symbol partitions by name, the others

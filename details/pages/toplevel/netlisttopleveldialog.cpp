@@ -1,7 +1,7 @@
 #include "details/pages/toplevel/netlisttopleveldialog.h"
 
 #include "details/pages/toplevel/blockcombo.h"
-#include "orv/projectconfiguration.h"
+#include "details/shell/projectaccess.h"
 #include "ui_netlisttopleveldialog.h"
 
 namespace ovsettings {
@@ -31,7 +31,7 @@ bool CNetlistTopLevelDialog::buildTemplate() {
 }
 
 bool CNetlistTopLevelDialog::OnInitDialog() {
-    if (hasProject())
+    if (showsProject(ui_->topLevelBlock, projectConfig_))
         fillBlocks(*ui_->topLevelBlock, *projectConfig_, blockName_);
     return true;
 }
@@ -41,17 +41,13 @@ bool CNetlistTopLevelDialog::onOk() {
 }
 
 bool CNetlistTopLevelDialog::onApply() {
-    if (hasProject())
+    if (showsProject(ui_->topLevelBlock, projectConfig_))
         storeBlock(*ui_->topLevelBlock, *projectConfig_, blockName_, navigator_);
     return true;
 }
 
 bool CNetlistTopLevelDialog::onCancel() {
     return true;
-}
-
-bool CNetlistTopLevelDialog::hasProject() const {
-    return ui_->topLevelBlock && projectConfig_ && projectConfig_->projectFile;
 }
 
 } // namespace ovsettings

@@ -28,8 +28,6 @@ public:
     bool onCancel() override;
 
 private:
-    bool hasProject() const;
-
     std::unique_ptr<Ui::CNetlistTopLevelDialog> ui_;
     std::string blockName_;
     CNavigator navigator_;

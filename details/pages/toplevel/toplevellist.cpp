@@ -1,11 +1,11 @@
 #include "details/pages/toplevel/toplevellist.h"
 
+#include "details/widgets/stringconversion.h"
+
 #include <QtCore/QSet>
 #include <QtCore/QStringListModel>
 #include <QtWidgets/QListView>
 #include <QtWidgets/QListWidget>
-
-#include <algorithm>
 
 namespace ovsettings {
 
@@ -18,10 +18,16 @@ void CTopLevelList::newLine() {
 QWidget* CTopLevelList::createLineEditor(QWidget* parent, int row) {
     const QStringList present = lines();
     const QSet<QString> listed(present.begin(), present.end());
-    QStringList offered = allPartitions_ ? allPartitions_() : QStringList();
-    offered.erase(std::remove_if(offered.begin(), offered.end(),
-                                 [&](const QString& name) { return listed.contains(name); }),
-                  offered.end());
+    QStringList offered;
+    origins_.clear();
+    for (const std::string& name : allPartitions_ ? allPartitions_() : std::vector<std::string>()) {
+        const QString text = toQString(name);
+        if (listed.contains(text))
+            continue;
+        offered.append(text);
+        if (toUtf8(text) != name && !origins_.contains(text))
+            origins_.insert(text, QByteArray::fromStdString(name));
+    }
     // The line that is edited may stay what it is.
     if (!line(row).isEmpty())
         offered.prepend(line(row));
@@ -34,11 +40,18 @@ QWidget* CTopLevelList::createLineEditor(QWidget* parent, int row) {
     return control;
 }
 
-void CTopLevelList::lineAdded(int, const QString&) {
+void CTopLevelList::keepOrigin(int row, const QString& text) {
+    if (const auto origin = origins_.constFind(text); origin != origins_.constEnd())
+        setOrigin(row, *origin);
+}
+
+void CTopLevelList::lineAdded(int row, const QString& text) {
+    keepOrigin(row, text);
     Q_EMIT changed();
 }
 
-void CTopLevelList::lineRenamed(int, const QString&) {
+void CTopLevelList::lineRenamed(int row, const QString& text) {
+    keepOrigin(row, text);
     Q_EMIT changed();
 }
 

@@ -2,9 +2,13 @@
 
 #include "details/widgets/listboxeditor.h"
 
+#include <QtCore/QByteArray>
+#include <QtCore/QHash>
 #include <QtWidgets/QComboBox>
 
 #include <functional>
+#include <string>
+#include <vector>
 
 namespace ovsettings {
 
@@ -23,7 +27,9 @@ public:
     };
 
     /// @param allPartitions gives whatever can be in the list, when a line is edited.
-    void setSource(std::function<QStringList()> allPartitions) { allPartitions_ = std::move(allPartitions); }
+    void setSource(std::function<std::vector<std::string>()> allPartitions) {
+        allPartitions_ = std::move(allPartitions);
+    }
 
 Q_SIGNALS:
     /// The user has changed the list.
@@ -38,7 +44,10 @@ protected:
     void lineMoved(int from, int to) override;
 
 private:
-    std::function<QStringList()> allPartitions_;
+    void keepOrigin(int row, const QString& text);
+
+    std::function<std::vector<std::string>()> allPartitions_;
+    QHash<QString, QByteArray> origins_; ///< of the offered names whose text does not say their bytes
 };
 
 } // namespace ovsettings

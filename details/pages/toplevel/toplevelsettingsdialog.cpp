@@ -3,9 +3,9 @@
 #include "details/pages/toplevel/blockcombo.h"
 #include "details/pages/toplevel/libraryschemes.h"
 #include "details/platform/asciicase.h"
+#include "details/shell/projectaccess.h"
 #include "details/widgets/listboxlines.h"
 #include "details/widgets/stringconversion.h"
-#include "orv/projectconfiguration.h"
 #include "orv/projectfiledata.h"
 #include "ui_toplevelsettingsdialog.h"
 
@@ -24,14 +24,6 @@ constexpr char kLocalShown[] = "Local to design";
 
 constexpr char kFrontEnd[] = "FE";
 constexpr char kBackEnd[] = "BE";
-
-QStringList toLines(const std::vector<std::string>& names) {
-    QStringList lines;
-    lines.reserve(static_cast<qsizetype>(names.size()));
-    for (const std::string& entry : names)
-        lines.append(toQString(entry));
-    return lines;
-}
 
 std::vector<std::string> entriesOf(const CListBoxEditor& list) {
     std::vector<std::string> entries = stringsOf(list);
@@ -62,7 +54,7 @@ bool CTopLevelSettingsDialog::buildTemplate() {
     ui_->pdbSearchPath->setTitle(tr("&PDB Search Path"));
     const auto source = [this](PartitionKind kind) {
         return [this, kind] {
-            return toLines(CLibraryPartitions(libraryPath()).all(kind));
+            return CLibraryPartitions(libraryPath()).all(kind);
         };
     };
     ui_->symbolPartitions->setSource(source(PartitionKind::symbols));
@@ -71,7 +63,7 @@ bool CTopLevelSettingsDialog::buildTemplate() {
 }
 
 bool CTopLevelSettingsDialog::OnInitDialog() {
-    if (!hasProject()) {
+    if (!showsProject(ui_->scheme, projectConfig_)) {
         setListState(false);
         return true;
     }
@@ -146,9 +138,10 @@ void CTopLevelSettingsDialog::fillSchemes() {
     for (std::size_t i = 0; i < names.size(); ++i) {
         schemeTypes_[names[i]] = types[i];
         if (names[i] != kDefaultScheme) {
+            // Whatever its bytes, it is found by what is shown of it; nothing takes what another one has.
             const QString text = toQString(names[i]);
-            schemeNames_[toUtf8(text)] = names[i]; // whatever its bytes, it is found by what is shown of it
-            shown.append(text);
+            if (schemeNames_.try_emplace(toUtf8(text), names[i]).second)
+                shown.append(text);
         }
         if (names[i] == kLocalScheme)
             noLocalScheme_ = false;
@@ -163,8 +156,10 @@ void CTopLevelSettingsDialog::fillSchemes() {
 /// A scheme that is not offered leaves nothing selected.
 void CTopLevelSettingsDialog::selectScheme(const std::string& stored) {
     for (const auto& [shown, scheme] : schemeNames_) {
+        if (scheme != stored)
+            continue;
         const int index = ui_->scheme->findText(toQString(shown), Qt::MatchExactly | Qt::MatchCaseSensitive);
-        if (scheme == stored && index >= 0)
+        if (index >= 0)
             ui_->scheme->setCurrentIndex(index);
     }
 }
@@ -181,6 +176,8 @@ void CTopLevelSettingsDialog::onSchemeSelected(int chosen) {
     ui_->pdbSearchPath->finishEditing();
     setScheme(chosen);
     const std::string shown = toUtf8(ui_->scheme->currentText());
+    if (shown == shownScheme_)
+        return; // the edit has made the lists what is chosen
     const auto stored = schemeNames_.find(shown);
     if (stored == schemeNames_.end())
         return;
@@ -194,11 +191,14 @@ void CTopLevelSettingsDialog::onSchemeSelected(int chosen) {
     setListState(isEditable(shown));
 }
 
-/// Lists that the user has changed are the design's own from here on; nothing else changes with that.
+/// Lists that the user has changed are the design's own from here on, and are kept as such when another
+/// scheme is chosen; nothing else changes with that.
 void CTopLevelSettingsDialog::onListChanged() {
     const int local = ui_->scheme->findText(kLocalShown, Qt::MatchExactly | Qt::MatchCaseSensitive);
-    if (local >= 0)
-        setScheme(local);
+    if (local < 0)
+        return;
+    setScheme(local);
+    shownScheme_ = kLocalShown;
 }
 
 void CTopLevelSettingsDialog::setScheme(int index) {
@@ -222,7 +222,7 @@ bool CTopLevelSettingsDialog::onOk() {
 }
 
 bool CTopLevelSettingsDialog::onApply() {
-    if (!hasProject())
+    if (!showsProject(ui_->scheme, projectConfig_))
         return true;
     ui_->symbolPartitions->finishEditing();
     ui_->pdbSearchPath->finishEditing();
@@ -264,12 +264,9 @@ bool CTopLevelSettingsDialog::onCancel() {
     return true;
 }
 
-bool CTopLevelSettingsDialog::hasProject() const {
-    return ui_->scheme && projectConfig_ && projectConfig_->projectFile;
-}
-
 std::string CTopLevelSettingsDialog::libraryPath() const {
-    return hasProject() ? projectConfig_->projectFile->GetCentralLibraryPath(1) : std::string();
+    return showsProject(ui_->scheme, projectConfig_) ? projectConfig_->projectFile->GetCentralLibraryPath(1)
+                                                     : std::string();
 }
 
 } // namespace ovsettings

@@ -40,7 +40,6 @@ private:
         std::vector<std::string> third;
     };
 
-    bool hasProject() const;
     std::string libraryPath() const;
     void connectControls();
     Lists projectLists() const;

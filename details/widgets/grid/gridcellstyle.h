@@ -43,7 +43,9 @@ struct GridCellStyle {
     QString mask = {};
     std::optional<GridCellLimits> limits = {};
     std::optional<QColor> interior = {};
-    QString toolTip = {};
+    QString toolTip = {}; ///< plain text
+    /// What the cell is for, in place of the first cell of its row and the header of its column.
+    QString accessibleName = {};
 };
 
 } // namespace ovsettings

@@ -141,6 +141,10 @@ Option controlOption(const QStyleOptionViewItem& cell) {
 
 void drawArrow(QPainter& painter, const QStyleOptionViewItem& cell) {
     auto option = controlOption<QStyleOption>(cell);
+    // A style may keep its picture of an arrow by the palette: by the cell's own, which is another one at
+    // each painting, it would keep as many as were ever painted.
+    option.palette = cell.widget->palette();
+    option.palette.setCurrentColorGroup(cell.palette.currentColorGroup());
     option.rect =
         QStyle::alignedRect(cell.direction, Qt::AlignRight | Qt::AlignVCenter, QSize(kArrowSize, kArrowSize),
                             cell.rect.adjusted(kArrowMargin, 0, -kArrowMargin, 0));
@@ -287,7 +291,10 @@ bool CGridDelegate::editorEvent(QEvent* event, QAbstractItemModel* model, const 
     if (style.kind != GridCellKind::radioGroup || style.readOnly || !style.enabled ||
         event->type() != QEvent::MouseButtonRelease)
         return QStyledItemDelegate::editorEvent(event, model, option, index);
-    const QPoint at = static_cast<QMouseEvent*>(event)->position().toPoint();
+    const auto& release = *static_cast<QMouseEvent*>(event);
+    if (release.button() != Qt::LeftButton)
+        return false;
+    const QPoint at = release.position().toPoint();
     for (int choice = 0; choice < style.choices.size(); ++choice) {
         if (choiceRect(option.rect, style, choice).contains(at))
             return model->setData(index, QString::number(choice), Qt::EditRole);

@@ -1,5 +1,7 @@
 #include "details/widgets/grid/gridmodel.h"
 
+#include "details/widgets/stringconversion.h"
+
 #include <QtGui/QBrush>
 
 #include <utility>
@@ -26,7 +28,7 @@ QColor textColourOn(const QColor& interior) {
 
 std::optional<QColor> colourOf(const QString& cellText) {
     bool isNumber = false;
-    const uint packed = cellText.toUInt(&isNumber);
+    const int packed = static_cast<int>(cellText.toUInt(&isNumber));
     if (!isNumber)
         return std::nullopt;
     return QColor(packed & 0xff, (packed >> 8) & 0xff, (packed >> 16) & 0xff);
@@ -63,6 +65,7 @@ QVariant CGridModel::data(const QModelIndex& index, int role) const {
     case Qt::ForegroundRole:
         return shown.style.interior ? QVariant(textColourOn(*shown.style.interior)) : QVariant();
     case Qt::ToolTipRole:
+        return toToolTip(shown.style.toolTip);
     case Qt::AccessibleDescriptionRole:
         return shown.style.toolTip;
     case Qt::AccessibleTextRole: {
@@ -91,6 +94,8 @@ QString CGridModel::spokenValue(const Cell& cell) const {
 }
 
 QString CGridModel::cellName(const QModelIndex& index) const {
+    if (const QString& name = cell(index).style.accessibleName; !name.isEmpty())
+        return name;
     QStringList parts;
     if (index.column() > 0)
         parts << onOneLine(cell(index.siblingAtColumn(0)).text);

@@ -39,7 +39,8 @@ public:
     void setStyle(const QModelIndex& index, const GridCellStyle& style);
     QString header(int column) const;
     void setHeader(int column, const QString& text);
-    /// What a cell is for, without its value: the first cell of its row and the header of its column.
+    /// What a cell is for, without its value: its style's name, or else the first cell of its row and the
+    /// header of its column.
     QString cellName(const QModelIndex& index) const;
 
 Q_SIGNALS:

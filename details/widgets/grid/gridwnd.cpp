@@ -4,6 +4,7 @@
 #include "details/widgets/grid/gridmodel.h"
 #include "details/widgets/messagebox.h"
 
+#include <QtCore/QPointer>
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QHeaderView>
@@ -28,6 +29,7 @@ CGridWnd::CGridWnd(QWidget* parent)
     setItemDelegate(delegate_);
     setSelectionMode(SingleSelection);
     setEditTriggers(AnyKeyPressed);
+    setTabKeyNavigation(false); // the grid has a way of its own through its cells
     setWordWrap(false);
     setHorizontalScrollMode(ScrollPerPixel);
     setVerticalScrollMode(ScrollPerPixel);
@@ -45,7 +47,7 @@ CGridWnd::CGridWnd(QWidget* parent)
 /// An editor that is still open would lose the focus, and so end its edit, in a grid that is half gone.
 CGridWnd::~CGridWnd() {
     if (isEditing())
-        closeEditor(delegate_->editor(), QAbstractItemDelegate::RevertModelCache);
+        CGridWnd::closeEditor(delegate_->editor(), QAbstractItemDelegate::RevertModelCache);
 }
 
 void CGridWnd::setRowCount(int count) {
@@ -195,7 +197,7 @@ void CGridWnd::commitEdit() {
 /// The base gives the focus back only while the window is the active one, which it is not yet when a list or
 /// a message box has just closed.
 void CGridWnd::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
-    const bool hadFocus = window()->focusWidget() == editor;
+    const bool hadFocus = editor && window()->focusWidget() == editor;
     QTableView::closeEditor(editor, hint);
     if (hadFocus)
         setFocus();
@@ -209,8 +211,13 @@ bool CGridWnd::endEdit() {
         commitEdit();
         return true;
     }
+    // While the message is open, the edit may end, or the grid.
+    const QPointer<CGridWnd> self(this);
     showMessage(this, message);
-    delegate_->editor()->setFocus();
+    if (!self)
+        return false;
+    if (isEditing())
+        delegate_->editor()->setFocus();
     if (auto* edit = qobject_cast<QLineEdit*>(delegate_->editor()))
         edit->selectAll();
     return false;
@@ -333,15 +340,15 @@ bool CGridWnd::handleKey(const QKeyEvent& event) {
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
         // Without Ctrl it goes through focusNextPrevChild and never comes here.
-        return QAbstractScrollArea::focusNextPrevChild(event.key() == Qt::Key_Tab &&
-                                                       !(event.modifiers() & Qt::ShiftModifier));
+        return QTableView::focusNextPrevChild(event.key() == Qt::Key_Tab &&
+                                              !(event.modifiers() & Qt::ShiftModifier));
     default:
         return false;
     }
 }
 
 bool CGridWnd::focusNextPrevChild(bool next) {
-    return moveCurrent(next) || QWidget::focusNextPrevChild(next);
+    return moveCurrent(next) || QTableView::focusNextPrevChild(next);
 }
 
 bool CGridWnd::moveCurrent(bool forward) {

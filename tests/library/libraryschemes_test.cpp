@@ -1,0 +1,21 @@
+#include "details/pages/toplevel/libraryschemes.h"
+
+#include <gtest/gtest.h>
+
+TEST(LibrarySchemes, APartitionIsNamedFromItsLibrary) {
+    struct Row {
+        const char *base, *path, *relative;
+    };
+    constexpr Row kRows[] = {
+        {"/work/lib/parts.lmc", "/work/lib/pdbs/a.pdb", "pdbs/a.pdb"},
+        {"/work/lib/parts.lmc", "\\work\\lib/pdbs\\a.pdb", "pdbs\\a.pdb"},
+        {"/work/lib/parts.lmc", "/work/other/a.pdb", "other/a.pdb"},
+        {"/work/lib/parts.lmc", "/work", "/work"},
+        {"/work/lib/parts.lmc", "/opt/pdbs/a.pdb", "/opt/pdbs/a.pdb"},
+        {"\\\\server\\lib\\parts.lmc", "\\\\other\\a.pdb", "\\\\other\\a.pdb"},
+        {"c:\\lib\\parts.lmc", "d:\\a.pdb", "d:\\a.pdb"},
+        {"", "/opt/a.pdb", "/opt/a.pdb"},
+    };
+    for (const Row& row : kRows)
+        EXPECT_EQ(ovsettings::relativeTo(row.base, row.path), row.relative) << row.path;
+}
