@@ -15,5 +15,7 @@ void registerSheets();
 void registerChooser();
 void registerLibraries();
 void registerDesigns();
+void registerGrowth();
+void registerPeers(); ///< if they are built
 
 } // namespace bench

@@ -11,6 +11,7 @@ namespace {
 constexpr const char* kTime = "time";
 constexpr const char* kTimeTarget = "time target";
 constexpr std::string_view kFloor = "floor ";
+constexpr std::string_view kPeer = "peer ";
 constexpr std::string_view kRatio = "ratio ";
 constexpr std::string_view kTarget = "target ";
 
@@ -42,7 +43,7 @@ std::string timeText(double seconds) {
 
 std::string ratioText(double ratio) {
     char text[32];
-    std::snprintf(text, sizeof text, "%.2f", ratio);
+    std::snprintf(text, sizeof text, ratio < 0.1 ? "%.2g" : ratio < 100 ? "%.2f" : "%.0f", ratio);
     return text;
 }
 
@@ -82,7 +83,7 @@ void compare(benchmark::State& state, const Subject& subject, const std::vector<
         state.counters[kTimeTarget] = *subject.target;
     for (std::size_t i = 0; i < floors.size(); ++i) {
         const double floorTime = median(samples[i + 1]);
-        state.counters[named(kFloor, floors[i].name)] = floorTime;
+        state.counters[named(floors[i].isPeer ? kPeer : kFloor, floors[i].name)] = floorTime;
         state.counters[named(kRatio, floors[i].name)] = time / floorTime;
         if (floors[i].target)
             state.counters[named(kTarget, floors[i].name)] = *floors[i].target;
@@ -110,7 +111,7 @@ void RatioReporter::ReportRuns(const std::vector<Run>& runs) {
 }
 
 void RatioReporter::Finalize() {
-    printRow("what", "median", "floor", "median", "ratio", "at most");
+    printRow("what", "median", "floor or peer", "median", "ratio", "at most");
     printRow("---", "---:", "---", "---:", "---", "---");
     std::ranges::sort(rows_, {}, &Row::name);
     for (const Row& row : rows_)
@@ -135,15 +136,19 @@ void RatioReporter::print(const Row& row) {
                                         : verdict(timeText(timeTarget.front()), time <= timeTarget.front());
     std::string what = row.name;
     for (const auto& [counter, value] : row.repetitions.front()) {
-        if (!counter.starts_with(kFloor))
+        const bool isPeer = counter.starts_with(kPeer);
+        if (!isPeer && !counter.starts_with(kFloor))
             continue;
-        const std::string floor = counter.substr(kFloor.size());
+        const std::string floor = counter.substr((isPeer ? kPeer : kFloor).size());
         const auto ratios = values(named(kRatio, floor));
         const auto target = values(named(kTarget, floor));
         const double ratio = median(ratios);
+        const std::string peerVerdict = ratio < 1.0 ? "ahead" : "behind";
         printRow(what, timeText(time), floor, timeText(median(values(counter))),
                  ratioText(ratio) + " (" + ratioText(ratios.front()) + "-" + ratioText(ratios.back()) + ")",
-                 target.empty() ? timeVerdict : verdict(ratioText(target.front()), ratio <= target.front()));
+                 isPeer           ? peerVerdict
+                 : target.empty() ? timeVerdict
+                                  : verdict(ratioText(target.front()), ratio <= target.front()));
         what.clear();
     }
     if (!what.empty())

@@ -18,6 +18,7 @@ struct Floor {
     std::string name;
     Timed run;
     std::optional<double> target = std::nullopt; ///< the largest ratio that is accepted
+    bool isPeer = false;                         ///< no floor, but another library on the same work
 };
 
 /// The seconds that a call takes.

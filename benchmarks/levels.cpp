@@ -123,6 +123,15 @@ std::array<std::filesystem::path, 3> Levels::files() const {
     return {file("home/standard"), file("home/site"), file("user")};
 }
 
+void Levels::renew() const {
+    for (const auto& file : files()) {
+        std::string text = readText(file);
+        const bool endsInLine = text.back() == '\n';
+        text.erase(text.rfind('>') + 1).append(1, endsInLine ? ' ' : '\n');
+        writeText(file, text);
+    }
+}
+
 std::string atSize(const std::string& name, int size) {
     return size == 1 ? name : name + ", " + std::to_string(size) + " times the size";
 }

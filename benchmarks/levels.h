@@ -24,6 +24,9 @@ public:
     std::array<std::filesystem::path, 3> files() const;
     std::filesystem::path userFile() const { return files().back(); }
 
+    /// Gives each file other bytes of the same meaning, so that nothing that is known of it serves again.
+    void renew() const;
+
 private:
     std::filesystem::path root_;
 };

@@ -40,6 +40,10 @@ int run(int argc, char** argv) {
     bench::registerChooser();
     bench::registerLibraries();
     bench::registerDesigns();
+    bench::registerGrowth();
+#ifdef OVSETTINGS_PEERS
+    bench::registerPeers();
+#endif
     bench::RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     return reporter.isWhole() ? 0 : 1;

@@ -1,4 +1,4 @@
-// One value by key, as drawing code reads it.
+// One value by key or by handle, as drawing code reads it.
 
 #include "benchmarks/allocations.h"
 #include "benchmarks/benchmarks.h"
@@ -22,6 +22,7 @@ using Orv::iAppConfiguration;
 // Long enough that no branch predictor learns the order.
 constexpr std::size_t kReads = 1 << 14;
 constexpr double kTarget = 1.2;
+constexpr double kHandleTarget = 2e-9; // seconds
 
 struct Hash {
     using is_transparent = void;
@@ -114,6 +115,73 @@ std::size_t allocationsOf(Work work) {
     return allocations() - before;
 }
 
+float sumByHandle(const iAppConfiguration& configuration, const std::vector<iAppConfiguration::Handle>& order,
+                  float) {
+    float sum = 0;
+    for (const auto handle : order)
+        sum += configuration.getNumber(handle);
+    return sum;
+}
+
+unsigned sumByHandle(const iAppConfiguration& configuration,
+                     const std::vector<iAppConfiguration::Handle>& order, Fields) {
+    unsigned sum = 0;
+    for (const auto handle : order) {
+        Orv::Graphics read;
+        configuration.getGraphics(handle, read);
+        sum += mixed(
+            {read.visible, read.selectable, read.colour, read.fillStyle, read.lineStyle, read.lineThickness});
+    }
+    return sum;
+}
+
+float sumOf(const std::vector<float>& values, const std::vector<std::size_t>& order) {
+    float sum = 0;
+    for (const auto index : order)
+        sum += values[index];
+    return sum;
+}
+
+unsigned sumOf(const std::vector<Fields>& values, const std::vector<std::size_t>& order) {
+    unsigned sum = 0;
+    for (const auto index : order)
+        sum += mixed(values[index]);
+    return sum;
+}
+
+template <typename Value>
+void readByHandle(benchmark::State& state) {
+    const Levels levels;
+    iAppConfiguration configuration;
+    configuration.load();
+    std::vector<Value> values;
+    std::vector<iAppConfiguration::Handle> handlesOfValues;
+    for (const auto& [key, value] : tableOf<Value>(configuration)) {
+        values.push_back(value);
+        handlesOfValues.push_back(configuration.handleOf(key));
+    }
+    std::mt19937 random(20);
+    std::uniform_int_distribution<std::size_t> any(0, values.size() - 1);
+    std::vector<std::size_t> order(kReads);
+    std::vector<iAppConfiguration::Handle> handles(kReads);
+    for (std::size_t i = 0; i < kReads; ++i) {
+        order[i] = any(random);
+        handles[i] = handlesOfValues[order[i]];
+    }
+    const auto store = [&] {
+        benchmark::DoNotOptimize(sumByHandle(configuration, handles, Value{}));
+    };
+    const auto floor = [&] {
+        benchmark::DoNotOptimize(sumOf(values, order));
+    };
+    if (allocationsOf(store) != 0)
+        return state.SkipWithError("a read allocates");
+    if (sumByHandle(configuration, handles, Value{}) != sumOf(values, order))
+        return state.SkipWithError("the store and the floor read different values");
+    compare(state, {timed(store), static_cast<double>(kReads), kHandleTarget},
+            {{"std::vector of values, by index", timed(floor)}});
+}
+
 template <typename Value>
 void readByKey(benchmark::State& state) {
     const Levels levels;
@@ -147,6 +215,8 @@ void readByKey(benchmark::State& state) {
 void registerReads() {
     benchmark::RegisterBenchmark("a1 getNumber", readByKey<float>)->UseManualTime();
     benchmark::RegisterBenchmark("a2 getGraphics", readByKey<Fields>)->UseManualTime();
+    benchmark::RegisterBenchmark("a3 getNumber by handle", readByHandle<float>)->UseManualTime();
+    benchmark::RegisterBenchmark("a4 getGraphics by handle", readByHandle<Fields>)->UseManualTime();
 }
 
 } // namespace bench

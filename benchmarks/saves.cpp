@@ -2,6 +2,7 @@
 
 #include "benchmarks/benchmarks.h"
 #include "benchmarks/comparison.h"
+#include "benchmarks/floors.h"
 #include "benchmarks/levels.h"
 #include "orv/appconfiguration.h"
 
@@ -12,7 +13,6 @@
 #include <array>
 #include <cstdio>
 #include <optional>
-#include <stdexcept>
 #include <string>
 
 namespace bench {
@@ -21,45 +21,6 @@ namespace {
 
 constexpr const char* kKey = "GRID_HR";
 constexpr double kTarget = 1.2;
-
-void check(bool succeeded) {
-    if (!succeeded)
-        throw std::runtime_error("the floor could not write");
-}
-
-/// Replaces a file in the safe way and does nothing else.
-class BareWriter {
-public:
-    BareWriter(const std::filesystem::path& neighbour, std::string bytes)
-        : directory_(neighbour.parent_path()),
-          path_(directory_ + "/bare.xml"),
-          temporary_(path_ + ".tmp"),
-          bytes_(std::move(bytes)) {}
-
-    void write() const {
-        const int fd = open(temporary_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-        check(fd >= 0);
-        check(::write(fd, bytes_.data(), bytes_.size()) == static_cast<ssize_t>(bytes_.size()));
-        check(fsync(fd) == 0 && close(fd) == 0);
-        check(rename(temporary_.c_str(), path_.c_str()) == 0);
-    }
-
-    void flushDirectory() const {
-        const int directory = open(directory_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-        check(directory >= 0 && fsync(directory) == 0 && close(directory) == 0);
-    }
-
-    void writeAndFlushDirectory() const {
-        write();
-        flushDirectory();
-    }
-
-private:
-    std::string directory_;
-    std::string path_;
-    std::string temporary_;
-    std::string bytes_;
-};
 
 void saveOneChange(benchmark::State& state, int size) {
     const Levels levels(size);

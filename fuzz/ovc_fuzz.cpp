@@ -1,25 +1,20 @@
 // The reader of colour schema files.
 
 #include "details/pages/display/objectschema.h"
+#include "fuzz/support.h"
 
-#include <cstdint>
-#include <cstdlib>
+using fuzz::require;
 
 namespace {
 
 constexpr int kMostTold = 10;
-
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
 
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     int told = 0;
     ovsettings::CObjectSchema schema([&told](const std::string&) { ++told; });
-    const bool isDocument = schema.parse({reinterpret_cast<const char*>(data), size});
+    const bool isDocument = schema.parse(fuzz::textOf(data, size));
     require(isDocument == schema.error().empty());
     require(told <= kMostTold && (isDocument || told == 0));
     for (const char* name : {"Net", "Annotation", "Unplaced component"}) {
@@ -28,7 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                 require(isDocument && item->name == ovsettings::schemaItemName(name));
         }
     }
-    if (const auto document = platform::parseXml({reinterpret_cast<const char*>(data), size}))
+    if (const auto document = platform::parseXml(fuzz::textOf(data, size)))
         ovsettings::CObjectSchema::isPrinterSchema(*document);
     return 0;
 }
