@@ -129,6 +129,7 @@ void Levels::renew() const {
         const bool endsInLine = text.back() == '\n';
         text.erase(text.rfind('>') + 1).append(1, endsInLine ? ' ' : '\n');
         writeText(file, text);
+        static_cast<void>(readText(file)); // which is what would find it in the page cache otherwise
     }
 }
 

@@ -29,6 +29,7 @@ void iAppConfiguration::Impl::registerCatalogue() {
     standings.fill(Standing::unknown);
     knowsWrittenLevel = false;
     isWritten.fill(false);
+    settledRevision = 0;
     records.reserve(kCatalogueSize);
     for (const auto& row : catalogue()) {
         Property property{std::string(row.key)};

@@ -54,6 +54,7 @@ struct iAppConfiguration::Impl {
     /// As the last save found them. The records lie all over the memory, and a save that looks at each of
     /// them spends most of its time on waiting for them.
     std::array<Standing, kCatalogueSize> standings{};
+    std::uint64_t settledRevision = 0; ///< of the configuration that says what the standings tell
     TypedValues typed;
     std::vector<iEventSink*> sinks; ///< not owned
 

@@ -198,17 +198,21 @@ void ConfigurationReader::noteLocks(Record& record) const {
 }
 
 void writeAll(iAppConfiguration::Impl& store, IOvConfiguration& configuration) {
+    const bool isSettled = configuration.revision() != 0 && configuration.revision() == store.settledRevision;
     for (std::size_t row = 0; row < store.records.size(); ++row) {
         const auto& property = store.records[row].property;
         auto& standing = store.standings[row];
         if (standing == Standing::unknown)
             standing = standingOf(property);
+        else if (isSettled)
+            continue;
         if (standing == Standing::own) {
             write(property, configuration);
             store.isWritten[row] = true;
         } else if (standing == Standing::inherited && (store.knowsWrittenLevel || store.isWritten[row]))
             remove(catalogue()[row].kind, property.name, configuration);
     }
+    store.settledRevision = configuration.revision();
 }
 
 } // namespace Orv

@@ -59,10 +59,13 @@ int resultOf(int status) {
 }
 
 // Not every file system flushes directories; where one cannot, its rename is as safe as it gets.
-int flushDirectory(const std::string& directory) {
-    const Descriptor stream(::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    const int code = stream.valid() ? resultOf(fsync(stream.get())) : errno;
+int flushDirectory(const Descriptor& directory) {
+    const int code = directory.valid() ? resultOf(fsync(directory.get())) : errno;
     return code == EINVAL || code == ENOTSUP || code == EACCES ? 0 : code;
+}
+
+int flushDirectory(const std::string& directory) {
+    return flushDirectory(Descriptor(::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)));
 }
 
 } // namespace
@@ -105,20 +108,23 @@ std::optional<FileError> AtomicFile::write(std::string_view bytes) {
         unlink(temporary_.c_str());
         return error("put the new file in place", code);
     }
-    if (const int code = flushDirectory(directory_))
+    const Descriptor& open = lock_.directory();
+    if (const int code = open.valid() ? flushDirectory(open) : flushDirectory(directory_))
         return error("flush the directory", code);
     return std::nullopt;
 }
 
 int AtomicFile::checkWritable() const {
     struct stat status;
-    if (stat(path_.c_str(), &status) != 0)
+    // Under the lock, what was a file is one still, or is gone.
+    if (!former_ && stat(path_.c_str(), &status) != 0)
         return errno == ENOENT ? 0 : errno;
-    if (S_ISDIR(status.st_mode))
+    if (!former_ && S_ISDIR(status.st_mode))
         return EISDIR;
-    if (!S_ISREG(status.st_mode))
+    if (!former_ && !S_ISREG(status.st_mode))
         return EINVAL;
-    return resultOf(faccessat(AT_FDCWD, path_.c_str(), W_OK, AT_EACCESS));
+    const int code = resultOf(faccessat(AT_FDCWD, path_.c_str(), W_OK, AT_EACCESS));
+    return code == ENOENT ? 0 : code;
 }
 
 int AtomicFile::writeTemporary(std::string_view bytes) const {

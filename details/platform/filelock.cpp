@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <thread>
+#include <utility>
 
 namespace platform {
 
@@ -33,10 +34,18 @@ public:
     }
 
     /// Fails while another one looks whether it is empty.
-    void join() { flock(directory_.get(), LOCK_SH | LOCK_NB); }
+    void join() { isJoined_ = flock(directory_.get(), LOCK_SH | LOCK_NB) == 0 || isJoined_; }
+
+    /// @return the directory, for other uses.
+    Descriptor leave() {
+        if (isJoined_)
+            flock(directory_.get(), LOCK_UN);
+        return std::move(directory_);
+    }
 
 private:
     Descriptor directory_;
+    bool isJoined_ = false;
 };
 
 // Opened before it is created: in a directory shared with a sticky bit, the system refuses to open another
@@ -100,6 +109,7 @@ std::optional<FileError> FileLock::acquire(const std::string& path, std::chrono:
             return FileError{path, "take the lock", code};
         if (isStillTheFile(file.get(), path.c_str())) {
             file_ = std::move(file);
+            directory_ = queue.leave();
             return std::nullopt;
         }
         if (Clock::now() >= deadline)

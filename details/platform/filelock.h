@@ -19,11 +19,12 @@ public:
     /// @return the error; the code is ETIMEDOUT if someone held the lock all the time.
     [[nodiscard]] std::optional<FileError> acquire(const std::string& path,
                                                    std::chrono::milliseconds timeout = kLockTimeout);
-    void release() { file_.close(); }
-    bool held() const { return file_.valid(); }
+    /// The directory of the lock file, open while the lock is held; invalid where it could not be opened.
+    const Descriptor& directory() const { return directory_; }
 
 private:
     Descriptor file_;
+    Descriptor directory_;
 };
 
 } // namespace platform

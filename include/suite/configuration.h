@@ -49,6 +49,11 @@ public:
     virtual void removeGroup(const std::string& path, const std::string& typeWord,
                              const std::string& key) = 0;
     virtual void removeKey(const std::string& path, const std::string& key) = 0;
+
+    /// Stands for what the configuration says, changes that are not written yet included: two configurations
+    /// of one process with the same number say the same. 0, which stands for nothing, is always a true
+    /// answer.
+    virtual std::uint64_t revision() const { return 0; }
 };
 
 /// Hands out the configurations of directories.

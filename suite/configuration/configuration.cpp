@@ -5,6 +5,7 @@
 #include "suite/configuration/xmltext.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 
 namespace suite {
@@ -27,6 +28,12 @@ void mergeName(std::vector<std::string>& names, const std::string& name, bool pr
         names.erase(known);
 }
 
+/// Like none before.
+std::uint64_t nextRevision() {
+    static std::atomic<std::uint64_t> revisions = 0;
+    return ++revisions;
+}
+
 } // namespace
 
 Configuration::Configuration(std::string path, ErrorLog& log) : path_(std::move(path)), log_(log) {
@@ -41,6 +48,9 @@ bool Configuration::read(std::optional<Contents> known) {
     if (state_ == FileState::unchanged) {
         state_ = FileState::read;
         document = std::move(known->document);
+        revision_ = known->revision;
+    } else if (state_ == FileState::read) {
+        revision_ = nextRevision();
     }
     if (document)
         document_ = std::move(*document);
@@ -121,8 +131,11 @@ bool Configuration::save() {
         log_.report(path_ + ": the damaged file is kept as " + aside);
     state_ = FileState::read;
     bytes_ = text;
-    if (current)
+    if (current) {
+        // What others wrote meanwhile is in it, too.
         document_ = std::move(*current);
+        revision_ = nextRevision();
+    }
     return true;
 }
 
@@ -130,7 +143,7 @@ std::optional<Configuration::Contents> Configuration::takeContents() {
     if (state_ != FileState::read || document_.isFlawed())
         return std::nullopt;
     document_.setReporter({});
-    return Contents{std::move(path_), std::move(bytes_), std::move(document_)};
+    return Contents{std::move(path_), std::move(bytes_), std::move(document_), revision_};
 }
 
 void Configuration::applyEdits(ConfigurationDocument& document) const {
@@ -246,8 +259,10 @@ void Configuration::noteKey(const std::string& path, const std::string& key, std
     // Nobody knows what an unread file says.
     if (state_ == FileState::unreadable || !saysOfKey(path, key, state)) {
         keyEdits_.insert_or_assign(KeyName(sectionPath(path), key), std::move(state));
+        revision_ = nextRevision();
     } else if (const auto edit = keyEdits_.find(KeyView(sectionPath(path), key)); edit != keyEdits_.end()) {
         keyEdits_.erase(edit);
+        revision_ = nextRevision();
     }
 }
 
@@ -271,6 +286,7 @@ void Configuration::noteGroup(const std::string& path, const std::string& typeWo
         groupEdits_.erase(name);
     else
         groupEdits_.insert_or_assign(std::move(name), std::move(attributes));
+    revision_ = nextRevision();
 }
 
 // A group that is written carries no lock marks, so one that has some says something else.

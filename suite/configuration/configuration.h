@@ -4,6 +4,7 @@
 #include "suite/configuration/document.h"
 #include "suite/configuration/errorlog.h"
 
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
@@ -23,6 +24,7 @@ public:
         std::string path;
         std::string bytes;
         ConfigurationDocument document;
+        std::uint64_t revision;
     };
 
     /// @param path where `orvane.xml` is, or would be.
@@ -58,6 +60,7 @@ public:
                   std::vector<std::uint8_t>& locks) const override;
     void removeGroup(const std::string& path, const std::string& typeWord, const std::string& key) override;
     void removeKey(const std::string& path, const std::string& key) override;
+    std::uint64_t revision() const override { return revision_; }
 
 private:
     struct KeyState {
@@ -102,6 +105,7 @@ private:
     ConfigurationDocument document_;
     KeyEdits keyEdits_;
     GroupEdits groupEdits_;
+    std::uint64_t revision_ = 0;
 };
 
 } // namespace suite

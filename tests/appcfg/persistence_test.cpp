@@ -108,6 +108,26 @@ TEST_F(Persistence, AFileThatCouldNotBeReadLosesNothingWhenItIsRepairedBeforeThe
     EXPECT_EQ(userFile().find("MRU_SETTINGS"), std::string::npos) << "it is the default again";
 }
 
+TEST_F(Persistence, WhatAnotherStoreWritesIsSeenByTheNextSave) {
+    writeLevel(installation.user(), "");
+    ASSERT_TRUE(store.load());
+    Orv::iAppConfiguration other;
+    ASSERT_TRUE(other.load());
+    Orv::setValue(store, "LANGUAGE", "Japanese");
+    ASSERT_TRUE(store.save());
+    Orv::setValue(other, "MRU_SCHEMA", "dark");
+    ASSERT_TRUE(other.save());
+    EXPECT_EQ(userFile().find("Japanese"), std::string::npos) << "a store writes all its keys";
+    ASSERT_TRUE(store.save());
+    EXPECT_NE(userFile().find("Japanese"), std::string::npos);
+    EXPECT_EQ(userFile().find("dark"), std::string::npos);
+
+    writeLevel(installation.user(), setting("LANGUAGE", "German"));
+    Orv::setValue(store, "BELL", "0");
+    ASSERT_TRUE(store.save());
+    EXPECT_NE(userFile().find("Japanese"), std::string::npos);
+}
+
 TEST_F(Persistence, ALoadThatFailedTakesNothingOutOfTheFile) {
     writeLevel(installation.user(), setting("LANGUAGE", "Japanese"));
     ASSERT_TRUE(store.load());
