@@ -115,12 +115,12 @@ TEST_F(Persistence, WhatAnotherStoreWritesIsSeenByTheNextSave) {
     ASSERT_TRUE(other.load());
     Orv::setValue(store, "LANGUAGE", "Japanese");
     ASSERT_TRUE(store.save());
-    Orv::setValue(other, "MRU_SCHEMA", "dark");
+    Orv::setValue(other, "SCALEFACTOR", "2.5");
     ASSERT_TRUE(other.save());
     EXPECT_EQ(userFile().find("Japanese"), std::string::npos) << "a store writes all its keys";
     ASSERT_TRUE(store.save());
     EXPECT_NE(userFile().find("Japanese"), std::string::npos);
-    EXPECT_EQ(userFile().find("dark"), std::string::npos);
+    EXPECT_EQ(userFile().find("SCALEFACTOR"), std::string::npos);
 
     writeLevel(installation.user(), setting("LANGUAGE", "German"));
     Orv::setValue(store, "BELL", "0");
