@@ -218,7 +218,8 @@ int runTour(const Options& options, Arguments arguments) {
         return refuse(*reason);
     if (options.page)
         startAtPage(configuration, *options.page);
-    TourGuide guide(tour.directory, tour.size);
+    // A dialog may change the current directory while it is up.
+    TourGuide guide(fs::absolute(tour.directory), tour.size);
     const ScopedErrorHandler handler([&guide](const std::string& message) { guide.note(message); });
     ovsettings::showSettingsDialog(configuration, project.configuration(), options.catalogue, nullptr);
     guide.finish();
