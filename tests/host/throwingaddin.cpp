@@ -37,7 +37,7 @@ public:
     Factory() {
         addPage<CPage>("lazy");
         auto starter = std::make_unique<CDialogStarter>();
-        starter->page = new CPage(nullptr);
+        kept_ = starter.get();
         addStarter("kept", std::move(starter));
     }
     bool hasPage(const std::string& key) override {
@@ -48,8 +48,13 @@ public:
     ovsettings::CPropDialogTemplate* createPage(const std::string& key, QWidget* parent) override {
         if (key == "createPage")
             throw 7;
+        if (key == "kept" && !kept_->page)
+            kept_->page = new CPage(nullptr);
         return CFactory::createPage(key, parent);
     }
+
+private:
+    CDialogStarter* kept_ = nullptr;
 };
 
 } // namespace
