@@ -20,6 +20,12 @@ bool isText(std::string_view text) {
            !text.starts_with("\xFE\xFF");
 }
 
+/// A carriage return within a value is read, but not written to another place: other programs end a line
+/// there.
+bool isStorable(std::string_view value) {
+    return value.find('\r') == std::string_view::npos;
+}
+
 void checkDesign(CProjectFile& project, const ProfileDocument& document, const std::string& design) {
     const std::string section = "Design " + design;
     require(project.GetTopBlock(design) == document.value(section, "TopBlock").value_or(""));
@@ -36,6 +42,8 @@ void checkLists(std::string_view text, ProfileDocument& document) {
     Strings longer(functions.rbegin(), functions.rend());
     longer.emplace_back("NEW");
     const Strings others = document.keys("DesignInfo");
+    if (!std::ranges::all_of(functions, isStorable))
+        return;
     for (const Strings& list : {longer, functions}) {
         require(suite::writeList(document, "FixedFunctions", "Function", list));
         require(suite::readList(document, "FixedFunctions", "Function") == list);
@@ -46,6 +54,9 @@ void checkLists(std::string_view text, ProfileDocument& document) {
 void checkLibraries(ProfileDocument& document) {
     std::vector<suite::LibraryEntry> libraries = suite::readLibraries(document);
     std::ranges::reverse(libraries);
+    if (!std::ranges::all_of(libraries, isStorable, &suite::LibraryEntry::location) ||
+        !std::ranges::all_of(libraries, isStorable, &suite::LibraryEntry::alias))
+        return;
     require(suite::writeLibraries(document, libraries));
     const auto again = suite::readLibraries(ProfileDocument(document.text()));
     require(std::ranges::equal(again, libraries, [](const auto& one, const auto& other) {
