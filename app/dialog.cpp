@@ -2,6 +2,7 @@
 
 #include "app/dialog.h"
 
+#include "app/columns.h"
 #include "app/commands.h"
 #include "app/outcome.h"
 #include "app/workspace.h"
@@ -10,19 +11,23 @@
 #include <ovsettings/showsettingsdialog.h>
 #include <ovsettings/updatehost.h>
 
-#include <QtCore/QTimer>
+#include <QtCore/QFile>
+#include <QtCore/QXmlStreamReader>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMessageBox>
 
+#include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <iostream>
 #include <set>
+#include <vector>
 
 namespace app {
 
 namespace {
 
-// The names under which pages report changes.
+// The names under which the product's pages report changes.
 constexpr std::array kPageNames{
     "Pan and Zoom",
     "Nets",
@@ -49,22 +54,47 @@ constexpr std::array kPageNames{
     "Empty",
 };
 
+bool equalsWithoutCase(const std::string& one, const std::string& other) {
+    return QString::compare(QString::fromStdString(one), QString::fromStdString(other),
+                            Qt::CaseInsensitive) == 0;
+}
+
+// A page of an add-in is expected to report under the key or the name of its category.
+std::vector<std::string> pageNames(const std::string& catalogue) {
+    std::vector<std::string> names(kPageNames.begin(), kPageNames.end());
+    QFile file(QString::fromStdString(installation() + "/standard/" + catalogue));
+    if (!file.open(QIODevice::ReadOnly))
+        return names;
+    QXmlStreamReader reader(&file);
+    while (!reader.atEnd()) {
+        const bool isName = reader.readNextStartElement() && (reader.name() == QLatin1String("name") ||
+                                                              reader.name() == QLatin1String("classid"));
+        const std::string name = isName ? reader.readElementText().trimmed().toStdString() : std::string();
+        if (!name.empty() &&
+            std::ranges::none_of(names, [&](const auto& known) { return equalsWithoutCase(known, name); }))
+            names.push_back(name);
+    }
+    return names;
+}
+
 // The host's part of a commit.
 class CommitFollower : public Orv::IUpdater {
 public:
-    CommitFollower(Project& project, std::ostream& out) : project_(project), out_(out) {}
+    CommitFollower(Project& project, std::vector<std::string> pages, std::ostream& out)
+        : project_(project), pages_(std::move(pages)), out_(out) {}
 
     bool updateSettings(ovsettings::IUpdateHost* host) override {
         project_.saveLibraries();
-        for (const char* page : kPageNames) {
+        for (const std::string& page : pages_) {
             if (host->isPageChanged(page))
-                out_ << "changed: " << page << std::endl;
+                out_ << "changed: " << printable(page) << std::endl;
         }
         return true;
     }
 
 private:
     Project& project_;
+    std::vector<std::string> pages_;
     std::ostream& out_;
 };
 
@@ -79,7 +109,13 @@ public:
                         QApplication::activeModalWidget());
         // A path may look like markup.
         box.setTextFormat(Qt::PlainText);
+        // While the user is asked, nobody is to wait.
+        const bool isWaiting = QGuiApplication::overrideCursor() != nullptr;
+        if (isWaiting)
+            QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
         box.exec();
+        if (isWaiting)
+            QGuiApplication::restoreOverrideCursor();
     }
 
 private:
@@ -105,23 +141,26 @@ void startAtPage(Orv::iAppConfiguration& configuration, const std::string& page)
     configuration.setProperty(property);
 }
 
+StartPage::StartPage(Orv::iAppConfiguration& configuration, const Options& options) {
+    if (!options.page)
+        return;
+    startAtPage(configuration, *options.page);
+    // The dialog records the category that it really shows, so a name that it does not have is noticed here.
+    arrival_.setSingleShot(true);
+    QObject::connect(&arrival_, &QTimer::timeout, [&configuration, page = *options.page] {
+        const std::string shown = shownPage(configuration);
+        if (shown != page)
+            refuse("there is no category " + page + "; the dialog opens at " + shown);
+    });
+    arrival_.start(0);
+}
+
 void openDialog(Orv::iAppConfiguration& configuration, Project& project, const Options& options,
                 std::ostream& out) {
-    // The dialog records the category that it really shows, so a name that it does not have is noticed here.
-    QTimer arrival;
-    arrival.setSingleShot(true);
-    if (options.page) {
-        startAtPage(configuration, *options.page);
-        QObject::connect(&arrival, &QTimer::timeout, [&configuration, &options] {
-            if (shownPage(configuration) != *options.page)
-                refuse("there is no category " + *options.page + "; the dialog opens at " +
-                       shownPage(configuration));
-        });
-        arrival.start(0);
-    }
+    const StartPage start(configuration, options);
     TroubleBox box;
     const ScopedErrorHandler handler([&box](const std::string& message) { box(message); });
-    CommitFollower follower(project, out);
+    CommitFollower follower(project, pageNames(options.catalogue), out);
     ovsettings::showSettingsDialog(configuration, project.configuration(), options.catalogue, &follower);
     project.saveLibraries(); // a page may have stored its list and the commit gone no further
 }
@@ -129,7 +168,8 @@ void openDialog(Orv::iAppConfiguration& configuration, Project& project, const O
 int runDialog(const Options& options, Arguments) {
     if (!hasScreen())
         return refuse("there is no screen to open the dialog on; the command tour works without one");
-    setUpEnvironment(options);
+    if (const auto failure = setUpEnvironment(options))
+        return refuse(*failure);
     int argumentCount = 1;
     std::string name = "orvane-settings";
     char* arguments[] = {name.data(), nullptr};
@@ -140,7 +180,7 @@ int runDialog(const Options& options, Arguments) {
     Orv::iAppConfiguration configuration;
     if (const auto failure = loadConfiguration(configuration))
         return refuse(*failure);
-    if (const auto obstacle = obstacleToSaving(configuration))
+    if (const auto obstacle = prepareToSave(configuration))
         return refuse(*obstacle);
     Project project;
     if (const auto failure = project.open(options))

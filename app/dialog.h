@@ -2,6 +2,8 @@
 
 #include "app/options.h"
 
+#include <QtCore/QTimer>
+
 #include <iosfwd>
 
 namespace Orv {
@@ -19,5 +21,15 @@ void openDialog(Orv::iAppConfiguration& configuration, Project& project, const O
 
 /// Makes the category of that name the first to be shown. Nothing is saved.
 void startAtPage(Orv::iAppConfiguration& configuration, const std::string& page);
+
+/// As startAtPage, for the category that the options name, if they name one; tells, once the dialog is up, if
+/// there is none of that name.
+class StartPage {
+public:
+    StartPage(Orv::iAppConfiguration& configuration, const Options& options);
+
+private:
+    QTimer arrival_;
+};
 
 } // namespace app

@@ -1,5 +1,7 @@
+#include "app/columns.h"
 #include "app/commands.h"
 #include "app/outcome.h"
+#include "app/workspace.h"
 
 #include <algorithm>
 #include <array>
@@ -70,6 +72,11 @@ int run(const app::CommandLine& line) {
     const auto command = std::ranges::find(kCommands, line.command, &CommandRow::name);
     if (command == kCommands.end())
         return app::misuse("unknown command " + line.command);
+    // What is set may be any text.
+    if (const auto objection = app::misplacedOption(line.arguments); objection && line.command != "set")
+        return app::misuse(*objection);
+    const app::ScopedErrorHandler handler(
+        [](const std::string& message) { std::cerr << app::printable(message) << std::endl; });
     const int status = command->run(line.options, line.arguments);
     if (!std::cout.flush())
         return app::refuse("the output cannot be written");

@@ -87,4 +87,13 @@ CommandLine parseCommandLine(std::span<const char* const> arguments) {
     return line;
 }
 
+std::optional<std::string> misplacedOption(std::span<const std::string> arguments) {
+    for (const std::string& argument : arguments) {
+        const std::string name = argument.substr(0, argument.find('='));
+        if (findOption(name) || name == kNetlist || isInformation(name))
+            return name + " stands before the command";
+    }
+    return std::nullopt;
+}
+
 } // namespace app

@@ -30,4 +30,7 @@ struct CommandLine {
 /// @param arguments without the program's name.
 CommandLine parseCommandLine(std::span<const char* const> arguments);
 
+/// What is wrong with arguments of which one is an option that stands before the command, or nothing.
+std::optional<std::string> misplacedOption(std::span<const std::string> arguments);
+
 } // namespace app

@@ -1,17 +1,20 @@
 #include "app/outcome.h"
 
+#include "app/columns.h"
+
 #include <iostream>
 
 namespace app {
 
 int refuse(std::string_view reason) {
     std::cout.flush();
-    std::cerr << "orvane-settings: " << reason << std::endl;
+    std::cerr << "orvane-settings: " << printable(std::string(reason)) << std::endl;
     return kRefused;
 }
 
 int misuse(std::string_view reason) {
-    std::cerr << "orvane-settings: " << reason << " (orvane-settings --help tells more)" << std::endl;
+    std::cerr << "orvane-settings: " << printable(std::string(reason))
+              << " (orvane-settings --help tells more)" << std::endl;
     return kMisuse;
 }
 

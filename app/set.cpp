@@ -1,5 +1,6 @@
 // The command that writes: set.
 
+#include "app/columns.h"
 #include "app/commands.h"
 #include "app/fieldtext.h"
 #include "app/outcome.h"
@@ -36,15 +37,19 @@ std::string inQuotes(const std::vector<std::string>& texts) {
     return quoted.empty() ? "empty" : quoted;
 }
 
+std::optional<std::string> objectionToCount(const Property& present, Arguments values) {
+    if (present.kind == Orv::iAppConfiguration::KindList)
+        return std::nullopt;
+    const std::size_t expected =
+        std::max<std::size_t>(1, Orv::iAppConfiguration::fieldNames(present.kind).size());
+    if (values.size() == expected)
+        return std::nullopt;
+    return misplacedOption(values).value_or(present.name + " has " + std::to_string(expected) +
+                                            (expected == 1 ? " field" : " fields") + ", not " +
+                                            std::to_string(values.size()));
+}
+
 std::optional<std::string> objectionToValues(const Property& present, Arguments values) {
-    if (present.kind != Orv::iAppConfiguration::KindList) {
-        const std::size_t expected =
-            std::max<std::size_t>(1, Orv::iAppConfiguration::fieldNames(present.kind).size());
-        if (values.size() != expected) {
-            return present.name + " has " + std::to_string(expected) +
-                   (expected == 1 ? " field" : " fields") + ", not " + std::to_string(values.size());
-        }
-    }
     for (std::size_t field = 0; field < values.size(); ++field) {
         if (const auto objection = objectionToText(present.kind, field, values[field]))
             return fieldTitle(present, field) + " cannot be " + inQuotes(values[field]) + ": " + *objection;
@@ -114,8 +119,8 @@ std::vector<std::string> storedValues(const std::string& key) {
 void tellOfRounding(const Property& stored, Arguments values) {
     for (std::size_t field = 0; field < values.size(); ++field) {
         if (!sameMeaning(stored.kind, field, stored.values[field], values[field])) {
-            std::cout << fieldTitle(stored, field) << ": " << values[field] << " is stored as "
-                      << stored.values[field] << " (six significant digits)\n";
+            std::cout << fieldTitle(stored, field) << ": " << printable(values[field]) << " is stored as "
+                      << printable(stored.values[field]) << " (six significant digits)\n";
         }
     }
 }
@@ -156,6 +161,8 @@ int runSet(const Options& options, Arguments arguments) {
     if (!configuration.getProperty(present))
         return refuse("there is no key " + present.name);
     present.kind = Orv::iAppConfiguration::kindOf(present.name);
+    if (const auto objection = objectionToCount(present, values))
+        return misuse(*objection);
     if (const auto objection = objectionToValues(present, values))
         return refuse(*objection);
     if (const auto objection = objectionOfLocks(configuration, present, values))
@@ -164,7 +171,7 @@ int runSet(const Options& options, Arguments arguments) {
         return kDone;
     if (const auto objection = objectionToEmptiness(present, values))
         return refuse(*objection);
-    if (const auto obstacle = obstacleToSaving(configuration))
+    if (const auto obstacle = prepareToSave(configuration))
         return refuse(*obstacle);
     return store(configuration, present, values);
 }

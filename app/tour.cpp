@@ -1,5 +1,6 @@
 // The command that looks at every page of the dialog without a screen: tour.
 
+#include "app/columns.h"
 #include "app/commands.h"
 #include "app/dialog.h"
 #include "app/outcome.h"
@@ -156,26 +157,32 @@ void writeMessage(QtMsgType type, const QMessageLogContext& context, const QStri
 bool writeSummary(const fs::path& path, const TourGuide& guide) {
     std::ofstream file(path);
     for (const TourStop& stop : guide.stops()) {
-        file << stop.caption << '\t' << (stop.file.empty() ? "no picture" : stop.file) << '\t'
+        file << printable(stop.caption) << '\t' << (stop.file.empty() ? "no picture" : stop.file) << '\t'
              << (stop.pageClass.empty() ? "no page" : stop.pageClass) << '\t' << stop.size.width() << 'x'
              << stop.size.height() << '\n';
     }
     for (const std::string& note : guide.notes())
-        file << "note: " << note << '\n';
+        file << "note: " << printable(note) << '\n';
     return static_cast<bool>(file.flush());
 }
 
 // Says what is amiss first, so that a log of a failed tour ends with what counts.
 int conclude(const TourOptions& tour, const TourGuide& guide) {
     for (const std::string& note : guide.notes())
-        std::cout << "note: " << note << '\n';
+        std::cout << "note: " << printable(note) << '\n';
     if (!writeSummary(tour.directory / "summary.txt", guide))
         return refuse((tour.directory / "summary.txt").string() + " cannot be written");
     if (guide.stops().empty())
         return refuse("the dialog has no categories");
 
     int status = kDone;
+    for (const std::string& caption : guide.clinging())
+        status = refuse("the page of " + caption + " does not let itself be left");
     for (const TourStop& stop : guide.stops()) {
+        if (stop.size.isEmpty()) {
+            status = refuse("the page of " + stop.caption + " could not be reached");
+            continue;
+        }
         if (stop.pageClass.empty())
             status = refuse("the page of " + stop.caption + " could not be made");
         if (stop.file.empty())
@@ -191,8 +198,12 @@ int runTour(const Options& options, Arguments arguments) {
     const TourOptions tour = parseTour(arguments);
     if (!tour.error.empty())
         return misuse(tour.error);
-    fs::create_directories(tour.directory);
-    setUpEnvironment(options);
+    std::error_code error;
+    fs::create_directories(tour.directory, error);
+    if (error)
+        return refuse(tour.directory.string() + " cannot be made: " + error.message());
+    if (const auto failure = setUpEnvironment(options))
+        return refuse(*failure);
     const QTemporaryDir copy;
     if (!copy.isValid())
         return refuse("no temporary directory: " + copy.errorString().toStdString());
@@ -216,12 +227,17 @@ int runTour(const Options& options, Arguments arguments) {
     Project project;
     if (const auto reason = project.open(options))
         return refuse(*reason);
-    if (options.page)
-        startAtPage(configuration, *options.page);
+    const StartPage start(configuration, options);
     // A dialog may change the current directory while it is up.
     TourGuide guide(fs::absolute(tour.directory), tour.size);
     const ScopedErrorHandler handler([&guide](const std::string& message) { guide.note(message); });
-    ovsettings::showSettingsDialog(configuration, project.configuration(), options.catalogue, nullptr);
+    for (bool isOpen = true; isOpen;) {
+        ovsettings::showSettingsDialog(configuration, project.configuration(), options.catalogue, nullptr);
+        const auto next = guide.takeUp();
+        isOpen = next.has_value();
+        if (next)
+            startAtPage(configuration, *next);
+    }
     guide.finish();
     return conclude(tour, guide);
 }

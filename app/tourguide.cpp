@@ -16,6 +16,7 @@
 #include <cstdlib>
 #include <memory>
 #include <typeinfo>
+#include <utility>
 
 namespace app {
 
@@ -114,6 +115,16 @@ TourGuide::TourGuide(std::filesystem::path directory, std::optional<QSize> size)
     boxes_.start(0);
 }
 
+std::optional<std::string> TourGuide::takeUp() {
+    const auto next = std::exchange(next_, std::nullopt);
+    if (next) {
+        route_.clear();
+        seen_.clear();
+        visits_.start(0);
+    }
+    return next;
+}
+
 void TourGuide::finish() {
     visits_.stop();
     boxes_.stop();
@@ -160,11 +171,15 @@ void TourGuide::visitNext() {
     }
     if (modal != dialog_)
         return;
-    if (visited_ < route_.size()) {
+    if (visited_ < route_.size() && reach(*route_[visited_])) {
         visit(*route_[visited_++]);
         return;
     }
     visits_.stop();
+    if (!dialog_)
+        return;
+    if (visited_ < route_.size())
+        next_ = route_[visited_]->text(0).toStdString();
     decline(*dialog_);
 }
 
@@ -176,15 +191,26 @@ void TourGuide::meetDialog(QTreeWidget& tree) {
         dialog_->resize(*size_);
 }
 
-void TourGuide::visit(QTreeWidgetItem& item) {
-    const QString caption = item.text(0);
+/// @return false if the page on show does not let itself be left.
+bool TourGuide::reach(QTreeWidgetItem& item) {
+    const std::string caption = item.text(0).toStdString();
     tree_->setCurrentItem(&item);
     QApplication::processEvents();
-
-    if (!dialog_ || tree_->currentItem() != &item) {
-        stops_.push_back({caption.toStdString(), {}, {}, {}});
-        return;
+    if (dialog_ && tree_->currentItem() == &item)
+        return true;
+    if (dialog_ && tree_->currentItem())
+        clinging_.insert(tree_->currentItem()->text(0).toStdString());
+    // Each category is tried in one more dialog only.
+    if (!dialog_ || retried_ == visited_) {
+        stops_.push_back({caption, {}, {}, {}});
+        ++visited_;
     }
+    retried_ = visited_;
+    return false;
+}
+
+void TourGuide::visit(const QTreeWidgetItem& item) {
+    const QString caption = item.text(0);
     // Each category has a page of its own; one that was on show before has stayed because this one has none.
     auto* page = shownPage(*dialog_);
     const std::string pageClass = page && seen_.insert(page).second ? classOf(*page) : std::string();

@@ -35,18 +35,27 @@ public:
     /// @param size      what the dialog is resized to; its own size if absent.
     TourGuide(std::filesystem::path directory, std::optional<QSize> size);
 
+    /// Where a page did not let itself be left, the dialog is cancelled, and the tour goes on in the next
+    /// one.
+    /// @return caption of the category at which to open it, or nothing if no category is left.
+    std::optional<std::string> takeUp();
+
     /// Ends the tour; a dialog that comes later is left alone.
     void finish();
 
     void note(std::string text);
+    /// One that could not be reached has no size.
     const std::vector<TourStop>& stops() const { return stops_; }
+    /// The categories whose pages did not let themselves be left.
+    const std::set<std::string>& clinging() const { return clinging_; }
     const std::vector<std::string>& notes() const { return notes_; }
 
 private:
     void closeBox();
     void visitNext();
     void meetDialog(QTreeWidget& tree);
-    void visit(QTreeWidgetItem& item);
+    bool reach(QTreeWidgetItem& item);
+    void visit(const QTreeWidgetItem& item);
     void takePicture(QWidget& view, const QString& caption, const std::string& pageClass);
     void takePictureOfDialog(QWidget& page, const char* buttonCaption, const QString& caption,
                              const std::string& pageClass);
@@ -68,6 +77,9 @@ private:
     std::set<const ovsettings::CPropDialogTemplate*> seen_;
     std::vector<QTreeWidgetItem*> route_;
     std::size_t visited_ = 0;
+    std::optional<std::size_t> retried_; ///< where on the route the dialog was opened again
+    std::optional<std::string> next_;    ///< caption of the category to go on at, in another dialog
+    std::set<std::string> clinging_;
     std::vector<TourStop> stops_;
     std::vector<std::string> notes_;
 };

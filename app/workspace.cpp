@@ -41,22 +41,28 @@ fs::path userDirectory() {
     return fs::path(config.toStdString()) / "orvane";
 }
 
-std::string defaultWorkingDirectories(const fs::path& home) {
-    const fs::path user = userDirectory();
-    std::error_code error;
-    fs::create_directories(user, error);
-    if (error)
-        refuse("the user's directory " + user.string() + " cannot be made: " + error.message());
+// By the manager of configurations, which knows directories by their names in another case, too, and with
+// backslashes.
+bool isDirectory(const std::string& path) {
+    auto& manager = Orv::IOvConfigurationManager::Instance();
+    auto* configuration = manager.GetConfiguration(path, Orv::IOvConfigurationManager::Access::write);
+    manager.ReleaseConfiguration(configuration);
+    return configuration != nullptr;
+}
 
-    std::string list = user.string();
-    // The list would be cut there, and the first piece be written to.
-    if (list.find(';') != std::string::npos) {
-        refuse("the user's directory " + list + " has a semicolon in its path; name another one with --wdir");
-        list.clear();
-    }
-    if (fs::is_directory(home / "site", error))
-        list += ";" + (home / "site").string();
-    return list + ";" + (home / "standard").string();
+std::string defaultWorkingDirectories(const std::string& home) {
+    std::string list = userDirectory().string();
+    if (isDirectory(home + "/site"))
+        list += ";" + home + "/site";
+    return list + ";" + home + "/standard";
+}
+
+// The list of working directories would be cut there, and the first piece be written to.
+std::optional<std::string> objectionToSemicolon(const std::string& what, const std::string& directory) {
+    if (directory.find(';') == std::string::npos)
+        return std::nullopt;
+    return what + " " + directory +
+           " has a semicolon in its path, so the working directories have to be named with --wdir";
 }
 
 const char* nonEmptyVariable(const char* name) {
@@ -68,14 +74,6 @@ std::string lowerCase(std::string text) {
     std::ranges::transform(text, text.begin(),
                            [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
     return text;
-}
-
-// RSR_HOME with forward slashes, as the store reads it; empty if it is not set.
-std::string installation() {
-    const char* home = nonEmptyVariable("RSR_HOME");
-    std::string path = home ? home : "";
-    std::ranges::replace(path, '\\', '/');
-    return path;
 }
 
 // The store says only that the directories are unusable; these are the reasons there are.
@@ -99,39 +97,59 @@ std::string reasonOfFailedLoad() {
 
 } // namespace
 
-void setUpEnvironment(const Options& options) {
+std::string installation() {
+    const char* home = nonEmptyVariable("RSR_HOME");
+    std::string path = home ? home : "";
+    std::ranges::replace(path, '\\', '/');
+    while (path.size() > 1 && path.back() == '/')
+        path.pop_back();
+    return path;
+}
+
+std::optional<std::string> setUpEnvironment(const Options& options) {
     if (options.home)
         setenv("RSR_HOME", options.home->c_str(), 1);
     else if (!std::getenv("RSR_HOME"))
         setenv("RSR_HOME", sampleInstallation().c_str(), 1);
 
-    if (options.workingDirectories)
+    if (options.workingDirectories) {
         setenv("WDIR", options.workingDirectories->c_str(), 1);
-    else if (!std::getenv("WDIR"))
-        setenv("WDIR", defaultWorkingDirectories(std::getenv("RSR_HOME")).c_str(), 1);
+    } else if (!std::getenv("WDIR")) {
+        const std::string home = installation();
+        if (const auto objection = objectionToSemicolon("the user's directory", userDirectory().string()))
+            return objection;
+        if (const auto objection = objectionToSemicolon("the installation", home))
+            return objection;
+        setenv("WDIR", defaultWorkingDirectories(home).c_str(), 1);
+    }
+    return std::nullopt;
 }
 
 std::optional<std::string> loadConfiguration(Orv::iAppConfiguration& configuration) {
-    std::error_code error;
-    if (const std::string home = installation(); !home.empty() && !fs::is_directory(home, error))
+    if (const std::string home = installation(); !home.empty() && !isDirectory(home))
         return "there is no installation: RSR_HOME names " + home + ", which is no directory";
     if (configuration.load())
         return std::nullopt;
     return "the configuration cannot be loaded: " + reasonOfFailedLoad();
 }
 
-std::optional<std::string> obstacleToSaving(const Orv::iAppConfiguration& configuration) {
+std::optional<std::string> prepareToSave(Orv::iAppConfiguration& configuration) {
     const std::vector<std::string> directories = configuration.workingDirectories();
-    if (!directories.empty() && directories.front().empty())
+    if (directories.empty())
+        return std::nullopt;
+    const std::string& user = directories.front();
+    if (user.empty())
         return "the first entry of WDIR is empty, so there is no user's directory to save in";
-    // The manager knows directories by their names in another case, too.
-    auto& manager = Orv::IOvConfigurationManager::Instance();
-    auto* user = directories.empty() ? nullptr
-                                     : manager.GetConfiguration(directories.front(),
-                                                                Orv::IOvConfigurationManager::Access::write);
-    if (!directories.empty() && !user)
-        return "the user's directory " + directories.front() + " does not exist, so nothing could be saved";
-    manager.ReleaseConfiguration(user);
+    if (user == userDirectory().string()) {
+        std::error_code error;
+        const bool isNew = fs::create_directories(user, error);
+        if (error)
+            return "the user's directory " + user + " cannot be made: " + error.message();
+        if (isNew)
+            configuration.load();
+    }
+    if (!isDirectory(user))
+        return "the user's directory " + user + " does not exist, so nothing could be saved";
     return std::nullopt;
 }
 
@@ -162,8 +180,9 @@ void Project::saveLibraries() {
 }
 
 bool openConfiguration(const Options& options, Orv::iAppConfiguration& configuration) {
-    setUpEnvironment(options);
-    const std::optional<std::string> failure = loadConfiguration(configuration);
+    std::optional<std::string> failure = setUpEnvironment(options);
+    if (!failure)
+        failure = loadConfiguration(configuration);
     if (failure)
         refuse(*failure);
     return !failure;

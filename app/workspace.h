@@ -17,15 +17,20 @@ class COpenProject;
 namespace app {
 
 /// Puts `RSR_HOME` and `WDIR` into the environment of the process: from the options, else from the
-/// environment, else the sample installation, with the user's directory of the platform before it. The latter
-/// is made if it is missing.
-void setUpEnvironment(const Options& options);
+/// environment, else the sample installation, with the user's directory of the platform before it.
+/// @return why that cannot be, or nothing.
+std::optional<std::string> setUpEnvironment(const Options& options);
+
+/// `RSR_HOME` as the store reads it, with forward slashes and none at its end; empty if it is not set.
+std::string installation();
 
 /// Loads the configuration. @return why that failed, or nothing.
 std::optional<std::string> loadConfiguration(Orv::iAppConfiguration& configuration);
 
-/// Why nothing could be saved, as far as it can be told before trying, or nothing.
-std::optional<std::string> obstacleToSaving(const Orv::iAppConfiguration& configuration);
+/// Makes the user's directory of the platform if it is to be saved in and missing; the configuration is then
+/// loaded anew, so that it knows that nothing is there.
+/// @return why nothing could be saved, as far as it can be told before trying, or nothing.
+std::optional<std::string> prepareToSave(Orv::iAppConfiguration& configuration);
 
 /// The project of a run, as the options name it, or none.
 class Project {

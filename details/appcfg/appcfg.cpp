@@ -43,7 +43,12 @@ void getValues(const iAppConfiguration& appConfig, const std::string& key, std::
 }
 
 void setValue(iAppConfiguration& appConfig, const std::string& key, const std::string& value) {
-    setValues(appConfig, key, {value});
+    // The read brings the text of a number up to date, which counts where a lock keeps it.
+    Property prop(key);
+    if (!appConfig.getProperty(prop))
+        return;
+    prop.values = {value};
+    appConfig.setProperty(prop);
 }
 
 void setValueAt(iAppConfiguration& appConfig, std::size_t index, const std::string& key,

@@ -11,18 +11,33 @@ namespace Orv {
 
 namespace {
 
+using Property = iAppConfiguration::Property;
+
 float notificationValue(const std::vector<std::string>& values) {
     return values.empty() ? 0.0F : floatFromText(values.front());
 }
 
-/// The field's text is no more what a configuration gave, nor what the cache prints.
+/// Whether a text means to a field what the present one does, as 1016000 and 1.016e+06 do.
+bool meansTheSame(const Property& property, std::size_t field, const std::string& text) {
+    if (kindTraits(property.kind).cache == Cache::none)
+        return false;
+    auto before = property.values;
+    auto after = before;
+    after[field] = text;
+    normaliseFields(property.kind, before);
+    normaliseFields(property.kind, after);
+    return before == after;
+}
+
+/// The field's text is no more what the cache prints and, if it means something else, no more what a
+/// configuration gave.
 void replaceField(Record& record, std::size_t field, const std::string& text) {
-    auto& current = record.property.values[field];
-    if (current == text)
+    if (record.property.values[field] == text)
         return;
-    current = text;
+    if (!meansTheSame(record.property, field, text))
+        record.origins[field].value.reset();
+    record.property.values[field] = text;
     record.isFlushed = false;
-    record.origins[field].value.reset();
 }
 
 /// The text is behind the cache, which has what no configuration gave.

@@ -29,8 +29,16 @@ bool liesInside(const std::string& directory, const std::string& home) {
            directory.find(home) != std::string::npos;
 }
 
+/// `RSR_HOME` as the list of directories has it.
+std::string installation() {
+    auto home = withForwardSlashes(platform::environmentVariable("RSR_HOME").value_or(""));
+    while (home.size() > 1 && home.back() == '/')
+        home.pop_back();
+    return home;
+}
+
 bool findDirectories(Impl& store, const std::string& projectPath) {
-    const auto home = withForwardSlashes(platform::environmentVariable("RSR_HOME").value_or(""));
+    const auto home = installation();
     const bool found = projectPath.empty() ? WdirUtils::GetWDIRs(store.directories)
                                            : WdirUtils::GetWDIRs(store.directories, projectPath);
     if (home.empty() || !found)

@@ -28,7 +28,7 @@ void iAppConfiguration::Impl::registerCatalogue() {
     records.clear();
     standings.fill(Standing::unknown);
     knowsWrittenLevel = false;
-    isWritten.fill(false);
+    writtenFields.fill(0);
     settledRevision = 0;
     records.reserve(kCatalogueSize);
     for (const auto& row : catalogue()) {

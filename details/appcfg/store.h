@@ -47,10 +47,10 @@ struct iAppConfiguration::Impl {
     std::string lastProjectPath;
     std::vector<std::string> levels; ///< the list of the last load, which the places of origins refer to
     /// False if the last load found no configuration in the directory that is written: what it then holds is
-    /// not known here, and a save must not take anything out of it.
+    /// not known here, and a save must take nothing out of it that it has not put there.
     bool knowsWrittenLevel = false;
-    /// What a save has written since the load, and so may take out again.
-    std::array<bool, kCatalogueSize> isWritten{};
+    /// Where that is so: a bit for each field of a row that a save has written since the load.
+    std::array<std::uint8_t, kCatalogueSize> writtenFields{};
     /// As the last save found them. The records lie all over the memory, and a save that looks at each of
     /// them spends most of its time on waiting for them.
     std::array<Standing, kCatalogueSize> standings{};

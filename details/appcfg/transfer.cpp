@@ -67,6 +67,55 @@ void write(const Property& property, IOvConfiguration& configuration) {
     }
 }
 
+/// With the values and the defaults in one spelling.
+Property inNormalForm(Property property) {
+    normaliseFields(property.kind, property.values);
+    normaliseFields(property.kind, property.defaults);
+    return property;
+}
+
+/// Puts the fields that differ from the defaults into what the configuration says of the group.
+void mergeGroup(const Property& property, std::uint8_t& writtenFields, IOvConfiguration& configuration) {
+    const auto own = ownAttributes(property);
+    if (own.empty() && writtenFields == 0)
+        return;
+    const auto& traits = kindTraits(property.kind);
+    std::map<std::string, std::string> attributes;
+    std::map<std::string, int> locks;
+    bool isLocked = false;
+    configuration.readGroup(traits.path, traits.typeWord, property.name, attributes, locks, isLocked);
+    for (std::size_t i = 0; i < traits.fieldNames.size(); ++i) {
+        const auto bit = static_cast<std::uint8_t>(1U << i);
+        if (const auto field = own.find(traits.fieldNames[i]); field != own.end()) {
+            attributes[field->first] = field->second;
+            writtenFields |= bit;
+        } else if ((writtenFields & bit) != 0) {
+            attributes.erase(traits.fieldNames[i]);
+        }
+    }
+    configuration.removeGroup(traits.path, traits.typeWord, property.name);
+    if (!attributes.empty())
+        configuration.writeGroup(traits.path, traits.typeWord, property.name, attributes);
+}
+
+/// Writes into a configuration of which the store has seen nothing, such as a file that was repaired since
+/// the load: only what was changed since then is written.
+void writeUnseen(const Property& property, Standing standing, std::uint8_t& writtenFields,
+                 IOvConfiguration& configuration) {
+    if (kindTraits(property.kind).storage == Storage::group) {
+        mergeGroup(inNormalForm(property), writtenFields, configuration);
+        return;
+    }
+    if (writtenFields == 0 && standing == Standing::own)
+        standing = standingOf(inNormalForm(property));
+    if (standing == Standing::own) {
+        write(property, configuration);
+        writtenFields = 1;
+    } else if (standing == Standing::inherited && writtenFields != 0) {
+        remove(property.kind, property.name, configuration);
+    }
+}
+
 } // namespace
 
 ConfigurationReader::ConfigurationReader(iAppConfiguration::Impl& store,
@@ -206,10 +255,11 @@ void writeAll(iAppConfiguration::Impl& store, IOvConfiguration& configuration) {
             standing = standingOf(property);
         else if (isSettled)
             continue;
-        if (standing == Standing::own) {
+        if (!store.knowsWrittenLevel)
+            writeUnseen(property, standing, store.writtenFields[row], configuration);
+        else if (standing == Standing::own)
             write(property, configuration);
-            store.isWritten[row] = true;
-        } else if (standing == Standing::inherited && (store.knowsWrittenLevel || store.isWritten[row]))
+        else if (standing == Standing::inherited)
             remove(catalogue()[row].kind, property.name, configuration);
     }
     store.settledRevision = configuration.revision();

@@ -117,4 +117,14 @@ std::optional<FileError> FileLock::acquire(const std::string& path, std::chrono:
     }
 }
 
+std::chrono::milliseconds LockPatience::timeout() const {
+    return gaveUp_ && Clock::now() - *gaveUp_ < kLockTimeout ? std::chrono::milliseconds(0) : kLockTimeout;
+}
+
+void LockPatience::note(const std::optional<FileError>& failure) {
+    gaveUp_.reset();
+    if (failure && failure->code == ETIMEDOUT)
+        gaveUp_ = Clock::now();
+}
+
 } // namespace platform

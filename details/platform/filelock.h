@@ -27,4 +27,17 @@ private:
     Descriptor directory_;
 };
 
+/// For one file that is changed again and again: once someone was waited for in vain, the changes that follow
+/// at once do not wait again, each for its own.
+class LockPatience {
+public:
+    /// How long to wait for the lock.
+    std::chrono::milliseconds timeout() const;
+    /// Takes note of how the attempt ended.
+    void note(const std::optional<FileError>& failure);
+
+private:
+    std::optional<std::chrono::steady_clock::time_point> gaveUp_;
+};
+
 } // namespace platform

@@ -128,9 +128,32 @@ std::string fullPath(std::string_view path) {
     if (!existing && isFullElsewhere(path))
         return std::string(path);
     std::error_code noCurrentDirectory;
-    const auto full = std::filesystem::absolute(existing.value_or(platformPath(path)), noCurrentDirectory)
-                          .lexically_normal();
-    return noCurrentDirectory ? std::string(path) : full.string();
+    const auto full = std::filesystem::absolute(existing.value_or(platformPath(path)), noCurrentDirectory);
+    return noCurrentDirectory ? std::string(path) : withoutDots(full.string());
+}
+
+std::string withoutDots(const std::string& path) {
+    namespace fs = std::filesystem;
+    const fs::path normal = fs::path(path).lexically_normal();
+    if (path.find("..") == std::string::npos)
+        return normal.string();
+    std::error_code error;
+    const fs::path real = fs::weakly_canonical(path, error);
+    const bool isMisled = !error && fs::weakly_canonical(normal, error) != real && !error;
+    return (isMisled ? real : normal).string();
+}
+
+Place::Place(const std::string& path) {
+    const auto normal = std::filesystem::path(platformPath(path)).lexically_normal();
+    text_ = (normal.has_filename() ? normal : normal.parent_path()).string();
+    struct stat status = {};
+    const auto existing = resolveExisting(path);
+    if (existing && stat(existing->c_str(), &status) == 0)
+        onDisk_.emplace(status.st_dev, status.st_ino);
+}
+
+bool Place::operator==(const Place& other) const {
+    return onDisk_ && other.onDisk_ ? onDisk_ == other.onDisk_ : text_ == other.text_;
 }
 
 bool isDirectory(const std::string& path) {

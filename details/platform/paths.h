@@ -1,9 +1,11 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 
 namespace platform {
 
@@ -56,6 +58,23 @@ private:
 /// on disk gets its spelling there. A path with a drive letter or a server name is full elsewhere and stays
 /// as it is.
 std::string fullPath(std::string_view path);
+
+/// A full path without "." and "..". What is on disk stays what it is: where a link on the way leads "..", to
+/// another place than the text alone, the path is the one that the links lead to.
+std::string withoutDots(const std::string& path);
+
+/// Where a path leads, however it is spelled: equal if it is one place on disk; where either path leads
+/// nowhere, if their texts do not differ but in "." and "..".
+class Place {
+public:
+    explicit Place(const std::string& path);
+
+    bool operator==(const Place& other) const;
+
+private:
+    std::string text_;
+    std::optional<std::pair<std::uint64_t, std::uint64_t>> onDisk_; ///< device and file
+};
 
 bool isDirectory(const std::string& path);
 

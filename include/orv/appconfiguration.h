@@ -56,8 +56,7 @@ public:
     public:
         /// @param key   the property.
         /// @param value the first incoming field read as a number, 0 if there is none. Called before the
-        /// value is
-        ///              stored, also when a lock then keeps the old one.
+        ///              value is stored, also when a lock then keeps the old one.
         virtual void propertyChanged(const std::string& key, float value) = 0;
         virtual ~iEventSink() = default;
     };
@@ -95,15 +94,14 @@ public:
     /// @return false if `RSR_HOME` or the working directories are unusable; the table then holds the
     /// defaults.
     bool load();
-    /// As load(), with the working directories of a project. @param projectPath full path of the project
-    /// file.
+    /// As load(), with the working directories of a project.
+    /// @param projectPath full path of the project file.
     bool load(const std::string& projectPath);
 
     /// Writes what differs from the inherited defaults into the first working directory. Locked single values
     /// are not written. Nothing is written if nothing changed.
     /// @return false if the directories are unusable or the first one has no configuration. A write that
-    /// fails is
-    ///         told through IOvConfigurationManager::SetErrorHandler and leaves the old file whole.
+    ///         fails is told through IOvConfigurationManager::SetErrorHandler and leaves the old file whole.
     bool save();
 
     /// Fills the argument, whose name holds the key, with a copy of everything but the kind. Numbers and

@@ -18,15 +18,15 @@ namespace ovsettings {
 /// The categories come from an XML catalogue in the directory `RSR_HOME`/standard; pages come from this
 /// library and from add-ins that the catalogue names.
 ///
-/// @param appConfig         the loaded application configuration; saved on OK, on Apply and, for the page
-/// that was
-///                          last open, at each page switch. Not owned.
+/// @param appConfig         the loaded application configuration; saved on OK, on Apply and, to keep which
+///                          page was last open, at each page switch. Not owned.
 /// @param projectConfig     the open project, or a record of null pointers where none is open. Not owned.
 /// @param catalogueFileName bare file name that takes the place of "settings.xml" in the same directory.
 /// @param updater           told of each successful commit; may be null. Not owned.
 /// @return 1 if at least one OK or Apply found every page valid, else 0. Cancel after a successful Apply
 /// returns 1.
-/// @throws whatever an updater, an add-in's page or a component throws while the dialog handles a command.
+/// @throws std::logic_error if the host's application object is a QCoreApplication but no QApplication, and
+///         whatever an updater, an add-in's page or a component throws while the dialog handles a command.
 OVSETTINGS_API int showSettingsDialog(Orv::iAppConfiguration& appConfig,
                                       Orv::CProjectConfiguration& projectConfig,
                                       const std::string& catalogueFileName, Orv::IUpdater* updater);

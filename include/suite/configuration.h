@@ -34,8 +34,7 @@ public:
 
     /// @param attributes  receives each attribute's text; cleared first.
     /// @param locks       receives 1 for each attribute marked as locked; cleared first. An attribute may be
-    /// locked
-    ///                    without a text of its own and is then in `locks` only.
+    ///                    locked without a text of its own and is then in `locks` only.
     /// @param groupLocked set to true if the group as a whole is locked, left alone otherwise.
     /// @return false, with the outputs empty, when the group is absent.
     virtual bool readGroup(const std::string& path, const std::string& typeWord, const std::string& key,
@@ -74,8 +73,7 @@ public:
     virtual ~IOvConfigurationManager() = default;
 
     /// @return the directory's configuration, to be given back to ReleaseConfiguration; null where the
-    /// directory does
-    ///         not exist or its file cannot be read.
+    ///         directory does not exist or its file cannot be read.
     virtual IOvConfiguration* GetConfiguration(const std::string& directory,
                                                Access access = Access::read) = 0;
 

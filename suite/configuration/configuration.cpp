@@ -90,12 +90,14 @@ bool Configuration::failed(const std::string& message) const {
     return false;
 }
 
-bool Configuration::save() {
+bool Configuration::save(platform::LockPatience& patience) {
     if (keyEdits_.empty() && groupEdits_.empty())
         return true;
     platform::AtomicFile file(path_);
-    if (const auto failure = file.lock())
-        return failed(failure->text());
+    const auto busy = file.lock(patience.timeout());
+    patience.note(busy);
+    if (busy)
+        return failed(busy->text());
 
     std::string bytes = bytes_;
     std::optional<ConfigurationDocument> current;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "details/platform/filelock.h"
 #include "suite/configuration.h"
 #include "suite/configuration/document.h"
 #include "suite/configuration/errorlog.h"
@@ -39,7 +40,8 @@ public:
 
     /// Writes the changes, if there are any. They are applied to the file as it is by then, so what others
     /// changed meanwhile stays. @return false, after a report, if that failed.
-    bool save();
+    /// @param patience with the file's lock.
+    bool save(platform::LockPatience& patience);
 
     /// After a save that succeeded: the file as it is by now. Nothing if there is none, or if it has flaws,
     /// which are to be found again, and in their new places, whenever it is read.

@@ -40,10 +40,23 @@ bool ConfigurationManager::ReleaseConfiguration(Orv::IOvConfiguration* configura
     const std::unique_ptr<Configuration> owned(static_cast<Configuration*>(configuration));
     if (!owned)
         return true;
-    if (!owned->save())
+    auto patience = patienceWith(owned->path());
+    const bool isSaved = owned->save(patience);
+    setPatience(owned->path(), patience);
+    if (!isSaved)
         return false;
     keep(owned->takeContents());
     return true;
+}
+
+platform::LockPatience ConfigurationManager::patienceWith(const std::string& path) {
+    const std::lock_guard guard(mutex_);
+    return patience_[path];
+}
+
+void ConfigurationManager::setPatience(const std::string& path, const platform::LockPatience& patience) {
+    const std::lock_guard guard(mutex_);
+    patience_[path] = patience;
 }
 
 std::optional<Configuration::Contents> ConfigurationManager::takeKept(const std::string& path) {

@@ -5,8 +5,10 @@
 #include "suite/configuration/errorlog.h"
 
 #include <list>
+#include <map>
 #include <mutex>
 #include <optional>
+#include <string>
 
 namespace suite {
 
@@ -18,11 +20,14 @@ public:
     void SetErrorHandler(ErrorHandler handler) override;
 
 private:
+    platform::LockPatience patienceWith(const std::string& path);
+    void setPatience(const std::string& path, const platform::LockPatience& patience);
     std::optional<Configuration::Contents> takeKept(const std::string& path);
     void keep(std::optional<Configuration::Contents> contents);
 
     ErrorLog log_;
     std::mutex mutex_;
+    std::map<std::string, platform::LockPatience> patience_; ///< by path
     /// The files that were released last, the latest first. A program loads the same levels for each project
     /// and for each report, and saves the user's at each page of a dialog; most files are then the same as
     /// before, byte by byte, and their trees serve again.

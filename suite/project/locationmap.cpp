@@ -57,9 +57,11 @@ bool isFull(std::string_view path) {
 std::string normalDirectory(const std::string& path) {
     if (platform::IsRemotePath(path))
         return path.substr(0, path.size() - (path.ends_with('/') ? 1 : 0));
-    const std::size_t root = hasDrive(path) ? kDriveLength : 0; // no ".." leads out of a drive
+    // No ".." leads out of a drive.
     std::string normal =
-        path.substr(0, root) + std::filesystem::path(path.substr(root)).lexically_normal().string();
+        hasDrive(path) ? path.substr(0, kDriveLength) +
+                             std::filesystem::path(path.substr(kDriveLength)).lexically_normal().string()
+                       : platform::withoutDots(path);
     while (!normal.empty() && normal.back() == '/')
         normal.pop_back();
     return normal;

@@ -39,11 +39,16 @@ void ProjectDocument::close() {
 
 const ProfileDocument& ProjectDocument::content() {
     std::string bytes;
-    if (!path_.empty() && !readTextFile(path_, bytes) && bytes != bytes_) {
-        content_ = ProfileDocument(bytes);
-        bytes_ = std::move(bytes);
-    }
+    if (!path_.empty() && !readTextFile(path_, bytes))
+        take(bytes);
     return content_;
+}
+
+void ProjectDocument::take(const std::string& bytes) {
+    if (bytes == bytes_)
+        return;
+    content_ = ProfileDocument(bytes);
+    bytes_ = bytes;
 }
 
 bool ProjectDocument::change(const Edit& edit) {
@@ -53,53 +58,64 @@ bool ProjectDocument::change(const Edit& edit) {
     return !error;
 }
 
-std::optional<std::string> ProjectDocument::prepare(const Edit& edit, Change& change) const {
-    std::string bytes;
-    const auto error = readTextFile(path_, bytes);
+std::optional<std::string> ProjectDocument::read(Bytes& bytes) const {
+    std::string present;
+    const auto error = readTextFile(path_, present);
     if (error && !(mayCreate_ && error->missing))
         return error->text;
-    change.content = ProfileDocument(bytes);
-    change.before.reset();
+    bytes.reset();
     if (!error)
-        change.before = std::move(bytes);
-    if (!edit(change.content))
-        return path_ + ": cannot store a name or value that a line of the file cannot hold";
-    change.after = change.content.text();
+        bytes = std::move(present);
     return std::nullopt;
 }
 
-std::chrono::milliseconds ProjectDocument::patience() const {
-    const bool isImpatient = gaveUp_ && std::chrono::steady_clock::now() - *gaveUp_ < platform::kLockTimeout;
-    return isImpatient ? std::chrono::milliseconds(0) : platform::kLockTimeout;
+std::optional<std::string> ProjectDocument::lay(const Edit& edit, const Bytes& before) {
+    take(before.value_or(""));
+    if (!edit(content_)) {
+        content_ = ProfileDocument(bytes_);
+        return path_ + ": cannot store a name or value that a line of the file cannot hold";
+    }
+    bytes_ = content_.text();
+    return std::nullopt;
+}
+
+std::optional<std::string> ProjectDocument::write(const Edit& edit, Bytes& before) {
+    platform::AtomicFile file(path_);
+    const auto failure = file.lock(patience_.timeout());
+    patience_.note(failure);
+    if (failure)
+        return failure->text();
+    Bytes now;
+    if (auto error = read(now))
+        return error;
+    if (now != before) {
+        before = std::move(now);
+        if (auto error = lay(edit, before))
+            return error;
+    }
+    if (bytes_.size() > platform::kLargestFile)
+        return platform::FileError{path_, "write", EFBIG}.text();
+    if (bytes_ != before) {
+        if (const auto failed = file.write(bytes_))
+            return failed->text();
+    }
+    return std::nullopt;
 }
 
 std::optional<std::string> ProjectDocument::tryChange(const Edit& edit) {
     if (path_.empty())
         return "cannot store a project value: no project is open";
-    Change change;
-    if (auto error = prepare(edit, change))
+    Bytes before;
+    if (auto error = read(before))
         return error;
-    if (change.after != change.before) {
-        platform::AtomicFile file(path_);
-        const auto failure = file.lock(patience());
-        gaveUp_.reset();
-        if (failure) {
-            if (failure->code == ETIMEDOUT)
-                gaveUp_ = std::chrono::steady_clock::now();
-            return failure->text();
-        }
-        if (auto error = prepare(edit, change))
-            return error;
-        if (change.after.size() > platform::kLargestFile)
-            return platform::FileError{path_, "write", EFBIG}.text();
-        if (change.after != change.before) {
-            if (const auto failure = file.write(change.after))
-                return failure->text();
-        }
-    }
-    content_ = std::move(change.content);
-    bytes_ = std::move(change.after);
-    return std::nullopt;
+    if (auto error = lay(edit, before))
+        return error;
+    if (bytes_ == before)
+        return std::nullopt;
+    auto error = write(edit, before);
+    if (error)
+        take(before.value_or(""));
+    return error;
 }
 
 } // namespace suite

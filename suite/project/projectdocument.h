@@ -1,8 +1,8 @@
 #pragma once
 
+#include "details/platform/filelock.h"
 #include "details/platform/profiledocument.h"
 
-#include <chrono>
 #include <functional>
 #include <optional>
 #include <string>
@@ -30,32 +30,31 @@ public:
     using Edit = std::function<bool(platform::ProfileDocument& content)>;
 
     /// Makes the change in the file as it is on disk, so that what other programs wrote there stays. It is
-    /// made twice or not at all, so it must depend on the content alone. A file that says the same already
-    /// is not written.
+    /// made once, twice or not at all, so it must depend on the content alone. A file that says the same
+    /// already is not written.
     /// @return false, with the file as it was, if the change cannot be made; the project log is told.
     bool change(const Edit& edit);
     /// As change. @return why the change cannot be made, path included; the project log is not told.
     [[nodiscard]] std::optional<std::string> tryChange(const Edit& edit);
 
 private:
-    /// A change of a file; a missing one differs from every text.
-    struct Change {
-        std::optional<std::string> before;
-        platform::ProfileDocument content;
-        std::string after;
-    };
+    /// Of a file; a missing one has none, and differs from every text.
+    using Bytes = std::optional<std::string>;
 
-    std::optional<std::string> prepare(const Edit& edit, Change& change) const;
-
-    /// How long a change may wait for the file.
-    std::chrono::milliseconds patience() const;
+    // As tryChange, those that return a text.
+    std::optional<std::string> read(Bytes& bytes) const;
+    /// Makes the change in the content of these bytes. Without success the content is theirs.
+    std::optional<std::string> lay(const Edit& edit, const Bytes& before);
+    /// Writes the content, which was changed from these bytes; it is changed anew if by now the file has
+    /// others, which are then given back.
+    std::optional<std::string> write(const Edit& edit, Bytes& before);
+    /// Parses bytes, unless they are those parsed last.
+    void take(const std::string& bytes);
 
     std::string path_;
     bool mayCreate_ = false;
-    std::string bytes_;
-    /// When a change last waited for the file in vain: those that follow it at once do not wait again, each
-    /// for its own.
-    std::optional<std::chrono::steady_clock::time_point> gaveUp_;
+    std::string bytes_; ///< the text of the content
+    platform::LockPatience patience_;
     platform::ProfileDocument content_;
 };
 

@@ -1,11 +1,13 @@
 #include "suite/projectfile.h"
 
 #include "details/platform/asciicase.h"
+#include "details/platform/paths.h"
 #include "suite/project/locationmap.h"
 #include "suite/project/numberedlist.h"
 #include "suite/project/projectdocument.h"
 #include "suite/project/projectlog.h"
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 #include <utility>
@@ -38,6 +40,12 @@ std::string textOf(const platform::ProfileDocument& content, std::string_view se
     return content.value(section, key).value_or("");
 }
 
+std::string_view withoutOuterBlanks(std::string_view text) {
+    constexpr std::string_view kBlanks = " \t";
+    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+    return text.substr(0, text.find_last_not_of(kBlanks) + 1);
+}
+
 void append(std::vector<std::string>& list, std::vector<std::string> more) {
     list.insert(list.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
 }
@@ -58,7 +66,14 @@ struct CProjectFile::Impl {
         const std::string stored = info(key);
         if (!full || stored.empty())
             return stored;
-        return suite::LocationMap::ofProject(document.path()).fullPath(stored);
+        const auto map = suite::LocationMap::ofProject(document.path());
+        const std::string found = map.fullPath(stored);
+        const auto trimmed = withoutOuterBlanks(stored);
+        if (trimmed.size() == stored.size() || platform::resolveExisting(found))
+            return found;
+        // The pages test a path without the blanks that may have been typed around it.
+        const std::string other = map.fullPath(trimmed);
+        return platform::resolveExisting(other) ? other : found;
     }
 
     void setText(std::string_view section, std::string_view key, std::string_view value) {

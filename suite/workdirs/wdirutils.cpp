@@ -1,9 +1,9 @@
 #include "suite/wdirutils.h"
 
 #include "details/platform/environment.h"
+#include "details/platform/paths.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <string_view>
 
 namespace Orv::WdirUtils {
@@ -32,20 +32,34 @@ std::vector<std::string> splitEntries(std::string_view list) {
     }
 }
 
-bool isSameDirectory(const std::string& one, const std::string& other) {
-    return std::filesystem::path(one).lexically_normal() == std::filesystem::path(other).lexically_normal();
-}
+/// A directory that came again would be read as a level below itself: what the user changed would be taken
+/// for inherited, and no save would write it.
+class DirectoryList {
+public:
+    explicit DirectoryList(std::vector<std::string>& directories) : directories_(directories) {}
 
-void appendInstallation(std::vector<std::string>& directories) {
+    /// @return where the directory stands in the list, however it is spelled there.
+    std::size_t obtain(const std::string& directory) {
+        const platform::Place place(directory);
+        const auto index = static_cast<std::size_t>(std::ranges::find(places_, place) - places_.begin());
+        if (index == places_.size()) {
+            places_.push_back(place);
+            directories_.push_back(directory);
+        }
+        return index;
+    }
+
+private:
+    std::vector<std::string>& directories_;
+    std::vector<platform::Place> places_;
+};
+
+/// Where the installation has its own settings; empty without an installation.
+std::string standardDirectory() {
     const std::string home = directoryEntry(platform::environmentVariable("RSR_HOME").value_or(""));
     if (home.empty())
-        return;
-    const std::string standard = home == "/" ? "/standard" : home + "/standard";
-    const auto same = [&](const std::string& entry) {
-        return isSameDirectory(entry, standard);
-    };
-    if (std::none_of(directories.begin(), directories.end(), same))
-        directories.push_back(standard);
+        return home;
+    return home == "/" ? "/standard" : home + "/standard";
 }
 
 } // namespace
@@ -55,8 +69,12 @@ bool GetWDIRs(std::vector<std::string>& directories) {
     const auto list = platform::environmentVariable("WDIR");
     if (!list || list->empty())
         return false;
-    directories = splitEntries(*list);
-    appendInstallation(directories);
+    DirectoryList found(directories);
+    for (const std::string& entry : splitEntries(*list))
+        found.obtain(entry);
+    // In this spelling: whoever looks for the installation's name in the entry is to find it.
+    if (const std::string standard = standardDirectory(); !standard.empty())
+        directories[found.obtain(standard)] = standard;
     return true;
 }
 

@@ -72,6 +72,9 @@ TEST_F(Commands, EachCommandLineIsDoneOrRefusedWithOneClearLine) {
         {{"--project"}, 2, "", "a value is missing after --project"},
         {{"--project", "/nowhere.prj", "get", "UNIT"}, 0, "in\n", ""},
         {{"list", "--all"}, 2, "", "not --all"},
+        {{"list", "--home=/opt"}, 2, "", "--home stands before the command"},
+        {{"set", "GRID_HR", "1", "--wdir", "/u"}, 2, "", "--wdir stands before the command"},
+        {{"get", "\x1b[2J\n"}, 1, "", "there is no key ?[2J?"},
         {{"get"}, 2, "", "get takes one key"},
         {{"get", "GRID_HR", "UNIT"}, 2, "", "get takes one key"},
         {{"set"}, 2, "", "set takes a key"},
@@ -87,8 +90,8 @@ TEST_F(Commands, EachCommandLineIsDoneOrRefusedWithOneClearLine) {
         {{"get", "grid_hr"}, 1, "", "there is no key grid_hr"},
         {{"explain", "NOPE"}, 1, "", "there is no key NOPE"},
         {{"set", "NOPE", "1"}, 1, "", "there is no key NOPE"},
-        {{"set", "GRID_HR"}, 1, "", "GRID_HR has 1 field, not 0"},
-        {{"set", "NET", "1", "1"}, 1, "", "NET has 6 fields, not 2"},
+        {{"set", "GRID_HR"}, 2, "", "GRID_HR has 1 field, not 0"},
+        {{"set", "NET", "1", "1"}, 2, "", "NET has 6 fields, not 2"},
         {{"set", "GRIDON", "yes"}, 1, "", "a flag is 0 or 1"},
         {{"set", "GRID_HR", "inf"}, 1, "", "GRID_HR cannot be \"inf\""},
         {{"set", "GRID_HR", "nan"}, 1, "", "GRID_HR cannot be \"nan\""},
@@ -315,9 +318,13 @@ TEST(Defaults, TheSampleInstallationAndTheUsersOwnDirectoryServeWhereNothingIsSa
         {{"RSR_HOME", std::nullopt}, {"WDIR", std::nullopt}, {"XDG_CONFIG_HOME", (root / "a/b").string()}},
         false,
         {}};
+    EXPECT_EQ(runProgram({"list"}, bare).status, 0);
+    EXPECT_FALSE(fs::exists(root / "a")) << "reading makes nothing";
     const Outcome set = runProgram({"set", "GRID_HR", "508000"}, bare);
     ASSERT_EQ(set.status, 0) << set.err;
-    EXPECT_NE(readFile(root / "a/b/orvane/orvane.xml").find("508000"), std::string::npos);
+    const std::string saved = readFile(root / "a/b/orvane/orvane.xml");
+    EXPECT_NE(saved.find("508000"), std::string::npos);
+    EXPECT_NE(saved.find("NET_LENGTH_HR"), std::string::npos) << "as in a directory that was there";
     const std::string route = squeezed(runProgram({"explain", "ROUTE"}, bare).out);
     EXPECT_NE(route.find(" in force 1 from " OV_INSTALLATION "/site, locked by " OV_INSTALLATION "/site\n"),
               std::string::npos)

@@ -115,12 +115,28 @@ TEST_F(Tour, EveryPageOfTheSampleProjectLetsItsUserGoOn) {
 
 TEST_F(Tour, DarkPicturesAreDarkAndNamesAreSafeForAFile) {
     writeCatalogue({{"A/B: *C*", "Empty"}, {"...", "Empty"}, {"Größe", "Empty"}});
-    ASSERT_EQ(runProgram({"tour", pictures.string(), "--dark"}).status, 0);
+    const Outcome outcome = runProgram({"--page", "Nope", "tour", pictures.string(), "--dark"});
+    ASSERT_EQ(outcome.status, 0);
+    EXPECT_NE(outcome.err.find("there is no category Nope; the dialog opens at A/B: *C*\n"),
+              std::string::npos)
+        << outcome.err;
     EXPECT_TRUE(fs::exists(pictures / "02-unnamed.png"));
     EXPECT_TRUE(fs::exists(pictures / "03-Größe.png"));
     const QImage picture(QString::fromStdString((pictures / "01-A-B-C.png").string()));
     ASSERT_FALSE(picture.isNull());
     EXPECT_LT(qGray(picture.pixel(2, 2)), 80);
+}
+
+TEST_F(Tour, PageThatDoesNotLetItselfBeLeftIsNamedOnceAndTheOthersAreVisited) {
+    writeFile(installation.user() / "orvane.xml",
+              "<configuration><section path='Orvane/SETTINGS'>"
+              "<value name='GRID_HR'>0</value></section></configuration>");
+    writeCatalogue({{"Bad", "Grid"}, {"A", "Empty"}, {"B", "Empty"}});
+    const Outcome outcome = runProgram({"tour", pictures.string()});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_NE(outcome.err.find("the page of Bad does not let itself be left\n"), std::string::npos);
+    EXPECT_EQ(outcome.err.find("could not be"), std::string::npos) << outcome.err;
+    EXPECT_EQ(summary().at(2).at(2), "CEmptyDialog");
 }
 
 TEST_F(Tour, CatalogueThatCannotBeReadIsNotedAndDoesNotHang) {
@@ -141,7 +157,9 @@ TEST_F(Tour, PictureThatCannotBeWrittenIsAFailure) {
     EXPECT_EQ(summary().front()[1], "no picture");
 
     writeFile(root / "file", "");
-    EXPECT_EQ(runProgram({"tour", (root / "file").string()}).status, 1);
+    const std::string file = (root / "file").string();
+    EXPECT_EQ(runProgram({"tour", file}).err,
+              "orvane-settings: " + file + " cannot be made: Not a directory\n");
 }
 
 } // namespace

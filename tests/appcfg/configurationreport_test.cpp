@@ -6,11 +6,13 @@ using Orv::reportProperty;
 class ConfigurationReport : public StoreTest {};
 
 TEST_F(ConfigurationReport, NoFileIsTheOriginOfWhatWasSetSinceTheLoad) {
-    writeLevel(installation.user(), object("NET", attribute("VISIBLE", "0")));
+    writeLevel(installation.user(), object("NET", attribute("VISIBLE", "0")) + setting("GRID_HR", "2540000"));
     ASSERT_TRUE(store.load());
     EXPECT_EQ(reportProperty(store, "NET")->origins[0].valueDirectory, installation.user());
     Orv::setValueAt(store, 0, "NET", "1");
     EXPECT_EQ(reportProperty(store, "NET")->origins[0].valueDirectory, "");
+    Orv::setValue(store, "GRID_HR", "2540000");
+    EXPECT_EQ(store.valueDirectory("GRID_HR", 0), installation.user()) << "it was read back as 2.54e+06";
 }
 
 TEST_F(ConfigurationReport, AnotherSpellingOfTheDefaultIsNoChange) {

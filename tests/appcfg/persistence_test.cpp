@@ -32,6 +32,7 @@ TEST_F(Persistence, UnusableDirectoriesLeaveTheDefaultsAndTheOldCaches) {
         {"empty RSR_HOME", "", pathList({user, standard})},
         {"no WDIR", home, std::nullopt},
         {"one directory", home, standard.string()},
+        {"one directory by another name", home, (installation.home() / "./standard").string()},
         {"the last one outside", home, pathList({user, standard, installation.site()})},
     };
     writeLevel(user, setting("GRID_HR", "100"));
@@ -56,7 +57,7 @@ TEST_F(Persistence, AnInstallationIsKnownWithCapitalsAndBackslashes) {
     const auto standard = root.path() / "Home" / "standard";
     writeLevel(standard, setting("GRID_HR", "100"));
     auto home = (root / "Home").string();
-    std::ranges::replace(home, '/', '\\');
+    std::ranges::replace(home += "//", '/', '\\');
     const ScopedEnvironment rsrHome("RSR_HOME", home);
     const ScopedEnvironment wdir("WDIR", pathList({root / "user", standard}));
     EXPECT_TRUE(store.load()) << home;
@@ -88,14 +89,21 @@ TEST_F(Persistence, MissingAndDamagedLevelsAreSkipped) {
 TEST_F(Persistence, AFileThatCouldNotBeReadLosesNothingWhenItIsRepairedBeforeTheNextSave) {
     writeLevel(installation.user(), setting("GRID_HR", "508000") + "<");
     ASSERT_TRUE(store.load());
-    const std::string repaired = setting("GRID_HR", "508000") + object("PIN", attribute("VISIBLE", "0")) +
+    const std::string repaired = setting("GRID_HR", "508000") + setting("NET_LENGTH_HR", "7") +
+                                 object("PIN", attribute("VISIBLE", "0")) +
                                  list("Orvane/SETTINGS", "MRU_PROJECTS", {"a.prj"});
     writeLevel(installation.user(), repaired);
     Orv::setValue(store, "MRU_SETTINGS", "Grid");
-    ASSERT_TRUE(store.save());
+    for (const char* color : {"0x000001", "0xff00ff"}) {
+        Orv::setValueAt(store, 2, "PIN", color);
+        Orv::setValueAt(store, 5, "PIN", "3");
+        ASSERT_TRUE(store.save());
+    }
     ASSERT_TRUE(store.load());
     EXPECT_EQ(value("GRID_HR"), "508000");
-    EXPECT_EQ(value("PIN"), "0");
+    EXPECT_EQ(value("NET_LENGTH_HR"), "7");
+    EXPECT_EQ(values("PIN"), (Texts{"0", "1", "0xff00ff", "0", "0", "3"}));
+    EXPECT_EQ(userFile().find("COLOR"), std::string::npos) << "it is the default again";
     EXPECT_EQ(value("MRU_PROJECTS"), "a.prj");
     EXPECT_EQ(value("MRU_SETTINGS"), "Grid");
 

@@ -70,6 +70,9 @@ TEST_F(Store, LockedFieldKeepsItsValueAndSinksStillFire) {
     EXPECT_EQ(value("GRID_HR"), "100");
     EXPECT_EQ(store.getNumber("GRID_HR"), 100.0F);
     EXPECT_EQ(sink.told, (decltype(sink.told){{"GRID_HR", 200.0F}}));
+    store.setNumber("GRID_HR", 150.0F);
+    Orv::setValue(store, "GRID_HR", "200");
+    EXPECT_EQ(store.getNumber("GRID_HR"), 150.0F);
 }
 
 TEST_F(Store, ASinkSeesTheOldValueAndANumberTheNew) {

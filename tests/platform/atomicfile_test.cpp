@@ -119,4 +119,16 @@ TEST(AtomicFile, MovedAsideFilesNeverTakeEachOthersPlace) {
                                                            "file.damaged.2", "file.damaged.3"}));
 }
 
+TEST(LockPatience, IsOverAfterAWaitInVainAndThereAgainOnceTheLockIsHad) {
+    const TemporaryDirectory root;
+    LockPatience patience;
+    EXPECT_EQ(patience.timeout(), kLockTimeout);
+    AtomicFile holder(root / "file");
+    ASSERT_FALSE(holder.lock());
+    patience.note(AtomicFile(root / "file").lock(1ms));
+    EXPECT_EQ(patience.timeout(), 0ms);
+    patience.note(AtomicFile(root / "other").lock(patience.timeout()));
+    EXPECT_EQ(patience.timeout(), kLockTimeout);
+}
+
 } // namespace

@@ -62,9 +62,14 @@ TEST(Paths, AreFoundInTheirOwnSpellingFirstAndThenWithoutRegardToCase) {
 TEST(Paths, FullPathBeginsAtTheRootAndIsSpelledAsOnDisk) {
     const testsupport::TemporaryDirectory root;
     testsupport::writeFile(root / "Forms/a.frm", "");
+    testsupport::writeFile(root / "far/away/b.frm", "");
+    std::filesystem::create_directory_symlink("far/away", root / "link");
     const std::string here = std::filesystem::current_path().string();
     const std::string directory = root.path().string();
-    const std::array<std::pair<std::string, std::string>, 6> rows{{
+    const std::array<std::pair<std::string, std::string>, 9> rows{{
+        {directory + "/link/../away/b.frm", directory + "/far/away/b.frm"},
+        {directory + "/link/../new", directory + "/far/new"},
+        {directory + "/Forms/../link/b.frm", directory + "/link/b.frm"},
         {directory + "/Forms/../FORMS\\A.FRM", directory + "/Forms/a.frm"},
         {directory + "/./x/../missing", directory + "/missing"},
         {"missing\\x", here + "/missing/x"},

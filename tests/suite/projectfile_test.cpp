@@ -236,6 +236,7 @@ TEST_F(ProjectFile, FullPathsAreResolvedAndTextsStayAsTheyAre) {
         Row{"%OV_TEST_UNSET%\\new.ini", "%OV_TEST_UNSET%\\new.ini"},
         Row{"$PARTS\\my größe.ini", here + "/Parts/My Größe.ini"},
         Row{"$PARTS/../a.ini ", here + "/a.ini "},
+        Row{" parts\\my größe.ini ", here + "/Parts/My Größe.ini"},
         Row{"$NONE\\a.ini", "$NONE\\a.ini"},
         Row{"$A/a.ini", "$A/a.ini"},
         Row{"C:\\parts\\a.ini", "C:\\parts\\a.ini"},

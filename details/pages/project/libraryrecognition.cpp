@@ -149,8 +149,7 @@ std::string libraryLocation(const std::string& path, const std::string& base) {
     const std::string full = platform::expandHome(platform::platformPath(path));
     if (isRooted(full))
         return full;
-    // By the text alone: what is on disk is looked up by those who ask.
-    return (std::filesystem::path(platform::platformPath(base)) / full).lexically_normal().string();
+    return platform::withoutDots((std::filesystem::path(platform::platformPath(base)) / full).string());
 }
 
 std::string derivedAlias(std::string_view location) {
