@@ -50,11 +50,12 @@ void setShown(CPropDialogTemplate* page, bool shown) {
         page->setVisible(shown);
 }
 
-/// The controls of a page that Tab stops at, in order.
+/// The controls of a page that Tab stops at, in order. A button of a radio group is one even while another
+/// button of the group has the stop: its place must be right when it is checked.
 QWidgetList tabStops(CPropDialogTemplate& page) {
     QWidgetList stops;
     for (QWidget* widget = page.nextInFocusChain(); widget != &page; widget = widget->nextInFocusChain()) {
-        if (page.isAncestorOf(widget) && (widget->focusPolicy() & Qt::TabFocus) && !widget->focusProxy())
+        if (page.isAncestorOf(widget) && widget->focusPolicy() != Qt::NoFocus && !widget->focusProxy())
             stops.append(widget);
     }
     return stops;
@@ -96,9 +97,11 @@ void CSettingsDialog::setCatalogueFile(const std::string& fileName) {
 }
 
 int CSettingsDialog::DoModal() {
+    // Asked for now: a message box of the initialisation leaves no window active when it closes.
+    const QPointer<QWindow> host = QGuiApplication::focusWindow();
     guarded([this] { OnInitDialog(); });
     if (!failure_) {
-        stayAboveActiveWindow();
+        stayAbove(host);
         exec();
     }
     // Not left to the destructor: an add-in may throw here too.
@@ -137,13 +140,16 @@ void CSettingsDialog::runCommand(Command command) {
     guarded(command);
 }
 
-/// The host's window stays behind the dialog, without owning it.
-void CSettingsDialog::stayAboveActiveWindow() {
-    const QWidget* host = QApplication::activeWindow();
-    if (!host || !host->windowHandle())
+/// The host's window, of whatever toolkit class, stays behind the dialog without owning it.
+void CSettingsDialog::stayAbove(QWindow* host) {
+    if (!host && QApplication::activeWindow())
+        host = QApplication::activeWindow()->windowHandle();
+    while (host && host->parent())
+        host = host->parent();
+    if (!host)
         return;
     winId(); // makes the window that the relation is set on
-    windowHandle()->setTransientParent(host->windowHandle());
+    windowHandle()->setTransientParent(host);
 }
 
 void CSettingsDialog::OnInitDialog() {
@@ -176,13 +182,12 @@ void CSettingsDialog::connectControls() {
 
     ui_->tree->setLeaveCheck([this](const QTreeWidgetItem* from, const QTreeWidgetItem* to) {
         bool allowed = false;
-        if (!busy_)
-            guarded([&] { allowed = mayLeave(from, to); });
+        runCommand([&] { allowed = mayLeave(from, to); });
         return allowed;
     });
     connect(ui_->tree, &QTreeWidget::currentItemChanged, this, [this](const QTreeWidgetItem* item) {
         if (item)
-            guarded([this, item] { switchToPage(pageIndex(item)); });
+            runCommand([this, item] { switchToPage(pageIndex(item)); });
     });
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
         if (now && ui_->pageHost->isAncestorOf(now))
@@ -390,15 +395,6 @@ bool CSettingsDialog::eventFilter(QObject* watched, QEvent* event) {
         }
     }
     return QDialog::eventFilter(watched, event);
-}
-
-void notifyUpdatersOf(QWidget& page) {
-    for (QWidget* widget = &page; widget; widget = widget->parentWidget()) {
-        if (auto* frame = dynamic_cast<CSettingsDialog*>(widget)) {
-            frame->notifyUpdaters();
-            return;
-        }
-    }
 }
 
 } // namespace ovsettings

@@ -11,6 +11,7 @@
 #include <string>
 
 class QTreeWidgetItem;
+class QWindow;
 
 namespace Orv {
 class iAppConfiguration;
@@ -97,12 +98,12 @@ private:
     /// Runs what the event loop calls; what it throws ends the modal loop and waits there for DoModal.
     template <typename Callback>
     void guarded(Callback callback);
-    /// Runs a command of the user, unless one is running.
+    /// Runs a command of the user, or a step from page to page, unless one is running.
     template <typename Command>
     void runCommand(Command command);
     void rethrowFailure();
     void tearDown();
-    void stayAboveActiveWindow();
+    void stayAbove(QWindow* host);
 
     std::map<unsigned, QPointer<CPropDialogTemplate>>
         pages_; ///< by page index; pages that were selected once
@@ -124,8 +125,5 @@ private:
     std::exception_ptr failure_;
     std::unique_ptr<Ui::CSettingsDialog> ui_;
 };
-
-/// Has the settings dialog that `page` lives in tell its updaters; a page hosted elsewhere does nothing.
-void notifyUpdatersOf(QWidget& page);
 
 } // namespace ovsettings

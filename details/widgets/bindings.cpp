@@ -64,7 +64,7 @@ void CFlagBinding::showLock(const Orv::iAppConfiguration& appConfig) {
 }
 
 std::optional<std::string> CFlagBinding::text() const {
-    return box_.isChecked() ? "1" : "0";
+    return flagText(box_.isChecked());
 }
 
 CChoiceBinding::CChoiceBinding(std::string key, QGroupBox& group, std::vector<ChoiceButton> buttons,
@@ -153,7 +153,7 @@ void CLengthBinding::render(long length, Orv::Metrics::Unit unit) {
 }
 
 /// A text that the user left alone stands for the length it was made from, not for its own few decimals:
-/// otherwise looking at an eighth of an inch would store thirteen hundredths.
+/// otherwise looking at an eighth of an inch would store twelve hundredths.
 long CLengthBinding::length() const {
     return control_.isEdited() ? Orv::fromDisplay(control_.getValue(), unit_) : rendered_;
 }

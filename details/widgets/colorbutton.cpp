@@ -63,8 +63,14 @@ void ColorButton::open() {
     layOverCell();
     well_ = new COwnSECColorWell(palette_, color_, this);
     connect(well_, &COwnSECColorWell::chosen, this, &ColorButton::storeColor);
-    connect(well_, &QObject::destroyed, this, &QWidget::hide);
+    connect(well_, &COwnSECColorWell::closed, this, &ColorButton::forgetWell);
     well_->dropDown(QRect(mapToGlobal(QPoint()), size()));
+}
+
+/// At once: the next cell may be pressed before the well is deleted.
+void ColorButton::forgetWell() {
+    well_ = nullptr;
+    hide();
 }
 
 void ColorButton::hideButton() {

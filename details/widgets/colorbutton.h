@@ -55,6 +55,7 @@ protected:
 private:
     void layOverCell();
     void storeColor(int color);
+    void forgetWell();
 
     CGridWnd& grid_;
     IColorChangeObserver* observer_ = nullptr;

@@ -34,6 +34,9 @@ public:
     }
 
     bool isEditing() const { return control_; }
+    bool isChanging() const {
+        return control_ && index_.isValid() && textOf(*control_) != owner_.line(index_.row());
+    }
 
     void finish() {
         if (!control_)
@@ -56,7 +59,7 @@ public:
     }
 
     void setModelData(QWidget* control, QAbstractItemModel*, const QModelIndex&) const override {
-        entered_ = inOneLine(control->property(control->metaObject()->userProperty().name()).toString());
+        entered_ = textOf(*control);
     }
 
     void updateEditorGeometry(QWidget* control, const QStyleOptionViewItem& option,
@@ -72,6 +75,10 @@ public:
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
+        // Behind another window the edit stays open: what follows its end may ask the user.
+        if (event->type() == QEvent::FocusOut &&
+            static_cast<QFocusEvent*>(event)->reason() == Qt::ActiveWindowFocusReason)
+            return false;
         if (event->type() != QEvent::KeyPress || watched != control_)
             return QStyledItemDelegate::eventFilter(watched, event);
         // Neither goes on to the next line or to the dialog's default button.
@@ -84,6 +91,10 @@ public:
     }
 
 private:
+    static QString textOf(const QWidget& control) {
+        return inOneLine(control.property(control.metaObject()->userProperty().name()).toString());
+    }
+
     void closed() {
         control_ = nullptr;
         const auto entered = std::exchange(entered_, std::nullopt);
@@ -240,6 +251,10 @@ void CListBoxEditor::setCurrentRow(int row) {
 
 void CListBoxEditor::finishEditing() {
     delegate_->finish();
+}
+
+bool CListBoxEditor::isChanging() const {
+    return delegate_->isChanging();
 }
 
 void CListBoxEditor::cancelEditing() {

@@ -61,6 +61,8 @@ public:
 
     /// Ends editing in place as Enter does. Call before the lines are read.
     void finishEditing();
+    /// Whether a line is open whose text the end of editing would change.
+    bool isChanging() const;
 
     /// What the buttons do.
     void deleteLine();

@@ -136,6 +136,11 @@ void COwnSECColorWell::chooseOther() {
         close();
 }
 
+void COwnSECColorWell::closeEvent(QCloseEvent* event) {
+    QFrame::closeEvent(event);
+    Q_EMIT closed();
+}
+
 void COwnSECColorWell::keyPressEvent(QKeyEvent* event) {
     if (isArrow(event->key()))
         moveFocus(event->key());

@@ -24,10 +24,14 @@ public:
     void dropDown(const QRect& below);
 
 Q_SIGNALS:
-    /// The user has chosen a colour, packed. The well is closed already.
+    /// The user has chosen a colour, packed. The well is hidden already.
     void chosen(int color);
+    /// The well has done its work, and will be deleted. While a dialog for another colour is open, it has
+    /// not.
+    void closed();
 
 protected:
+    void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:

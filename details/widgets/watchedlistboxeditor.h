@@ -4,14 +4,14 @@
 
 namespace ovsettings {
 
-/// A list box editor that remembers that the user changed the list.
+/// A list box editor that remembers that the user changed the list. A line that is still open counts.
 class CWatchedListBoxEditor : public CListBoxEditor {
     Q_OBJECT
 
 public:
     using CListBoxEditor::CListBoxEditor;
 
-    bool isChanged() const { return changed_; }
+    bool isChanged() const { return changed_ || isChanging(); }
     void clearChanged() { changed_ = false; }
 
 protected:

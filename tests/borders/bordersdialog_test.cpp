@@ -2,9 +2,11 @@
 
 #include "details/appcfg/unitglue.h"
 #include "details/pages/project/bordersgrid.h"
+#include "orv/symbolreader.h"
 #include "suite/bordersymbolsfile.h"
 #include "tests/project/projectfixture.h"
 
+#include <QtCore/QThread>
 #include <QtGui/QContextMenuEvent>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
@@ -346,6 +348,29 @@ TEST_F(Borders, OffersWhatTheSymbolsOfTheTableSayOfTheirProperties) {
     EXPECT_EQ(propertiesOnDisk(), (Texts{"TITLE=own", "NOTE=\xFF", "AUTHOR=me", "REVISION=D"}));
 }
 
+TEST_F(Borders, ReadingManySlowSymbolsCanBeStopped) {
+    struct SlowReader : Orv::ISymbolReader {
+        std::vector<std::pair<std::string, std::string>> GetProperties(const std::string&,
+                                                                       const std::string&) override {
+            ++asked;
+            QThread::msleep(60); // as a network directory may be
+            return {};
+        }
+        int asked = 0;
+    } reader;
+    openWith("[Borders]\n");
+    for (int row = 1; row <= kStandardSizes; ++row)
+        held().GetTable()[std::to_string(row) + "x1SHEET"] = "b:" + std::to_string(row);
+    page_->onEnter();
+    project().symbolReader = &reader;
+    testsupport::whenModal([](QWidget& box) {
+        QTest::mouseClick(testsupport::find<QPushButton>(box, "Cancel"), Qt::LeftButton);
+    });
+    press(window_, "Properties");
+    EXPECT_LT(reader.asked, kStandardSizes);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
 TEST_F(Borders, FollowsTheFileThatAnotherPageGaveTheProject) {
     CBordersDialog& page = openWith("[Borders]\nASHEETL=b:A\n");
     testsupport::writeFile(directory() / "other.ini", "[Borders]\nASHEETL=b:B\n");
@@ -355,6 +380,22 @@ TEST_F(Borders, FollowsTheFileThatAnotherPageGaveTheProject) {
     EXPECT_EQ(testsupport::readFile(directory() / "other.ini"), "[Borders]\nASHEETL=b:B\n");
     page.onEnter();
     EXPECT_EQ(row(1), (Texts{"A Landscape", "", "b:B"}));
+}
+
+TEST_F(Borders, TriesAgainWhatCouldNotBeSaved) {
+    CBordersDialog& page = openWith("[Borders]\nASHEETL=b:A\n");
+    const auto file = directory() / "borders.ini", aside = directory() / "aside.ini";
+    chooseNext("OTHER");
+    click(1, 3);
+    std::filesystem::rename(file, aside);
+    std::filesystem::create_directory(file);
+    NProjectTools::CProjectFile::SetErrorHandler([](const std::string&) {});
+    EXPECT_TRUE(page.onApply());
+    NProjectTools::CProjectFile::SetErrorHandler({});
+    std::filesystem::remove(file);
+    std::filesystem::rename(aside, file);
+    EXPECT_TRUE(page.onOk());
+    EXPECT_EQ(tableOnDisk(), (Table{{"ASHEETL", "b:OTHER"}}));
 }
 
 TEST_F(Borders, DoesWithoutWhatTheHostDoesNotGive) {

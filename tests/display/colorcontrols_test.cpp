@@ -73,7 +73,6 @@ TEST_F(ColorCells, StoreAColorChosenByKeys) {
     press(openByKey(), {Qt::Key_Left, Qt::Key_Left, Qt::Key_Left, Qt::Key_Return});
     EXPECT_EQ(text(), "255") << "the well begins at the cell's colour";
     EXPECT_EQ(told, "2 2 255;");
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(grid.button.well(), nullptr);
     EXPECT_FALSE(grid.button.isVisible());
 
@@ -95,8 +94,9 @@ TEST_F(ColorCells, KeepTheirColorWhenNoneIsChosen) {
     QWidget& well = openByKey();
     press(well, {Qt::Key_Left, Qt::Key_Escape});
     EXPECT_FALSE(well.isVisible());
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     openByKey();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(grid.button.isVisible()) << "whatever becomes of the well before";
     grid.button.hideButton();
     EXPECT_EQ(grid.button.geometry(), QRect(0, 0, 0, 0));
     EXPECT_EQ(text(), std::to_string(kBlue));
@@ -106,16 +106,16 @@ TEST_F(ColorCells, KeepTheirColorWhenNoneIsChosen) {
 TEST_F(ColorCells, TakeAnyColorOfThePlatformsDialog) {
     for (const bool accept : {false, true}) {
         QWidget& well = openByKey();
-        whenModal([accept](QWidget& modal) {
+        whenModal([&, accept](QWidget& modal) {
             auto* chooser = qobject_cast<QColorDialog*>(&modal);
             ASSERT_NE(chooser, nullptr);
             EXPECT_EQ(chooser->currentColor(), QColor(Qt::blue));
+            EXPECT_NE(grid.button.well(), nullptr) << "hidden, but not done";
             chooser->setCurrentColor(QColor(1, 2, 3));
             accept ? chooser->accept() : chooser->reject();
         });
         QTest::keyClick(find<QPushButton>(well, "Other..."), Qt::Key_Return);
         EXPECT_EQ(text(), std::to_string(accept ? 0x030201 : kBlue));
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 }
 

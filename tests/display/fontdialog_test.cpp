@@ -169,8 +169,8 @@ TEST_F(FontPage, WritesAScaleFactorAsItStandsIfItBeginsWithAPositiveNumber) {
     EXPECT_EQ(stored("SCALEFACTOR"), Texts{noUtf8}) << "left alone";
     auto& factor = *find<ovsettings::CScaleFactorEdit>(window_, "Scale factor");
     const std::pair<const char*, const char*> rows[] = {
-        {"1.5", "1.5"}, {"0", "1.5"},   {"-1", "1.5"},  {"wide", "1.5"},
-        {"", "1.5"},    {"1,5", "1,5"}, {" 2x", " 2x"},
+        {"1.5", "1.5"}, {"0", "1.5"},   {"-1", "1.5"},      {"wide", "1.5"},
+        {"", "1.5"},    {"1,5", "1,5"}, {"1e-50", "1e-50"}, {" 2x", " 2x"},
     };
     for (const auto& [typed, expected] : rows) {
         factor.setFocus();

@@ -119,7 +119,9 @@ TEST_F(MappingGrid, AsksEveryRowAndShowsWhereAStoredWidthIsWrong) {
     const std::string wide = R"(<attribute name="LINE_THICKNESS">11</attribute>)";
     load(object("BUS", wide) + object("LINE", wide));
     openObjects();
-    testsupport::find<QAbstractButton>(window_, "ICT")->click();
+    auto& ict = *testsupport::find<QAbstractButton>(window_, "ICT");
+    ict.click();
+    ict.setFocus();
     Texts boxes(2);
     testsupport::whenModal([&](QWidget& first) {
         boxes[0] = dynamic_cast<QMessageBox&>(first).text().toStdString();
@@ -129,6 +131,7 @@ TEST_F(MappingGrid, AsksEveryRowAndShowsWhereAStoredWidthIsWrong) {
     EXPECT_FALSE(objects_->isValid());
     EXPECT_EQ(boxes, (Texts{kRange, kRange}));
     EXPECT_TRUE(grid().isVisible()) << "the grid with the fault is on show";
+    EXPECT_EQ(window_.focusWidget(), &grid());
 }
 
 TEST_F(MappingGrid, LockedFieldsShowTheirValueAndKeepIt) {

@@ -267,7 +267,7 @@ TEST_F(NewSheetsPage, KeepsWhatIsNotStoredYetWhenItIsEnteredAgain) {
     EXPECT_TRUE(box(kAutomatic).isChecked() && page.isModified());
     EXPECT_NE(testsupport::controlByCaption(window_, "mm"), nullptr);
 
-    // An eighth of an inch does not become thirteen hundredths by having been looked at.
+    // An eighth of an inch does not become twelve hundredths by having been looked at.
     type(width(), "3.175");
     for (const Unit unit : {Unit::inch, Unit::millimetre}) {
         Orv::setConfiguredUnit(appConfig_, unit);
@@ -277,6 +277,13 @@ TEST_F(NewSheetsPage, KeepsWhatIsNotStoredYetWhenItIsEnteredAgain) {
     EXPECT_TRUE(page.onApply());
     EXPECT_EQ(storedSides(), (Texts{"317500", "86400000"}));
     EXPECT_FALSE(page.isModified());
+
+    Orv::setValue(appConfig_, "SHEETSIZE", "99");
+    page.onEnter();
+    press(box(kAutomatic));
+    page.onEnter();
+    EXPECT_TRUE(page.onApply());
+    EXPECT_EQ(stored("SHEETSIZE"), "99") << "what names no size becomes none by being looked at";
 }
 
 TEST_F(NewSheetsPage, TheBorderOfTheFirstSheetFollowsTheConfigurableBorders) {

@@ -2,8 +2,10 @@
 #include "tests/host/hostdialog.h"
 
 #include <QtGui/QMouseEvent>
+#include <QtGui/QWindow>
 #include <QtTest/QTest>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QRadioButton>
 #include <QtWidgets/QScrollArea>
 #include <QtWidgets/QTreeWidget>
 
@@ -307,6 +309,35 @@ TEST_F(Frame, CommandThatComesWhileOneRunsIsIgnored) {
     EXPECT_EQ(updater.notifications.size(), 1u);
 }
 
+TEST_F(Frame, StepToAnotherPageThatComesWhileOneIsTakenIsIgnored) {
+    run([](QDialog& dialog) {
+        visit(dialog, {"A"});
+        for (const char* call : {"A.onLeave", "B.onEnter"}) {
+            recorder().acts[call] = [&dialog] {
+                selectCategory(dialog, "C");
+                click(dialog, "Apply");
+            };
+        }
+        selectCategory(dialog, "B");
+        EXPECT_EQ(recorder().calls, (Calls{"A.onLeave", "B.made", "B.onEnter"}));
+        EXPECT_EQ(selectedCategory(dialog) + pageCaption(dialog), "BB");
+        click(dialog, "Cancel");
+    });
+}
+
+TEST_F(Frame, StaysAboveTheHostsWindowThoughAMessageCameBeforeIt) {
+    catalogue(category("A") + "<wrong/>");
+    QWindow host;
+    host.show();
+    host.requestActivate();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&host));
+    run([&host](QDialog& dialog) {
+        EXPECT_EQ(dialog.windowHandle()->transientParent(), &host);
+        click(dialog, "Cancel");
+    });
+    EXPECT_EQ(boxes_.size(), 1u);
+}
+
 TEST_F(Frame, ResultSurvivesAnEventLoopThatTheHostEnds) {
     EXPECT_EQ(run([](QDialog& dialog) {
                   click(dialog, "Apply");
@@ -398,6 +429,23 @@ TEST_F(Frame, TabWalksFromTheTreeThroughThePageToTheButtons) {
             walked.emplace_back(dialog.focusWidget()->metaObject()->className());
         }
         EXPECT_EQ(walked, (Calls{"QLineEdit", "QPushButton", "QPushButton", "QPushButton"}));
+        click(dialog, "Cancel");
+    });
+}
+
+TEST_F(Frame, TabGoesOnInThePageFromAChoiceThatWasChanged) {
+    catalogue("<dialog><name>A</name><classid>Pan and Zoom</classid>"
+              "<localization>internal</localization></dialog>");
+    run([](QDialog& dialog) {
+        dialog.findChild<QTreeWidget*>()->setFocus();
+        std::vector<std::string> walked;
+        for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Down, Qt::Key_Tab, Qt::Key_Down, Qt::Key_Backtab}) {
+            QTest::keyClick(dialog.focusWidget(), key);
+            const auto* radio = dynamic_cast<QRadioButton*>(dialog.focusWidget());
+            walked.push_back(radio ? radio->text().toStdString() : "none");
+        }
+        EXPECT_EQ(walked, (Calls{"Default Pan and Zoom", "Lorvik Pan and Zoom", "&Right Button",
+                                 "&Middle Button", "Lorvik Pan and Zoom"}));
         click(dialog, "Cancel");
     });
 }

@@ -215,6 +215,12 @@ TEST_F(BrowseLibDialog, ProposesAnAliasUntilItIsTheUsersOwn) {
         typePath(dialog, "libs/mega");
         EXPECT_EQ(textOf(dialog, "Alias:"), "") << "the user is about to type one";
     });
+    run([&](QDialog& dialog) {
+        find<QLineEdit>(dialog, "Path:")->setText(QStringLiteral("libs/mega"));
+        find<QLineEdit>(dialog, "Alias:")->setText(QStringLiteral("OWN"));
+        awaitVerdict(dialog);
+        EXPECT_EQ(textOf(dialog, "Alias:"), "OWN") << "however it is entered";
+    });
 }
 
 TEST_F(BrowseLibDialog, RefusesAnAliasByTheFirstRuleItBreaks) {
@@ -349,7 +355,7 @@ TEST_F(BrowseLibDialog, TheFolderBrowserSaysWhatAFolderHolds) {
         {"mega", "Found: Symbols[M] "},
     };
     run([&](QDialog& dialog) {
-        typePath(dialog, "$LIBS");
+        type(dialog, "Path:", "$LIBS"); // and does not await the verdict
         testsupport::whenModal([&](QWidget& browser) {
             EXPECT_EQ(browser.windowTitle().toStdString(), "Browse for Library Folder");
             auto& folders = *browser.findChild<QListView*>(QStringLiteral("listView"));

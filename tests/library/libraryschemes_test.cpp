@@ -7,11 +7,11 @@ TEST(LibrarySchemes, APartitionIsNamedFromItsLibrary) {
         const char *base, *path, *relative;
     };
     constexpr Row kRows[] = {
-        {"/work/lib/parts.lmc", "/work/lib/pdbs/a.pdb", "pdbs/a.pdb"},
-        {"/work/lib/parts.lmc", "\\work\\lib/pdbs\\a.pdb", "pdbs\\a.pdb"},
-        {"/work/lib/parts.lmc", "/work/other/a.pdb", "other/a.pdb"},
-        {"/work/lib/parts.lmc", "/work", "/work"},
-        {"/work/lib/parts.lmc", "/opt/pdbs/a.pdb", "/opt/pdbs/a.pdb"},
+        {"/net/lib/parts.lmc", "/net/lib/pdbs/a.pdb", "pdbs/a.pdb"},
+        {"/net/lib/parts.lmc", "\\net\\lib/pdbs\\a.pdb", "pdbs\\a.pdb"},
+        {"/net/lib/parts.lmc", "/net/other/a.pdb", "other/a.pdb"},
+        {"/net/lib/parts.lmc", "/net", "/net"},
+        {"/net/lib/parts.lmc", "/opt/pdbs/a.pdb", "/opt/pdbs/a.pdb"},
         {"\\\\server\\lib\\parts.lmc", "\\\\other\\a.pdb", "\\\\other\\a.pdb"},
         {"c:\\lib\\parts.lmc", "d:\\a.pdb", "d:\\a.pdb"},
         {"", "/opt/a.pdb", "/opt/a.pdb"},

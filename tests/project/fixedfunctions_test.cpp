@@ -12,6 +12,8 @@
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QPushButton>
 
+#include <algorithm>
+
 using ovsettings::CFixedFunctionsDialog;
 
 namespace {
@@ -25,6 +27,15 @@ public:
         return true;
     }
     std::vector<bool> changed;
+};
+
+/// Keeps the list in an order of its own.
+class SortingFile : public NProjectTools::CProjectFile {
+    void SetFixedFunctions(const Names& functions) override {
+        Names sorted = functions;
+        std::sort(sorted.begin(), sorted.end());
+        CProjectFile::SetFixedFunctions(sorted);
+    }
 };
 
 class FixedFunctions : public ProjectPages {
@@ -69,6 +80,19 @@ TEST_F(FixedFunctions, WhatCouldNotBeWrittenIsTriedAgain) {
     EXPECT_EQ(onDiskNow(), Names{});
 }
 
+TEST_F(FixedFunctions, AListThatTheHostKeepsInItsOwnOrderIsStored) {
+    CFixedFunctionsDialog& page = openWith({"A", "C"});
+    SortingFile file;
+    ASSERT_TRUE(file.openProjectFile(projectPath().string()));
+    Orv::IProjectFileData* const before = std::exchange(project().projectFile, &file);
+    key(page, 0, Qt::Key_Insert);
+    typeIn("B");
+    EXPECT_TRUE(page.onApply());
+    EXPECT_FALSE(page.isModified());
+    EXPECT_EQ(onDiskNow(), (Names{"A", "B", "C"}));
+    project().projectFile = before;
+}
+
 TEST_F(FixedFunctions, EachKindOfChangeIsStoredAndNoneIsNot) {
     struct Row {
         const char* what;
@@ -103,6 +127,7 @@ TEST_F(FixedFunctions, EachKindOfChangeIsStoredAndNoneIsNot) {
         CFixedFunctionsDialog& page = openWith({"B", "\xFF", "A"});
         const std::string before = testsupport::readFile(projectPath());
         row.change(page);
+        EXPECT_EQ(page.isModified(), row.stored != Names({"B", "\xFF", "A"}));
         EXPECT_TRUE(page.onApply());
         EXPECT_FALSE(page.isModified());
         EXPECT_EQ(onDiskNow(), row.stored);

@@ -1,10 +1,12 @@
 #include "details/pages/project/projectdialog.h"
 
+#include "ovsettings/showsettingsdialog.h"
 #include "tests/project/projectfixture.h"
 
 #include <QtTest/QTest>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
+#include <QtWidgets/QDialog>
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QPushButton>
@@ -106,6 +108,38 @@ TEST_F(NetlistProjectPage, AnotherToolBringsItsOwnFiles) {
     EXPECT_TRUE(page.onApply());
     EXPECT_EQ(onDisk()->GetLayoutTool(), "alpha");
     EXPECT_EQ(stored("CnsFileName") + stored("PcbCfgFileName"), "");
+    tools().setCurrentText(QStringLiteral("Last"));
+    EXPECT_EQ(shown("PCB Configuration"), kStandard) << "however it is selected";
+    EXPECT_TRUE(page.onApply());
+    EXPECT_EQ(onDisk()->GetLayoutTool(), "last");
+}
+
+TEST_F(NetlistProjectPage, AHiddenPageDoesNotTakeBackWhatAnotherOneStores) {
+    constexpr char kPages[] = "<settings><dialog><name>A</name><classid>Netlist Project</classid>"
+                              "<localization>internal</localization></dialog><dialog><name>B</name>"
+                              "<classid>Central Library</classid><localization>internal</localization>"
+                              "</dialog></settings>";
+    testsupport::writeFile(installation_.standard() / "settings.xml", kPages);
+    ASSERT_TRUE(appConfig_.load());
+    for (const std::string hidden : {"A", "B"}) {
+        const std::string active = hidden == "A" ? "B" : "A";
+        openProject("[DesignInfo]\nServerName=host\nBus_Contents=/old.ini\n");
+        testsupport::whenDialog([&](QDialog& dialog) {
+            testsupport::selectCategory(dialog, hidden);
+            testsupport::selectCategory(dialog, active);
+            const auto onPage = [&](const char* caption) {
+                const auto& pages = dialog.findChildren<ovsettings::CPropDialogTemplate*>();
+                const auto page = std::ranges::find_if(pages, [](auto* p) { return p->isVisible(); });
+                return testsupport::controlByCaption(**page, caption);
+            };
+            QTest::keyClick(onPage("Use Remote Server Configuration Manager"), Qt::Key_Space);
+            QTest::keyClick(onPage("Bus Contents"), Qt::Key_A, Qt::ControlModifier);
+            QTest::keyClicks(onPage("Bus Contents"), "/new.ini");
+            QTest::mouseClick(testsupport::controlByCaption(dialog, "OK"), Qt::LeftButton);
+        });
+        ovsettings::showSettingsDialog(appConfig_, project(), nullptr);
+        EXPECT_EQ(onDisk()->GetServerName() + stored("Bus_Contents"), "/new.ini") << active;
+    }
 }
 
 TEST_F(NetlistProjectPage, AClearedBoxClearsTheProjectButNotTheField) {

@@ -4,6 +4,7 @@
 #include "details/pages/editor/panandzoomdialog.h"
 #include "details/pages/startup/runonstartupdialog.h"
 #include "details/shell/internalpages.h"
+#include "details/shell/notifyupdaters.h"
 #include "details/shell/pagestarter.h"
 #include "details/shell/stringtable.h"
 #include "details/widgets/messagebox.h"

@@ -199,13 +199,15 @@ TEST_F(RunOnStartup, AsksBeforeAMissingFileIsAddedWithNoAsTheDefault) {
     EXPECT_EQ(readFile(scripts()), "[PlanDraw]\nForm#0=" + file + "\n") << "Cancel stores nothing";
 }
 
-TEST_F(RunOnStartup, LineThatIsStillEditedIsStoredByOk) {
+TEST_F(RunOnStartup, LineThatIsStillEditedIsStoredAndReportedByOk) {
     const std::string file = existingFile("a.frm");
     inDialog([&](QDialog& dialog) {
         key(list(dialog, "Scripts:"), 0, Qt::Key_Insert);
         QTest::keyClicks(QApplication::focusWidget(), QString::fromStdString(file));
+        find<QPushButton>(dialog, "OK")->click(); // which leaves the focus where it is
     });
     EXPECT_EQ(readFile(scripts()), "[PlanDraw]\nScript#0=" + file + "\n");
+    EXPECT_EQ(updater_.changed, std::vector{true});
 }
 
 TEST_F(RunOnStartup, FailedWriteIsToldOnceForEachListAndTheDialogCloses) {

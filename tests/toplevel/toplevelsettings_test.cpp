@@ -100,6 +100,29 @@ TEST_F(Designs, AnEditedListBecomesTheDesignsOwn) {
     EXPECT_TRUE(project_->configuration().topLevelChanged);
 }
 
+TEST_F(Designs, AnEditedLineTakesTheFirstNameThatIsNotListed) {
+    openProject("SearchScheme={Local to Project}\nSymbolPartition#0=logic\nSymbolPartition#1=power\n");
+    run([&](QDialog& dialog) {
+        QListWidget& symbols = list(dialog, kSymbols);
+        const auto edit = [&](int row, Qt::Key begin, Qt::Key end) {
+            symbols.setCurrentRow(row);
+            QTest::keyClick(&symbols, begin);
+            auto* offered = symbols.viewport()->findChildren<QComboBox*>().last(); // of the last edit
+            const Names names = entries(*offered);
+            QTest::keyClick(offered, end);
+            return names;
+        };
+        EXPECT_EQ(edit(0, Qt::Key_F2, Qt::Key_Escape), (Names{"analog"}));
+        EXPECT_EQ(lines(dialog, kSymbols), (Names{"logic", "power"}));
+        edit(0, Qt::Key_F2, Qt::Key_Return);
+        EXPECT_EQ(lines(dialog, kSymbols), (Names{"analog", "power"}));
+        edit(0, Qt::Key_Insert, Qt::Key_Return);
+        edit(1, Qt::Key_F2, Qt::Key_Return);
+        EXPECT_EQ(lines(dialog, kSymbols), (Names{"logic", "analog", "power"})) << "all are listed";
+        click(dialog, "Cancel");
+    });
+}
+
 TEST_F(Designs, ListsOfTheDesignComeBackAfterALookAtAnotherScheme) {
     openProject("SearchScheme={Local to Project}\nSymbolPartition#0=own\nPdbSearchPath#0=own.pdb\n");
     run([&](QDialog& dialog) {

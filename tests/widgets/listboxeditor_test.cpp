@@ -203,6 +203,22 @@ TEST_F(ListBoxEditor, LeavingTheLineStoresItAndTheHookMayAskAndTakeItOut) {
     }
 }
 
+TEST_F(ListBoxEditor, AnOpenLineWaitsBehindAnotherWindow) {
+    press(Qt::Key_F2);
+    type("x");
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    EXPECT_EQ(log(), "");
+    EXPECT_TRUE(editor_->isChanging());
+    dialog_.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog_));
+    press(Qt::Key_Escape);
+    EXPECT_EQ(lines(), "a b c ");
+    EXPECT_FALSE(editor_->isChanging());
+}
+
 TEST_F(ListBoxEditor, WithoutAPlaceForNewLinesOneIsMadeAndGoesAgainIfLeftEmpty) {
     editor_->setPlaceForNew(false);
     fill("a b");

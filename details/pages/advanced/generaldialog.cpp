@@ -17,10 +17,8 @@ constexpr unsigned kTemplate = 135;
 } // namespace
 
 CGeneralDialog::CGeneralDialog(QWidget* parent)
-    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CGeneralDialog>()) {
-    name = "Advanced";
-    helpTopic = "OV_SETUP_SETTINGS_ADVANCED";
-    helpBook = "orvane_ref";
+    : CPage(parent, kTemplate, "Advanced", "OV_SETUP_SETTINGS_ADVANCED"),
+      ui_(std::make_unique<Ui::CGeneralDialog>()) {
 }
 
 CGeneralDialog::~CGeneralDialog() = default;
@@ -43,10 +41,6 @@ bool CGeneralDialog::OnInitDialog() {
     grid_->setAppConfiguration(appConfig_);
     grid_->onInitialUpdate();
     return true;
-}
-
-bool CGeneralDialog::onOk() {
-    return onApply();
 }
 
 bool CGeneralDialog::onApply() {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ovsettings/propdialogtemplate.h"
+#include "details/pages/page.h"
 
 #include <memory>
 
@@ -15,7 +15,7 @@ class CGeneralDialog;
 
 /// The page "Advanced": a property sheet of the settings that have no page of their own. Its changes are not
 /// reported to the host by name, and that is meant: the host reads these settings when it needs them.
-class CGeneralDialog : public CPropDialogTemplateEx {
+class CGeneralDialog : public CPage {
     Q_OBJECT
 
 public:
@@ -25,7 +25,6 @@ public:
     void setAppConfiguration(Orv::iAppConfiguration* appConfig) override;
     bool buildTemplate() override;
     bool OnInitDialog() override;
-    bool onOk() override;
     bool onApply() override;
     bool onEnter() override;
     bool onLeave() override;
@@ -36,7 +35,6 @@ private:
     void storeRow(CGeneralRow& row);
 
     std::unique_ptr<Ui::CGeneralDialog> ui_;
-    Orv::iAppConfiguration* appConfig_ = nullptr;
     /// Null until the page is filled, and a page that is not has nothing to refuse.
     CGeneralGrid* grid_ = nullptr;
 };

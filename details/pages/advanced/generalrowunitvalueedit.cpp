@@ -70,7 +70,7 @@ void CGeneralRowUnitValueEdit::showLength(long length) {
 }
 
 /// A text that the user left alone stands for the length it was made from, not for its own few decimals:
-/// otherwise looking at an eighth of an inch would store thirteen hundredths.
+/// otherwise looking at an eighth of an inch would store twelve hundredths.
 long CGeneralRowUnitValueEdit::length() const {
     const QString text = valueText();
     return text == lengthText(shown_) ? shown_ : Orv::fromDisplay(numberFromTyped(text), unit_);

@@ -83,23 +83,17 @@ std::string defaultFile() {
 } // namespace
 
 CColorDialog::CColorDialog(QWidget* parent)
-    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CColorDialog>()) {
-    name = "Color Schemes";
+    : CPage(parent, kTemplate, "Color Schemes"), ui_(std::make_unique<Ui::CColorDialog>()) {
 }
 
 CColorDialog::~CColorDialog() = default;
 
-void CColorDialog::setAppConfiguration(Orv::iAppConfiguration* appConfig) {
-    appConfig_ = appConfig;
-}
-
 bool CColorDialog::buildTemplate() {
     ui_->setupUi(this);
     ui_->preview->setDrawing([this](const DrawItem& item) { drawPreview(item); });
-    connect(ui_->screen, &QRadioButton::clicked, this, [this] { showForm(ColorForm::screen); });
-    connect(ui_->printer, &QRadioButton::clicked, this, [this] { showForm(ColorForm::printer); });
+    connect(ui_->screen, &QRadioButton::toggled, this, [this] { showForm(checkedForm()); });
     connect(ui_->grid, &CColorsGrid::colorChanged, ui_->preview, qOverload<>(&QWidget::update));
-    connect(ui_->scheme, &QComboBox::activated, this, &CColorDialog::selectScheme);
+    connect(ui_->scheme, &QComboBox::currentIndexChanged, this, &CColorDialog::selectScheme);
     connect(ui_->exportScheme, &QPushButton::clicked, this, &CColorDialog::exportScheme);
     connect(ui_->importSchemes, &QPushButton::clicked, this, &CColorDialog::importSchemes);
     return true;
@@ -115,10 +109,6 @@ bool CColorDialog::OnInitDialog() {
     addCurrentColors();
     readSchemeFile(defaultFile());
     return true;
-}
-
-bool CColorDialog::onOk() {
-    return onApply();
 }
 
 /// Stores the selected scheme. What the user changed in the palette since is not part of it.

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "details/pages/display/colorsgrid.h"
-#include "ovsettings/propdialogtemplate.h"
+#include "details/pages/page.h"
 
 #include <memory>
 
@@ -18,17 +18,15 @@ class CColorDialog;
 ///
 /// The list of schemes on the page stays empty, whatever files are read. So none is ever selected, the
 /// palette keeps what it has, and neither a store nor an export writes anything. That is meant.
-class CColorDialog : public CPropDialogTemplateEx {
+class CColorDialog : public CPage {
     Q_OBJECT
 
 public:
     explicit CColorDialog(QWidget* parent);
     ~CColorDialog() override;
 
-    void setAppConfiguration(Orv::iAppConfiguration* appConfig) override;
     bool buildTemplate() override;
     bool OnInitDialog() override;
-    bool onOk() override;
     bool onApply() override;
     bool onCancel() override;
 
@@ -45,7 +43,6 @@ private:
     void drawPreview(const DrawItem& item) const;
 
     std::unique_ptr<Ui::CColorDialog> ui_;
-    Orv::iAppConfiguration* appConfig_ = nullptr;
     std::vector<std::unique_ptr<Orv::CColorScheme>> schemes_;
     const Orv::CColorScheme* selected_ = nullptr; ///< one of schemes_
 };

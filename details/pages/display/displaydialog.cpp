@@ -48,17 +48,11 @@ std::string_view trimmed(std::string_view text) {
 } // namespace
 
 CDisplayDialog::CDisplayDialog(QWidget* parent)
-    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CDisplayDialog>()) {
-    name = "Display";
-    helpTopic = "OV_SETUP_SETTINGS_DISPLAY_TOP";
-    helpBook = "orvane_ref";
+    : CPage(parent, kTemplate, "Display", "OV_SETUP_SETTINGS_DISPLAY_TOP"),
+      ui_(std::make_unique<Ui::CDisplayDialog>()) {
 }
 
 CDisplayDialog::~CDisplayDialog() = default;
-
-void CDisplayDialog::setAppConfiguration(Orv::iAppConfiguration* appConfig) {
-    appConfig_ = appConfig;
-}
 
 bool CDisplayDialog::buildTemplate() {
     ui_->setupUi(this);
@@ -66,7 +60,7 @@ bool CDisplayDialog::buildTemplate() {
     const int indent = style()->pixelMetric(QStyle::PM_IndicatorWidth) +
                        style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing);
     ui_->numbersLayout->setContentsMargins(isRightToLeft() ? 0 : indent, 0, isRightToLeft() ? indent : 0, 0);
-    connect(ui_->commonProperties, &QCheckBox::clicked, this, &CDisplayDialog::enableNumbers);
+    connect(ui_->commonProperties, &QCheckBox::toggled, this, &CDisplayDialog::enableNumbers);
     return true;
 }
 
@@ -112,10 +106,6 @@ bool CDisplayDialog::OnInitDialog() {
     Orv::getValues(*appConfig_, "PROPERTIES_TOOLTIP", properties);
     tooltipProperties_ = joinProperties(properties);
     return true;
-}
-
-bool CDisplayDialog::onOk() {
-    return onApply();
 }
 
 bool CDisplayDialog::onApply() {

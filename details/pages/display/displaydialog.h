@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ovsettings/propdialogtemplate.h"
+#include "details/pages/page.h"
 
 #include <memory>
 #include <string>
@@ -15,17 +15,15 @@ class CDisplayDialog;
 
 /// The page "Display": which classes of object the schematic editor shows, and which have tool tips. Nothing
 /// on it is disabled for a locked key: the store keeps what is locked.
-class CDisplayDialog : public CPropDialogTemplateEx {
+class CDisplayDialog : public CPage {
     Q_OBJECT
 
 public:
     explicit CDisplayDialog(QWidget* parent);
     ~CDisplayDialog() override;
 
-    void setAppConfiguration(Orv::iAppConfiguration* appConfig) override;
     bool buildTemplate() override;
     bool OnInitDialog() override;
-    bool onOk() override;
     bool onApply() override;
 
     /// The names of properties that have tool tips, as one text and back. A text is split at every comma; the
@@ -37,7 +35,6 @@ private:
     void enableNumbers(bool enabled);
 
     std::unique_ptr<Ui::CDisplayDialog> ui_;
-    Orv::iAppConfiguration* appConfig_ = nullptr;
     /// Read as the page is filled; no control shows it.
     std::string tooltipProperties_;
 };

@@ -18,17 +18,11 @@ constexpr const char* kScaleFactorKey = "SCALEFACTOR";
 } // namespace
 
 CFontDialog::CFontDialog(QWidget* parent)
-    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CFontDialog>()) {
-    name = "Font Mappings";
-    helpTopic = "OV_SETUP_SETTINGS_DISPLAY_FONT_MAP";
-    helpBook = "orvane_ref";
+    : CPage(parent, kTemplate, "Font Mappings", "OV_SETUP_SETTINGS_DISPLAY_FONT_MAP"),
+      ui_(std::make_unique<Ui::CFontDialog>()) {
 }
 
 CFontDialog::~CFontDialog() = default;
-
-void CFontDialog::setAppConfiguration(Orv::iAppConfiguration* appConfig) {
-    appConfig_ = appConfig;
-}
 
 bool CFontDialog::buildTemplate() {
     ui_->setupUi(this);
@@ -56,10 +50,6 @@ bool CFontDialog::OnInitDialog() {
     return true;
 }
 
-bool CFontDialog::onOk() {
-    return onApply();
-}
-
 bool CFontDialog::onApply() {
     if (!appConfig_) // opened without a configuration: there is nothing to store
         return true;
@@ -68,7 +58,7 @@ bool CFontDialog::onApply() {
     // One that the field cannot show is none that was typed, and is kept to the byte.
     const QString text = ui_->scaleFactor->text();
     const std::string factor = text == toQString(factor_) ? factor_ : toUtf8(text);
-    if (Orv::floatFromText(factor) > 0)
+    if (Orv::doubleFromText(factor) > 0)
         Orv::setValue(*appConfig_, kScaleFactorKey, factor);
     return true;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ovsettings/propdialogtemplate.h"
+#include "details/pages/page.h"
 
 #include <memory>
 #include <string>
@@ -13,17 +13,15 @@ class CFontDialog;
 
 /// The page "Font Mappings": the screen font that stands for each stroke font of the schematic editor, and a
 /// factor for the size of all of them.
-class CFontDialog : public CPropDialogTemplateEx {
+class CFontDialog : public CPage {
     Q_OBJECT
 
 public:
     explicit CFontDialog(QWidget* parent);
     ~CFontDialog() override;
 
-    void setAppConfiguration(Orv::iAppConfiguration* appConfig) override;
     bool buildTemplate() override;
     bool OnInitDialog() override;
-    bool onOk() override;
     bool onApply() override;
 
     /// Lets the user choose a screen font for the grid's current row; without one it does nothing.
@@ -35,7 +33,6 @@ private:
     void followRow();
 
     std::unique_ptr<Ui::CFontDialog> ui_;
-    Orv::iAppConfiguration* appConfig_ = nullptr;
     std::string factor_; ///< as it is stored
 };
 

@@ -152,16 +152,20 @@ void CMappingGrid::currentChanged(const QModelIndex& current, const QModelIndex&
 
 void CMappingGrid::layoutColumns() {
     const int unit = fontMetrics().averageCharWidth();
-    // The first column shows every caption whole; the others share what is left.
+    // The first column shows every caption whole, and a colour gains nothing from more room; the others share
+    // what is left.
     const int first = std::max(kGridColumns[0].characters * unit, sizeHintForColumn(0));
+    const int second = kGridColumns[1].characters * unit;
     setWidthOfColumn(1, first);
+    setWidthOfColumn(2, second);
     int characters = 0;
-    for (int column = 2; column <= CMappingRow::kColumns; ++column)
+    for (int column = 3; column <= CMappingRow::kColumns; ++column)
         characters += kGridColumns[column - 1].characters;
-    for (int column = 2; column <= CMappingRow::kColumns; ++column) {
+    for (int column = 3; column <= CMappingRow::kColumns; ++column) {
         const int share = kGridColumns[column - 1].characters;
         // In a narrow dialog they give way, down to where nothing could be read.
-        setWidthOfColumn(column, std::max(share * unit / 2, (clientWidth() - first) * share / characters));
+        setWidthOfColumn(column,
+                         std::max(share * unit / 2, (clientWidth() - first - second) * share / characters));
     }
 }
 

@@ -8,9 +8,10 @@
 #include "details/pages/display/ovpreview.h"
 #include "details/platform/environment.h"
 #include "details/platform/paths.h"
-#include "details/shell/propfile.h"
 #include "details/widgets/messagebox.h"
 #include "details/widgets/ownerdrawbutton.h"
+#include "details/widgets/propfile.h"
+#include "details/widgets/radiobutton.h"
 #include "details/widgets/stringconversion.h"
 #include "orv/appconfiguration.h"
 #include "ui_objectcolordialog.h"
@@ -154,17 +155,11 @@ void addSection(CObjectSchema& schema, const std::string& section, const CMappin
 } // namespace
 
 CObjectColorDialog::CObjectColorDialog(QWidget* parent)
-    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CObjectColorDialog>()) {
-    name = "Objects";
-    helpTopic = "OV_SETUP_SETTINGS_DISPLAY_OBJECTS";
-    helpBook = "orvane_ref";
+    : CPage(parent, kTemplate, "Objects", "OV_SETUP_SETTINGS_DISPLAY_OBJECTS"),
+      ui_(std::make_unique<Ui::CObjectColorDialog>()) {
 }
 
 CObjectColorDialog::~CObjectColorDialog() = default;
-
-void CObjectColorDialog::setAppConfiguration(Orv::iAppConfiguration* appConfig) {
-    appConfig_ = appConfig;
-}
 
 /// A leftover, kept as it stands: nothing in normal use sends a message of that code.
 bool CObjectColorDialog::PreTranslateMessage(QKeyEvent* event) {
@@ -225,10 +220,6 @@ void CObjectColorDialog::changeMode() {
     ui_->preview->repaint();
 }
 
-bool CObjectColorDialog::onOk() {
-    return onApply();
-}
-
 bool CObjectColorDialog::onApply() {
     for (const char* mode : {kSchematicMode, kIctMode}) {
         if (CMappingGrid* written = grid(mode))
@@ -257,8 +248,11 @@ bool CObjectColorDialog::validate() {
     return valid;
 }
 
-void CObjectColorDialog::showGrid(const CMappingGrid& shown) {
-    (&shown == ui_->ictGrid ? ui_->ict : ui_->schematic)->setChecked(true);
+/// The cell at fault has the keyboard afterwards; in an open one that is its editor.
+void CObjectColorDialog::showGrid(CMappingGrid& shown) {
+    checkRadioButton(&shown == ui_->ictGrid ? *ui_->ict : *ui_->schematic);
+    if (!shown.isEditing())
+        shown.setFocus();
 }
 
 bool CObjectColorDialog::storeGrids() {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ovsettings/propdialogtemplate.h"
+#include "details/pages/page.h"
 
 #include <map>
 #include <memory>
@@ -18,18 +18,16 @@ class CObjectColorDialog;
 
 /// The page "Objects": how each kind of object of a schematic, and of an interconnectivity table (ICT), is
 /// drawn, with a sample of each; and the files of colour schemes.
-class CObjectColorDialog : public CPropDialogTemplateEx {
+class CObjectColorDialog : public CPage {
     Q_OBJECT
 
 public:
     explicit CObjectColorDialog(QWidget* parent);
     ~CObjectColorDialog() override;
 
-    void setAppConfiguration(Orv::iAppConfiguration* appConfig) override;
     bool PreTranslateMessage(QKeyEvent* event) override;
     bool buildTemplate() override;
     bool OnInitDialog() override;
-    bool onOk() override;
     bool onApply() override;
     bool onLeave() override;
     bool isValid() override;
@@ -41,14 +39,13 @@ private:
     void registerGrid(const std::string& mode, CMappingGrid& grid);
     void changeMode();
     bool validate();
-    void showGrid(const CMappingGrid& shown);
+    void showGrid(CMappingGrid& shown);
     /// @return false, with nothing stored, if an edit in progress is refused.
     bool storeGrids();
     void loadScheme();
     void saveScheme();
 
     std::unique_ptr<Ui::CObjectColorDialog> ui_;
-    Orv::iAppConfiguration* appConfig_ = nullptr;
     // The two know the mode of schematics by different words, "OV" and "ORV"; that is meant.
     std::map<std::string, CMappingGrid*, std::less<>> grids_;
     std::map<std::string, std::unique_ptr<IPreview>, std::less<>> previews_;

@@ -17,17 +17,11 @@ constexpr int kUpperLimitDecimals = 2;
 } // namespace
 
 CGridDialog::CGridDialog(QWidget* parent)
-    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CGridDialog>()) {
-    name = "Grid";
-    helpTopic = "OV_SETUP_SETTINGS_SCH_ED_GRID";
-    helpBook = "orvane_ref";
+    : CPage(parent, kTemplate, "Grid", "OV_SETUP_SETTINGS_SCH_ED_GRID"),
+      ui_(std::make_unique<Ui::CGridDialog>()) {
 }
 
 CGridDialog::~CGridDialog() = default;
-
-void CGridDialog::setAppConfiguration(Orv::iAppConfiguration* appConfig) {
-    appConfig_ = appConfig;
-}
 
 bool CGridDialog::buildTemplate() {
     ui_->setupUi(this);
@@ -42,10 +36,6 @@ bool CGridDialog::OnInitDialog() {
     spacing_ = &bindings_.add<CLengthBinding>("GRID_HR", *ui_->spacing, *ui_->spacingUnit);
     bindings_.show(*appConfig_);
     return true;
-}
-
-bool CGridDialog::onOk() {
-    return onApply();
 }
 
 bool CGridDialog::onApply() {

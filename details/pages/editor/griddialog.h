@@ -1,7 +1,7 @@
 #pragma once
 
+#include "details/pages/page.h"
 #include "details/widgets/bindings.h"
-#include "ovsettings/propdialogtemplate.h"
 
 #include <memory>
 
@@ -12,17 +12,15 @@ class CGridDialog;
 }
 
 /// The page "Grid": whether the schematic shows its grid, and how wide the grid is.
-class CGridDialog : public CPropDialogTemplateEx {
+class CGridDialog : public CPage {
     Q_OBJECT
 
 public:
     explicit CGridDialog(QWidget* parent);
     ~CGridDialog() override;
 
-    void setAppConfiguration(Orv::iAppConfiguration* appConfig) override;
     bool buildTemplate() override;
     bool OnInitDialog() override;
-    bool onOk() override;
     bool onApply() override;
     bool onEnter() override;
     bool onLeave() override;
@@ -33,7 +31,6 @@ private:
     bool checkSpacing();
 
     std::unique_ptr<Ui::CGridDialog> ui_;
-    Orv::iAppConfiguration* appConfig_ = nullptr;
     CBindings bindings_;
     /// One of the bindings; null until the page is filled, and a page that is not has nothing to refuse.
     CLengthBinding* spacing_ = nullptr;

@@ -22,17 +22,11 @@ constexpr unsigned kTemplate = 171;
 } // namespace
 
 CMetricsDialog::CMetricsDialog(QWidget* parent)
-    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CMetricsDialog>()) {
-    name = "Metrics";
-    helpTopic = "OV_SETUP_SETTINGS_SCH_ED_UNITS";
-    helpBook = "orvane_ref";
+    : CPage(parent, kTemplate, "Metrics", "OV_SETUP_SETTINGS_SCH_ED_UNITS"),
+      ui_(std::make_unique<Ui::CMetricsDialog>()) {
 }
 
 CMetricsDialog::~CMetricsDialog() = default;
-
-void CMetricsDialog::setAppConfiguration(Orv::iAppConfiguration* appConfig) {
-    appConfig_ = appConfig;
-}
 
 bool CMetricsDialog::buildTemplate() {
     ui_->setupUi(this);
@@ -56,10 +50,6 @@ bool CMetricsDialog::OnInitDialog() {
     if (locked)
         markLocked(*ui_->units, *appConfig_, key);
     return true;
-}
-
-bool CMetricsDialog::onOk() {
-    return onApply();
 }
 
 bool CMetricsDialog::onApply() {

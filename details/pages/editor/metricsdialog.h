@@ -1,7 +1,7 @@
 #pragma once
 
+#include "details/pages/page.h"
 #include "orv/metrics.h"
-#include "ovsettings/propdialogtemplate.h"
 
 #include <memory>
 #include <optional>
@@ -13,17 +13,15 @@ class CMetricsDialog;
 }
 
 /// The page "Units": the unit in which all pages show lengths. Stored lengths do not depend on it.
-class CMetricsDialog : public CPropDialogTemplateEx {
+class CMetricsDialog : public CPage {
     Q_OBJECT
 
 public:
     explicit CMetricsDialog(QWidget* parent);
     ~CMetricsDialog() override;
 
-    void setAppConfiguration(Orv::iAppConfiguration* appConfig) override;
     bool buildTemplate() override;
     bool OnInitDialog() override;
-    bool onOk() override;
     bool onApply() override;
     bool onLeave() override;
     bool isModified() const override;
@@ -32,7 +30,6 @@ private:
     std::optional<Orv::Metrics::Unit> selectedUnit() const;
 
     std::unique_ptr<Ui::CMetricsDialog> ui_;
-    Orv::iAppConfiguration* appConfig_ = nullptr;
     /// The unit that the host knows of: as read, or as last committed. Nothing before the page is filled.
     std::optional<Orv::Metrics::Unit> told_;
 };

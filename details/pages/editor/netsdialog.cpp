@@ -62,17 +62,11 @@ std::vector<ChoiceButton> buttonsOf(const Choice& choice, const Form& form) {
 } // namespace
 
 CNetsDialog::CNetsDialog(QWidget* parent)
-    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CNetsDialog>()) {
-    name = "Nets";
-    helpTopic = "OV_SETUP_SETTINGS_SCH_ED_NETS";
-    helpBook = "orvane_ref";
+    : CPage(parent, kTemplate, "Nets", "OV_SETUP_SETTINGS_SCH_ED_NETS"),
+      ui_(std::make_unique<Ui::CNetsDialog>()) {
 }
 
 CNetsDialog::~CNetsDialog() = default;
-
-void CNetsDialog::setAppConfiguration(Orv::iAppConfiguration* appConfig) {
-    appConfig_ = appConfig;
-}
 
 bool CNetsDialog::buildTemplate() {
     ui_->setupUi(this);
@@ -90,10 +84,6 @@ bool CNetsDialog::OnInitDialog() {
     }
     bindings_.show(*appConfig_);
     return true;
-}
-
-bool CNetsDialog::onOk() {
-    return onApply();
 }
 
 bool CNetsDialog::onApply() {

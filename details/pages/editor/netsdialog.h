@@ -1,7 +1,7 @@
 #pragma once
 
+#include "details/pages/page.h"
 #include "details/widgets/bindings.h"
-#include "ovsettings/propdialogtemplate.h"
 
 #include <memory>
 
@@ -12,17 +12,15 @@ class CNetsDialog;
 }
 
 /// The page "Nets": how nets are routed, and where attributes and labels go when a net is split.
-class CNetsDialog : public CPropDialogTemplateEx {
+class CNetsDialog : public CPage {
     Q_OBJECT
 
 public:
     explicit CNetsDialog(QWidget* parent);
     ~CNetsDialog() override;
 
-    void setAppConfiguration(Orv::iAppConfiguration* appConfig) override;
     bool buildTemplate() override;
     bool OnInitDialog() override;
-    bool onOk() override;
     bool onApply() override;
     bool onEnter() override;
     bool onLeave() override;
@@ -33,7 +31,6 @@ private:
     bool checkDistance();
 
     std::unique_ptr<Ui::CNetsDialog> ui_;
-    Orv::iAppConfiguration* appConfig_ = nullptr;
     CBindings bindings_;
     /// One of the bindings; null until the page is filled, and a page that is not has nothing to refuse.
     CLengthBinding* distance_ = nullptr;

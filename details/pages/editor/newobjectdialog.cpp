@@ -26,17 +26,11 @@ constexpr const char* kOrigins[] = {
 } // namespace
 
 CNewObjectDialog::CNewObjectDialog(QWidget* parent)
-    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CNewObjectDialog>()) {
-    name = "New Object";
-    helpTopic = "OV_SETUP_SETTINGS_SCH_ED_NEW_OBJECTS";
-    helpBook = "orvane_ref";
+    : CPage(parent, kTemplate, "New Object", "OV_SETUP_SETTINGS_SCH_ED_NEW_OBJECTS"),
+      ui_(std::make_unique<Ui::CNewObjectDialog>()) {
 }
 
 CNewObjectDialog::~CNewObjectDialog() = default;
-
-void CNewObjectDialog::setAppConfiguration(Orv::iAppConfiguration* appConfig) {
-    appConfig_ = appConfig;
-}
 
 bool CNewObjectDialog::buildTemplate() {
     ui_->setupUi(this);
@@ -52,10 +46,6 @@ bool CNewObjectDialog::OnInitDialog() {
         return false;
     bindings_.show(*appConfig_);
     return true;
-}
-
-bool CNewObjectDialog::onOk() {
-    return onApply();
 }
 
 bool CNewObjectDialog::onApply() {

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "details/pages/page.h"
 #include "details/widgets/bindings.h"
-#include "ovsettings/propdialogtemplate.h"
 
 #include <memory>
 
@@ -12,17 +12,15 @@ class CNewObjectDialog;
 }
 
 /// The page "New Objects": origin and size of a text that the schematic editor places.
-class CNewObjectDialog : public CPropDialogTemplateEx {
+class CNewObjectDialog : public CPage {
     Q_OBJECT
 
 public:
     explicit CNewObjectDialog(QWidget* parent);
     ~CNewObjectDialog() override;
 
-    void setAppConfiguration(Orv::iAppConfiguration* appConfig) override;
     bool buildTemplate() override;
     bool OnInitDialog() override;
-    bool onOk() override;
     bool onApply() override;
     bool onEnter() override;
     bool onLeave() override;
@@ -33,7 +31,6 @@ private:
     bool checkSize();
 
     std::unique_ptr<Ui::CNewObjectDialog> ui_;
-    Orv::iAppConfiguration* appConfig_ = nullptr;
     CBindings bindings_;
     /// One of the bindings; null until the page is filled, and a page that is not has nothing to refuse.
     CLengthBinding* size_ = nullptr;

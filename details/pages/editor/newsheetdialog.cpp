@@ -3,6 +3,7 @@
 #include "details/appcfg/appcfg.h"
 #include "details/appcfg/numbers.h"
 #include "details/appcfg/unitglue.h"
+#include "details/widgets/bindings.h"
 #include "details/widgets/lockmark.h"
 #include "details/widgets/messagebox.h"
 #include "details/widgets/numbertext.h"
@@ -39,28 +40,14 @@ const Orv::IBorderSymbols::Table* borderTable(const Orv::CProjectConfiguration* 
     return symbols ? &symbols->GetTable() : nullptr;
 }
 
-std::string flagText(bool on) {
-    return on ? "1" : "0";
-}
-
 } // namespace
 
 CNewSheetDialog::CNewSheetDialog(QWidget* parent)
-    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CNewSheetDialog>()) {
-    name = "New Sheet";
-    helpTopic = "OV_SETUP_SETTINGS_SCH_ED_NEW_SHEETS";
-    helpBook = "orvane_ref";
+    : CPage(parent, kTemplate, "New Sheet", "OV_SETUP_SETTINGS_SCH_ED_NEW_SHEETS"),
+      ui_(std::make_unique<Ui::CNewSheetDialog>()) {
 }
 
 CNewSheetDialog::~CNewSheetDialog() = default;
-
-void CNewSheetDialog::setAppConfiguration(Orv::iAppConfiguration* appConfig) {
-    appConfig_ = appConfig;
-}
-
-void CNewSheetDialog::setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) {
-    projectConfig_ = projectConfig;
-}
 
 bool CNewSheetDialog::buildTemplate() {
     ui_->setupUi(this);
@@ -81,10 +68,6 @@ bool CNewSheetDialog::OnInitDialog() {
     unit_ = Orv::getConfiguredUnit(*appConfig_);
     rebuild();
     return true;
-}
-
-bool CNewSheetDialog::onOk() {
-    return onApply();
 }
 
 bool CNewSheetDialog::onApply() {
@@ -324,7 +307,8 @@ CNewSheetDialog::State CNewSheetDialog::state() const {
 
 void CNewSheetDialog::restore(const State& state) {
     const int index = ui_->size->findText(state.size);
-    selectSize(index < 0 ? customIndex() : index);
+    // A border that has gone leaves its size behind, as a custom one.
+    selectSize(index < 0 && !state.size.isEmpty() ? customIndex() : index);
     showOrientation(state.orientation);
     showSides(state.width, state.height);
     ui_->addBorder->setChecked(state.addsBorder);

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "details/pages/editor/sheetsizes.h"
+#include "details/pages/page.h"
 #include "orv/metrics.h"
-#include "ovsettings/propdialogtemplate.h"
 
 #include <QtCore/QString>
 
@@ -20,18 +20,15 @@ class CNewSheetDialog;
 }
 
 /// The page "New Sheets": size and orientation of a new schematic sheet, and how it gets its border.
-class CNewSheetDialog : public CPropDialogTemplateEx {
+class CNewSheetDialog : public CPage {
     Q_OBJECT
 
 public:
     explicit CNewSheetDialog(QWidget* parent);
     ~CNewSheetDialog() override;
 
-    void setAppConfiguration(Orv::iAppConfiguration* appConfig) override;
-    void setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) override;
     bool buildTemplate() override;
     bool OnInitDialog() override;
-    bool onOk() override;
     bool onApply() override;
     bool onEnter() override;
     bool onLeave() override;
@@ -87,8 +84,6 @@ private:
     bool checkSide(QLineEdit& edit, const QString& message);
 
     std::unique_ptr<Ui::CNewSheetDialog> ui_;
-    Orv::iAppConfiguration* appConfig_ = nullptr;
-    Orv::CProjectConfiguration* projectConfig_ = nullptr;
     std::vector<SheetSize> sizes_;
     /// What the two edits stand for. A text that the user left alone stands for the length it was shown from.
     long width_ = 0;

@@ -1,6 +1,7 @@
 #include "details/pages/editor/panandzoomdialog.h"
 
 #include "details/appcfg/appcfg.h"
+#include "details/widgets/bindings.h"
 #include "details/widgets/lockmark.h"
 #include "details/widgets/radiobutton.h"
 #include "ui_panandzoomdialog.h"
@@ -35,24 +36,14 @@ constexpr std::array kStrokeButtons{
     ButtonRow{"STROKES", &Form::strokesOff},
 };
 
-const char* flagText(bool on) {
-    return on ? "1" : "0";
-}
-
 } // namespace
 
 CPanAndZoomDialog::CPanAndZoomDialog(QWidget* parent)
-    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CPanAndZoomDialog>()) {
-    name = "Pan and Zoom";
-    helpTopic = "OV_SETUP_SETTINGS_SCH_ED_PAN_ZOOM";
-    helpBook = "orvane_ref";
+    : CPage(parent, kTemplate, "Pan and Zoom", "OV_SETUP_SETTINGS_SCH_ED_PAN_ZOOM"),
+      ui_(std::make_unique<Ui::CPanAndZoomDialog>()) {
 }
 
 CPanAndZoomDialog::~CPanAndZoomDialog() = default;
-
-void CPanAndZoomDialog::setAppConfiguration(Orv::iAppConfiguration* appConfig) {
-    appConfig_ = appConfig;
-}
 
 bool CPanAndZoomDialog::buildTemplate() {
     ui_->setupUi(this);
@@ -69,10 +60,6 @@ bool CPanAndZoomDialog::OnInitDialog() {
     showStrokes();
     unchanged_ = allFlags();
     return true;
-}
-
-bool CPanAndZoomDialog::onOk() {
-    return onApply();
 }
 
 bool CPanAndZoomDialog::onApply() {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ovsettings/propdialogtemplate.h"
+#include "details/pages/page.h"
 
 #include <memory>
 #include <optional>
@@ -15,17 +15,15 @@ class CPanAndZoomDialog;
 
 /// The page "Strokes, Pan and Zoom": in whose manner the schematic editor pans and zooms, and which mouse
 /// button draws strokes.
-class CPanAndZoomDialog : public CPropDialogTemplateEx {
+class CPanAndZoomDialog : public CPage {
     Q_OBJECT
 
 public:
     explicit CPanAndZoomDialog(QWidget* parent);
     ~CPanAndZoomDialog() override;
 
-    void setAppConfiguration(Orv::iAppConfiguration* appConfig) override;
     bool buildTemplate() override;
     bool OnInitDialog() override;
-    bool onOk() override;
     bool onApply() override;
     bool isModified() const override;
 
@@ -52,7 +50,6 @@ private:
     void store(const Flags& flags);
 
     std::unique_ptr<Ui::CPanAndZoomDialog> ui_;
-    Orv::iAppConfiguration* appConfig_ = nullptr;
     std::optional<Flags> unchanged_; ///< allFlags() after the last fill or store; nothing before the fill
 };
 

@@ -4,8 +4,8 @@
 #include "details/pages/project/attributedialog.h"
 #include "details/pages/project/customborderdialog.h"
 #include "details/widgets/messagebox.h"
+#include "details/widgets/progress.h"
 #include "details/widgets/stringconversion.h"
-#include "details/widgets/waitcursor.h"
 #include "orv/projectconfiguration.h"
 #include "orv/symbolreader.h"
 #include "ui_bordersdialog.h"
@@ -30,21 +30,11 @@ CBorderSymbolsFeeder::CBorderSymbolsFeeder(Orv::CProjectConfiguration& projectCo
 }
 
 CBordersDialog::CBordersDialog(QWidget* parent)
-    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CBordersDialog>()) {
-    name = "Borders";
-    helpTopic = "OV_SETUP_SETTINGS_PROJECT";
-    helpBook = "orvane_ref";
+    : CPage(parent, kTemplate, "Borders", "OV_SETUP_SETTINGS_PROJECT"),
+      ui_(std::make_unique<Ui::CBordersDialog>()) {
 }
 
 CBordersDialog::~CBordersDialog() = default;
-
-void CBordersDialog::setAppConfiguration(Orv::iAppConfiguration* appConfig) {
-    appConfig_ = appConfig;
-}
-
-void CBordersDialog::setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) {
-    projectConfig_ = projectConfig;
-}
 
 bool CBordersDialog::buildTemplate() {
     ui_->setupUi(this);
@@ -63,19 +53,22 @@ bool CBordersDialog::OnInitDialog() {
     return true;
 }
 
-bool CBordersDialog::onOk() {
-    return onApply();
-}
-
 bool CBordersDialog::onApply() {
-    // A page without changes stores nothing: by now the object may stand for another file.
-    if (!dirty_ || !borderSymbols())
+    if (!borderSymbols())
         return true;
-    rows_.store(borderSymbols()->GetTable());
-    if (projectConfig_->projectFile)
-        borderSymbols()->Save(projectConfig_->projectFile->GetBorderSymbolsPath(1));
+    const std::string path =
+        projectConfig_->projectFile ? projectConfig_->projectFile->GetBorderSymbolsPath(1) : std::string();
+    // A page without changes stores nothing: by now the object may stand for another file. But a save may
+    // have failed, and is tried again; one that succeeded has left nothing to write.
+    if (!dirty_ && path != storedIn_)
+        return true;
+    if (dirty_)
+        rows_.store(borderSymbols()->GetTable());
+    if (!path.empty())
+        borderSymbols()->Save(path);
     propertiesBefore_.reset();
     dirty_ = false;
+    storedIn_ = path;
     return true;
 }
 
@@ -187,28 +180,39 @@ void CBordersDialog::enableDelete() {
 void CBordersDialog::editProperties() {
     if (!borderSymbols())
         return;
+    const auto known = knownValues();
+    if (!known)
+        return;
     Orv::IBorderSymbols& symbols = *borderSymbols();
     CAttributeDialog dialog(this);
     dialog.setText(tr("Use this dialog to provide values for existing border properties.  Add  other "
                       "available properties from drop-down list in the last row.  The values assigned here "
                       "will later be applied to properties on the default border symbol being used."));
-    dialog.setKnownValues(knownValues());
+    dialog.setKnownValues(*known);
     dialog.setAttributes(symbols.GetProperties());
     dialog.setNames(symbols.GetPropertyNames());
     if (dialog.DoModal() == QDialog::Accepted)
         mergeProperties(dialog.attributes());
 }
 
-KnownValues CBordersDialog::knownValues() const {
+std::vector<std::string> CBordersDialog::symbolsOfRows() const {
+    std::set<std::string> taken{""};
+    std::vector<std::string> symbols;
+    for (std::size_t index = 0; index < rows_.count(); ++index) {
+        for (const std::string& symbol : {rows_.at(index).first, rows_.at(index).next}) {
+            if (taken.insert(symbol).second)
+                symbols.push_back(symbol);
+        }
+    }
+    return symbols;
+}
+
+std::optional<KnownValues> CBordersDialog::knownValues() {
     KnownValues known;
     if (!projectConfig_->symbolReader)
         return known;
-    const WaitCursor wait; // each symbol is a file
-    std::set<std::string> asked;
     std::set<Attribute> found;
     const auto ask = [&](const std::string& symbol) {
-        if (symbol.empty() || !asked.insert(symbol).second)
-            return;
         const auto separator = symbol.find(Orv::kSymbolSeparator);
         const bool hasLibrary = separator != std::string::npos;
         const std::string library = hasLibrary ? symbol.substr(0, separator) : std::string();
@@ -225,10 +229,11 @@ KnownValues CBordersDialog::knownValues() const {
                 values.push_back(value);
         }
     };
-    for (std::size_t index = 0; index < rows_.count(); ++index) {
-        ask(rows_.at(index).first);
-        ask(rows_.at(index).next);
-    }
+    const std::vector<std::string> symbols = symbolsOfRows();
+    // Each symbol is a file.
+    if (!withProgress(*this, tr("Reading the properties of the border symbols"), symbols.size(),
+                      [&](std::size_t step) { ask(symbols[step]); }))
+        return std::nullopt;
     return known;
 }
 

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "details/pages/page.h"
 #include "details/pages/project/attributesgrid.h"
 #include "details/pages/project/borderrows.h"
 #include "details/pages/project/symbolsfeeder.h"
-#include "ovsettings/propdialogtemplate.h"
 
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace ovsettings {
@@ -24,18 +25,15 @@ public:
 
 /// The page "Borders": the border symbols of each sheet size, and the values of their properties, in the
 /// project's border symbols file.
-class CBordersDialog : public CPropDialogTemplateEx {
+class CBordersDialog : public CPage {
     Q_OBJECT
 
 public:
     explicit CBordersDialog(QWidget* parent);
     ~CBordersDialog() override;
 
-    void setAppConfiguration(Orv::iAppConfiguration* appConfig) override;
-    void setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) override;
     bool buildTemplate() override;
     bool OnInitDialog() override;
-    bool onOk() override;
     bool onApply() override;
     bool onCancel() override;
     bool onEnter() override;
@@ -54,15 +52,17 @@ private:
     bool isCustomRow() const;
     void enableDelete();
     void editProperties();
-    KnownValues knownValues() const;
+    /// Each once, in the order of the rows.
+    std::vector<std::string> symbolsOfRows() const;
+    /// What the symbols say of their properties; nothing if the user has stopped the reading.
+    std::optional<KnownValues> knownValues();
     void mergeProperties(const Attributes& edited);
     void giveBackProperties();
 
     std::unique_ptr<Ui::CBordersDialog> ui_;
-    Orv::iAppConfiguration* appConfig_ = nullptr;
-    Orv::CProjectConfiguration* projectConfig_ = nullptr;
     CBorderRows rows_;
     bool dirty_ = false;
+    std::optional<std::string> storedIn_; ///< the file of the last store
     /// What the file object held before the properties were edited, until a store.
     std::optional<std::vector<Orv::IBorderSymbols::Property>> propertiesBefore_;
 };

@@ -6,6 +6,7 @@
 #include "details/platform/environment.h"
 #include "details/platform/paths.h"
 #include "details/platform/profilefile.h"
+#include "details/platform/profileview.h"
 #include "details/platform/remotefile.h"
 #include "details/widgets/messagebox.h"
 #include "details/widgets/stringconversion.h"
@@ -19,6 +20,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <filesystem>
 #include <system_error>
 
@@ -28,6 +30,8 @@ namespace {
 
 constexpr std::size_t kLongestAlias = 64;
 constexpr int kIconSize = 40;
+/// How long the browser of folders waits to learn where it begins.
+constexpr std::chrono::milliseconds kPatience(1000);
 
 /// What the installation says where its libraries are.
 constexpr char kMachineFile[] = "/standard/machine.ini";
@@ -103,11 +107,6 @@ std::string withoutTrailingBlanks(std::string text) {
     return text;
 }
 
-std::string trimmed(std::string text) {
-    text = withoutTrailingBlanks(std::move(text));
-    return text.erase(0, std::min(text.find_first_not_of(' '), text.size()));
-}
-
 std::string softNameOf(const std::string& path) {
     std::array<char, kLocationBufferSize> buffer{};
     return GetSoftName(path.c_str(), buffer.data()) == 0 ? buffer.data() : path;
@@ -148,7 +147,7 @@ CBrowseLibDlg::CBrowseLibDlg(QWidget* parent)
     connect(ui_->browse, &QPushButton::clicked, this, &CBrowseLibDlg::browse);
     connect(ui_->path, &QLineEdit::textChanged, this, [this] { lookUp(LookUp::stateAndAlias); });
     connect(ui_->type, &QComboBox::currentIndexChanged, this, [this] { lookUp(LookUp::state); });
-    connect(ui_->alias, &QLineEdit::textEdited, this, [this] { autoAlias_ = false; });
+    connect(ui_->alias, &QLineEdit::textChanged, this, [this] { autoAlias_ = false; });
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget* from, QWidget* to) {
         if (from == ui_->path && to == ui_->alias)
             autoAlias_ = false;
@@ -167,8 +166,8 @@ int CBrowseLibDlg::DoModal() {
 
 void CBrowseLibDlg::OnInitDialog() {
     InitLocationMap(projectDirectory_.c_str(), 0);
-    autoAlias_ = alias_.empty() && path_.empty();
     fields_->alias.load(alias_);
+    autoAlias_ = alias_.empty() && path_.empty();
     dirHandler_.emplace(projectDirectory_);
     const int index = ui_->type->findData(type_);
     ui_->type->setCurrentIndex(std::max(index, 0));
@@ -248,6 +247,7 @@ void CBrowseLibDlg::showState(const Recognition& recognition) {
 void CBrowseLibDlg::proposeAlias(const LibraryFindings& findings) {
     if (!autoAlias_)
         return;
+    const QSignalBlocker ours(ui_->alias);
     if (!findings.alias.empty()) {
         fields_->alias.load(findings.alias);
         autoAlias_ = false;
@@ -258,16 +258,18 @@ void CBrowseLibDlg::proposeAlias(const LibraryFindings& findings) {
 
 void CBrowseLibDlg::browse() {
     const std::string typed = fields_->path.text();
+    if (!ui_->ok->isEnabled() && worker_->waitForFindings(kPatience))
+        takeFindings();
     const bool soft = typed.starts_with('$');
     const std::string directory = hardNameOf(typed);
     platform::CurrentDirectory current;
-    // While a path is looked up, its disk may be one that does not answer.
+    // A path that is still looked up may lie on a disk that does not answer.
     if (ui_->ok->isEnabled() && directoryOnDisk(directory)) [[maybe_unused]]
         const bool changed = current.changeTo(directory);
 
     std::error_code lost;
     LibraryFolderBrowser browser(this, std::filesystem::current_path(lost).string());
-    std::string chosen = trimmed(browser.run());
+    std::string chosen(platform::withoutBlanks(browser.run()));
     if (chosen.empty())
         return;
     if (soft)

@@ -3,6 +3,7 @@
 #include "details/pages/project/projectfilefields.h"
 #include "details/pages/project/projectpaths.h"
 #include "details/platform/paths.h"
+#include "details/platform/profileview.h"
 #include "details/widgets/stringconversion.h"
 #include "orv/projectfiledata.h"
 #include "suite/checkcl.h"
@@ -24,14 +25,6 @@ constexpr FileChooserTexts kLibraryChooser = {
     QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields", "Central Library (*.lmc)|*.lmc|All Files (*.*)|*.*||"),
     "*.lmc"};
 
-std::string withoutOuterBlanks(const std::string& text) {
-    constexpr char kBlanks[] = " \t";
-    const auto begin = text.find_first_not_of(kBlanks);
-    if (begin == std::string::npos)
-        return {};
-    return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
-}
-
 } // namespace
 
 struct CCentralLibraryDialog::Fields {
@@ -51,17 +44,11 @@ struct CCentralLibraryDialog::Fields {
 };
 
 CCentralLibraryDialog::CCentralLibraryDialog(QWidget* parent)
-    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CCentralLibraryDialog>()) {
-    name = "Design";
-    helpTopic = "OV_SETUP_SETTINGS_PROJECT";
-    helpBook = "orvane_ref";
+    : CPage(parent, kTemplate, "Design", "OV_SETUP_SETTINGS_PROJECT"),
+      ui_(std::make_unique<Ui::CCentralLibraryDialog>()) {
 }
 
 CCentralLibraryDialog::~CCentralLibraryDialog() = default;
-
-void CCentralLibraryDialog::setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) {
-    projectConfig_ = projectConfig;
-}
 
 bool CCentralLibraryDialog::buildTemplate() {
     ui_->setupUi(this);
@@ -78,14 +65,11 @@ bool CCentralLibraryDialog::OnInitDialog() {
     return true;
 }
 
-bool CCentralLibraryDialog::onOk() {
-    return onApply();
-}
-
 /// What was written before a refused server name stays written. That is meant.
 bool CCentralLibraryDialog::onApply() {
     if (!fields_)
         return true;
+    followProject();
     if (!fields_->files.check(*this, Refused::file) || !checkLibraryVersion())
         return false;
     for (const ProjectFile file :
@@ -106,6 +90,7 @@ bool CCentralLibraryDialog::onApply() {
 
 bool CCentralLibraryDialog::onEnter() {
     if (fields_) {
+        followProject();
         for (ProjectFileField* field : fields_->guarded)
             field->takeSnapshot();
     }
@@ -120,11 +105,18 @@ bool CCentralLibraryDialog::onLeave() {
     return mayLeave(*this, fields_->guarded, [this] { return onApply(); });
 }
 
+/// Other pages store the same fields.
+void CCentralLibraryDialog::followProject() {
+    fields_->library.follow(projectConfig_->projectFile->GetValue(kDesignInfo, kLibraryKey));
+    fields_->files.follow();
+    fields_->server.follow();
+}
+
 /// A library that does not exist passes: only one of an old release is refused.
 bool CCentralLibraryDialog::checkLibraryVersion() {
-    std::string path = withoutOuterBlanks(fields_->library.text());
+    const std::string typed = fields_->library.text();
     InitLocationMap(projectConfig_->projectFile->GetFilePath().c_str(), 0);
-    path = hardNameOf(path);
+    const std::string path = hardNameOf(std::string(platform::withoutBlanks(typed)));
     const auto existing = platform::resolveExisting(path);
     std::error_code unreachable;
     if (path.empty() || !existing || !std::filesystem::is_regular_file(*existing, unreachable) ||

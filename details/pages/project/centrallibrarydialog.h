@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ovsettings/propdialogtemplate.h"
+#include "details/pages/page.h"
 
 #include <memory>
 
@@ -11,17 +11,15 @@ class CCentralLibraryDialog;
 }
 
 /// The page "Central Library": the library of the open project, three of its files and its remote server.
-class CCentralLibraryDialog : public CPropDialogTemplateEx {
+class CCentralLibraryDialog : public CPage {
     Q_OBJECT
 
 public:
     explicit CCentralLibraryDialog(QWidget* parent);
     ~CCentralLibraryDialog() override;
 
-    void setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) override;
     bool buildTemplate() override;
     bool OnInitDialog() override;
-    bool onOk() override;
     bool onApply() override;
     bool onEnter() override;
     bool onLeave() override;
@@ -29,10 +27,10 @@ public:
 private:
     struct Fields;
 
+    void followProject();
     bool checkLibraryVersion();
 
     std::unique_ptr<Ui::CCentralLibraryDialog> ui_;
-    Orv::CProjectConfiguration* projectConfig_ = nullptr;
     std::unique_ptr<Fields> fields_; ///< null while no project is open: there is nothing to check and store
 };
 

@@ -1,8 +1,8 @@
 #include "details/pages/project/fixedfunctionsdialog.h"
 
 #include "details/pages/project/savequestion.h"
+#include "details/shell/notifyupdaters.h"
 #include "details/shell/projectaccess.h"
-#include "details/shell/settingsdialog.h"
 #include "details/widgets/listboxlines.h"
 #include "orv/projectfiledata.h"
 #include "ui_fixedfunctionsdialog.h"
@@ -19,17 +19,11 @@ constexpr unsigned kTemplate = 169;
 } // namespace
 
 CFixedFunctionsDialog::CFixedFunctionsDialog(QWidget* parent)
-    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CFixedFunctionsDialog>()) {
-    name = "Fixed Functions";
-    helpTopic = "OV_SETUP_SETTINGS_PROJECT";
-    helpBook = "orvane_ref";
+    : CPage(parent, kTemplate, "Fixed Functions", "OV_SETUP_SETTINGS_PROJECT"),
+      ui_(std::make_unique<Ui::CFixedFunctionsDialog>()) {
 }
 
 CFixedFunctionsDialog::~CFixedFunctionsDialog() = default;
-
-void CFixedFunctionsDialog::setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) {
-    projectConfig_ = projectConfig;
-}
 
 bool CFixedFunctionsDialog::buildTemplate() {
     ui_->setupUi(this);
@@ -87,10 +81,12 @@ bool CFixedFunctionsDialog::store(StartedBy starter) {
     if (!isModified())
         return true;
     const std::vector<std::string> functions = stringsOf(*ui_->functions);
+    std::vector<std::string> before, stored;
+    projectConfig_->projectFile->GetFixedFunctions(before);
     projectConfig_->projectFile->SetFixedFunctions(functions);
-    std::vector<std::string> stored;
     projectConfig_->projectFile->GetFixedFunctions(stored);
-    if (stored != functions)
+    // What could not be written is tried again; a list that the host brought into a form of its own is not.
+    if (stored == before && stored != functions)
         return true;
     ui_->functions->clearChanged();
     if (starter == StartedBy::page)

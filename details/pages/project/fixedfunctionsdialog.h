@@ -1,7 +1,7 @@
 #pragma once
 
+#include "details/pages/page.h"
 #include "details/widgets/watchedlistboxeditor.h"
-#include "ovsettings/propdialogtemplate.h"
 
 #include <memory>
 
@@ -12,7 +12,7 @@ class CFixedFunctionsDialog;
 }
 
 /// The page "Fixed Functions": a list of names in the project, whose meaning is the host's.
-class CFixedFunctionsDialog : public CPropDialogTemplateEx {
+class CFixedFunctionsDialog : public CPage {
     Q_OBJECT
 
 public:
@@ -24,7 +24,6 @@ public:
     explicit CFixedFunctionsDialog(QWidget* parent);
     ~CFixedFunctionsDialog() override;
 
-    void setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) override;
     bool buildTemplate() override;
     bool OnInitDialog() override;
     bool onOk() override;
@@ -39,7 +38,6 @@ private:
     bool store(StartedBy starter);
 
     std::unique_ptr<Ui::CFixedFunctionsDialog> ui_;
-    Orv::CProjectConfiguration* projectConfig_ = nullptr;
 };
 
 } // namespace ovsettings

@@ -4,11 +4,11 @@
 #include "details/pages/project/projectfilefields.h"
 #include "details/pages/project/savequestion.h"
 #include "details/platform/asciicase.h"
-#include "details/shell/propfile.h"
-#include "details/shell/settingsdialog.h"
+#include "details/shell/notifyupdaters.h"
 #include "details/shell/stringtable.h"
 #include "details/widgets/gdipainter.h"
 #include "details/widgets/messagebox.h"
+#include "details/widgets/propfile.h"
 #include "details/widgets/stringconversion.h"
 #include "suite/symbollibs.h"
 #include "ui_librariesdialog.h"
@@ -39,8 +39,8 @@ QString typeName(int type) {
     return toQString(stringForUser(lookOfLibraryType(type).nameId));
 }
 
-/// The stated backgrounds are the same in every palette: where the palette's text would be lost on one, as on
-/// the light ones in a dark palette, the text is black or white instead.
+/// The backgrounds of types are the same in every palette: where the palette's text would be lost on one, as
+/// on the light ones in a dark palette, the text is black or white instead.
 QColor legibleOn(const QColor& background, const QColor& wanted) {
     const bool light = background.lightness() >= kMiddleLightness;
     if (light != (wanted.lightness() >= kMiddleLightness))
@@ -242,17 +242,11 @@ bool CLibrariesDialog::CListBoxEditorEx::mayMove(int from, int to) {
 }
 
 CLibrariesDialog::CLibrariesDialog(QWidget* parent)
-    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CLibrariesDialog>()) {
-    name = "Symbol Libraries";
-    helpTopic = "OV_SETUP_SETTINGS_PROJECT";
-    helpBook = "orvane_ref";
+    : CPage(parent, kTemplate, "Symbol Libraries", "OV_SETUP_SETTINGS_PROJECT"),
+      ui_(std::make_unique<Ui::CLibrariesDialog>()) {
 }
 
 CLibrariesDialog::~CLibrariesDialog() = default;
-
-void CLibrariesDialog::setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) {
-    projectConfig_ = projectConfig;
-}
 
 bool CLibrariesDialog::buildTemplate() {
     ui_->setupUi(this);

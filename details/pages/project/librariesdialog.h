@@ -1,8 +1,8 @@
 #pragma once
 
+#include "details/pages/page.h"
 #include "details/pages/project/librarylist.h"
 #include "details/widgets/watchedlistboxeditor.h"
-#include "ovsettings/propdialogtemplate.h"
 
 #include <QtCore/QTimer>
 
@@ -19,7 +19,7 @@ class CLibrariesDialog;
 
 /// The page "Symbol Libraries": the project's libraries, in the order in which they are searched. It works on
 /// a copy, which its store gives to the project.
-class CLibrariesDialog : public CPropDialogTemplateEx {
+class CLibrariesDialog : public CPage {
     Q_OBJECT
 
 public:
@@ -61,7 +61,6 @@ public:
     explicit CLibrariesDialog(QWidget* parent);
     ~CLibrariesDialog() override;
 
-    void setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) override;
     bool buildTemplate() override;
     bool OnInitDialog() override;
     bool onOk() override;
@@ -80,7 +79,6 @@ private:
     bool store(StartedBy starter);
 
     std::unique_ptr<Ui::CLibrariesDialog> ui_;
-    Orv::CProjectConfiguration* projectConfig_ = nullptr;
 };
 
 } // namespace ovsettings

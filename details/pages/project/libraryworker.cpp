@@ -11,7 +11,6 @@
 
 #include <atomic>
 #include <cerrno>
-#include <chrono>
 #include <condition_variable>
 #include <csignal>
 #include <cstdint>
@@ -158,6 +157,12 @@ std::optional<LibraryFindings> LibraryWorker::takeFindings() {
     if (exchange_->answered != exchange_->asked)
         return std::nullopt;
     return std::exchange(exchange_->findings, std::nullopt);
+}
+
+bool LibraryWorker::waitForFindings(std::chrono::milliseconds patience) {
+    std::unique_lock lock(exchange_->mutex);
+    return exchange_->changed.wait_for(lock, patience,
+                                       [this] { return exchange_->answered == exchange_->asked; });
 }
 
 /// The worker itself only waits, at the usual priority: so nobody waits long for its end.

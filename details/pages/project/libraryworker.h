@@ -5,6 +5,7 @@
 
 #include <QtCore/QSocketNotifier>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -54,6 +55,8 @@ public:
     void ask(LibraryQuestion question);
     /// The answer to the last question, once; nothing before there is one.
     std::optional<LibraryFindings> takeFindings();
+    /// Waits for that answer. @return false if it has not come by then.
+    bool waitForFindings(std::chrono::milliseconds patience);
 
 private:
     struct Exchange;

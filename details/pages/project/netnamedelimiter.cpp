@@ -28,17 +28,11 @@ constexpr std::array kDelimiters{
 } // namespace
 
 CNetNameDelimiter::CNetNameDelimiter(QWidget* parent)
-    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CNetNameDelimiter>()) {
-    name = "NetNameDelimiter";
-    helpTopic = "OV_SETUP_SETTINGS_PROJECT";
-    helpBook = "orvane_ref";
+    : CPage(parent, kTemplate, "NetNameDelimiter", "OV_SETUP_SETTINGS_PROJECT"),
+      ui_(std::make_unique<Ui::CNetNameDelimiter>()) {
 }
 
 CNetNameDelimiter::~CNetNameDelimiter() = default;
-
-void CNetNameDelimiter::setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) {
-    projectConfig_ = projectConfig;
-}
 
 bool CNetNameDelimiter::buildTemplate() {
     ui_->setupUi(this);
@@ -57,10 +51,6 @@ bool CNetNameDelimiter::OnInitDialog() {
     for (const Delimiter& delimiter : kDelimiters)
         connect(ui_.get()->*delimiter.button, &QRadioButton::toggled, this, &CNetNameDelimiter::readButtons);
     return true;
-}
-
-bool CNetNameDelimiter::onOk() {
-    return onApply();
 }
 
 /// Compared with what was loaded, also after an Apply has stored something else; this is meant.

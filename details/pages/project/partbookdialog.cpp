@@ -1,8 +1,8 @@
 #include "details/pages/project/partbookdialog.h"
 
 #include "details/shell/projectaccess.h"
-#include "details/shell/propfile.h"
 #include "details/shell/stringtable.h"
+#include "details/widgets/propfile.h"
 #include "details/widgets/stringconversion.h"
 #include "orv/projectfiledata.h"
 #include "ui_partbookdialog.h"
@@ -30,17 +30,11 @@ QString fileFilter() {
 } // namespace
 
 CPartBookDialog::CPartBookDialog(QWidget* parent)
-    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CPartBookDialog>()) {
-    name = "PartBook";
-    helpTopic = "OV_SETUP_SETTINGS_PROJECT";
-    helpBook = "orvane_ref";
+    : CPage(parent, kTemplate, "PartBook", "OV_SETUP_SETTINGS_PROJECT"),
+      ui_(std::make_unique<Ui::CPartBookDialog>()) {
 }
 
 CPartBookDialog::~CPartBookDialog() = default;
-
-void CPartBookDialog::setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) {
-    projectConfig_ = projectConfig;
-}
 
 bool CPartBookDialog::buildTemplate() {
     ui_->setupUi(this);
@@ -53,10 +47,6 @@ bool CPartBookDialog::OnInitDialog() {
         ui_->file->setText(toQString(projectConfig_->projectFile->GetValue(kSection, kKey)));
     shown_ = ui_->file->text();
     return true;
-}
-
-bool CPartBookDialog::onOk() {
-    return onApply();
 }
 
 /// True also when there is nothing to store: the dialog takes anything else for a refusal, and would stay

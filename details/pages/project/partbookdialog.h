@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ovsettings/propdialogtemplate.h"
+#include "details/pages/page.h"
 
 #include <QtCore/QString>
 
@@ -13,17 +13,15 @@ class CPartBookDialog;
 }
 
 /// The page "OvPartBook": the user configuration file of the add-in of that name.
-class CPartBookDialog : public CPropDialogTemplateEx {
+class CPartBookDialog : public CPage {
     Q_OBJECT
 
 public:
     explicit CPartBookDialog(QWidget* parent);
     ~CPartBookDialog() override;
 
-    void setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) override;
     bool buildTemplate() override;
     bool OnInitDialog() override;
-    bool onOk() override;
     bool onApply() override;
     bool isModified() const override;
 
@@ -31,7 +29,6 @@ private:
     void browse();
 
     std::unique_ptr<Ui::CPartBookDialog> ui_;
-    Orv::CProjectConfiguration* projectConfig_ = nullptr;
     QString shown_; ///< the text as it was last loaded or stored
 };
 

@@ -1,7 +1,7 @@
 #include "details/pages/project/pcbdialog.h"
 
 #include "details/platform/paths.h"
-#include "details/shell/propfile.h"
+#include "details/widgets/propfile.h"
 #include "ui_pcbdialog.h"
 
 #include <algorithm>

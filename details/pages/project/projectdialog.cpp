@@ -112,17 +112,11 @@ struct CProjectDialog::Fields {
 };
 
 CProjectDialog::CProjectDialog(QWidget* parent)
-    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CProjectDialog>()) {
-    name = "Netlist Project";
-    helpTopic = "OV_SETUP_SETTINGS_PROJECT";
-    helpBook = "orvane_ref";
+    : CPage(parent, kTemplate, "Netlist Project", "OV_SETUP_SETTINGS_PROJECT"),
+      ui_(std::make_unique<Ui::CProjectDialog>()) {
 }
 
 CProjectDialog::~CProjectDialog() = default;
-
-void CProjectDialog::setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) {
-    projectConfig_ = projectConfig;
-}
 
 bool CProjectDialog::buildTemplate() {
     ui_->setupUi(this);
@@ -135,15 +129,26 @@ bool CProjectDialog::OnInitDialog() {
     tools_.read();
     for (const std::string& displayName : tools_.offered())
         ui_->layoutTool->addItem(toQString(displayName));
-    connect(ui_->layoutTool, &QComboBox::activated, this, &CProjectDialog::chooseLayoutTool);
 
     fields_ = std::make_unique<Fields>(*projectConfig_, *ui_);
     fields_->files.load();
     fields_->server.load();
-    const std::string properties = projectConfig_->projectFile->GetValue(kDesignInfo, kPropertiesKey);
-    fields_->properties.load(properties.empty() ? kDefaultProperties : properties);
+    fields_->properties.load(propertiesOfProject());
     loadLayoutTool();
+    connect(ui_->layoutTool, &QComboBox::currentIndexChanged, this, &CProjectDialog::chooseLayoutTool);
     return true;
+}
+
+std::string CProjectDialog::propertiesOfProject() const {
+    const std::string properties = projectConfig_->projectFile->GetValue(kDesignInfo, kPropertiesKey);
+    return properties.empty() ? kDefaultProperties : properties;
+}
+
+/// Other pages store the same fields, and this one writes what was not changed as well.
+void CProjectDialog::followProject() {
+    fields_->files.follow();
+    fields_->server.follow();
+    fields_->properties.follow(propertiesOfProject());
 }
 
 void CProjectDialog::loadLayoutTool() {
@@ -153,28 +158,23 @@ void CProjectDialog::loadLayoutTool() {
     fields_->configuration.load(tool);
     const auto& offered = tools_.offered();
     const auto found = std::ranges::find(offered, tool.displayName);
-    toolIndex_ = found == offered.end() ? -1 : static_cast<int>(found - offered.begin());
-    ui_->layoutTool->setCurrentIndex(toolIndex_);
+    ui_->layoutTool->setCurrentIndex(found == offered.end() ? -1 : static_cast<int>(found - offered.begin()));
 }
 
 void CProjectDialog::chooseLayoutTool(int index) {
-    if (index == toolIndex_)
+    if (index < 0)
         return;
-    toolIndex_ = index;
     const auto* record = tools_.findByDisplayName(tools_.offered()[static_cast<std::size_t>(index)]);
     const LayoutTool tool = record ? record->second : LayoutTool{};
     fields_->constraints.showDefault(tool);
     fields_->configuration.showDefault(tool);
 }
 
-bool CProjectDialog::onOk() {
-    return onApply();
-}
-
 /// Writes what was not changed as well. That is meant.
 bool CProjectDialog::onApply() {
     if (!fields_)
         return true;
+    followProject();
     if (!fields_->files.check(*this, Refused::file) || !checkPropertyDefinitions() ||
         !fields_->server.store(*this))
         return false;
@@ -190,6 +190,7 @@ bool CProjectDialog::onApply() {
 
 bool CProjectDialog::onEnter() {
     if (fields_) {
+        followProject();
         for (ProjectFileField* field : fields_->guarded)
             field->takeSnapshot();
     }
@@ -218,9 +219,10 @@ bool CProjectDialog::checkPropertyDefinitions() {
 /// The key of the first tool with the selected name. A tool that the list does not show stays the project's
 /// as long as no other is selected.
 std::string CProjectDialog::chosenLayoutTool() const {
-    if (toolIndex_ < 0)
+    const int index = ui_->layoutTool->currentIndex();
+    if (index < 0)
         return toolKey_;
-    const std::string& displayName = tools_.offered()[static_cast<std::size_t>(toolIndex_)];
+    const std::string& displayName = tools_.offered()[static_cast<std::size_t>(index)];
     const auto* record = tools_.findByDisplayName(displayName);
     return record ? record->first : displayName;
 }

@@ -104,6 +104,11 @@ void ProjectText::load(const std::string& value) {
     shown_ = edit_.text();
 }
 
+void ProjectText::follow(const std::string& value) {
+    if (value != loaded_ && !differsFromLoaded())
+        load(value);
+}
+
 std::string ProjectText::text() const {
     if (edit_.text() == shown_)
         return loaded_;
@@ -172,6 +177,11 @@ void ProjectFileFields::load() {
         (*this)[file].load(project_.projectFile->GetValue(kDesignInfo, kindOf(file).key));
 }
 
+void ProjectFileFields::follow() {
+    for (const ProjectFile file : kProjectFiles)
+        (*this)[file].follow(project_.projectFile->GetValue(kDesignInfo, kindOf(file).key));
+}
+
 bool ProjectFileFields::check(QWidget& page, Refused refused) {
     // The map is the process's, and may be another project's by now.
     InitLocationMap(project_.projectFile->GetFilePath().c_str(), 0);
@@ -206,20 +216,29 @@ ServerFields::ServerFields(Orv::CProjectConfiguration& project, QCheckBox& use, 
 }
 
 void ServerFields::load() {
-    const std::string name = project_.projectFile->GetServerName();
-    use_.setChecked(!name.empty());
-    name_.load(name);
+    loaded_ = project_.projectFile->GetServerName();
+    use_.setChecked(!loaded_.empty());
+    name_.load(loaded_);
+}
+
+void ServerFields::follow() {
+    if (project_.projectFile->GetServerName() != loaded_ && chosen() == loaded_)
+        load();
+}
+
+std::string ServerFields::chosen() const {
+    return use_.isChecked() ? name_.text() : std::string();
 }
 
 bool ServerFields::store(QWidget& page) {
-    const std::string name = name_.text();
-    if (use_.isChecked() && name.empty()) {
+    if (use_.isChecked() && name_.text().empty()) {
         refuse(page, name_.edit(),
                translated(QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields", "Server name is empty.")));
         return false;
     }
-    project_.projectFile->SetServerName(use_.isChecked() ? name : std::string());
-    name_.keepAsLoaded(project_.projectFile->GetServerName());
+    project_.projectFile->SetServerName(chosen());
+    loaded_ = project_.projectFile->GetServerName();
+    name_.keepAsLoaded(loaded_);
     return true;
 }
 

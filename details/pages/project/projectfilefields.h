@@ -1,7 +1,7 @@
 #pragma once
 
 #include "details/shell/projectaccess.h"
-#include "details/shell/propfile.h"
+#include "details/widgets/propfile.h"
 #include "orv/projectconfiguration.h"
 
 #include <QtCore/QString>
@@ -49,6 +49,9 @@ public:
     QLineEdit& edit() const { return edit_; }
     /// Shows a value of the project.
     void load(const std::string& value);
+    /// Shows what the project has by now, unless the user has edited the text: another page may have stored
+    /// it.
+    void follow(const std::string& value);
     /// The control's text, without what was pasted behind a line break.
     std::string text() const;
     bool differsFromLoaded() const;
@@ -103,6 +106,7 @@ public:
 
     ProjectFileField& operator[](ProjectFile file);
     void load();
+    void follow();
     /// Checks the fields that are not empty, in order, and tells the first that is refused.
     bool check(QWidget& page, Refused refused);
     /// Writes the field's text, which from then on is the one loaded, and has the host read the file that it
@@ -121,13 +125,18 @@ public:
     ServerFields(Orv::CProjectConfiguration& project, QCheckBox& use, QLineEdit& name);
 
     void load();
+    void follow();
     /// Writes the name, or none; a server without a name is told and refused.
     bool store(QWidget& page);
 
 private:
+    /// What a store writes.
+    std::string chosen() const;
+
     Orv::CProjectConfiguration& project_;
     QCheckBox& use_;
     ProjectText name_;
+    std::string loaded_;
 };
 
 } // namespace ovsettings

@@ -64,19 +64,13 @@ constexpr std::array<Category, Orv::ISpecialComponents::kCategories> kCategories
 } // namespace
 
 CSpecialComponentsDialog::CSpecialComponentsDialog(QWidget* parent)
-    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CSpecialComponentsDialog>()) {
+    : CPage(parent, kTemplate, "Special Components", "OV_SETUP_SETTINGS_PROJECT"),
+      ui_(std::make_unique<Ui::CSpecialComponentsDialog>()) {
     static_assert(std::ranges::count(kCategories, nullptr, &Category::text) ==
                   Orv::ISpecialComponents::kCategories - kOffered);
-    name = "Special Components";
-    helpTopic = "OV_SETUP_SETTINGS_PROJECT";
-    helpBook = "orvane_ref";
 }
 
 CSpecialComponentsDialog::~CSpecialComponentsDialog() = default;
-
-void CSpecialComponentsDialog::setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) {
-    projectConfig_ = projectConfig;
-}
 
 bool CSpecialComponentsDialog::buildTemplate() {
     ui_->setupUi(this);
@@ -93,10 +87,6 @@ bool CSpecialComponentsDialog::buildTemplate() {
 bool CSpecialComponentsDialog::OnInitDialog() {
     load();
     return true;
-}
-
-bool CSpecialComponentsDialog::onOk() {
-    return onApply();
 }
 
 bool CSpecialComponentsDialog::onApply() {

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "details/pages/page.h"
 #include "details/widgets/watchedlistboxeditor.h"
-#include "ovsettings/propdialogtemplate.h"
 
 #include <QtWidgets/QComboBox>
 
@@ -23,7 +23,7 @@ class CSpecialComponentsDialog;
 
 /// The page "Special Components": the symbols that stand for ports, connectors between sheets, power and
 /// ground, category by category.
-class CSpecialComponentsDialog : public CPropDialogTemplateEx {
+class CSpecialComponentsDialog : public CPage {
     Q_OBJECT
 
 public:
@@ -57,10 +57,8 @@ public:
     explicit CSpecialComponentsDialog(QWidget* parent);
     ~CSpecialComponentsDialog() override;
 
-    void setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) override;
     bool buildTemplate() override;
     bool OnInitDialog() override;
-    bool onOk() override;
     bool onApply() override;
     bool onEnter() override;
     bool onLeave() override;
@@ -89,7 +87,6 @@ private:
     bool resetIfOutdated();
 
     std::unique_ptr<Ui::CSpecialComponentsDialog> ui_;
-    Orv::CProjectConfiguration* projectConfig_ = nullptr;
     std::string path_; ///< of the file that the lists were loaded from
     Lists working_;
     Lists loaded_;

@@ -36,10 +36,8 @@ bool fileExists(const std::string& path) {
 } // namespace
 
 CRunOnStartupDialog::CRunOnStartupDialog(QWidget* parent)
-    : CPropDialogTemplateEx(kTemplate, parent), ui_(std::make_unique<Ui::CRunOnStartupDialog>()) {
-    name = "Run on Startup";
-    helpTopic = "OV_SETUP_SETTINGS_RUN_ON_STARTUP";
-    helpBook = "orvane_ref";
+    : CPage(parent, kTemplate, "Run on Startup", "OV_SETUP_SETTINGS_RUN_ON_STARTUP"),
+      ui_(std::make_unique<Ui::CRunOnStartupDialog>()) {
 }
 
 CRunOnStartupDialog::~CRunOnStartupDialog() = default;
@@ -57,10 +55,6 @@ bool CRunOnStartupDialog::OnInitDialog() {
     scripts_.read(fileName_, kScriptPrefix);
     refreshControls();
     return true;
-}
-
-bool CRunOnStartupDialog::onOk() {
-    return onApply();
 }
 
 bool CRunOnStartupDialog::onApply() {

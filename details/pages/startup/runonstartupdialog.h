@@ -1,8 +1,8 @@
 #pragma once
 
+#include "details/pages/page.h"
 #include "details/pages/startup/scriptsini.h"
 #include "details/widgets/listboxfileeditor.h"
-#include "ovsettings/propdialogtemplate.h"
 
 #include <QtCore/QString>
 
@@ -19,7 +19,7 @@ class CRunOnStartupDialog;
 
 /// The page "Run on Startup": the forms and scripts that the editor runs when it starts, kept in a file in
 /// the user's working directory.
-class CRunOnStartupDialog : public CPropDialogTemplateEx {
+class CRunOnStartupDialog : public CPage {
     Q_OBJECT
 
 public:
@@ -28,7 +28,7 @@ public:
     public:
         using CListBoxFileEditor::CListBoxFileEditor;
 
-        bool isChanged() const { return changed_; }
+        bool isChanged() const { return changed_ || isChanging(); }
         void clearChanged() { changed_ = false; }
 
     protected:
@@ -48,7 +48,6 @@ public:
 
     bool buildTemplate() override;
     bool OnInitDialog() override;
-    bool onOk() override;
     bool onApply() override;
     bool isModified() const override;
     /// Shows the lists as they were last read or stored. Returns 1.

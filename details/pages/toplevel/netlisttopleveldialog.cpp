@@ -13,17 +13,13 @@ constexpr unsigned kTemplate = 168;
 } // namespace
 
 CNetlistTopLevelDialog::CNetlistTopLevelDialog(QWidget* parent, const std::string& designName)
-    : CPropDialogTemplateEx(kTemplate, parent),
+    : CPage(parent, kTemplate, ""),
       ui_(std::make_unique<Ui::CNetlistTopLevelDialog>()),
       blockName_(designName) {
     name = blockName_.c_str();
 }
 
 CNetlistTopLevelDialog::~CNetlistTopLevelDialog() = default;
-
-void CNetlistTopLevelDialog::setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) {
-    projectConfig_ = projectConfig;
-}
 
 bool CNetlistTopLevelDialog::buildTemplate() {
     ui_->setupUi(this);
@@ -34,10 +30,6 @@ bool CNetlistTopLevelDialog::OnInitDialog() {
     if (showsProject(ui_->topLevelBlock, projectConfig_))
         fillBlocks(*ui_->topLevelBlock, *projectConfig_, blockName_);
     return true;
-}
-
-bool CNetlistTopLevelDialog::onOk() {
-    return onApply();
 }
 
 bool CNetlistTopLevelDialog::onApply() {

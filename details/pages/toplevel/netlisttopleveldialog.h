@@ -1,7 +1,7 @@
 #pragma once
 
+#include "details/pages/page.h"
 #include "details/pages/toplevel/navigator.h"
-#include "ovsettings/propdialogtemplate.h"
 
 #include <memory>
 #include <string>
@@ -13,17 +13,15 @@ class CNetlistTopLevelDialog;
 }
 
 /// The page of a design in a project of the netlist tool: its top-level block.
-class CNetlistTopLevelDialog : public CPropDialogTemplateEx {
+class CNetlistTopLevelDialog : public CPage {
     Q_OBJECT
 
 public:
     CNetlistTopLevelDialog(QWidget* parent, const std::string& designName);
     ~CNetlistTopLevelDialog() override;
 
-    void setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) override;
     bool buildTemplate() override;
     bool OnInitDialog() override;
-    bool onOk() override;
     bool onApply() override;
     bool onCancel() override;
 
@@ -31,7 +29,6 @@ private:
     std::unique_ptr<Ui::CNetlistTopLevelDialog> ui_;
     std::string blockName_;
     CNavigator navigator_;
-    Orv::CProjectConfiguration* projectConfig_ = nullptr;
 };
 
 } // namespace ovsettings

@@ -28,9 +28,9 @@ QWidget* CTopLevelList::createLineEditor(QWidget* parent, int row) {
         if (toUtf8(text) != name && !origins_.contains(text))
             origins_.insert(text, QByteArray::fromStdString(name));
     }
-    // The line that is edited may stay what it is.
-    if (!line(row).isEmpty())
-        offered.prepend(line(row));
+    // Where there is nothing else to become, the line stays what it is.
+    if (offered.isEmpty() && !line(row).isEmpty())
+        offered.append(line(row));
     auto* control = new CComboBoxEx(parent);
     control->setAccessibleName(list().accessibleName());
     control->setModel(new QStringListModel(offered, control));

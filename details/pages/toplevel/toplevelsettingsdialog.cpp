@@ -34,24 +34,18 @@ std::vector<std::string> entriesOf(const CListBoxEditor& list) {
 } // namespace
 
 CTopLevelSettingsDialog::CTopLevelSettingsDialog(QWidget* parent, const std::string& designName)
-    : CPropDialogTemplateEx(kTemplate, parent),
+    : CPage(parent, kTemplate, "", "OV_SETUP_SETTINGS_PROJECT"),
       ui_(std::make_unique<Ui::CTopLevelSettingsDialog>()),
       blockName_(designName) {
     name = blockName_.c_str();
-    helpTopic = "OV_SETUP_SETTINGS_PROJECT";
-    helpBook = "orvane_ref";
 }
 
 CTopLevelSettingsDialog::~CTopLevelSettingsDialog() = default;
 
-void CTopLevelSettingsDialog::setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) {
-    projectConfig_ = projectConfig;
-}
-
 bool CTopLevelSettingsDialog::buildTemplate() {
     ui_->setupUi(this);
-    ui_->symbolPartitions->setTitle(tr("&Symbol Partitions"));
-    ui_->pdbSearchPath->setTitle(tr("&PDB Search Path"));
+    ui_->symbolPartitions->setTitle(tr("Symbol Partitions"));
+    ui_->pdbSearchPath->setTitle(tr("PDB Search Path"));
     const auto source = [this](PartitionKind kind) {
         return [this, kind] {
             return CLibraryPartitions(libraryPath()).all(kind);
@@ -215,10 +209,6 @@ bool CTopLevelSettingsDialog::isEditable(const std::string& shown) const {
 void CTopLevelSettingsDialog::setListState(bool editable) {
     ui_->symbolPartitions->setEditable(editable);
     ui_->pdbSearchPath->setEditable(editable);
-}
-
-bool CTopLevelSettingsDialog::onOk() {
-    return onApply();
 }
 
 bool CTopLevelSettingsDialog::onApply() {

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "details/pages/page.h"
 #include "details/pages/toplevel/navigator.h"
-#include "ovsettings/propdialogtemplate.h"
 
 #include <QtCore/QStringList>
 
@@ -18,17 +18,15 @@ class CTopLevelSettingsDialog;
 
 /// The page of one design: its top-level block, annotation, conflicts, and what it sees of the central
 /// library.
-class CTopLevelSettingsDialog : public CPropDialogTemplateEx {
+class CTopLevelSettingsDialog : public CPage {
     Q_OBJECT
 
 public:
     CTopLevelSettingsDialog(QWidget* parent, const std::string& designName);
     ~CTopLevelSettingsDialog() override;
 
-    void setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) override;
     bool buildTemplate() override;
     bool OnInitDialog() override;
-    bool onOk() override;
     bool onApply() override;
     bool onCancel() override;
 
@@ -59,7 +57,6 @@ private:
     std::unique_ptr<Ui::CTopLevelSettingsDialog> ui_;
     std::string blockName_;
     CNavigator navigator_;
-    Orv::CProjectConfiguration* projectConfig_ = nullptr;
 
     std::map<std::string, int> schemeTypes_;         ///< by stored name; 0: the lists cannot be edited
     std::map<std::string, std::string> schemeNames_; ///< from the name as shown to the stored one

@@ -1,4 +1,4 @@
-#include "details/shell/propfile.h"
+#include "details/widgets/propfile.h"
 
 #include "details/platform/paths.h"
 #include "details/platform/readfile.h"

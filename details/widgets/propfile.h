@@ -13,8 +13,7 @@ namespace ovsettings {
 struct FileChoice {
     std::string title;
     std::string initialDirectory;
-    std::string
-        filter; ///< pairs of description and patterns, each ended by "|", as in "Text (*.txt)|*.txt||"
+    std::string filter;        ///< as CPropFile::setFilter takes it
     std::string defaultName;   ///< as CPropFile::setDefaultName takes it
     std::string defaultSuffix; ///< as CPropFile::setDefaultSuffix takes it
 };

@@ -1,4 +1,4 @@
-#include "details/shell/propfile.h"
+#include "details/widgets/propfile.h"
 
 #include "details/widgets/stringconversion.h"
 #include "tests/support/testsupport.h"
