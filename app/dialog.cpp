@@ -69,7 +69,9 @@ std::vector<std::string> pageNames(const std::string& catalogue) {
     while (!reader.atEnd()) {
         const bool isName = reader.readNextStartElement() && (reader.name() == QLatin1String("name") ||
                                                               reader.name() == QLatin1String("classid"));
-        const std::string name = isName ? reader.readElementText().trimmed().toStdString() : std::string();
+        const std::string name =
+            isName ? reader.readElementText(QXmlStreamReader::SkipChildElements).trimmed().toStdString()
+                   : std::string();
         if (!name.empty() &&
             std::ranges::none_of(names, [&](const auto& known) { return equalsWithoutCase(known, name); }))
             names.push_back(name);

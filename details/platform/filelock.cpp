@@ -122,8 +122,9 @@ std::chrono::milliseconds LockPatience::timeout() const {
 }
 
 void LockPatience::note(const std::optional<FileError>& failure) {
-    gaveUp_.reset();
-    if (failure && failure->code == ETIMEDOUT)
+    if (!failure || failure->code != ETIMEDOUT)
+        gaveUp_.reset();
+    else if (timeout() > std::chrono::milliseconds(0)) // an attempt that did not wait prolongs nothing
         gaveUp_ = Clock::now();
 }
 

@@ -57,11 +57,10 @@ bool isFull(std::string_view path) {
 std::string normalDirectory(const std::string& path) {
     if (platform::IsRemotePath(path))
         return path.substr(0, path.size() - (path.ends_with('/') ? 1 : 0));
-    // No ".." leads out of a drive.
+    // By the text alone, since a disk may not answer. No ".." leads out of a drive.
+    const std::size_t root = hasDrive(path) ? kDriveLength : 0;
     std::string normal =
-        hasDrive(path) ? path.substr(0, kDriveLength) +
-                             std::filesystem::path(path.substr(kDriveLength)).lexically_normal().string()
-                       : platform::withoutDots(path);
+        path.substr(0, root) + std::filesystem::path(path.substr(root)).lexically_normal().string();
     while (!normal.empty() && normal.back() == '/')
         normal.pop_back();
     return normal;

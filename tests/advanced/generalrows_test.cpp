@@ -8,12 +8,10 @@
 #include "details/pages/advanced/generalrowradio.h"
 #include "details/pages/advanced/generalrowunitvalueedit.h"
 #include "orv/appconfiguration.h"
-#include "tests/support/testsupport.h"
-
-#include <gtest/gtest.h>
+#include "tests/support/widgets.h"
 
 using namespace ovsettings;
-using testsupport::answerNextMessageBox;
+using testsupport::messageDuring;
 
 namespace {
 
@@ -53,18 +51,12 @@ TEST_F(GeneralRows, NumberOutsideItsLimitsIsRefusedWithTheRowsMessage) {
     row.setLimits(1, 10);
     for (const char* text : {"nonsense", "", "0", "11", "99999999999999999999"}) {
         row.setDisplayValue(text);
-        std::string message;
-        answerNextMessageBox("OK", &message);
-        EXPECT_FALSE(row.validate()) << text;
-        EXPECT_EQ(message, "Incorrect value");
+        EXPECT_EQ(messageDuring([&] { EXPECT_FALSE(row.validate()); }), "Incorrect value") << text;
         EXPECT_EQ(row.valueText().toStdString(), text);
         EXPECT_EQ(grid_.currentRow(), 1);
     }
     row.setErrorText("Too many");
-    std::string message;
-    answerNextMessageBox("OK", &message);
-    EXPECT_FALSE(row.validate());
-    EXPECT_EQ(message, "Too many");
+    EXPECT_EQ(messageDuring([&] { EXPECT_FALSE(row.validate()); }), "Too many");
     row.setDisplayValue("10");
     EXPECT_TRUE(row.validate());
     EXPECT_EQ(stored(row), "10");
@@ -81,10 +73,7 @@ TEST_F(GeneralRows, LengthOutsideItsLimitsIsRefusedInItsUnit) {
          {std::pair{Orv::Metrics::Unit::inch, "value should be between 0.01 and 1.00 in"},
           {Orv::Metrics::Unit::millimetre, "value should be between 0.25 and 25.40 mm"}}) {
         row.onUnitChanged(unit);
-        std::string message;
-        answerNextMessageBox("OK", &message);
-        EXPECT_FALSE(row.validate());
-        EXPECT_EQ(message, expected);
+        EXPECT_EQ(messageDuring([&] { EXPECT_FALSE(row.validate()); }), expected);
     }
     row.setDisplayValue("25400");
     EXPECT_TRUE(row.validate()) << "0.254 mm, shown as 0.25, is the limit itself";
@@ -126,9 +115,7 @@ TEST_F(GeneralRows, RadioGroupTakesThreeLinesAndALabelOne) {
 
 TEST_F(GeneralRows, KeyBindingsAreOneOfTwoScripts) {
     struct {
-        const char* given;
-        const char* shown;
-        const char* stored;
+        const char *given, *shown, *stored;
     } const rows[] = {
         {"pdbindings.vbs", "0", "pdbindings.vbs"},
         {"lorvik_wvo.vbs", "1", "lorvik_wvo.vbs"},

@@ -6,17 +6,14 @@
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
-#include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
 
 namespace {
 
 namespace fs = std::filesystem;
 using testing::Test;
-using testsupport::readFile;
-using testsupport::writeFile;
+using namespace testsupport;
 
 constexpr const char* kSite = R"(<?xml version="1.0"?>
 <configuration>
@@ -37,7 +34,7 @@ protected:
 
     fs::path userFile() const { return installation.user() / "orvane.xml"; }
 
-    testsupport::Installation installation;
+    Installation installation;
 };
 
 struct CommandRow {
@@ -54,8 +51,8 @@ void expectOutcome(const CommandRow& row) {
     SCOPED_TRACE(title);
     const Outcome outcome = runProgram(row.words);
     EXPECT_EQ(outcome.status, row.status);
-    EXPECT_NE(outcome.out.find(row.out), std::string::npos) << outcome.out;
-    EXPECT_NE(outcome.err.find(row.err), std::string::npos) << outcome.err;
+    EXPECT_TRUE(contains(outcome.out, row.out));
+    EXPECT_TRUE(contains(outcome.err, row.err));
     EXPECT_EQ(std::ranges::count(outcome.err, '\n'), *row.err ? 1 : 0) << outcome.err;
 }
 
@@ -137,7 +134,7 @@ TEST_F(Commands, ValuesThatAreSetAreInTheUsersFileAndComeBack) {
         const Outcome set = runProgram(words);
         EXPECT_EQ(set.status, 0) << set.err;
         EXPECT_EQ(set.out + set.err, "");
-        EXPECT_NE(readFile(userFile()).find(row.inFile), std::string::npos) << readFile(userFile());
+        EXPECT_TRUE(contains(readFile(userFile()), row.inFile));
 
         std::string lines;
         for (const std::string& value : row.values)
@@ -145,7 +142,7 @@ TEST_F(Commands, ValuesThatAreSetAreInTheUsersFileAndComeBack) {
         EXPECT_EQ(runProgram({"get", row.key}).out, lines);
     }
     EXPECT_EQ(runProgram({"set", "GRID_HR", "254000"}).status, 0);
-    EXPECT_EQ(readFile(userFile()).find("GRID_HR"), std::string::npos) << "a default is not written";
+    EXPECT_FALSE(contains(readFile(userFile()), "GRID_HR")) << "a default is not written";
 }
 
 TEST_F(Commands, SetFindsTheUsersDirectoryInAnotherCase) {
@@ -153,7 +150,7 @@ TEST_F(Commands, SetFindsTheUsersDirectoryInAnotherCase) {
     list[list.rfind('/') + 1] = 'U';
     list += ";" + installation.site().string() + ";" + installation.standard().string();
     EXPECT_EQ(runProgram({"--wdir", list, "set", "SHEETSIZE", "2"}).status, 0);
-    EXPECT_NE(readFile(userFile()).find("SHEETSIZE"), std::string::npos);
+    EXPECT_TRUE(contains(readFile(userFile()), "SHEETSIZE"));
 }
 
 TEST_F(Commands, SetTellsWhatIsStoredWhereSixDigitsAreNotEnough) {
@@ -175,7 +172,7 @@ TEST_F(Commands, LockedFieldIsRefusedNamingTheDirectoryAndAnEqualOneOfSeveralPas
     };
     for (const CommandRow& row : rows) {
         expectOutcome(row);
-        EXPECT_NE(runProgram(row.words).err.find(" is locked by " + site + '\n'), std::string::npos);
+        EXPECT_TRUE(contains(runProgram(row.words).err, " is locked by " + site + '\n'));
     }
     EXPECT_FALSE(fs::exists(userFile())) << readFile(userFile());
     EXPECT_EQ(runProgram({"set", "NET", "1", "1", "0x00C000", "1", "0", "7"}).status, 0);
@@ -207,26 +204,27 @@ TEST_F(Commands, ExplainTellsWhatEachDirectorySaysAndWhatWon) {
     for (const std::string& line :
          {installation.standard().string() + " -", site + " 1 locks",
           user + " 0 ignored, for the field is locked", "in force 1 from " + site + ", locked by " + site}) {
-        EXPECT_NE(route.find(' ' + line + '\n'), std::string::npos) << line << " in\n" << route;
+        EXPECT_TRUE(contains(route, ' ' + line + '\n')) << line << " in\n" << route;
     }
     EXPECT_LT(route.find(site), route.find(user)) << "from the installation to the user";
 
     const std::string sheet = squeezed(runProgram({"explain", "SHEETSIZE"}).out);
-    EXPECT_NE(sheet.find(" in force 3 from " + user + '\n'), std::string::npos) << sheet;
+    EXPECT_TRUE(contains(sheet, " in force 3 from " + user + '\n'));
     const std::string tooltip = squeezed(runProgram({"explain", "PROPERTIES_TOOLTIP"}).out);
     const std::string dropped = " ignored, for the list has locked entries and another length\n";
     for (const std::string entry : {"A?B", "C", "D"})
-        EXPECT_NE(tooltip.find(user + ' ' + entry + dropped), std::string::npos) << tooltip;
+        EXPECT_TRUE(contains(tooltip, user + ' ' + entry + dropped));
     const std::string net = squeezed(runProgram({"explain", "NET"}).out);
-    EXPECT_NE(net.find("\nCOLOR\n built-in default 0x00ff00\n"), std::string::npos) << net;
-    EXPECT_NE(net.find(" in force 1 from the built-in default\n\nLINE_STYLE\n"), std::string::npos) << net;
+    EXPECT_TRUE(contains(net, "\nCOLOR\n built-in default 0x00ff00\n"));
+    EXPECT_TRUE(contains(net, " in force 1 from the built-in default\n\nLINE_STYLE\n"));
 }
 
-QJsonArray listJson(const Words& more) {
+QJsonArray listJson(const Words& more, const Circumstances& circumstances = {}) {
     Words words{"list", "--json"};
     words.insert(words.end(), more.begin(), more.end());
     QJsonParseError error;
-    const auto document = QJsonDocument::fromJson(QByteArray::fromStdString(runProgram(words).out), &error);
+    const auto document =
+        QJsonDocument::fromJson(QByteArray::fromStdString(runProgram(words, circumstances).out), &error);
     EXPECT_EQ(error.error, QJsonParseError::NoError) << error.errorString().toStdString();
     return document.array();
 }
@@ -250,14 +248,14 @@ TEST_F(Commands, ListGivesEveryKeyWithItsLocksAndOriginsAsTextAndAsJson) {
     EXPECT_EQ(changed["ROUTE"]["builtIn"], QJsonArray({"2"}));
 
     const std::string table = squeezed(runProgram({"list", "--changed"}).out);
-    EXPECT_NE(table.find("\nROUTE number " + site.toStdString() + " locked 1\n"), std::string::npos) << table;
-    EXPECT_NE(table.find(" locked: COLOR 1, 1, 0x00c000, 1, 0, 1\n"), std::string::npos) << table;
+    EXPECT_TRUE(contains(table, "\nROUTE number " + site.toStdString() + " locked 1\n"));
+    EXPECT_TRUE(contains(table, " locked: COLOR 1, 1, 0x00c000, 1, 0, 1\n"));
 }
 
 TEST_F(Commands, PrintColorsShowsEachObjectOnScreenAndInPrint) {
     ASSERT_EQ(runProgram({"set", "PRINTINGCOLORS", "0x102030", "0x000000", "0x0000ff"}).status, 0);
     const auto colors = squeezed(runProgram({"print-colors"}).out);
-    EXPECT_NE(colors.find("\n5 NET 0x00c000 0x000000\n"), std::string::npos) << colors;
+    EXPECT_TRUE(contains(colors, "\n5 NET 0x00c000 0x000000\n"));
 
     ASSERT_EQ(runProgram({"set", "PRINTFORCEBLACK", "0"}).status, 0);
     const auto rows =
@@ -271,13 +269,13 @@ TEST_F(Commands, PrintColorsShowsEachObjectOnScreenAndInPrint) {
 }
 
 TEST_F(Commands, NumbersKeepTheirPointInALanguageWithAComma) {
-    const testsupport::GermanNumbers german;
+    const GermanNumbers german;
     if (!german.available())
         GTEST_SKIP() << "no locale can be made here";
     const Circumstances abroad{{{"LC_ALL", german.kName}}, false, {}};
     EXPECT_EQ(runProgram({"set", "PRINTSCALEFACTOR", "0.5"}, abroad).status, 0);
     EXPECT_EQ(runProgram({"get", "PRINTSCALEFACTOR"}, abroad).out, "0.5\n");
-    EXPECT_NE(readFile(userFile()).find(">0.5<"), std::string::npos) << readFile(userFile());
+    EXPECT_TRUE(contains(readFile(userFile()), ">0.5<"));
     EXPECT_EQ(runProgram({"set", "PRINTSCALEFACTOR", "0,5"}, abroad).status, 1);
 }
 
@@ -289,9 +287,9 @@ TEST_F(Commands, FailedWriteGivesPathAndCauseAndLeavesTheFile) {
     fs::permissions(installation.user(), fs::perms::owner_all);
 
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_NE(outcome.err.find(installation.user().string()), std::string::npos) << outcome.err;
-    EXPECT_NE(outcome.err.find("Permission denied"), std::string::npos) << outcome.err;
-    EXPECT_NE(outcome.err.find("it stays \"508000\""), std::string::npos) << outcome.err;
+    EXPECT_TRUE(contains(outcome.err, installation.user().string()));
+    EXPECT_TRUE(contains(outcome.err, "Permission denied"));
+    EXPECT_TRUE(contains(outcome.err, "it stays \"508000\""));
     EXPECT_EQ(readFile(userFile()), before);
     EXPECT_EQ(runProgram({"list"}, {{}, false, "/dev/full"}).status, 1)
         << "output that is lost is a failure too";
@@ -313,22 +311,32 @@ TEST_F(Commands, DirectoriesThatAreNoUseAreToldWithTheReason) {
 }
 
 TEST(Defaults, TheSampleInstallationAndTheUsersOwnDirectoryServeWhereNothingIsSaid) {
-    const testsupport::TemporaryDirectory root;
+    const TemporaryDirectory root;
     const Circumstances bare{
         {{"RSR_HOME", std::nullopt}, {"WDIR", std::nullopt}, {"XDG_CONFIG_HOME", (root / "a/b").string()}},
         false,
         {}};
-    EXPECT_EQ(runProgram({"list"}, bare).status, 0);
+    QStringList locked;
+    for (const QJsonValue& row : listJson({}, bare)) {
+        if (row["locks"].toArray().contains(true))
+            locked << row["key"].toString();
+    }
+    locked.sort();
+    EXPECT_EQ(locked, QStringList({"GRID_HIGHLIGHT_MARKS", "GRID_HIGHLIGHT_MARKS_INTERVAL", "NET", "ROUTE"}));
+    for (const auto& [key, text] :
+         {std::pair{"GRID_HR", "254000\n"}, {"ADISTANCE_HR", "508000\n"}, {"SHEETSIZE", "6\n"}}) {
+        const Outcome outcome = runProgram({"get", key}, bare);
+        EXPECT_EQ(outcome.out + outcome.err, text);
+    }
     EXPECT_FALSE(fs::exists(root / "a")) << "reading makes nothing";
     const Outcome set = runProgram({"set", "GRID_HR", "508000"}, bare);
     ASSERT_EQ(set.status, 0) << set.err;
     const std::string saved = readFile(root / "a/b/orvane/orvane.xml");
-    EXPECT_NE(saved.find("508000"), std::string::npos);
-    EXPECT_NE(saved.find("NET_LENGTH_HR"), std::string::npos) << "as in a directory that was there";
+    EXPECT_TRUE(contains(saved, "508000"));
+    EXPECT_TRUE(contains(saved, "NET_LENGTH_HR")) << "as in a directory that was there";
     const std::string route = squeezed(runProgram({"explain", "ROUTE"}, bare).out);
-    EXPECT_NE(route.find(" in force 1 from " OV_INSTALLATION "/site, locked by " OV_INSTALLATION "/site\n"),
-              std::string::npos)
-        << route;
+    EXPECT_TRUE(
+        contains(route, " in force 1 from " OV_INSTALLATION "/site, locked by " OV_INSTALLATION "/site\n"));
 }
 
 } // namespace

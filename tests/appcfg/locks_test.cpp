@@ -1,6 +1,7 @@
 #include "tests/appcfg/storetest.h"
 
 #include <array>
+#include <numeric>
 
 class Locks : public StoreTest {
 protected:
@@ -87,15 +88,14 @@ TEST_F(Locks, ListsOfAnotherLengthReplaceUnlessALockForbids) {
         writeLevel(installation.user(), printer(row.user, row.userLocks));
         ASSERT_TRUE(store.load());
         const auto property = read("PRINTER");
-        std::string values, defaults, locks;
-        for (const std::string& value : property.values)
-            values += value;
-        for (const std::string& value : property.defaults)
-            defaults += value;
+        const auto joined = [](const Texts& texts) {
+            return std::accumulate(texts.begin(), texts.end(), std::string());
+        };
+        std::string locks;
         for (const int lock : property.readonly)
             locks += std::to_string(lock);
-        EXPECT_EQ(values, row.values);
-        EXPECT_EQ(defaults, row.defaults);
+        EXPECT_EQ(joined(property.values), row.values);
+        EXPECT_EQ(joined(property.defaults), row.defaults);
         EXPECT_EQ(locks, row.locks);
     }
 }
@@ -143,9 +143,9 @@ TEST_F(Locks, LockedSingleValuesAreNotWrittenWhileLockedListsAndGroupsAre) {
     Orv::setValues(store, "PRINTER", {"x", "y"});
     store.setGraphics("NET", 1, 1, 0, 1, 0, 9);
     ASSERT_TRUE(store.save());
-    EXPECT_EQ(userFile().find("GRID_HR"), std::string::npos);
+    EXPECT_FALSE(testsupport::contains(userFile(), "GRID_HR"));
     store.load();
-    EXPECT_NE(userFile().find("\"PRINTER\""), std::string::npos) << userFile();
-    EXPECT_NE(userFile().find("\"LINE_THICKNESS\""), std::string::npos) << userFile();
+    EXPECT_TRUE(testsupport::contains(userFile(), "\"PRINTER\""));
+    EXPECT_TRUE(testsupport::contains(userFile(), "\"LINE_THICKNESS\""));
     EXPECT_EQ(values("NET")[5], "4") << "what was written still does not count";
 }

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <map>
-#include <optional>
 
 using testsupport::ScopedEnvironment;
 namespace fs = std::filesystem;
@@ -81,7 +80,7 @@ TEST_F(Persistence, MissingAndDamagedLevelsAreSkipped) {
     fs::remove_all(installation.user());
     EXPECT_TRUE(store.load());
     EXPECT_EQ(value("GRID_HR"), "100");
-    EXPECT_NE(told.find("site"), std::string::npos);
+    EXPECT_TRUE(testsupport::contains(told, "site"));
     EXPECT_FALSE(store.save()) << "there is no directory to write to";
     manager.SetErrorHandler({});
 }
@@ -103,7 +102,7 @@ TEST_F(Persistence, AFileThatCouldNotBeReadLosesNothingWhenItIsRepairedBeforeThe
     EXPECT_EQ(value("GRID_HR"), "508000");
     EXPECT_EQ(value("NET_LENGTH_HR"), "7");
     EXPECT_EQ(values("PIN"), (Texts{"0", "1", "0xff00ff", "0", "0", "3"}));
-    EXPECT_EQ(userFile().find("COLOR"), std::string::npos) << "it is the default again";
+    EXPECT_FALSE(testsupport::contains(userFile(), "COLOR")) << "it is the default again";
     EXPECT_EQ(value("MRU_PROJECTS"), "a.prj");
     EXPECT_EQ(value("MRU_SETTINGS"), "Grid");
 
@@ -113,7 +112,7 @@ TEST_F(Persistence, AFileThatCouldNotBeReadLosesNothingWhenItIsRepairedBeforeThe
         Orv::setValue(store, "MRU_SETTINGS", page);
         ASSERT_TRUE(store.save());
     }
-    EXPECT_EQ(userFile().find("MRU_SETTINGS"), std::string::npos) << "it is the default again";
+    EXPECT_FALSE(testsupport::contains(userFile(), "MRU_SETTINGS")) << "it is the default again";
 }
 
 TEST_F(Persistence, WhatAnotherStoreWritesIsSeenByTheNextSave) {
@@ -125,15 +124,15 @@ TEST_F(Persistence, WhatAnotherStoreWritesIsSeenByTheNextSave) {
     ASSERT_TRUE(store.save());
     Orv::setValue(other, "SCALEFACTOR", "2.5");
     ASSERT_TRUE(other.save());
-    EXPECT_EQ(userFile().find("Japanese"), std::string::npos) << "a store writes all its keys";
+    EXPECT_FALSE(testsupport::contains(userFile(), "Japanese")) << "a store writes all its keys";
     ASSERT_TRUE(store.save());
-    EXPECT_NE(userFile().find("Japanese"), std::string::npos);
-    EXPECT_EQ(userFile().find("SCALEFACTOR"), std::string::npos);
+    EXPECT_TRUE(testsupport::contains(userFile(), "Japanese"));
+    EXPECT_FALSE(testsupport::contains(userFile(), "SCALEFACTOR"));
 
     writeLevel(installation.user(), setting("LANGUAGE", "German"));
     Orv::setValue(store, "BELL", "0");
     ASSERT_TRUE(store.save());
-    EXPECT_NE(userFile().find("Japanese"), std::string::npos);
+    EXPECT_TRUE(testsupport::contains(userFile(), "Japanese"));
 }
 
 TEST_F(Persistence, ALoadThatFailedTakesNothingOutOfTheFile) {

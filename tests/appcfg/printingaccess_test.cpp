@@ -39,10 +39,16 @@ TEST_F(PrintingAccess, ReadsAndWritesEachTypeAndAnswersWhatThereIsNot) {
         bool flag;
         const char* text;
     };
-    for (const Row& row : {Row{"GRID_HR", 254000.0F, 254000, true, "254000"}, Row{"BELL", 1, 1, true, "1"},
-                           Row{"PRINTING", 0, 0, false, "0"}, Row{"UNIT", 0, 0, true, "in"},
-                           Row{"SCALEFACTOR", 1, 1, true, "1.0"}, Row{"MRU_PROJECTS", 0, 0, false, ""},
-                           Row{"NO_SUCH_KEY", 0, 0, false, ""}}) {
+    const Row rows[] = {
+        {"GRID_HR", 254000.0F, 254000, true, "254000"},
+        {"BELL", 1, 1, true, "1"},
+        {"PRINTING", 0, 0, false, "0"},
+        {"UNIT", 0, 0, true, "in"},
+        {"SCALEFACTOR", 1, 1, true, "1.0"},
+        {"MRU_PROJECTS", 0, 0, false, ""},
+        {"NO_SUCH_KEY", 0, 0, false, ""},
+    };
+    for (const Row& row : rows) {
         SCOPED_TRACE(row.key);
         EXPECT_EQ(access.getFloat(row.key), row.number);
         EXPECT_EQ(access.getInt(row.key), row.integer);

@@ -1,6 +1,5 @@
 #include "tests/appcfg/storetest.h"
 
-#include <functional>
 #include <utility>
 
 using Orv::iAppConfiguration;

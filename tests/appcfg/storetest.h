@@ -4,12 +4,6 @@
 #include "orv/appconfiguration.h"
 #include "tests/support/testsupport.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <string>
-#include <vector>
-
 using Texts = std::vector<std::string>;
 
 /// One `<section>` of a configuration file.

@@ -6,13 +6,9 @@
 #include "suite/designdatabase.h"
 #include "tests/support/testsupport.h"
 
-#include <gtest/gtest.h>
-
 #include <limits>
 #include <map>
-#include <string>
 #include <utility>
-#include <vector>
 
 namespace {
 

@@ -8,16 +8,13 @@
 
 #include <QtCore/QThread>
 #include <QtGui/QContextMenuEvent>
-#include <QtTest/QTest>
-#include <QtWidgets/QApplication>
 #include <QtWidgets/QListView>
 #include <QtWidgets/QMenu>
-#include <QtWidgets/QPushButton>
 
 using Orv::Metrics::Unit;
 using ovsettings::CBordersDialog;
 using ovsettings::CBordersGrid;
-using testsupport::whenDialog;
+using namespace testsupport;
 
 namespace {
 
@@ -26,15 +23,11 @@ using Texts = std::vector<std::string>;
 
 constexpr int kStandardSizes = 22;
 
-void press(QWidget& dialog, const char* button) {
-    QTest::mouseClick(testsupport::find<QPushButton>(dialog, button), Qt::LeftButton);
-}
-
 /// Chooses in the next chooser of symbols what a search finds.
 void chooseNext(const char* search) {
     whenDialog([search](QDialog& chooser) {
         EXPECT_EQ(chooser.windowTitle().toStdString(), "Border Symbol");
-        QTest::keyClicks(testsupport::controlByCaption(chooser, "Filter:"), search);
+        QTest::keyClicks(controlByCaption(chooser, "Filter:"), search);
         press(chooser, "OK");
     });
 }
@@ -47,10 +40,10 @@ ovsettings::CAttributesGrid& attributes(QDialog& dialog) {
 class Borders : public ProjectPages {
 protected:
     CBordersDialog& openWith(const std::string& borders) {
-        testsupport::writeFile(directory() / "borders.ini", borders);
-        testsupport::writeFile(directory() / "lib/parts.lmc",
-                               "[CentralLibrary]\nRelease=9.2\n[Partitions.Symbols]\nb=b\n"
-                               "[SpecialSymbols.Border]\nSymbol#0=b:FIRST\nSymbol#1=b:OTHER\n");
+        writeFile(directory() / "borders.ini", borders);
+        writeFile(directory() / "lib/parts.lmc",
+                  "[CentralLibrary]\nRelease=9.2\n[Partitions.Symbols]\nb=b\n"
+                  "[SpecialSymbols.Border]\nSymbol#0=b:FIRST\nSymbol#1=b:OTHER\n");
         openProject("[DesignInfo]\nBorderSymbols=borders.ini\nCentralLibrary=lib/parts.lmc\n");
         auto& page = openPage<CBordersDialog>("Borders");
         page.resize(600, 400);
@@ -58,8 +51,8 @@ protected:
         return page;
     }
     void addSymbol(const std::string& name, const std::string& properties) {
-        testsupport::writeFile(directory() / ("lib/b/" + name + ".sym"),
-                               "[Symbol]\nName=" + name + "\nPartition=b\n\n[Properties]\n" + properties);
+        writeFile(directory() / ("lib/b/" + name + ".sym"),
+                  "[Symbol]\nName=" + name + "\nPartition=b\n\n[Properties]\n" + properties);
     }
 
     CBordersGrid& grid() { return *window_.findChild<CBordersGrid*>(); }
@@ -69,13 +62,7 @@ protected:
             texts.push_back(grid().cellText(row, column).toStdString());
         return texts;
     }
-    QPoint centre(int row, int column) {
-        grid().scrollTo(grid().model()->index(row - 1, column - 1));
-        return grid().visualRect(grid().model()->index(row - 1, column - 1)).center();
-    }
-    void click(int row, int column) {
-        QTest::mouseClick(grid().viewport(), Qt::LeftButton, {}, centre(row, column));
-    }
+    void click(int row, int column) { testsupport::clickCell(grid(), row, column); }
     void key(int row, int column, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
         grid().setFocus();
         grid().setCurrentCell(row, column);
@@ -84,13 +71,10 @@ protected:
     void addCustom(const char* width, const char* height, Texts* boxes = nullptr) {
         whenDialog([=](QDialog& dialog) {
             EXPECT_EQ(dialog.windowTitle().toStdString(), "New Size");
-            QTest::keyClicks(testsupport::controlByCaption(dialog, "Width"), width);
-            QTest::keyClicks(testsupport::controlByCaption(dialog, "Height"), height);
+            QTest::keyClicks(controlByCaption(dialog, "Width"), width);
+            QTest::keyClicks(controlByCaption(dialog, "Height"), height);
             if (boxes) {
-                std::string box;
-                testsupport::answerNextMessageBox("OK", &box);
-                press(dialog, "OK");
-                boxes->push_back(box);
+                boxes->push_back(messageDuring([&] { press(dialog, "OK"); }));
                 press(dialog, "Cancel");
             } else {
                 press(dialog, "OK");
@@ -162,10 +146,10 @@ TEST_F(Borders, ChangesNothingWithoutAChoice) {
     key(grid().rowCount(), 3, Qt::Key_Tab);
     EXPECT_FALSE(grid().hasFocus());
     EXPECT_FALSE(page.isModified());
-    const std::string before = testsupport::readFile(directory() / "borders.ini");
+    const std::string before = readFile(directory() / "borders.ini");
     EXPECT_TRUE(page.onLeave());
     EXPECT_TRUE(page.onOk());
-    EXPECT_EQ(testsupport::readFile(directory() / "borders.ini"), before);
+    EXPECT_EQ(readFile(directory() / "borders.ini"), before);
     // Bytes that no widget can show stay in the rows that are stored along.
     chooseNext("FIRST");
     click(2, 3);
@@ -177,8 +161,8 @@ TEST_F(Borders, AnEmptiedCellLeavesTheSymbolInTheFile) {
     CBordersDialog& page = openWith("[Borders]\nASHEETL=b:A\nASHEETL1=b:A1\n");
     key(1, 2, Qt::Key_Delete);
     EXPECT_EQ(row(1), (Texts{"A Landscape", "", "b:A"}));
-    QContextMenuEvent right(QContextMenuEvent::Mouse, centre(1, 3),
-                            grid().viewport()->mapToGlobal(centre(1, 3)));
+    QContextMenuEvent right(QContextMenuEvent::Mouse, testsupport::centreOf(grid(), 1, 3),
+                            grid().viewport()->mapToGlobal(testsupport::centreOf(grid(), 1, 3)));
     QApplication::sendEvent(grid().viewport(), &right);
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     ASSERT_NE(menu, nullptr);
@@ -193,8 +177,8 @@ TEST_F(Borders, AnEmptiedCellLeavesTheSymbolInTheFile) {
     EXPECT_EQ(tableOnDisk(), (Table{{"ASHEETL", "b:A"}, {"ASHEETL1", "b:A1"}}));
     page.onEnter();
     EXPECT_EQ(row(1), (Texts{"A Landscape", "b:A1", "b:A"})) << "as it stands in the file";
-    QContextMenuEvent onSize(QContextMenuEvent::Mouse, centre(1, 1),
-                             grid().viewport()->mapToGlobal(centre(1, 1)));
+    QContextMenuEvent onSize(QContextMenuEvent::Mouse, testsupport::centreOf(grid(), 1, 1),
+                             grid().viewport()->mapToGlobal(testsupport::centreOf(grid(), 1, 1)));
     QApplication::sendEvent(grid().viewport(), &onSize);
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
@@ -208,7 +192,7 @@ TEST_F(Borders, NamesACustomSizeWithTheDecimalsOfTheUnit) {
         {"in", "34,5", "22", "34.50x22.00SHEET"},
     };
     ASSERT_TRUE(appConfig_.load());
-    const testsupport::GermanNumbers german;
+    const GermanNumbers german;
     for (const auto& sample : rows) {
         if (std::string(sample.width).find(',') != std::string::npos && !german.available())
             continue;
@@ -257,25 +241,22 @@ TEST_F(Borders, CellsOfOneKeyShowAndChangeTogether) {
 }
 
 TEST_F(Borders, DeletesACustomSizeAndNoOther) {
-    struct {
-        std::vector<int> deleted;
-        Table left;
-    } const rows[] = {
+    const std::pair<std::vector<int>, Table> rows[] = {
         {{1, kStandardSizes}, {{"2x3SHEET", "b:C"}, {"2x3SHEET1", "b:C1"}, {"4x5SHEET", "b:D"}}},
         {{23}, {{"2x3SHEET1", "b:C1"}, {"4x5SHEET", "b:D"}}},
         {{24}, {{"2x3SHEET", "b:C"}, {"4x5SHEET", "b:D"}}},
         {{23, 23}, {{"4x5SHEET", "b:D"}}},
         {{24, 23, 23}, {}},
     };
-    for (const auto& sample : rows) {
+    for (const auto& [deleted, left] : rows) {
         CBordersDialog& page = openWith("[Borders]\n2x3SHEET=b:C\n2x3SHEET1=b:C1\n4x5SHEET=b:D\n");
-        for (const int row : sample.deleted)
+        for (const int row : deleted)
             deleteCustom(row);
         EXPECT_EQ(mayDelete(), grid().currentRow() > kStandardSizes);
         page.onApply();
-        EXPECT_EQ(tableOnDisk(), sample.left);
+        EXPECT_EQ(tableOnDisk(), left);
         page.onEnter();
-        EXPECT_EQ(grid().rowCount(), kStandardSizes + static_cast<int>(sample.left.size()));
+        EXPECT_EQ(grid().rowCount(), kStandardSizes + static_cast<int>(left.size()));
     }
 }
 
@@ -318,7 +299,7 @@ TEST_F(Borders, OffersWhatTheSymbolsOfTheTableSayOfTheirProperties) {
         const auto choices = [&](int row, int column) {
             return grid.cellStyle(row, column).choices.join(QLatin1Char('|')).toStdString();
         };
-        EXPECT_TRUE(testsupport::controlByCaption(
+        EXPECT_TRUE(controlByCaption(
             dialog, "Use this dialog to provide values for existing border properties.  Add  other available "
                     "properties from drop-down list in the last row.  The values assigned here will later be "
                     "applied to properties on the default border symbol being used."));
@@ -363,9 +344,7 @@ TEST_F(Borders, ReadingManySlowSymbolsCanBeStopped) {
         held().GetTable()[std::to_string(row) + "x1SHEET"] = "b:" + std::to_string(row);
     page_->onEnter();
     project().symbolReader = &reader;
-    testsupport::whenModal([](QWidget& box) {
-        QTest::mouseClick(testsupport::find<QPushButton>(box, "Cancel"), Qt::LeftButton);
-    });
+    whenModal([](QWidget& box) { press(box, "Cancel"); });
     press(window_, "Properties");
     EXPECT_LT(reader.asked, kStandardSizes);
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
@@ -373,11 +352,11 @@ TEST_F(Borders, ReadingManySlowSymbolsCanBeStopped) {
 
 TEST_F(Borders, FollowsTheFileThatAnotherPageGaveTheProject) {
     CBordersDialog& page = openWith("[Borders]\nASHEETL=b:A\n");
-    testsupport::writeFile(directory() / "other.ini", "[Borders]\nASHEETL=b:B\n");
+    writeFile(directory() / "other.ini", "[Borders]\nASHEETL=b:B\n");
     project().projectFile->SetValue("DesignInfo", "BorderSymbols", "other.ini");
     held().Reload(project().projectFile->GetBorderSymbolsPath(1));
     page.onOk();
-    EXPECT_EQ(testsupport::readFile(directory() / "other.ini"), "[Borders]\nASHEETL=b:B\n");
+    EXPECT_EQ(readFile(directory() / "other.ini"), "[Borders]\nASHEETL=b:B\n");
     page.onEnter();
     EXPECT_EQ(row(1), (Texts{"A Landscape", "", "b:B"}));
 }
@@ -389,9 +368,8 @@ TEST_F(Borders, TriesAgainWhatCouldNotBeSaved) {
     click(1, 3);
     std::filesystem::rename(file, aside);
     std::filesystem::create_directory(file);
-    NProjectTools::CProjectFile::SetErrorHandler([](const std::string&) {});
+    const ProjectErrors told;
     EXPECT_TRUE(page.onApply());
-    NProjectTools::CProjectFile::SetErrorHandler({});
     std::filesystem::remove(file);
     std::filesystem::rename(aside, file);
     EXPECT_TRUE(page.onOk());

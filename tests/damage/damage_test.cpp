@@ -24,20 +24,16 @@
 #include "suite/symbollibs.h"
 #include "tests/support/testsupport.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <ctime>
-#include <filesystem>
 #include <set>
 
 namespace {
 
 namespace fs = std::filesystem;
-using testsupport::readFile;
-using testsupport::writeFile;
+using namespace testsupport;
 
 constexpr double kLongest = 1.0; // seconds of the processor, of one reading
 constexpr std::size_t kPlaces = 2048;
@@ -84,7 +80,7 @@ std::size_t strideFor(const std::string& whole, std::size_t places) {
 struct InMemory {
     InMemory() : place("TMPDIR", fs::is_directory("/dev/shm") ? "/dev/shm" : fs::temp_directory_path()) {}
 
-    testsupport::ScopedEnvironment place;
+    ScopedEnvironment place;
 };
 
 /// A copy of the sample project with its library, in a working installation.
@@ -111,8 +107,8 @@ struct Samples {
     std::string project() const { return (directory / "motorcontroller/motorcontroller.prj").string(); }
 
     const InMemory memory;
-    testsupport::Installation installation;
-    testsupport::TemporaryDirectory directory;
+    Installation installation;
+    TemporaryDirectory directory;
 };
 
 void readProject(const Samples&, const std::string& path) {
@@ -166,8 +162,13 @@ void readDatabase(const Samples&, const std::string& path) {
         if (database.AttachSubClient("damage", path) && database.GetSnapshotByName("controller", snapshot))
             static_cast<void>(snapshot->GetListBlocks(blocks));
     } catch (const iKDS::Exception& damage) {
-        EXPECT_NE(damage.GetResult().GetDescription().find(path), std::string::npos);
+        EXPECT_TRUE(contains(damage.GetResult().GetDescription(), path));
     }
+}
+
+template <typename File>
+void reload(const Samples&, const std::string& path) {
+    File().Reload(path);
 }
 
 /// A kind of file and who reads it.
@@ -197,18 +198,9 @@ const Kind kKinds[] = {
      }},
     {"motorcontroller/motorcontroller.prj", &readProject, 512},
     {"motorcontroller/location.map", &readMap},
-    {"motorcontroller/borders.ini",
-     [](const Samples&, const std::string& path) {
-         NProjectTools::CBorderSymbolsFile().Reload(path);
-     }},
-    {"motorcontroller/special.pin",
-     [](const Samples&, const std::string& path) {
-         NProjectTools::CSpecialComponentsFile().Reload(path);
-     }},
-    {"motorcontroller/buscontents.ini",
-     [](const Samples&, const std::string& path) {
-         NProjectTools::CProjectDataFile().Reload(path);
-     }},
+    {"motorcontroller/borders.ini", &reload<NProjectTools::CBorderSymbolsFile>},
+    {"motorcontroller/special.pin", &reload<NProjectTools::CSpecialComponentsFile>},
+    {"motorcontroller/buscontents.ini", &reload<NProjectTools::CProjectDataFile>},
     {"motorcontroller/motorcontroller.kds", &readDatabase, 512},
     {"library/parts.lmc", &readLibrary},
     {"library/symbols/logic/74HC00.sym", &readSymbol},
@@ -248,7 +240,7 @@ class DamagedLevel : public testing::TestWithParam<int> {};
 
 TEST_P(DamagedLevel, LeavesTheOthersAndIsToldByFileAndLine) {
     const InMemory memory;
-    const testsupport::Installation installation;
+    const Installation installation;
     const std::array levels{installation.standard(), installation.site(), installation.user()};
     const std::array<std::string, 3> keys{"MRU_SIZE", "NET_LENGTH_HR", "GRID_HR"};
     const auto level = static_cast<std::size_t>(GetParam());

@@ -4,18 +4,14 @@
 #include "details/widgets/colorlistbox.h"
 #include "details/widgets/grid/gridwnd.h"
 #include "details/widgets/ownseccolorwell.h"
-#include "tests/support/testsupport.h"
+#include "tests/support/widgets.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtTest/QTest>
 #include <QtWidgets/QColorDialog>
-#include <QtWidgets/QPushButton>
-#include <gtest/gtest.h>
 
 using ovsettings::ColorButton;
 using ovsettings::COwnSECColorWell;
-using testsupport::find;
-using testsupport::whenModal;
+using namespace testsupport;
 
 namespace {
 

@@ -1,23 +1,13 @@
 #include "details/pages/display/colordialog.h"
 
-#include "details/widgets/ownerdrawbutton.h"
 #include "tests/display/displaypages.h"
 
-#include <QtTest/QTest>
 #include <QtWidgets/QColorDialog>
-#include <QtWidgets/QComboBox>
 #include <QtWidgets/QFileDialog>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QPushButton>
-#include <QtWidgets/QRadioButton>
 
 using ovsettings::CColorDialog;
 using ovsettings::CColorsGrid;
-using testsupport::answerNextMessageBox;
-using testsupport::find;
-using testsupport::readFile;
-using testsupport::whenModal;
-using testsupport::writeFile;
+using namespace testsupport;
 
 namespace {
 
@@ -33,15 +23,7 @@ protected:
     CColorsGrid& grid() { return *window_.findChild<CColorsGrid*>(); }
     QComboBox& schemes() { return *find<QComboBox>(window_, "Color scheme"); }
 
-    void click(const std::string& caption) {
-        auto& button = *find<QAbstractButton>(window_, caption);
-        QTest::mouseClick(&button, Qt::LeftButton, {}, QPoint(8, button.height() / 2));
-    }
-
-    void clickCell(int row, int column) {
-        const QRect cell = grid().visualRect(grid().model()->index(row - 1, column - 1));
-        QTest::mouseClick(grid().viewport(), Qt::LeftButton, {}, cell.center());
-    }
+    void clickCell(int row, int column) { testsupport::clickCell(grid(), row, column); }
 
     void pressEnter(int row, int column) {
         grid().setCurrentCell(row, column);
@@ -73,11 +55,6 @@ protected:
     std::string shown(int entry) {
         const int row = entry % 8 + 1, column = entry < 8 ? 2 : 4;
         return grid().cellStyle(row, column).interior->name().toStdString();
-    }
-
-    QColor previewAt(int x, int y) {
-        auto& preview = *window_.findChild<ovsettings::OwnerDrawButton*>();
-        return preview.grab().toImage().pixelColor(x, y);
     }
 
     /// Gives the list of schemes its entries, which the page itself never does.
@@ -122,9 +99,13 @@ TEST_F(ColorPage, EditsAnotherEntryByEnterThanByAClickAtTheSamePlace) {
         EXPECT_EQ(shown(row.entry), color.name().toStdString()) << row.row << ' ' << row.column;
     }
 
-    std::vector<std::string> before, after;
-    for (int entry = 0; entry < 16; ++entry)
-        before.push_back(shown(entry));
+    const auto palette = [this] {
+        std::string colors;
+        for (int entry = 0; entry < 16; ++entry)
+            colors += shown(entry);
+        return colors;
+    };
+    const std::string before = palette();
     chooseNext(Qt::red);
     pressEnter(8, 4); // entry 16, which there is not
     chooseNext(Qt::red, false);
@@ -132,16 +113,14 @@ TEST_F(ColorPage, EditsAnotherEntryByEnterThanByAClickAtTheSamePlace) {
     clickCell(1, 3);
     pressEnter(1, 1);
     QTest::keyClick(&grid(), Qt::Key_Space);
-    for (int entry = 0; entry < 16; ++entry)
-        after.push_back(shown(entry));
-    EXPECT_EQ(after, before);
+    EXPECT_EQ(palette(), before);
 }
 
 TEST_F(ColorPage, KeepsTheColorsOfScreenAndPrinterApart) {
     openPage();
     chooseNext(Qt::red);
     clickCell(3, 2);
-    click("Printer");
+    press(window_, "Printer");
     EXPECT_EQ(shown(2), "#000000");
     chooseNext(Qt::blue);
     clickCell(3, 2);
@@ -182,12 +161,12 @@ TEST_F(ColorPage, PaintsThePreviewByPaletteNumber) {
         grid().setPreviewEntry(word, 9);
     grid().setPreviewEntry("BACKGROUND", 255);
     grid().setPreviewEntry("BOX", 16);
-    click("Screen");
+    press(window_, "Screen");
     EXPECT_EQ(previewAt(75, 25), QColor(Qt::green));
     EXPECT_EQ(previewAt(10, 10), grid().palette().color(QPalette::Base)) << "255 is the system's colour";
     EXPECT_EQ(previewAt(20, 30), QColor(Qt::black)) << "there is no such entry";
     EXPECT_EQ(grid().previewEntry("ATTRIBUTE"), 0) << "whatever the entry of its slot";
-    click("Printer");
+    press(window_, "Printer");
     EXPECT_EQ(previewAt(10, 10), QColor(Qt::white));
     EXPECT_EQ(previewAt(75, 25), QColor(Qt::black));
 }
@@ -199,29 +178,26 @@ TEST_F(ColorPage, StoresAndExportsNothingSinceNoSchemeCanBeSelected) {
     const auto screen = stored("SCREEN"), printer = stored("PRINTER");
     writeFile(installation_.user() / "calm.scm", "SCHEME calm\nSCREEN_COLOR 1 255\n");
     chooseFile(installation_.user() / "calm.scm", "Load Color Scheme");
-    click("Import");
+    press(window_, "Import");
     EXPECT_EQ(schemes().count(), 0);
     EXPECT_EQ(shown(0), "#ff0000") << "the palette keeps what it has";
     EXPECT_TRUE(page.onOk());
     EXPECT_EQ(stored("SCREEN"), screen);
     EXPECT_EQ(stored("PRINTER"), printer);
-    click("Export");
+    press(window_, "Export");
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
 TEST_F(ColorPage, TellsOfAFileThatCannotBeReadWithAnEmptyMessage) {
     std::filesystem::remove(installation_.standard() / "colors.def");
-    std::string message = "none";
-    answerNextMessageBox("OK", &message);
-    openPage();
-    EXPECT_EQ(message, "");
+    EXPECT_EQ(messageDuring([&] { openPage(); }), "");
     writeFile(installation_.user() / "bad.scm", "SCHEME bad\nWINDOW_BACKGROUND 255 0 0\n");
     chooseFile(installation_.user() / "bad.scm", "Load Color Scheme");
-    message = "none";
+    std::string message = "none";
     // The box comes after the dialog for the file has gone.
     QMetaObject::invokeMethod(
         &window_, [&] { answerNextMessageBox("OK", &message); }, Qt::QueuedConnection);
-    click("Import");
+    press(window_, "Import");
     EXPECT_EQ(message, "");
 }
 
@@ -239,7 +215,7 @@ TEST_F(ColorPage, StoresTheSelectedSchemeAndExportsThePaletteOnShow) {
 
     const auto path = installation_.user() / "my.new.scm";
     chooseFile(path, "Save Color Scheme");
-    click("Export");
+    press(window_, "Export");
     const Orv::ColorSchemes written = Orv::readColorSchemes(path.string());
     ASSERT_EQ(written.schemes.size(), 1U) << written.reason;
     EXPECT_EQ(written.schemes[0].name, "my");

@@ -2,9 +2,6 @@
 
 #include "tests/display/displaypages.h"
 
-#include <QtTest/QTest>
-#include <QtWidgets/QCheckBox>
-
 using ovsettings::CDisplayDialog;
 using testsupport::find;
 using Texts = std::vector<std::string>;

@@ -1,44 +1,13 @@
 #pragma once
 
-#include "details/appcfg/appcfg.h"
-#include "orv/appconfiguration.h"
-#include "ovsettings/propdialogtemplate.h"
-#include "tests/support/testsupport.h"
+#include "details/widgets/ownerdrawbutton.h"
+#include "tests/support/configuredpages.h"
 
 #include <QtGui/QImage>
-#include <QtWidgets/QWidget>
-#include <gtest/gtest.h>
 
-#include <memory>
-#include <string>
-#include <vector>
-
-/// Pages over a loaded configuration, in a window.
-class DisplayPages : public testing::Test {
+class DisplayPages : public ConfiguredPages {
 protected:
-    /// @param sections of the site's configuration file.
-    void load(const std::string& sections = {}) {
-        testsupport::writeFile(installation_.site() / "orvane.xml",
-                               "<configuration>" + sections + "</configuration>");
-        ASSERT_TRUE(appConfig_.load());
-    }
-
-    /// Opens a page as the settings dialog does, in place of the one that is open.
-    template <typename Page>
-    Page& open() {
-        page_.reset();
-        auto page = std::make_unique<Page>(nullptr);
-        Page& opened = *page;
-        page_ = std::move(page);
-        opened.setAppConfiguration(&appConfig_);
-        opened.createWindow(&window_);
-        opened.resize(opened.sizeHint());
-        window_.resize(opened.size());
-        opened.show();
-        window_.show();
-        opened.onEnter();
-        return opened;
-    }
+    void load(const std::string& sections = {}) { loadSections(sections); }
 
     std::vector<std::string> stored(const std::string& key) const {
         std::vector<std::string> values;
@@ -46,10 +15,9 @@ protected:
         return values;
     }
 
-    testsupport::Installation installation_;
-    Orv::iAppConfiguration appConfig_;
-    QWidget window_;
-    std::unique_ptr<ovsettings::CPropDialogTemplateEx> page_;
+    QColor previewAt(int x, int y) {
+        return window_.findChild<ovsettings::OwnerDrawButton*>()->grab().toImage().pixelColor(x, y);
+    }
 };
 
 /// The smallest rectangle around all pixels that are not of this colour.

@@ -5,14 +5,11 @@
 #include "details/pages/display/scalefactoredit.h"
 #include "tests/display/displaypages.h"
 
-#include <QtTest/QTest>
 #include <QtWidgets/QFontDialog>
-#include <QtWidgets/QPushButton>
 
 using ovsettings::CFontDialog;
 using ovsettings::CFontsGrid;
-using testsupport::find;
-using testsupport::whenDialog;
+using namespace testsupport;
 using Texts = std::vector<std::string>;
 
 namespace {
@@ -99,25 +96,18 @@ TEST_F(FontPage, StoresTheChosenFontWhicheverWayTheChooserIsOpened) {
 }
 
 TEST_F(FontPage, AFaceThatThisMachineLacksStaysUnlessAnotherIsChosen) {
-    load();
-    Orv::setValues(appConfig_, "SCRIPT", {"No Such Face", "Book", "400", "128", "0", "0", "0", "0"});
-    CFontDialog& page = open<CFontDialog>();
-    click(7, 2);
-    whenDialog([](QDialog& dialog) { dialog.accept(); });
-    button("Edit mapping").click();
-    EXPECT_TRUE(page.onApply());
-    EXPECT_EQ(stored("SCRIPT").at(0), "No Such Face");
-    EXPECT_EQ(stored("SCRIPT").at(3), "128");
-}
-
-TEST_F(FontPage, KeepsTheMappingWhenTheChooserIsCancelled) {
-    load();
-    CFontDialog& page = open<CFontDialog>();
-    click(1, 1);
-    whenDialog([](QDialog& dialog) { dialog.reject(); });
-    QTest::mouseClick(&button("Edit mapping"), Qt::LeftButton);
-    EXPECT_TRUE(page.onApply());
-    EXPECT_EQ(stored("FIXED"), Texts(8, "0"));
+    const Texts mapped{"No Such Face", "Book", "400", "128", "0", "0", "0", "0"};
+    for (const auto& end : {&QDialog::accept, &QDialog::reject}) {
+        load();
+        Orv::setValues(appConfig_, "SCRIPT", mapped);
+        CFontDialog& page = open<CFontDialog>();
+        click(7, 2);
+        whenDialog([end](QDialog& dialog) { (dialog.*end)(); });
+        button("Edit mapping").click();
+        EXPECT_TRUE(page.onApply());
+        EXPECT_EQ(stored("SCRIPT").at(0), "No Such Face");
+        EXPECT_EQ(stored("SCRIPT").at(3), "128");
+    }
 }
 
 TEST_F(FontPage, ForgetsAFaceByTheButtonButNotByTheDeleteKey) {
@@ -156,11 +146,11 @@ TEST_F(FontPage, ALockedFieldDisablesTheButtonsOfItsRow) {
         EXPECT_EQ(grid().viewport()->findChild<ovsettings::CBitmapBtnDel*>()->isVisible(), row != 10);
     }
     EXPECT_EQ(grid().cellStyle(10, 2).toolTip.toStdString(), "Locked by " + installation_.site().string());
-    EXPECT_FALSE(testsupport::controlByCaption(window_, "Scale factor")->isEnabled());
+    EXPECT_FALSE(controlByCaption(window_, "Scale factor")->isEnabled());
 }
 
 TEST_F(FontPage, WritesAScaleFactorAsItStandsIfItBeginsWithAPositiveNumber) {
-    const testsupport::GermanNumbers german;
+    const GermanNumbers german;
     load();
     const std::string noUtf8 = "2\xFC";
     Orv::setValue(appConfig_, "SCALEFACTOR", noUtf8);
@@ -174,9 +164,7 @@ TEST_F(FontPage, WritesAScaleFactorAsItStandsIfItBeginsWithAPositiveNumber) {
     };
     for (const auto& [typed, expected] : rows) {
         factor.setFocus();
-        QTest::keyClick(&factor, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClick(&factor, Qt::Key_Delete);
-        QTest::keyClicks(&factor, typed);
+        type(factor, typed);
         grid().setFocus();
         EXPECT_TRUE(page.onApply());
         EXPECT_EQ(stored("SCALEFACTOR"), Texts{expected}) << typed;

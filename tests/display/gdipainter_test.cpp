@@ -10,7 +10,7 @@ using ovsettings::GdiPainter;
 namespace {
 
 /// What a drawing leaves on white paper of 40 by 40 pixels, each a square of `scale` pixels.
-QImage drawn(int scale, void (*draw)(GdiPainter& gdi)) {
+QImage drawn(int scale, const std::function<void(GdiPainter& gdi)>& draw) {
     QImage image(40 * scale, 40 * scale, QImage::Format_RGB32);
     image.setDevicePixelRatio(scale);
     image.fill(Qt::white);
@@ -37,37 +37,28 @@ TEST(GdiPainter, LeavesOutRightAndBottomEdgesAndTheLastPointOfALine) {
         {"frame", [](GdiPainter& gdi) { gdi.frameRectangle(2, 3, 12, 9, Qt::green); }, {2, 3, 10, 6}},
         {"one pixel", [](GdiPainter& gdi) { gdi.rectangle(2, 3, 3, 4); }, {2, 3, 1, 1}},
         {"turned rectangle", [](GdiPainter& gdi) { gdi.rectangle(12, 9, 2, 3); }, {}},
-        {"rightwards",
-         [](GdiPainter& gdi) {
-             gdi.lines({{2, 3}, {12, 3}});
-         },
-         {2, 3, 10, 1}},
-        {"upwards",
-         [](GdiPainter& gdi) {
-             gdi.lines({{2, 12}, {2, 3}});
-         },
-         {2, 4, 1, 9}},
-        {"slanting",
-         [](GdiPainter& gdi) {
-             gdi.lines({{2, 3}, {12, 8}});
-         },
-         {2, 3, 10, 6}},
-        {"corner",
-         [](GdiPainter& gdi) {
-             gdi.lines({{2, 9}, {2, 3}, {12, 3}});
-         },
-         {2, 3, 10, 7}},
-        {"nowhere",
-         [](GdiPainter& gdi) {
-             gdi.lines({{2, 3}, {2, 3}});
-         },
-         {}},
         {"pixel", [](GdiPainter& gdi) { gdi.setPixel(2, 3, Qt::green); }, {2, 3, 1, 1}},
+    };
+    struct {
+        std::initializer_list<QPoint> points;
+        QRect ink;
+    } const lines[] = {
+        {{{2, 3}, {12, 3}}, {2, 3, 10, 1}},
+        {{{2, 12}, {2, 3}}, {2, 4, 1, 9}},
+        {{{2, 3}, {12, 8}}, {2, 3, 10, 6}},
+        {{{2, 9}, {2, 3}, {12, 3}}, {2, 3, 10, 7}},
+        {{{2, 3}, {2, 3}}, {}},
     };
     for (const int scale : {1, 2, 3}) {
         for (const auto& row : rows) {
             const QRect expected(row.ink.topLeft() * scale, row.ink.size() * scale);
             EXPECT_EQ(inkOf(drawn(scale, row.draw), Qt::white), expected) << row.name << " at " << scale;
+        }
+        for (const auto& line : lines) {
+            const QRect expected(line.ink.topLeft() * scale, line.ink.size() * scale);
+            EXPECT_EQ(inkOf(drawn(scale, [&](GdiPainter& gdi) { gdi.lines(line.points); }), Qt::white),
+                      expected)
+                << "line " << line.ink.height() << " high at " << scale;
         }
     }
 }

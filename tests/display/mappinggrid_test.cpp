@@ -1,13 +1,10 @@
 #include "details/pages/display/mappinggrid.h"
 
-#include "details/widgets/ownerdrawbutton.h"
 #include "tests/display/objectspage.h"
-
-#include <QtWidgets/QMessageBox>
 
 using ovsettings::GridCellKind;
 using ovsettings::GridCellStyle;
-using testsupport::answerNextMessageBox;
+using namespace testsupport;
 
 namespace {
 
@@ -56,7 +53,7 @@ TEST_F(MappingGrid, StoresEachCellInItsFieldOfTheKey) {
     chooseColor("OV", "TEXT", Row::kTextColumn, "#800000");
     choose("ATTRIBUTE", Row::kFontColumn, {Qt::Key_End, Qt::Key_Return});
     choose("HIGHLIGHT_LAYER", Row::kLineColumn, {Qt::Key_End, Qt::Key_Return});
-    testsupport::find<QAbstractButton>(window_, "ICT")->click();
+    find<QAbstractButton>(window_, "ICT")->click();
     chooseColor("ICT", "BLOCK", Row::kTextColumn, "#800000");
     ASSERT_TRUE(objects_->isValid() && objects_->onOk());
 
@@ -102,10 +99,10 @@ TEST_F(MappingGrid, RefusesAWidthOutOfRangeWhenTheCellIsLeft) {
     for (const char* text : {"0", "11", "", "x", "1.5", "99999999999999999999"}) {
         typeWidth("LINE", text);
         for (int attempt = 0; attempt < 2; ++attempt) {
-            std::string message;
-            answerNextMessageBox("OK", &message);
-            EXPECT_FALSE(attempt ? objects_->onLeave() : objects_->isValid()) << text;
-            EXPECT_EQ(message, kRange);
+            EXPECT_EQ(
+                messageDuring([&] { EXPECT_FALSE(attempt ? objects_->onLeave() : objects_->isValid()); }),
+                kRange)
+                << text;
         }
         EXPECT_TRUE(grid().isEditing()) << "the edit stays open";
         QTest::keyClick(openEditor(), Qt::Key_Escape);
@@ -119,11 +116,11 @@ TEST_F(MappingGrid, AsksEveryRowAndShowsWhereAStoredWidthIsWrong) {
     const std::string wide = R"(<attribute name="LINE_THICKNESS">11</attribute>)";
     load(object("BUS", wide) + object("LINE", wide));
     openObjects();
-    auto& ict = *testsupport::find<QAbstractButton>(window_, "ICT");
+    auto& ict = *find<QAbstractButton>(window_, "ICT");
     ict.click();
     ict.setFocus();
     Texts boxes(2);
-    testsupport::whenModal([&](QWidget& first) {
+    whenModal([&](QWidget& first) {
         boxes[0] = dynamic_cast<QMessageBox&>(first).text().toStdString();
         answerNextMessageBox("OK", &boxes[1]);
         first.close();
@@ -172,8 +169,7 @@ TEST_F(MappingGrid, CellsOfFieldsThatAKeyDoesNotHaveAreClosed) {
         EXPECT_TRUE(objects_->isValid() && objects_->onApply());
         EXPECT_EQ(stored("BUS"), fields);
         EXPECT_EQ(stored("LABEL"), fields);
-        testsupport::find<QAbstractButton>(window_, "ICT")->click();
-        const QImage sample = objects_->findChild<ovsettings::OwnerDrawButton*>()->grab().toImage();
-        EXPECT_EQ(sample.pixelColor(3, 53 + 2 * 18), fields.empty() ? Qt::black : Qt::blue) << "the bus";
+        find<QAbstractButton>(window_, "ICT")->click();
+        EXPECT_EQ(previewAt(3, 53 + 2 * 18), fields.empty() ? Qt::black : Qt::blue) << "the bus";
     }
 }

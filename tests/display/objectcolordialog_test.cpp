@@ -1,17 +1,11 @@
 #include "details/pages/display/objectcolordialog.h"
 
-#include "details/widgets/ownerdrawbutton.h"
 #include "tests/display/objectspage.h"
 
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QFileDialog>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QPushButton>
 
-using testsupport::answerNextMessageBox;
-using testsupport::find;
-using testsupport::readFile;
-using testsupport::writeFile;
+using namespace testsupport;
 
 namespace {
 
@@ -24,7 +18,7 @@ protected:
 
     /// Presses a button of the page and gives its file dialog a name; an empty one cancels it.
     void chooseFile(const char* button, const std::string& name) {
-        testsupport::whenModal([&](QWidget& modal) {
+        whenModal([&](QWidget& modal) {
             auto* dialog = dynamic_cast<QFileDialog*>(&modal);
             ASSERT_NE(dialog, nullptr);
             auto* field = dialog->findChild<QLineEdit*>();
@@ -41,11 +35,7 @@ protected:
         find<QPushButton>(window_, button)->click();
     }
 
-    QColor previewAt(int x, int y) {
-        return window_.findChild<ovsettings::OwnerDrawButton*>()->grab().toImage().pixelColor(x, y);
-    }
-
-    testsupport::TemporaryDirectory directory_;
+    TemporaryDirectory directory_;
     const std::string path_ = (directory_ / "mine.ovc").string();
     std::string title_, suffix_, filters_, preset_, directoryShown_;
 };
@@ -60,12 +50,12 @@ TEST_F(ObjectColors, ASchemeThatWasSavedAndEditedByHandShowsInGridAndPreview) {
     EXPECT_EQ(filters_, "Orvane Color Schema (*.ovc)|All Files (*)");
     EXPECT_EQ(preset_, "");
     EXPECT_EQ(stored("MRU_SCHEMA"), Texts{path_});
-    EXPECT_NE(readFile(installation_.user() / "orvane.xml").find(path_), std::string::npos)
+    EXPECT_TRUE(contains(readFile(installation_.user() / "orvane.xml"), path_))
         << "the path is kept whatever becomes of the dialog";
 
     std::string text = readFile(path_);
     const auto edit = [&text](const std::string& from, const std::string& to) {
-        ASSERT_NE(text.find(from), std::string::npos) << from << " in\n" << text;
+        ASSERT_TRUE(contains(text, from)) << from << " in\n" << text;
         text.replace(text.find(from), from.size(), to);
     };
     edit(R"(<item name="BACKGROUND" color="0x0"/>)", R"(<item name="BACKGROUND" color="12ab56"/>)");
@@ -117,10 +107,8 @@ TEST_F(ObjectColors, ACancelledLoadHasStoredTheEditsAndAMissingFileChangesNothin
     EXPECT_EQ(cell("OV", "NET", Row::kColorColumn), std::to_string(0x80));
 
     typeWidth("NET", "50");
-    std::string message;
-    answerNextMessageBox("OK", &message);
-    find<QPushButton>(window_, "Load Scheme")->click();
-    EXPECT_EQ(message, "Please enter a value between 1 and 10");
+    EXPECT_EQ(messageDuring([&] { find<QPushButton>(window_, "Load Scheme")->click(); }),
+              "Please enter a value between 1 and 10");
     EXPECT_EQ(stored("NET").at(5), "5");
 }
 
@@ -129,7 +117,7 @@ TEST_F(ObjectColors, ASaveThatFailsSaysSoAndLeavesFileAndListAlone) {
     std::filesystem::create_directory(directory_ / "gone");
     for (const bool isDirectory : {true, false}) {
         std::string message;
-        testsupport::whenModal([&](QWidget& modal) {
+        whenModal([&](QWidget& modal) {
             auto& dialog = dynamic_cast<QFileDialog&>(modal);
             auto* field = dialog.findChild<QLineEdit*>();
             field->setText(QString::fromStdString(target));
@@ -140,7 +128,7 @@ TEST_F(ObjectColors, ASaveThatFailsSaysSoAndLeavesFileAndListAlone) {
             static_cast<QDialog&>(dialog).done(QDialog::Accepted);
         });
         find<QPushButton>(window_, "Save Scheme")->click();
-        EXPECT_NE(message.find((directory_ / "gone").string()), std::string::npos) << message;
+        EXPECT_TRUE(contains(message, (directory_ / "gone").string()));
         EXPECT_EQ(stored("MRU_SCHEMA"), Texts{});
     }
 }
@@ -148,7 +136,7 @@ TEST_F(ObjectColors, ASaveThatFailsSaysSoAndLeavesFileAndListAlone) {
 TEST_F(ObjectColors, ADamagedSchemeIsToldAndChangesNothing) {
     writeFile(path_, "<Schema_file><schema><schematic><item name=\"BACKGROUND\" color=\"0xff\"/>");
     std::string message;
-    testsupport::whenModal([&](QWidget& modal) {
+    whenModal([&](QWidget& modal) {
         auto& dialog = dynamic_cast<QFileDialog&>(modal);
         dialog.findChild<QLineEdit*>()->setText(QString::fromStdString(path_));
         answerNextMessageBox("OK", &message);
@@ -170,18 +158,9 @@ TEST_F(ObjectColors, TheRadioButtonsChooseGridAndPreview) {
     EXPECT_EQ(previewAt(0, 0), QColor(Qt::black));
 }
 
-TEST_F(ObjectColors, AColourChosenInTheGridShowsInThePreviewBeforeItIsStored) {
-    chooseColor("OV", "BACKGROUND_LAYER", Row::kColorColumn, "#800000");
-    EXPECT_EQ(previewAt(0, 0), QColor(0x80, 0, 0));
-    EXPECT_EQ(stored("BACKGROUND_LAYER").at(0), "0x000000");
-}
-
 TEST_F(ObjectColors, OnlyTheMessageOfCodeSevenShowsTheTest) {
-    std::string message;
-    answerNextMessageBox("OK", &message);
     QKeyEvent leftover(static_cast<QEvent::Type>(QEvent::User + 7), 0, Qt::NoModifier);
-    EXPECT_FALSE(objects_->PreTranslateMessage(&leftover));
-    EXPECT_EQ(message, "test");
+    EXPECT_EQ(messageDuring([&] { EXPECT_FALSE(objects_->PreTranslateMessage(&leftover)); }), "test");
     QKeyEvent key(QEvent::KeyPress, Qt::Key_7, Qt::NoModifier);
     EXPECT_FALSE(objects_->PreTranslateMessage(&key));
 }

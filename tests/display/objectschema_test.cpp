@@ -3,15 +3,10 @@
 #include "tests/support/childprocess.h"
 #include "tests/support/testsupport.h"
 
-#include <gtest/gtest.h>
-
 #include <cerrno>
-#include <filesystem>
-#include <vector>
 
 using ovsettings::CObjectSchema;
-using testsupport::readFile;
-using testsupport::writeFile;
+using namespace testsupport;
 
 namespace {
 
@@ -29,7 +24,7 @@ std::string nested(int depth) {
 
 class ObjectSchema : public testing::Test {
 protected:
-    testsupport::TemporaryDirectory directory_;
+    TemporaryDirectory directory_;
     const std::string path_ = (directory_ / "some.ovc").string();
 };
 
@@ -62,8 +57,8 @@ TEST_F(ObjectSchema, AWriteThatFailsLeavesTheOldFileWhole) {
     writeFile(path_, "old");
     std::filesystem::permissions(path_, std::filesystem::perms::owner_read);
     for (const std::string& file : {path_, directory_.path().string()})
-        ASSERT_TRUE(testsupport::giveToUnprivileged(file.c_str()));
-    EXPECT_EQ(testsupport::runUnprivileged([this] {
+        ASSERT_TRUE(giveToUnprivileged(file.c_str()));
+    EXPECT_EQ(runUnprivileged([this] {
                   CObjectSchema schema;
                   schema.addItem("OV", {"ARC", "0x1", "0x1"});
                   const auto failure = schema.write(path_);
@@ -114,10 +109,7 @@ TEST_F(ObjectSchema, RefusesWhatIsNoDocumentAndSaysWhy) {
     const std::string secret = (directory_ / "secret").string();
     writeFile(secret, "0xabcdef");
     const std::string document = std::string(kRoot) + "<ict><item name=\"NET\" color=\"0x1\"/></ict>" + kEnd;
-    struct {
-        const char* what;
-        std::string bytes;
-    } const rows[] = {
+    const std::pair<const char*, std::string> rows[] = {
         {"empty", ""},
         {"binary", std::string("\0\x01\x89PNG\xff\xfe", 8)},
         {"Latin-1", std::string(kRoot) + "<ict><item name=\"\xe4\"/></ict>" + kEnd},
@@ -128,13 +120,13 @@ TEST_F(ObjectSchema, RefusesWhatIsNoDocumentAndSaysWhy) {
         {"an element of many attributes", "<a><schema>" + crowdedElement(100'000) + "</schema></a>"},
         {"a long attribute", "<a><schema b=\"" + std::string(11'000'000, 'x') + "\"/></a>"},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.what);
-        writeFile(path_, row.bytes);
+    for (const auto& [what, bytes] : rows) {
+        SCOPED_TRACE(what);
+        writeFile(path_, bytes);
         CObjectSchema schema;
         EXPECT_FALSE(schema.read(path_));
         EXPECT_EQ(schema.error().rfind(path_ + ": ", 0), 0u) << schema.error();
-        EXPECT_EQ(schema.error().find('\n'), std::string::npos);
+        EXPECT_FALSE(contains(schema.error(), "\n"));
     }
     for (std::size_t length = 0; length < document.size(); ++length) {
         CObjectSchema schema;
@@ -156,13 +148,13 @@ TEST_F(ObjectSchema, TellsAMissingFileFromOneThatCannotBeRead) {
 
     CObjectSchema directory;
     EXPECT_FALSE(directory.read(directory_.path().string()));
-    EXPECT_NE(directory.error().find(directory_.path().string()), std::string::npos);
+    EXPECT_TRUE(contains(directory.error(), directory_.path().string()));
 
     writeFile(path_, "");
     std::filesystem::resize_file(path_, 100u << 20);
     CObjectSchema large;
     EXPECT_FALSE(large.read(path_));
-    EXPECT_NE(large.error().find(path_), std::string::npos);
+    EXPECT_TRUE(contains(large.error(), path_));
 }
 
 TEST_F(ObjectSchema, DoesNotAnnoyWithAFileOfStrangeElements) {
@@ -177,15 +169,12 @@ TEST_F(ObjectSchema, DoesNotAnnoyWithAFileOfStrangeElements) {
 }
 
 TEST_F(ObjectSchema, KnowsTheFilesOfThePrinter) {
-    struct {
-        const char* text;
-        bool isPrinter;
-    } const rows[] = {
+    const std::pair<const char*, bool> rows[] = {
         {R"(<Color_schema_file name="printer.ovc" version="1.0"/>)", true},
         {R"(<Color_schema_file name="printer.ovc" version="1.1"/>)", false},
         {R"(<Color_schema_file version="1.0"/>)", false},
         {R"(<Schema_file name="printer.ovc" version="1.0"/>)", false},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(CObjectSchema::isPrinterSchema(*platform::parseXml(row.text)), row.isPrinter) << row.text;
+    for (const auto& [text, isPrinter] : rows)
+        EXPECT_EQ(CObjectSchema::isPrinterSchema(*platform::parseXml(text)), isPrinter) << text;
 }

@@ -4,11 +4,8 @@
 #include "details/pages/display/objectcolordialog.h"
 #include "tests/display/displaypages.h"
 
-#include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QAbstractItemView>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QLineEdit>
 
 #include <algorithm>
 
@@ -47,10 +44,7 @@ protected:
 
     /// Clicks on a colour cell, and on a colour, "#rrggbb", of what it drops down.
     void chooseColor(const char* mode, const char* key, int column, const char* color) {
-        const int row = grid(mode).rowOfKey(key)->row();
-        const QModelIndex index = grid(mode).model()->index(row - 1, column - 1);
-        grid(mode).scrollTo(index);
-        QTest::mouseClick(grid(mode).viewport(), Qt::LeftButton, {}, grid(mode).visualRect(index).center());
+        testsupport::clickCell(grid(mode), grid(mode).rowOfKey(key)->row(), column);
         QWidget* popup = QApplication::activePopupWidget();
         ASSERT_NE(popup, nullptr) << key << " " << column;
         for (auto* square : popup->findChildren<QAbstractButton*>()) {

@@ -1,16 +1,10 @@
-#include "details/pages/display/mappinggrid.h"
-#include "details/pages/display/objectcolordialog.h"
 #include "details/pages/display/sampleschematic.h"
 #include "details/widgets/gdipainter.h"
-#include "details/widgets/ownerdrawbutton.h"
-#include "tests/display/displaypages.h"
+#include "tests/display/objectspage.h"
 
 #include <QtGui/QFontMetrics>
 #include <QtGui/QPainter>
-#include <QtTest/QTest>
-#include <QtWidgets/QRadioButton>
 
-using ovsettings::CObjectColorDialog;
 using ovsettings::SampleColours;
 
 namespace {
@@ -71,11 +65,11 @@ void expectSample(const QImage& image, const SampleColours& colours) {
     }
 }
 
-class PreviewOfObjects : public DisplayPages {
+class PreviewOfObjects : public ObjectsPage {
 protected:
     void SetUp() override {
         load();
-        objects_ = &open<CObjectColorDialog>();
+        openObjects();
         window_.resize(700, 600);
         objects_->resize(700, 600);
     }
@@ -83,9 +77,7 @@ protected:
     /// What is shown beside the grid; the surface may be larger than the sample.
     QImage grab() { return objects_->findChild<ovsettings::OwnerDrawButton*>()->grab().toImage(); }
 
-    ovsettings::CMappingRow& row(const char* mode, const char* key) {
-        return *objects_->grid(mode)->rowOfKey(key);
-    }
+    ovsettings::CMappingRow& row(const char* mode, const char* key) { return *grid(mode).rowOfKey(key); }
 
     /// Where a change of the text colour shows.
     QRect inkOfText(const char* key) {
@@ -102,8 +94,6 @@ protected:
         }
         return ink;
     }
-
-    CObjectColorDialog* objects_ = nullptr;
 };
 
 } // namespace
@@ -168,35 +158,37 @@ TEST_F(PreviewOfObjects, ShowsTheColoursOfTheGridBeforeTheyAreStored) {
 
 TEST_F(PreviewOfObjects, ShowsATableWhoseHeadersAndCellsHaveTheColoursOfTheirRows) {
     QTest::mouseClick(testsupport::controlByCaption(window_, "ICT"), Qt::LeftButton);
-    const char* const columns[] = {"BLOCK", "COMPONENT", "FUB", "FPGA", "SYMBOL", "PIN", "GROUP"};
-    const char* const nets[] = {"NET", "NETS", "BUS", "DIFFPAIR", "PORT"};
-    int colour = 0x100000;
-    for (const char* key : columns)
-        row("ICT", key).setColor(++colour);
-    for (const char* key : nets)
-        row("ICT", key).setColor(++colour);
-    for (const char* key : {"EDITCELL", "INVALIDCELL", "HIGHLIGHT_LAYER"})
-        row("ICT", key).setColor(++colour);
-    const int cell = colour - 2, paper = colour - 1, highlight = colour;
+    const char* const keys[] = {"BLOCK",    "COMPONENT", "FUB",      "FPGA",        "SYMBOL",
+                                "PIN",      "GROUP",     "NET",      "NETS",        "BUS",
+                                "DIFFPAIR", "PORT",      "EDITCELL", "INVALIDCELL", "HIGHLIGHT_LAYER"};
+    constexpr int kFirst = 0x100001, kFirstNet = kFirst + 7, kCell = kFirst + 12, kPaper = kFirst + 13,
+                  kHighlight = kFirst + 14;
+    int next = kFirst;
+    for (const char* key : keys)
+        row("ICT", key).setColor(next++);
     const QImage image = grab();
     const auto at = [&image](int x, int y) {
         return ovsettings::toPacked(image.pixelColor(x, y));
     };
-
+    const auto expectTile = [&image](int x, int y, int paper) {
+        EXPECT_GE(inkOf(image.copy(x, y, 16, 16), ovsettings::toQColor(paper)).width(), 8) << x << ", " << y;
+    };
     for (int column = 0; column < 7; ++column) {
         // Beside the tile and the text; the left edge has a rule on it, the first header a frame in it.
         const int inset = column == 0 ? 2 : 1;
-        EXPECT_EQ(at(72 + 21 * column + inset, 2 + inset), 0x100001 + column) << columns[column];
-        EXPECT_EQ(at(72 + 21 * column + 20 - (inset - 1), 51 - (inset - 1)), 0x100001 + column);
+        EXPECT_EQ(at(72 + 21 * column + inset, 2 + inset), kFirst + column) << keys[column];
+        EXPECT_EQ(at(72 + 21 * column + 20 - (inset - 1), 51 - (inset - 1)), kFirst + column);
+        expectTile(73 + 21 * column, 5, kFirst + column);
     }
     for (int line = 0; line < 5; ++line) {
-        EXPECT_EQ(at(3, 53 + 18 * line), 0x100008 + line) << nets[line];
-        EXPECT_EQ(at(71, 69 + 18 * line), 0x100008 + line) << nets[line];
+        EXPECT_EQ(at(3, 53 + 18 * line), kFirstNet + line);
+        EXPECT_EQ(at(71, 69 + 18 * line), kFirstNet + line);
+        expectTile(5, 53 + 18 * line, kFirstNet + line);
     }
     const char* const lattice[] = {"###.###", "###.###", "###.###", "###.###", "#.....#"};
     for (int line = 0; line < 5; ++line) {
         for (int column = 0; column < 7; ++column) {
-            const int expected = lattice[line][column] == '#' ? cell : paper;
+            const int expected = lattice[line][column] == '#' ? kCell : kPaper;
             EXPECT_EQ(at(73 + 21 * column, 53 + 18 * line), expected) << column << ", " << line;
             EXPECT_EQ(at(92 + 21 * column, 69 + 18 * line), expected) << column << ", " << line;
         }
@@ -204,12 +196,13 @@ TEST_F(PreviewOfObjects, ShowsATableWhoseHeadersAndCellsHaveTheColoursOfTheirRow
     struct {
         int x, y, colour;
     } const edges[] = {
-        {0, 0, paper},       {1, 70, paper},      {70, 1, paper},     {2, 2, kRule},       {2, 142, kRule},
-        {2, 143, paper},     {218, 2, kRule},     {219, 2, kRule},    {219, 141, kRule},   {219, 142, paper},
-        {220, 70, paper},    {72, 2, kRule},      {72, 141, kRule},   {93, 30, kRule},     {2, 52, kRule},
-        {218, 52, kRule},    {218, 142, kRule},   {110, 143, paper},  {110, 70, kRule},    {30, 30, paper},
-        {73, 30, highlight}, {92, 30, highlight}, {83, 3, highlight}, {83, 51, highlight}, {74, 50, 0x100001},
-        {94, 40, 0x100002},
+        {0, 0, kPaper},       {1, 70, kPaper},      {70, 1, kPaper},     {2, 2, kRule},
+        {2, 142, kRule},      {2, 143, kPaper},     {218, 2, kRule},     {219, 2, kRule},
+        {219, 141, kRule},    {219, 142, kPaper},   {220, 70, kPaper},   {72, 2, kRule},
+        {72, 141, kRule},     {93, 30, kRule},      {2, 52, kRule},      {218, 52, kRule},
+        {218, 142, kRule},    {110, 143, kPaper},   {110, 70, kRule},    {30, 30, kPaper},
+        {73, 30, kHighlight}, {92, 30, kHighlight}, {83, 3, kHighlight}, {83, 51, kHighlight},
+        {74, 50, kFirst},     {94, 40, kFirst + 1},
     };
     for (const auto& edge : edges)
         EXPECT_EQ(at(edge.x, edge.y), edge.colour) << edge.x << ", " << edge.y;
@@ -231,33 +224,5 @@ TEST_F(PreviewOfObjects, WritesDownwardsInColumnHeadersAndUprightElsewhere) {
         EXPECT_TRUE(row.cell.contains(ink))
             << row.key << " " << ink.x() << " " << ink.y() << " " << ink.width() << " " << ink.height();
         EXPECT_EQ(ink.height() > ink.width(), row.cell.height() > row.cell.width()) << row.key;
-    }
-}
-
-TEST_F(PreviewOfObjects, ShowsATileInEveryHeader) {
-    QTest::mouseClick(testsupport::controlByCaption(window_, "ICT"), Qt::LeftButton);
-    struct {
-        const char* key;
-        QRect header, tile;
-    } rows[12];
-    int i = 0;
-    for (const char* key : {"BLOCK", "COMPONENT", "FUB", "FPGA", "SYMBOL", "PIN", "GROUP"}) {
-        const int left = 72 + 21 * i;
-        rows[i++] = {key, {left + 1, 4, 19, 47}, {left + 1, 5, 20, 16}};
-    }
-    for (const char* key : {"NET", "NETS", "BUS", "DIFFPAIR", "PORT"}) {
-        const int top = 52 + 18 * (i - 7);
-        rows[i++] = {key, {3, top + 1, 68, 17}, {5, top + 1, 20, 16}};
-    }
-    row("ICT", "HIGHLIGHT_LAYER").setColor(0xfefefe);
-    for (const auto& header : rows) {
-        row("ICT", header.key).setColor(0xfefefe);
-        row("ICT", header.key).setTextColor(0xfefefe);
-    }
-    const QImage image = grab();
-    for (const auto& header : rows) {
-        const QRect ink = inkOf(image.copy(header.header), QColor(0xfe, 0xfe, 0xfe));
-        EXPECT_GE(ink.width(), 8) << header.key;
-        EXPECT_TRUE(header.tile.contains(ink.translated(header.header.topLeft()))) << header.key;
     }
 }

@@ -2,8 +2,6 @@
 
 #include "tests/support/testsupport.h"
 
-#include <gtest/gtest.h>
-
 #include <limits>
 
 using Orv::CColorScheme;
@@ -175,6 +173,6 @@ TEST(SchemeFile, TellsWhereAFileEndsEarlyAndThatOneCannotBeRead) {
     for (const std::string& none : {(directory / "none.scm").string(), directory.path().string()}) {
         const Orv::ColorSchemes unreadable = Orv::readColorSchemes(none);
         EXPECT_EQ(unreadable.error, ColorSchemeError::unreadable);
-        EXPECT_NE(unreadable.reason.find(none), std::string::npos);
+        EXPECT_TRUE(testsupport::contains(unreadable.reason, none));
     }
 }

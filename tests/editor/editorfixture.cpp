@@ -1,9 +1,5 @@
 #include "tests/editor/editorfixture.h"
 
-#include "details/appcfg/appcfg.h"
-
-#include <QtTest/QTest>
-
 namespace {
 
 struct KeyRecorder : Orv::iAppConfiguration::iEventSink {
@@ -14,13 +10,12 @@ struct KeyRecorder : Orv::iAppConfiguration::iEventSink {
 } // namespace
 
 void EditorPages::loadAsWritten(const std::vector<Entry>& entries) {
-    std::string text = "<configuration>\n <section path=\"Orvane/SETTINGS\">\n";
+    std::string values;
     for (const Entry& entry : entries) {
-        text += "  <value name=\"" + entry.key + "\"" + (entry.locked ? " locked=\"yes\"" : "") + ">" +
-                entry.value + "</value>\n";
+        values += "<value name=\"" + entry.key + "\"" + (entry.locked ? " locked=\"yes\"" : "") + ">" +
+                  entry.value + "</value>";
     }
-    testsupport::writeFile(installation_.site() / "orvane.xml", text + " </section>\n</configuration>\n");
-    ASSERT_TRUE(appConfig_.load());
+    loadSections("<section path=\"Orvane/SETTINGS\">" + values + "</section>");
 }
 
 void EditorPages::load(const std::vector<Entry>& entries) {
@@ -41,10 +36,4 @@ std::vector<std::string> EditorPages::keysWrittenBy(ovsettings::CPropDialogTempl
     EXPECT_TRUE(page.onApply());
     appConfig_.removeSink(&recorder);
     return recorder.keys;
-}
-
-void EditorPages::type(QWidget& control, const std::string& text) {
-    QTest::keyClick(&control, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClick(&control, Qt::Key_Delete);
-    QTest::keyClicks(&control, QString::fromStdString(text));
 }

@@ -1,6 +1,7 @@
 #include "details/pages/editor/globalnetsdialog.h"
 
 #include "details/pages/editor/globalsgrid.h"
+#include "tests/support/widgets.h"
 
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
@@ -12,9 +13,7 @@ TEST(GlobalNetsPage, KeepsWhatIsTypedAndStoresNothing) {
     page.createWindow(&window);
     page.show();
     page.resize(400, 300);
-    window.show();
-    window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    testsupport::activate(window);
     auto& grid = *page.findChild<ovsettings::CGlobalsGrid*>();
     EXPECT_EQ(grid.rowCount(), 11);
     EXPECT_EQ(grid.cellText(0, 1).toStdString(), "Global Net");

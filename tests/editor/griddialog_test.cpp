@@ -4,14 +4,10 @@
 #include "details/widgets/decimalspinctrl.h"
 #include "tests/editor/editorfixture.h"
 
-#include <QtTest/QTest>
-#include <QtWidgets/QCheckBox>
-
 using Orv::Metrics::Unit;
 using ovsettings::CDecimalSpinCtrl;
 using ovsettings::CGridDialog;
-using testsupport::answerNextMessageBox;
-using testsupport::find;
+using namespace testsupport;
 
 namespace {
 
@@ -57,15 +53,10 @@ TEST_F(GridPage, RefusesASpacingBeyondTheLimitsOfTheUnit) {
         QTest::keyClick(&display(), Qt::Key_Space);
         const std::string before = stored("GRIDON");
         type(spacing(), row.typed);
-        for (const auto& check : {&CGridDialog::isValid, &CGridDialog::onLeave, &CGridDialog::onApply}) {
-            std::string message;
-            answerNextMessageBox("OK", &message);
-            EXPECT_FALSE((page.*check)()) << row.typed;
-            EXPECT_EQ(message, row.message);
-        }
+        for (const auto& check : {&CGridDialog::isValid, &CGridDialog::onLeave, &CGridDialog::onApply})
+            EXPECT_EQ(messageDuring([&] { EXPECT_FALSE((page.*check)()); }), row.message) << row.typed;
         EXPECT_EQ(stored("GRIDON"), before) << "a refused page writes nothing";
         EXPECT_EQ(spacing().text().toStdString(), row.typed);
-        delete &page;
     }
 }
 
@@ -80,10 +71,7 @@ TEST_F(GridPage, AcceptsASpacingFinerThanTheUnitOnlyIfItWasStoredSo) {
         EXPECT_EQ(stored("GRID_HR"), length);
 
         type(spacing(), shown);
-        std::string message;
-        answerNextMessageBox("OK", &message);
-        EXPECT_FALSE(page.onApply()) << shown;
-        delete &page;
+        EXPECT_NE(messageDuring([&] { EXPECT_FALSE(page.onApply()); }), "") << shown;
     }
 }
 
@@ -94,7 +82,7 @@ TEST_F(GridPage, ShowsTheSameLengthAfterAChangeOfTheUnit) {
     Orv::setConfiguredUnit(appConfig_, Unit::millimetre);
     EXPECT_TRUE(page.onEnter());
     EXPECT_EQ(spacing().text().toStdString(), "7.62");
-    EXPECT_NE(testsupport::controlByCaption(window_, "mm"), nullptr);
+    EXPECT_NE(controlByCaption(window_, "mm"), nullptr);
     EXPECT_TRUE(page.isModified()) << "the edit is not stored yet";
     double minimum, maximum, step;
     spacing().getRange(minimum, maximum, step);

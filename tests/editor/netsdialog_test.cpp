@@ -1,22 +1,20 @@
 #include "details/pages/editor/netsdialog.h"
 
 #include "details/appcfg/unitglue.h"
+#include "details/pages/advanced/generaldialog.h"
 #include "details/pages/editor/griddialog.h"
 #include "details/pages/editor/metricsdialog.h"
 #include "details/pages/editor/newobjectdialog.h"
 #include "details/pages/editor/panandzoomdialog.h"
+#include "details/pages/startup/runonstartupdialog.h"
 #include "details/widgets/decimalspinctrl.h"
 #include "tests/editor/editorfixture.h"
 
-#include <QtTest/QTest>
-#include <QtWidgets/QCheckBox>
 #include <QtWidgets/QGroupBox>
-#include <QtWidgets/QRadioButton>
 
 using ovsettings::CDecimalSpinCtrl;
 using ovsettings::CNetsDialog;
-using testsupport::answerNextMessageBox;
-using testsupport::find;
+using namespace testsupport;
 
 namespace {
 
@@ -70,16 +68,13 @@ TEST_F(NetsPage, ShowsEachStoredChoiceAndWritesItBackInNormalForm) {
         ASSERT_TRUE(page.onApply());
         EXPECT_EQ(stored(row.key), row.written) << row.stored;
         EXPECT_FALSE(page.isModified());
-        delete &page;
     }
 }
 
 TEST_F(NetsPage, ChoosesByKeyboardWithinOneGroup) {
     load({{"ROUTE", "0"}});
     CNetsDialog& page = open<CNetsDialog>();
-    window_.show();
-    window_.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
+    activate(window_);
     auto* snap = find<QCheckBox>(window_, "Snap Nets To Pin");
     const bool snapped = snap->isChecked();
     snap->setFocus();
@@ -112,13 +107,8 @@ TEST_F(NetsPage, RefusesADistanceBeyondTheLimitsEvenIfLeftAloneOrLocked) {
     for (const auto& row : rows) {
         load({row.entry, {"UNIT", row.unit}});
         CNetsDialog& page = open<CNetsDialog>();
-        for (const auto& check : {&CNetsDialog::isValid, &CNetsDialog::onLeave, &CNetsDialog::onApply}) {
-            std::string message;
-            answerNextMessageBox("OK", &message);
-            EXPECT_FALSE((page.*check)());
-            EXPECT_EQ(message, row.message);
-        }
-        delete &page;
+        for (const auto& check : {&CNetsDialog::isValid, &CNetsDialog::onLeave, &CNetsDialog::onApply})
+            EXPECT_EQ(messageDuring([&] { EXPECT_FALSE((page.*check)()); }), row.message);
     }
 }
 
@@ -143,27 +133,24 @@ TEST_F(EditorPages, DefaultLengthsPassTheLimitsOfTheirPagesInEveryUnit) {
     std::list<Orv::Metrics::Unit> units;
     Orv::Metrics::ListAvaibleUnits(units);
     load({});
-    open<ovsettings::CGridDialog>();
-    open<CNetsDialog>();
-    open<ovsettings::CNewObjectDialog>();
-    const auto lengths = window_.findChildren<CDecimalSpinCtrl*>();
-    ASSERT_EQ(lengths.size(), 3);
-    const auto& distance = *find<CDecimalSpinCtrl>(window_, "Avoidance Distance");
-    for (const Orv::Metrics::Unit unit : units) {
-        Orv::setConfiguredUnit(appConfig_, unit);
-        for (auto* page : window_.findChildren<ovsettings::CPropDialogTemplate*>())
-            page->onEnter();
-        for (const CDecimalSpinCtrl* length : lengths) {
-            const double inches = length == &distance ? 0.2 : 0.1;
+    const auto check = [&](ovsettings::CPropDialogTemplate& page, double inches) {
+        const auto& length = *page.findChild<CDecimalSpinCtrl*>();
+        for (const Orv::Metrics::Unit unit : units) {
+            Orv::setConfiguredUnit(appConfig_, unit);
+            page.onEnter();
             double minimum, maximum, step;
-            length->getRange(minimum, maximum, step);
-            EXPECT_GE(length->getValue(), minimum) << length->text().toStdString();
-            EXPECT_LE(length->getValue(), maximum) << length->text().toStdString();
-            EXPECT_EQ(Orv::fromDisplay(length->getValue(), unit),
+            length.getRange(minimum, maximum, step);
+            EXPECT_GE(length.getValue(), minimum) << length.text().toStdString();
+            EXPECT_LE(length.getValue(), maximum) << length.text().toStdString();
+            EXPECT_EQ(Orv::fromDisplay(length.getValue(), unit),
                       Orv::fromDisplay(inches, Orv::Metrics::Unit::inch))
                 << "the same length in each unit";
         }
-    }
+        Orv::setConfiguredUnit(appConfig_, Orv::Metrics::Unit::inch);
+    };
+    check(open<ovsettings::CGridDialog>(), 0.1);
+    check(open<CNetsDialog>(), 0.2);
+    check(open<ovsettings::CNewObjectDialog>(), 0.1);
 }
 
 TEST_F(EditorPages, APageWithoutAWindowRefusesNothingAndWritesNothing) {
@@ -174,9 +161,14 @@ TEST_F(EditorPages, APageWithoutAWindowRefusesNothingAndWritesNothing) {
         EXPECT_FALSE(page.isModified());
         EXPECT_TRUE(keysWrittenBy(page).empty()) << page.metaObject()->className();
     };
-    check(ovsettings::CGridDialog(nullptr));
-    check(ovsettings::CMetricsDialog(nullptr));
-    check(CNetsDialog(nullptr));
-    check(ovsettings::CNewObjectDialog(nullptr));
-    check(ovsettings::CPanAndZoomDialog(nullptr));
+    for (QWidget* parent : {static_cast<QWidget*>(nullptr), &window_}) {
+        check(ovsettings::CGridDialog(parent));
+        check(ovsettings::CGeneralDialog(parent));
+        check(ovsettings::CMetricsDialog(parent));
+        check(CNetsDialog(parent));
+        check(ovsettings::CNewObjectDialog(parent));
+        check(ovsettings::CPanAndZoomDialog(parent));
+        check(ovsettings::CRunOnStartupDialog(parent));
+    }
+    EXPECT_FALSE(std::filesystem::exists(installation_.user() / "scripts.ini"));
 }

@@ -4,14 +4,9 @@
 #include "details/widgets/decimalspinctrl.h"
 #include "tests/editor/editorfixture.h"
 
-#include <QtTest/QTest>
-#include <QtWidgets/QComboBox>
-#include <QtWidgets/QLabel>
-
 using ovsettings::CDecimalSpinCtrl;
 using ovsettings::CNewObjectDialog;
-using testsupport::answerNextMessageBox;
-using testsupport::find;
+using namespace testsupport;
 
 namespace {
 
@@ -28,24 +23,21 @@ TEST_F(NewObjectsPage, ShowsTheStoredOriginByItsIndexAndWritesItBack) {
     struct {
         const char *stored, *shown, *written;
     } const rows[] = {
-        {"0", "None", "0"},         {"1", "Upper left", "1"},
-        {"2", "Middle left", "2"},  {"3", "Lower left", "3"},
-        {"4", "Upper center", "4"}, {"5", "Middle center", "5"},
-        {"6", "Lower center", "6"}, {"7", "Upper right", "7"},
-        {"8", "Middle right", "8"}, {"9", "Lower right", "9"},
-        {"10", "", "-1"},           {"-1", "", "-1"},
-        {"-2", "", "-1"},           {"2.9", "Middle left", "2"},
+        {"0", "None", "0"}, {"1", "Upper left", "1"}, {"9", "Lower right", "9"},
+        {"10", "", "-1"},   {"-1", "", "-1"},         {"2.9", "Middle left", "2"},
     };
+    const std::vector<std::string> kOrigins{"None",         "Upper left",    "Middle left",  "Lower left",
+                                            "Upper center", "Middle center", "Lower center", "Upper right",
+                                            "Middle right", "Lower right"};
     for (const auto& row : rows) {
         load({{"TEXTORIGIN", row.stored}});
         CNewObjectDialog& page = open<CNewObjectDialog>();
-        EXPECT_EQ(origin().count(), 10);
+        EXPECT_EQ(textsOf(origin()), kOrigins);
         EXPECT_EQ(origin().currentText().toStdString(), row.shown) << row.stored;
         EXPECT_FALSE(page.isModified()) << row.stored;
         EXPECT_TRUE(page.onApply());
         EXPECT_EQ(stored("TEXTORIGIN"), row.written) << row.stored;
         EXPECT_FALSE(page.isModified());
-        delete &page;
     }
 }
 
@@ -88,15 +80,13 @@ TEST_F(NewObjectsPage, RefusesATypedSizeBeyondTheLimitsOfTheUnit) {
         CNewObjectDialog& page = open<CNewObjectDialog>();
         type(size(), row.typed);
         for (const auto& check : {&CNewObjectDialog::isValid, &CNewObjectDialog::onLeave}) {
-            std::string message;
             if (*row.message)
-                answerNextMessageBox("OK", &message);
-            EXPECT_EQ((page.*check)(), !*row.message) << row.typed;
-            EXPECT_EQ(message, row.message);
+                EXPECT_EQ(messageDuring([&] { EXPECT_FALSE((page.*check)()); }), row.message) << row.typed;
+            else
+                EXPECT_TRUE((page.*check)()) << row.typed;
         }
         EXPECT_EQ(size().text().toStdString(), row.typed);
         EXPECT_EQ(storedSize(), 254000);
-        delete &page;
     }
 }
 
@@ -122,7 +112,6 @@ TEST_F(NewObjectsPage, KeepsAStoredSizeThatTheUnitCouldNotType) {
             EXPECT_FALSE(page.isModified());
             EXPECT_TRUE(page.onOk());
             EXPECT_EQ(storedSize(), row.kept);
-            delete &page;
         }
     }
 }
@@ -140,7 +129,7 @@ TEST_F(NewObjectsPage, DisablesWhatIsLockedAndSaysByWhom) {
         for (const QLabel* label : page.findChildren<QLabel*>()) {
             // The label that shows the unit goes with the size.
             const QWidget* control = label->buddy() ? label->buddy() : &size();
-            const bool locked = control == testsupport::controlByCaption(window_, row.caption);
+            const bool locked = control == controlByCaption(window_, row.caption);
             EXPECT_EQ(label->isEnabled(), !locked) << label->text().toStdString();
             EXPECT_EQ(control->isEnabled(), !locked);
             EXPECT_EQ(label->toolTip().toStdString(), locked ? "Locked by " + siteDirectory() : "");
@@ -148,7 +137,6 @@ TEST_F(NewObjectsPage, DisablesWhatIsLockedAndSaysByWhom) {
         }
         EXPECT_TRUE(page.onApply());
         EXPECT_EQ(stored(row.key), row.value);
-        delete &page;
     }
 }
 
@@ -163,7 +151,6 @@ TEST_F(NewObjectsPage, TakesABrokenConfigurationWithoutHarm) {
         EXPECT_TRUE(page.onApply());
         EXPECT_EQ(stored("TEXTORIGIN"), "9") << text;
         EXPECT_EQ(storedSize(), 5080000) << text;
-        delete &page;
     }
 }
 
@@ -175,5 +162,5 @@ TEST_F(NewObjectsPage, FailsToApplyWithoutAConfiguration) {
     EXPECT_FALSE(page.isModified());
     EXPECT_FALSE(page.onOk());
     EXPECT_EQ(origin().count(), 10);
-    EXPECT_NE(testsupport::controlByCaption(window_, "in"), nullptr);
+    EXPECT_NE(controlByCaption(window_, "in"), nullptr);
 }

@@ -1,23 +1,16 @@
 #include "details/pages/editor/newsheetdialog.h"
 
-#include "details/appcfg/appcfg.h"
 #include "details/appcfg/unitglue.h"
 #include "orv/projectconfiguration.h"
 #include "suite/bordersymbolsfile.h"
 #include "suite/projectdatafile.h"
 #include "tests/editor/editorfixture.h"
 
-#include <QtTest/QTest>
-#include <QtWidgets/QCheckBox>
-#include <QtWidgets/QComboBox>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QRadioButton>
-
 #include <limits>
 
 using Orv::Metrics::Unit;
 using ovsettings::CNewSheetDialog;
-using testsupport::find;
+using namespace testsupport;
 
 namespace {
 
@@ -35,15 +28,7 @@ protected:
         for (const std::string& border : borders)
             borders_.GetTable()[border] = "borders:ANY";
         project_.borderSymbols = &borders_;
-        delete page_;
-        page_ = new CNewSheetDialog(nullptr);
-        page_->setAppConfiguration(&appConfig_);
-        page_->setProjectConfiguration(&project_);
-        page_->createWindow(&window_);
-        window_.show();
-        page_->show();
-        page_->onEnter();
-        return *page_;
+        return open<CNewSheetDialog>(&project_);
     }
 
     QComboBox& size() { return *find<QComboBox>(window_, "Size"); }
@@ -61,10 +46,8 @@ protected:
             .toStdString();
     }
     Texts listed() {
-        Texts texts;
-        for (int index = 10; index < size().count(); ++index)
-            texts.push_back(size().itemText(index).toStdString());
-        return texts;
+        const Texts all = textsOf(size());
+        return {all.begin() + 10, all.end()};
     }
     Texts storedSides() const {
         Texts sides;
@@ -74,17 +57,13 @@ protected:
 
     NProjectTools::CBorderSymbolsFile borders_;
     Orv::CProjectConfiguration project_;
-    CNewSheetDialog* page_ = nullptr;
 };
 
 } // namespace
 
 TEST_F(NewSheetsPage, OffersEachBorderWhoseNameHoldsASizeOnce) {
     load({});
-    const struct {
-        Texts names;
-        Texts listed;
-    } rows[] = {
+    const std::pair<Texts, Texts> rows[] = {
         {{}, {"Custom"}},
         {{"A4SHEETL", "34x22", "SHEET", "34X22SHEET"}, {"Custom"}},
         {{"34x22SHEET", "34x22SHEET1"}, {"34x22SHEET", "Custom"}},
@@ -92,9 +71,9 @@ TEST_F(NewSheetsPage, OffersEachBorderWhoseNameHoldsASizeOnce) {
         {{"34x22SHEET1A", "34x22SHEET1B"}, {"34x22SHEET1", "Custom"}},
         {{"34x22SHEETA", "34x22SHEETB"}, {"34x22SHEETA", "34x22SHEETB", "Custom"}},
     };
-    for (const auto& row : rows) {
-        openWith(row.names);
-        EXPECT_EQ(listed(), row.listed);
+    for (const auto& [names, expected] : rows) {
+        openWith(names);
+        EXPECT_EQ(listed(), expected);
     }
     NProjectTools::CProjectDataFile anotherClass;
     openWith({"34x22SHEET"});
@@ -108,8 +87,7 @@ TEST_F(NewSheetsPage, OffersEachBorderWhoseNameHoldsASizeOnce) {
 
 TEST_F(NewSheetsPage, ReadsTheSizeInInchesOutOfABordersNameHoweverOddItIs) {
     const struct {
-        const char* name;
-        const char* inMillimetres;
+        const char *name, *inMillimetres;
         Texts stored; ///< none where the sides are refused
     } rows[] = {
         {"34x22SHEET", "864.00 x 559.00", {"86360000", "55880000"}},
@@ -132,7 +110,7 @@ TEST_F(NewSheetsPage, ReadsTheSizeInInchesOutOfABordersNameHoweverOddItIs) {
             EXPECT_EQ(storedSides(), row.stored) << row.name;
             continue;
         }
-        testsupport::answerNextMessageBox("OK");
+        answerNextMessageBox("OK");
         EXPECT_FALSE(page.onApply()) << row.name;
         EXPECT_EQ(stored("SHEETSIZE"), "1");
     }
@@ -236,12 +214,8 @@ TEST_F(NewSheetsPage, RefusesSidesBelowOneAndAboveAHundredMillionOnTheirText) {
         type(width(), row.width);
         type(height(), row.height);
         for (const auto& check :
-             {&CNewSheetDialog::isValid, &CNewSheetDialog::onLeave, &CNewSheetDialog::onApply}) {
-            std::string message;
-            testsupport::answerNextMessageBox("OK", &message);
-            EXPECT_FALSE((page.*check)());
-            EXPECT_EQ(message, row.message);
-        }
+             {&CNewSheetDialog::isValid, &CNewSheetDialog::onLeave, &CNewSheetDialog::onApply})
+            EXPECT_EQ(messageDuring([&] { EXPECT_FALSE((page.*check)()); }), row.message);
         EXPECT_EQ(stored("SHEETSIZE"), "0");
     }
     type(width(), "100000000");
@@ -265,7 +239,7 @@ TEST_F(NewSheetsPage, KeepsWhatIsNotStoredYetWhenItIsEnteredAgain) {
     page.onEnter();
     EXPECT_EQ(shown(), "34x22SHEET: 559.00 x 864.00 Portrait");
     EXPECT_TRUE(box(kAutomatic).isChecked() && page.isModified());
-    EXPECT_NE(testsupport::controlByCaption(window_, "mm"), nullptr);
+    EXPECT_NE(controlByCaption(window_, "mm"), nullptr);
 
     // An eighth of an inch does not become twelve hundredths by having been looked at.
     type(width(), "3.175");
@@ -320,7 +294,7 @@ TEST_F(NewSheetsPage, ALockDisablesAllControlsThatItConcerns) {
         Texts disabled;
         for (const char* caption :
              {"Size", "Width", "Height", "Portrait", "Landscape", kAutomatic, kConfigurable, kSheet1}) {
-            const QWidget* control = testsupport::controlByCaption(window_, caption);
+            const QWidget* control = controlByCaption(window_, caption);
             if (control->isEnabled())
                 continue;
             disabled.push_back(caption);
@@ -334,11 +308,8 @@ TEST_F(NewSheetsPage, ALockDisablesAllControlsThatItConcerns) {
         }
     }
 
-    testsupport::writeFile(installation_.site() / "orvane.xml",
-                           "<configuration><section path=\"Orvane/SIZES\"><group type=\"size\" "
-                           "name=\"Z_SIZE_HR\"><attribute name=\"HEIGHT\" "
-                           "locked=\"yes\"/></group></section></configuration>");
-    ASSERT_TRUE(appConfig_.load());
+    loadSections(R"(<section path="Orvane/SIZES"><group type="size" name="Z_SIZE_HR">)"
+                 R"(<attribute name="HEIGHT" locked="yes"/></group></section>)");
     openWith({});
     EXPECT_TRUE(size().isEnabled());
     EXPECT_FALSE(width().isEnabled() || height().isEnabled()) << "one field of the size is enough";

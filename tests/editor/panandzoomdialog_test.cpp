@@ -2,9 +2,6 @@
 
 #include "tests/editor/editorfixture.h"
 
-#include <QtTest/QTest>
-#include <QtWidgets/QRadioButton>
-
 #include <array>
 #include <span>
 
@@ -96,7 +93,6 @@ TEST_F(PanAndZoomPage, StoresWhatItShowsAndKeepsTheMiddleButtonForTheSarnStyle) 
         EXPECT_EQ(flags(), row.after);
         EXPECT_FALSE(page.isModified());
         EXPECT_NE(checked(kZooms) + checked(kStrokes), "SARN Pan and Zoom&Middle Button");
-        delete &page;
     }
 }
 
@@ -123,7 +119,6 @@ TEST_F(PanAndZoomPage, DisablesTheButtonsOfALockedKeyAndNoOthers) {
         EXPECT_TRUE(page.onApply());
         EXPECT_EQ(stored(key), before);
         EXPECT_FALSE(page.isModified());
-        delete &page;
     }
 }
 
@@ -136,9 +131,6 @@ TEST_F(PanAndZoomPage, ReachesEveryFreeButtonByKeyboard) {
         {"SARN_ZOOM", {"Default Pan and Zoom", "&Right Button"}},
         {"MIDSTROKE", {"SARN Pan and Zoom", "Strokes off"}},
     };
-    window_.show();
-    window_.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
     const auto press = [](Qt::Key key) {
         QTest::keyClick(QApplication::focusWidget(), key);
     };
@@ -146,6 +138,7 @@ TEST_F(PanAndZoomPage, ReachesEveryFreeButtonByKeyboard) {
         SCOPED_TRACE(row.lockedKey);
         loadFlags("01010", row.lockedKey);
         CPanAndZoomDialog& page = open<CPanAndZoomDialog>();
+        testsupport::activate(window_);
         window_.setFocus();
         for (std::size_t group = 0; group < 2; ++group) {
             press(Qt::Key_Tab);
@@ -164,6 +157,5 @@ TEST_F(PanAndZoomPage, ReachesEveryFreeButtonByKeyboard) {
         }
         EXPECT_TRUE(page.onOk());
         EXPECT_EQ(stored("STROKES"), "0");
-        delete &page;
     }
 }

@@ -14,7 +14,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <string>
 
 int main() {
     setenv("QT_QPA_PLATFORM", "offscreen", 1);

@@ -1,40 +1,15 @@
 #include "tests/host/hostdialog.h"
 
 #include "ovsettings/showsettingsdialog.h"
-#include "ovsettings/updatehost.h"
 
-#include <QtTest/QTest>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QPushButton>
 #include <QtWidgets/QScrollArea>
-#include <QtWidgets/QTreeWidget>
-
-bool AskingUpdater::updateSettings(ovsettings::IUpdateHost* host) {
-    std::set<std::string> changed;
-    for (const std::string& name : names_) {
-        if (host->isPageChanged(name))
-            changed.insert(name);
-    }
-    notifications.push_back(changed);
-    return true;
-}
 
 HostDialog::HostDialog() {
     recorder() = Recorder();
     EXPECT_TRUE(configuration_.load());
 }
 
-void HostDialog::catalogue(const std::string& dialogs) {
-    testsupport::writeFile(installation_.standard() / "settings.xml", "<settings>" + dialogs + "</settings>");
-}
-
-std::string HostDialog::category(const std::string& name, const std::string& key, const std::string& inner) {
-    return "<dialog><name>" + name + "</name><classid>" + key +
-           "</classid><localization>" RECORDING_ADDIN "</localization>" + inner + "</dialog>";
-}
-
-int HostDialog::run(const std::function<void(QDialog&)>& script, Orv::IUpdater* updater) {
+int HostDialog::run(Orv::IUpdater* updater, const std::function<void(QDialog&)>& script) {
     testsupport::whenDialog(script, &boxes_);
     return ovsettings::showSettingsDialog(configuration_, project_, updater);
 }
@@ -45,11 +20,6 @@ std::string HostDialog::storedLastPage() {
     if (!fresh.load() || !fresh.getProperty(property) || property.values.empty())
         return "(none)";
     return property.values.front();
-}
-
-void click(QDialog& dialog, const std::string& button) {
-    if (auto* found = testsupport::find<QPushButton>(dialog, button))
-        QTest::mouseClick(found, Qt::LeftButton);
 }
 
 namespace {

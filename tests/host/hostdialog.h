@@ -2,29 +2,11 @@
 
 #include "orv/appconfiguration.h"
 #include "orv/projectconfiguration.h"
-#include "orv/updater.h"
 #include "tests/host/recordingaddin.h"
-#include "tests/support/testsupport.h"
+#include "tests/support/askingupdater.h"
+#include "tests/support/widgets.h"
 
-#include <QtWidgets/QDialog>
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <set>
-#include <string>
-#include <vector>
-
-/// Asks for some page names at each commit and writes down which were changed.
-class AskingUpdater : public Orv::IUpdater {
-public:
-    explicit AskingUpdater(std::vector<std::string> names) : names_(std::move(names)) {}
-    bool updateSettings(ovsettings::IUpdateHost* host) override;
-
-    std::vector<std::set<std::string>> notifications;
-
-private:
-    std::vector<std::string> names_;
-};
+using testsupport::press;
 
 /// A host with an installation of its own and a loaded configuration.
 class HostDialog : public testing::Test {
@@ -32,14 +14,21 @@ protected:
     HostDialog();
 
     /// Writes the catalogue: the text between the document element's tags.
-    void catalogue(const std::string& dialogs);
+    void catalogue(const std::string& dialogs) { installation_.writeCatalogue(dialogs); }
     /// Catalogue text of one category of the recording add-in.
     static std::string category(const std::string& name, const std::string& key,
-                                const std::string& inner = "");
+                                const std::string& inner = "") {
+        return testsupport::Installation::category(name, key, RECORDING_ADDIN, inner);
+    }
     static std::string category(const std::string& name) { return category(name, name); }
+    /// The same of a page of another add-in, named as its key.
+    static std::string entry(const std::string& key, const std::string& localization) {
+        return testsupport::Installation::category(key, key, localization);
+    }
 
     /// Opens the dialog and lets the script work it; returns what the host gets.
-    int run(const std::function<void(QDialog&)>& script, Orv::IUpdater* updater = nullptr);
+    int run(Orv::IUpdater* updater, const std::function<void(QDialog&)>& script);
+    int run(const std::function<void(QDialog&)>& script) { return run(nullptr, script); }
 
     std::string storedLastPage();
 
@@ -48,8 +37,6 @@ protected:
     Orv::CProjectConfiguration project_;
     std::vector<std::string> boxes_; ///< texts of the message boxes that came before the dialog
 };
-
-void click(QDialog& dialog, const std::string& button);
 
 /// The tree as text: captions, children in parentheses.
 std::string treeText(QDialog& dialog);

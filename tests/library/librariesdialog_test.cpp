@@ -6,13 +6,6 @@
 #include "suite/symbollibs.h"
 #include "tests/project/projectfixture.h"
 
-#include <QtTest/QTest>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QComboBox>
-#include <QtWidgets/QDialog>
-#include <QtWidgets/QListWidget>
-#include <QtWidgets/QPushButton>
-
 #include <sstream>
 
 using ovsettings::CLibrariesDialog;
@@ -24,8 +17,7 @@ constexpr const char* kTaken = "Library with specified name already added to the
 constexpr int kLongestWait = 60000; // milliseconds, for a machine under load
 
 struct Library {
-    std::string alias;
-    std::string location;
+    std::string alias, location;
     int type;
 };
 using Libraries = std::vector<Library>;
@@ -72,9 +64,7 @@ protected:
 
     /// What a user does in the dialog "Library"; what is empty stays as it is.
     struct Entry {
-        std::string alias;
-        std::string path;
-        std::string type;
+        std::string alias, path, type;
         bool refused = false; ///< a message box comes after OK
     };
     void whenAsked(const Entry& entry) {
@@ -110,13 +100,12 @@ protected:
         QApplication::processEvents();
     }
 
-    enum class Import { works, refused };
-    void import(const std::string& path, Import outcome = Import::works) {
+    void import(const std::string& path, bool refused = false) {
         testsupport::whenModal([&](QWidget& modal) {
             auto& chooser = dynamic_cast<QDialog&>(modal);
             chooser.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))
                 ->setText(QString::fromStdString(path));
-            if (outcome == Import::refused)
+            if (refused)
                 testsupport::answerNextMessageBox("OK", &box_);
             // Accepting a directory would only enter it.
             if (std::filesystem::is_directory(path))
@@ -250,7 +239,7 @@ TEST_F(LibrariesPage, AFileThatHoldsNoListImportsNothing) {
     CLibrariesDialog& page = openWith({{"a", "x", 0}});
     for (const char* name : {"none.prj", "directory.prj", "binary.prj", "other.txt"}) {
         const std::string path = here(name);
-        import(path, Import::refused);
+        import(path, true);
         EXPECT_EQ(box_, "Cannot import libraries from \"" + path + "\"");
     }
     for (const char* name : {"none.ini", "directory.ini", "binary.ini", "empty.prj", "nameless.ini"})
@@ -293,13 +282,11 @@ TEST_F(LibrariesPage, EditsARowInPlaceAndOnlyOnARow) {
 }
 
 TEST_F(LibrariesPage, LeavingAsksOnceAndShowsTheProjectsListAgain) {
-    const SeenBox question{"Project Settings", "Do you want to save the changes you've made in this page?",
-                           QMessageBox::Question};
     for (const bool keep : {true, false}) {
         CLibrariesDialog& page = openWith({{"a", here("a"), 0}, {"b", here("b"), 2}});
         EXPECT_TRUE(page.onLeave()) << "nothing has changed";
         key(0, Qt::Key_Delete);
-        EXPECT_EQ(boxDuring([&] { EXPECT_TRUE(page.onLeave()); }, keep ? "Yes" : "No"), question);
+        EXPECT_EQ(boxDuring([&] { EXPECT_TRUE(page.onLeave()); }, keep ? "Yes" : "No"), kSaveQuestion);
         EXPECT_EQ(rows(), keep ? "b, ./b, Readonly\n"
                                : "a, " + here("a") + ", Primary\nb, " + here("b") + ", Readonly\n");
         EXPECT_FALSE(page.isModified());

@@ -3,13 +3,11 @@
 #include "tests/support/childprocess.h"
 #include "tests/support/testsupport.h"
 
-#include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <cerrno>
 #include <csignal>
-#include <filesystem>
 #include <set>
 
 namespace {

@@ -3,12 +3,10 @@
 #include "details/platform/readfile.h"
 #include "tests/support/testsupport.h"
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include <array>
 #include <cerrno>
-#include <filesystem>
 
 namespace {
 
@@ -89,17 +87,13 @@ TEST(ReadFile, TakesRegularFilesOnlyAndNamesTheCause) {
     std::string bytes;
     EXPECT_FALSE(readFile(root / "file", bytes));
     EXPECT_EQ(bytes, text);
-    struct Row {
-        const char* name;
-        int code;
-    };
-    constexpr Row kRows[] = {{"", EISDIR}, {"pipe", EINVAL}, {"missing", ENOENT}};
-    for (const Row& row : kRows) {
-        const auto failure = readFile(root / row.name, bytes);
-        ASSERT_TRUE(failure) << row.name;
-        EXPECT_EQ(failure->code, row.code) << failure->text();
+    const std::pair<const char*, int> kRows[] = {{"", EISDIR}, {"pipe", EINVAL}, {"missing", ENOENT}};
+    for (const auto& [name, code] : kRows) {
+        const auto failure = readFile(root / name, bytes);
+        ASSERT_TRUE(failure) << name;
+        EXPECT_EQ(failure->code, code) << failure->text();
         EXPECT_TRUE(bytes.empty());
-        EXPECT_NE(failure->text().find((root / row.name).string() + ": cannot read: "), std::string::npos);
+        EXPECT_TRUE(testsupport::contains(failure->text(), (root / name).string() + ": cannot read: "));
     }
 }
 

@@ -4,20 +4,16 @@
 #include "tests/support/childprocess.h"
 #include "tests/support/testsupport.h"
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <array>
 #include <cerrno>
-#include <filesystem>
 
 using platform::CProfileFile;
 
 namespace {
 
 namespace fs = std::filesystem;
-using testsupport::readFile;
-using testsupport::writeFile;
+using namespace testsupport;
 
 constexpr std::optional<std::string_view> kNone;
 
@@ -32,7 +28,7 @@ protected:
         return file;
     }
 
-    testsupport::TemporaryDirectory directory;
+    TemporaryDirectory directory;
 };
 
 TEST_F(ProfileFile, ReadsNamesWithoutCaseAndValuesTrimmedAndUnquoted) {
@@ -57,24 +53,21 @@ TEST_F(ProfileFile, ReadsNamesWithoutCaseAndValuesTrimmedAndUnquoted) {
     struct Row {
         const char *section, *key, *value;
     };
-    constexpr std::array rows{
-        Row{"tools", "plain", "a b ; c = d"},
-        Row{"Tools", "DOUBLE", "  kept  "},
-        Row{"Tools", "single", "x"},
-        Row{"Tools", "twice", "\"x\""},
-        Row{"Tools", "uneven", "\"x'"},
-        Row{"Tools", "one", "\""},
-        Row{"Tools", "empty", ""},
-        Row{"Tools", ";comment", "missing"},
-        Row{"Tools", "no equals sign", "missing"},
-        Row{"Other", "x", "1"},
-        Row{"Tools", "late", "missing"},
-        Row{"", "stray", "missing"},
-        Row{"Tools", "last", "missing"},
-        Row{"Absent", "x", "missing"},
+    constexpr Row rows[] = {
+        {"tools", "plain", "a b ; c = d"},
+        {"Tools", "DOUBLE", "  kept  "},
+        {"Tools", "single", "x"},
+        {"Tools", "twice", "\"x\""},
+        {"Tools", "uneven", "\"x'"},
+        {"Tools", "one", "\""},
+        {"Tools", "empty", ""},
+        {"Other", "x", "1"},
     };
     for (const Row& row : rows)
         EXPECT_EQ(file.get(row.section, row.key, "missing"), row.value) << row.section << ' ' << row.key;
+    for (const char* key : {";comment", "no equals sign", "late", "last"})
+        EXPECT_EQ(file.get("Tools", key, "missing"), "missing") << key;
+    EXPECT_EQ(file.get("", "stray", "missing") + file.get("Absent", "x", "missing"), "missingmissing");
     EXPECT_EQ(file.sectionNames(), (std::vector<std::string>{"Tools", "other"}));
     EXPECT_EQ(file.keys("tools"),
               (std::vector<std::string>{"Plain", "double", "single", "twice", "uneven", "one", "empty"}));
@@ -92,25 +85,25 @@ TEST_F(ProfileFile, ChangesOnlyTheLineOfTheEntry) {
         "\xEF\xBB\xBF; mine\r\n\r\n [ A ] ; note\r\n  K =  old  \r\n\r\n; next\r\n[B]\r\nk=b\r\n";
     const std::string head = "\xEF\xBB\xBF; mine\r\n\r\n [ A ] ; note\r\n";
     const std::string tail = "\r\n; next\r\n[B]\r\nk=b\r\n";
-    const std::array rows{
-        Row{"replaced where it stands", frame, "a", "k", "new", head + "  K =  new\r\n" + tail},
-        Row{"same value, same spelling", frame, "a", "k", "old", frame},
-        Row{"added behind the last entry", frame, "a", "n", "1", head + "  K =  old  \r\nn=1\r\n" + tail},
-        Row{"deleted with its line", frame, "a", "k", kNone, head + tail},
-        Row{"nothing to delete", frame, "a", "n", kNone, frame},
-        Row{"nothing to delete from", frame, "c", "n", kNone, frame},
-        Row{"new section at the end", frame, "C", "n", "1", frame + "[C]\r\nn=1\r\n"},
-        Row{"last line without an end", "[A]\nk=1", "A", "n", "2", "[A]\nk=1\nn=2\n"},
-        Row{"header without an end", "[A]", "A", "n", "2", "[A]\nn=2\n"},
-        Row{"section behind a line without an end", "; x", "A", "n", "2", "; x\n[A]\nn=2\n"},
-        Row{"end of the last line is left out still", "[A]\nk = 1", "A", "k", "2", "[A]\nk = 2"},
-        Row{"first of several", "[A]\nk=1\nk=2\n[a]\nk=3\n", "A", "k", "9", "[A]\nk=9\nk=2\n[a]\nk=3\n"},
-        Row{"all of several", "[A]\nk=1\nK=2\n[a]\nk=3\n", "A", "k", kNone, "[A]\n[a]\nk=3\n"},
-        Row{"empty value", "[A]\nk=1\n", "A", "k", "", "[A]\nk=\n"},
-        Row{"quotes where blanks need them", "", "A", "k", " x ", "[A]\nk=\" x \"\n"},
-        Row{"quotes around quotes", "", "A", "k", "'x'", "[A]\nk=\"'x'\"\n"},
-        Row{"bytes that are no text", std::string("\0\x01[\xFF\n[A]\nk=\0\n", 14), "A", "n", "1",
-            std::string("\0\x01[\xFF\n[A]\nk=\0\nn=1\n", 18)},
+    const Row rows[] = {
+        {"replaced where it stands", frame, "a", "k", "new", head + "  K =  new\r\n" + tail},
+        {"same value, same spelling", frame, "a", "k", "old", frame},
+        {"added behind the last entry", frame, "a", "n", "1", head + "  K =  old  \r\nn=1\r\n" + tail},
+        {"deleted with its line", frame, "a", "k", kNone, head + tail},
+        {"nothing to delete", frame, "a", "n", kNone, frame},
+        {"nothing to delete from", frame, "c", "n", kNone, frame},
+        {"new section at the end", frame, "C", "n", "1", frame + "[C]\r\nn=1\r\n"},
+        {"last line without an end", "[A]\nk=1", "A", "n", "2", "[A]\nk=1\nn=2\n"},
+        {"header without an end", "[A]", "A", "n", "2", "[A]\nn=2\n"},
+        {"section behind a line without an end", "; x", "A", "n", "2", "; x\n[A]\nn=2\n"},
+        {"end of the last line is left out still", "[A]\nk = 1", "A", "k", "2", "[A]\nk = 2"},
+        {"first of several", "[A]\nk=1\nk=2\n[a]\nk=3\n", "A", "k", "9", "[A]\nk=9\nk=2\n[a]\nk=3\n"},
+        {"all of several", "[A]\nk=1\nK=2\n[a]\nk=3\n", "A", "k", kNone, "[A]\n[a]\nk=3\n"},
+        {"empty value", "[A]\nk=1\n", "A", "k", "", "[A]\nk=\n"},
+        {"quotes where blanks need them", "", "A", "k", " x ", "[A]\nk=\" x \"\n"},
+        {"quotes around quotes", "", "A", "k", "'x'", "[A]\nk=\"'x'\"\n"},
+        {"bytes that are no text", std::string("\0\x01[\xFF\n[A]\nk=\0\n", 14), "A", "n", "1",
+         std::string("\0\x01[\xFF\n[A]\nk=\0\nn=1\n", 18)},
     };
     for (const Row& row : rows) {
         CProfileFile file = loaded(row.before);
@@ -128,10 +121,10 @@ TEST_F(ProfileFile, RefusesWhatSuchATextCannotHold) {
         const char *section, *key;
         std::string_view value;
     };
-    constexpr std::array rows{
-        Row{"A", "k", "x\n[B]"}, Row{"A", "k", "x\ry"}, Row{"A", "k", std::string_view("\0", 1)},
-        Row{"A", "k=", "x"},     Row{"A", ";k", "x"},   Row{"A", "[k", "x"},
-        Row{"A", "  ", "x"},     Row{"", "k", "x"},     Row{"A]", "k", "x"},
+    constexpr Row rows[] = {
+        {"A", "k", "x\n[B]"}, {"A", "k", "x\ry"}, {"A", "k", std::string_view("\0", 1)},
+        {"A", "k=", "x"},     {"A", ";k", "x"},   {"A", "[k", "x"},
+        {"A", "  ", "x"},     {"", "k", "x"},     {"A]", "k", "x"},
     };
     for (const Row& row : rows)
         EXPECT_FALSE(file.set(row.section, row.key, row.value)) << row.section << ' ' << row.key;
@@ -199,11 +192,11 @@ TEST_F(ProfileFile, WhatCannotBeReadIsNeverWritten) {
 }
 
 TEST_F(ProfileFile, ProtectedFileFailsOnlyWhereItWouldChange) {
-    ASSERT_TRUE(testsupport::giveToUnprivileged(directory.path().c_str()));
+    ASSERT_TRUE(giveToUnprivileged(directory.path().c_str()));
     writeFile(path(), "[A]\nk=1\n");
     ASSERT_EQ(chmod(path().c_str(), 0444), 0);
     ASSERT_EQ(chmod(directory.path().c_str(), 0555), 0);
-    const int failures = testsupport::runUnprivileged([&] {
+    const int failures = runUnprivileged([&] {
         CProfileFile file(path().string());
         int wrong = file.load() ? 1 : 0;
         wrong += file.set("A", "k", "1") && !file.save() ? 0 : 2;

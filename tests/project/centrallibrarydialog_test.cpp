@@ -4,12 +4,8 @@
 #include "suite/locationmap.h"
 #include "tests/project/projectfixture.h"
 
-#include <QtTest/QTest>
-#include <QtWidgets/QCheckBox>
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QFileDialog>
-#include <QtWidgets/QPushButton>
-#include <QtWidgets/QToolButton>
 
 using ovsettings::CCentralLibraryDialog;
 
@@ -92,13 +88,11 @@ TEST_F(CentralLibraryPage, TakesWhatIsPastedUpToTheLineBreak) {
 TEST_F(CentralLibraryPage, TriesAgainWhatCouldNotBeWritten) {
     CCentralLibraryDialog& page = open();
     type("Bus Contents", "/bus.ini");
-    std::vector<std::string> told;
-    NProjectTools::CProjectFile::SetErrorHandler([&](const std::string& line) { told.push_back(line); });
+    const ProjectErrors told;
     const std::string text = testsupport::readFile(projectPath());
     std::filesystem::remove(projectPath());
     EXPECT_TRUE(page.onApply());
-    NProjectTools::CProjectFile::SetErrorHandler({});
-    EXPECT_FALSE(told.empty());
+    EXPECT_FALSE(told.errors.empty());
     testsupport::writeFile(projectPath(), text);
     EXPECT_TRUE(page.onApply());
     EXPECT_EQ(stored("Bus_Contents"), "/bus.ini");
@@ -150,20 +144,18 @@ TEST_F(CentralLibraryPage, AMissingServerNameStopsTheStoreBehindTheFiles) {
 }
 
 TEST_F(CentralLibraryPage, AsksBeforeItIsLeftWithChanges) {
-    const SeenBox question{"Project Settings", "Do you want to save the changes you've made in this page?",
-                           QMessageBox::Question};
     std::filesystem::create_directories(directory() / "vanishing");
     CCentralLibraryDialog& page = open("[DesignInfo]\nBorderSymbols=/before.ini\n");
     EXPECT_TRUE(page.onLeave());
 
     type("Border Symbols", "/After.ini");
     type("Central Library Path", std::string(10'000, 'x'));
-    EXPECT_EQ(boxDuring([&] { EXPECT_TRUE(page.onLeave()); }, "No"), question);
+    EXPECT_EQ(boxDuring([&] { EXPECT_TRUE(page.onLeave()); }, "No"), kSaveQuestion);
     EXPECT_EQ(shown("Border Symbols"), "/before.ini");
     EXPECT_EQ(shown("Central Library Path"), "");
 
     type("Border Symbols", "/After.ini");
-    EXPECT_EQ(boxDuring([&] { EXPECT_TRUE(page.onLeave()); }, "Yes"), question);
+    EXPECT_EQ(boxDuring([&] { EXPECT_TRUE(page.onLeave()); }, "Yes"), kSaveQuestion);
     EXPECT_EQ(stored("BorderSymbols"), "/After.ini");
     page.onEnter();
 

@@ -1,33 +1,18 @@
 #include "details/pages/project/fixedfunctionsdialog.h"
 
 #include "orv/projectconfiguration.h"
-#include "orv/updater.h"
 #include "ovsettings/showsettingsdialog.h"
-#include "ovsettings/updatehost.h"
 #include "tests/project/projectfixture.h"
-
-#include <QtTest/QTest>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QDialog>
-#include <QtWidgets/QListWidget>
-#include <QtWidgets/QPushButton>
+#include "tests/support/askingupdater.h"
 
 #include <algorithm>
 
 using ovsettings::CFixedFunctionsDialog;
+using testsupport::press;
 
 namespace {
 
 using Names = std::vector<std::string>;
-
-class AskingUpdater : public Orv::IUpdater {
-public:
-    bool updateSettings(ovsettings::IUpdateHost* host) override {
-        changed.push_back(host->isPageChanged("Fixed Functions"));
-        return true;
-    }
-    std::vector<bool> changed;
-};
 
 /// Keeps the list in an order of its own.
 class SortingFile : public NProjectTools::CProjectFile {
@@ -60,9 +45,6 @@ protected:
         QTest::keyClick(&list(root), key, modifiers);
     }
     static void typeIn(const char* text) { QTest::keyClicks(QApplication::focusWidget(), text); }
-    static void press(QWidget& dialog, const char* button) {
-        QTest::mouseClick(testsupport::find<QPushButton>(dialog, button), Qt::LeftButton);
-    }
 };
 
 TEST_F(FixedFunctions, WhatCouldNotBeWrittenIsTriedAgain) {
@@ -70,10 +52,9 @@ TEST_F(FixedFunctions, WhatCouldNotBeWrittenIsTriedAgain) {
     key(page, 0, Qt::Key_Delete);
     const std::string text = testsupport::readFile(projectPath());
     std::filesystem::remove(projectPath());
-    NProjectTools::CProjectFile::SetErrorHandler([](const std::string&) {});
+    const ProjectErrors told;
     EXPECT_TRUE(page.onApply());
     boxDuring([&] { EXPECT_TRUE(page.onLeave()); }, "Yes");
-    NProjectTools::CProjectFile::SetErrorHandler({});
     EXPECT_TRUE(page.isModified());
     testsupport::writeFile(projectPath(), text);
     EXPECT_TRUE(page.onApply());
@@ -109,12 +90,6 @@ TEST_F(FixedFunctions, EachKindOfChangeIsStoredAndNoneIsNot) {
              typeIn("C");
          },
          {"B", "\xFF", "A", "C"}},
-        {"rename",
-         [](QWidget& page) {
-             key(page, 1, Qt::Key_F2);
-             typeIn("D");
-         },
-         {"B", "D", "A"}},
         {"delete all",
          [](QWidget& page) {
              while (list(page).count() > 0)
@@ -136,36 +111,33 @@ TEST_F(FixedFunctions, EachKindOfChangeIsStoredAndNoneIsNot) {
 }
 
 TEST_F(FixedFunctions, ApplyTellsTheHostTwiceWithoutNamingThePageAndOkOnceWithItsName) {
-    testsupport::writeFile(installation_.standard() / "settings.xml",
-                           "<settings><dialog><name>Fixed Functions</name><classid>Fixed Functions</classid>"
-                           "<localization>internal</localization></dialog></settings>");
+    installation_.writeCatalogue(installation_.category("Fixed Functions", "Fixed Functions"));
     ASSERT_TRUE(appConfig_.load());
     openProject();
     project().projectFile->SetFixedFunctions({"A", "B", "C"});
-    AskingUpdater updater;
+    AskingUpdater updater({"Fixed Functions"});
+    const std::set<std::string> none, named{"Fixed Functions"};
     testsupport::whenDialog([&](QDialog& dialog) {
         press(dialog, "Apply");
-        EXPECT_EQ(updater.changed, (std::vector{false}));
+        EXPECT_EQ(updater.notifications, (std::vector{none}));
         key(dialog, 0, Qt::Key_Delete);
         press(dialog, "Apply");
-        EXPECT_EQ(updater.changed, (std::vector{false, false, false}));
+        EXPECT_EQ(updater.notifications, (std::vector{none, none, none}));
         EXPECT_EQ(onDiskNow(), (Names{"B", "C"}));
         key(dialog, 0, Qt::Key_Delete);
         press(dialog, "OK");
     });
     ovsettings::showSettingsDialog(appConfig_, project(), &updater);
-    EXPECT_EQ(updater.changed, (std::vector{false, false, false, true}));
+    EXPECT_EQ(updater.notifications, (std::vector{none, none, none, named}));
     EXPECT_EQ(onDiskNow(), (Names{"C"}));
 }
 
 TEST_F(FixedFunctions, LeavingAsksOnceAndKeepsOrDropsTheChange) {
-    const SeenBox question{"Project Settings", "Do you want to save the changes you've made in this page?",
-                           QMessageBox::Question};
     for (const bool keep : {true, false}) {
         CFixedFunctionsDialog& page = openWith({"A", "B"});
         EXPECT_TRUE(page.onLeave()) << "nothing has changed";
         key(page, 0, Qt::Key_Delete);
-        EXPECT_EQ(boxDuring([&] { EXPECT_TRUE(page.onLeave()); }, keep ? "Yes" : "No"), question);
+        EXPECT_EQ(boxDuring([&] { EXPECT_TRUE(page.onLeave()); }, keep ? "Yes" : "No"), kSaveQuestion);
         EXPECT_EQ(onDiskNow(), keep ? Names({"B"}) : Names({"A", "B"}));
         EXPECT_EQ(list(page).count(), keep ? 1 : 2);
         EXPECT_FALSE(page.isModified());

@@ -3,22 +3,13 @@
 #include "orv/projectconfiguration.h"
 #include "tests/project/projectfixture.h"
 
-#include <QtTest/QTest>
-#include <QtWidgets/QRadioButton>
-
 namespace {
 
 constexpr const char* kNone = "None";
 constexpr const char* kRound = "Round Brackets \"()\"";
 constexpr const char* kSquare = "Square Brackets \"[]\"";
 
-class NetNameDelimiter : public ProjectPages {
-protected:
-    void choose(const char* caption) {
-        auto& button = control<QRadioButton>(caption);
-        QTest::mouseClick(&button, Qt::LeftButton, {}, QPoint(8, button.height() / 2));
-    }
-};
+class NetNameDelimiter : public ProjectPages {};
 
 TEST_F(NetNameDelimiter, ShowsTheStoredOneAndStoresAnotherOnly) {
     struct Row {
@@ -41,7 +32,7 @@ TEST_F(NetNameDelimiter, ShowsTheStoredOneAndStoresAnotherOnly) {
         auto& page = openPage("NetNameDelimiter");
         EXPECT_TRUE(control<QRadioButton>(row.shown).isChecked());
         if (row.chosen)
-            choose(row.chosen);
+            testsupport::press(window_, row.chosen);
         EXPECT_TRUE(page.onOk());
         EXPECT_EQ(onDisk()->GetNetNameDelimiter(), row.chosen ? row.after : stored);
         EXPECT_EQ(testsupport::readFile(projectPath()) == before, row.chosen == nullptr);
@@ -51,9 +42,9 @@ TEST_F(NetNameDelimiter, ShowsTheStoredOneAndStoresAnotherOnly) {
 TEST_F(NetNameDelimiter, ChoiceIsComparedWithWhatWasLoadedEvenAfterApply) {
     openProject();
     auto& page = openPage("NetNameDelimiter");
-    choose(kRound);
+    testsupport::press(window_, kRound);
     page.onApply();
-    choose(kNone);
+    testsupport::press(window_, kNone);
     page.onApply();
     EXPECT_EQ(onDisk()->GetNetNameDelimiter(), "()");
 }

@@ -1,11 +1,8 @@
 #include "details/widgets/stringconversion.h"
 #include "tests/project/projectfixture.h"
 
-#include <QtTest/QTest>
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QFileDialog>
-#include <QtWidgets/QPushButton>
-#include <QtWidgets/QToolButton>
 
 namespace {
 

@@ -3,14 +3,8 @@
 #include "ovsettings/showsettingsdialog.h"
 #include "tests/project/projectfixture.h"
 
-#include <QtTest/QTest>
-#include <QtWidgets/QCheckBox>
-#include <QtWidgets/QComboBox>
-#include <QtWidgets/QDialog>
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QFileDialog>
-#include <QtWidgets/QPushButton>
-#include <QtWidgets/QToolButton>
 
 #include <algorithm>
 
@@ -56,10 +50,7 @@ TEST_F(NetlistProjectPage, OffersTheVisibleToolsAndKnowsAll) {
     };
     for (const auto& row : rows) {
         CProjectDialog& page = open(row.key);
-        QStringList offered;
-        for (int i = 0; i < tools().count(); ++i)
-            offered << tools().itemText(i);
-        EXPECT_EQ(offered.join(QLatin1Char(';')).toStdString(), "Board;Board;xxx;Last");
+        EXPECT_EQ(testsupport::textsOf(tools()), (std::vector<std::string>{"Board", "Board", "xxx", "Last"}));
         EXPECT_EQ(tools().currentText().toStdString(), row.selected) << row.key;
         EXPECT_EQ(shown("Constraints Definition"), std::string(kStandard) + row.constraints);
         EXPECT_EQ(shown("PCB Configuration"), std::string(kStandard) + row.configuration);
@@ -115,11 +106,8 @@ TEST_F(NetlistProjectPage, AnotherToolBringsItsOwnFiles) {
 }
 
 TEST_F(NetlistProjectPage, AHiddenPageDoesNotTakeBackWhatAnotherOneStores) {
-    constexpr char kPages[] = "<settings><dialog><name>A</name><classid>Netlist Project</classid>"
-                              "<localization>internal</localization></dialog><dialog><name>B</name>"
-                              "<classid>Central Library</classid><localization>internal</localization>"
-                              "</dialog></settings>";
-    testsupport::writeFile(installation_.standard() / "settings.xml", kPages);
+    installation_.writeCatalogue(installation_.category("A", "Netlist Project") +
+                                 installation_.category("B", "Central Library"));
     ASSERT_TRUE(appConfig_.load());
     for (const std::string hidden : {"A", "B"}) {
         const std::string active = hidden == "A" ? "B" : "A";
@@ -167,15 +155,13 @@ TEST_F(NetlistProjectPage, WritesEverythingInItsOrder) {
     EXPECT_TRUE(page.onOk());
     EXPECT_EQ(stored("PropertyDefinitions"), std::string(kStandard) + "netlist.prp") << "though not there";
     // New keys come behind those there are.
-    const std::vector<std::string> keys = keysInFile();
-    const char* const order[] = {"Bus_Contents",        "PinComponents", "BorderSymbols",
-                                 "PropertyDefinitions", "CnsFileName",   "PcbCfgFileName"};
+    const std::vector<std::string> order{"Bus_Contents",        "PinComponents", "BorderSymbols",
+                                         "PropertyDefinitions", "CnsFileName",   "PcbCfgFileName"};
     std::vector<std::string> seen;
-    for (const std::string& key : keys) {
-        if (std::ranges::find(order, key) != std::end(order))
-            seen.push_back(key);
-    }
-    EXPECT_EQ(seen, (std::vector<std::string>(std::begin(order), std::end(order))));
+    std::ranges::copy_if(keysInFile(), std::back_inserter(seen), [&](const std::string& key) {
+        return std::ranges::find(order, key) != order.end();
+    });
+    EXPECT_EQ(seen, order);
 }
 
 TEST_F(NetlistProjectPage, TellsTheFirstFieldThatItRefuses) {
@@ -211,6 +197,9 @@ TEST_F(NetlistProjectPage, TellsTheFirstFieldThatItRefuses) {
     type("Server Name", "host");
     boxDuring([&] { EXPECT_TRUE(page.onLeave()); }, "Yes");
     EXPECT_EQ(onDisk()->GetServerName(), "host");
+    type("Property Definitions", std::string(kStandard) + "netlist.prp");
+    EXPECT_TRUE(page.onApply());
+    EXPECT_EQ(stored("PropertyDefinitions"), std::string(kStandard) + "netlist.prp") << "the first one again";
 }
 
 TEST_F(NetlistProjectPage, BrowsesForTheFilesOfItsOwn) {

@@ -6,13 +6,15 @@
 #include <QtCore/QStringList>
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
-#include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
 
 #include <sstream>
 
 using ovsettings::toQString;
 using ovsettings::toUtf8;
+
+const SeenBox kSaveQuestion{"Project Settings", "Do you want to save the changes you've made in this page?",
+                            QMessageBox::Question};
 
 std::ostream& operator<<(std::ostream& stream, const SeenBox& box) {
     return stream << "[" << box.title << ", icon " << box.icon << "] " << box.text;

@@ -4,20 +4,13 @@
 #include "ovsettings/propdialogtemplate.h"
 #include "ovsettings/propertypagefactory.h"
 #include "suite/openproject.h"
-#include "suite/projectfile.h"
-#include "tests/support/testsupport.h"
+#include "tests/support/projecterrors.h"
+#include "tests/support/widgets.h"
 
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QWidget>
-#include <gtest/gtest.h>
 
-#include <filesystem>
-#include <functional>
 #include <memory>
 #include <ostream>
-#include <string>
-#include <vector>
 
 /// What a user saw of a message box.
 struct SeenBox {
@@ -28,6 +21,9 @@ struct SeenBox {
     bool operator==(const SeenBox&) const = default;
 };
 std::ostream& operator<<(std::ostream& stream, const SeenBox& box);
+
+/// What a page asks before it is left with changes.
+extern const SeenBox kSaveQuestion;
 
 /// A project on disk, opened as a host does, and its pages, made by the dialog's own factory.
 class ProjectPages : public testing::Test {

@@ -2,8 +2,6 @@
 
 #include "tests/project/projectfixture.h"
 
-#include <filesystem>
-
 namespace fs = std::filesystem;
 
 namespace {
@@ -36,35 +34,26 @@ TEST_F(ProjectPaths, ALocationIsValidWhereItsDirectoryExists) {
     openProject();
     fs::current_path(here);
 
-    const struct {
-        std::string text;
-        bool valid;
-    } rows[] = {
-        {here + "/missing.ini", true},
-        {here + "\\parts\\missing.ini", true},
-        {"PARTS\\missing.ini", true},
-        {"/missing.ini", true},
-        {here + "/Gehäuse/x.ini", true},
-        {"%OV_PLACE%\\x.ini", true},
-        {"$PARTS\\x.ini", true},
-        {"$NOWHERE\\x.ini", false},
-        {"%OV_UNSET%\\x.ini", false},
-        {"%OV_EMPTY%", false},
-        {"bare.ini", false},
-        {here + "/missing/x.ini", false},
-        {here + "/file/x.ini", false},
-        {here + "/Parts /x.ini", false},
-        // What the location map has no room for is looked for as it stands.
-        {deep + "/x.ini", true},
-        {"%OV_LONG%/x.ini", false},
-        {std::string(10'000, 'a'), false},
-        {"/" + std::string(10'000, 'a') + "/x", false},
-        {"$" + std::string(300, 'A') + "\\x.ini", false},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(isValid(row.text), row.valid) << row.text;
-        EXPECT_EQ(fs::current_path(), here) << row.text;
-    }
+    // What the location map has no room for is looked for as it stands.
+    const std::string valid[] = {
+        here + "/missing.ini",   here + "\\parts\\missing.ini", "PARTS\\missing.ini", "/missing.ini",
+        here + "/Gehäuse/x.ini", "%OV_PLACE%\\x.ini",           "$PARTS\\x.ini",      deep + "/x.ini"};
+    const std::string invalid[] = {"$NOWHERE\\x.ini",
+                                   "%OV_UNSET%\\x.ini",
+                                   "%OV_EMPTY%",
+                                   "bare.ini",
+                                   here + "/missing/x.ini",
+                                   here + "/file/x.ini",
+                                   here + "/Parts /x.ini",
+                                   "%OV_LONG%/x.ini",
+                                   std::string(10'000, 'a'),
+                                   "/" + std::string(10'000, 'a') + "/x",
+                                   "$" + std::string(300, 'A') + "\\x.ini"};
+    for (const std::string& text : valid)
+        EXPECT_TRUE(isValid(text)) << text;
+    for (const std::string& text : invalid)
+        EXPECT_FALSE(isValid(text)) << text;
+    EXPECT_EQ(fs::current_path(), here);
 }
 
 TEST_F(ProjectPaths, TheCurrentDirectoryIsKeptEvenWhenItHasNoNameAnyMore) {

@@ -148,7 +148,7 @@ TEST_P(Faults, OnAFullFileSystem) {
             const auto saver = loaded();
             const Outcome outcome = save(*saver, 1);
             EXPECT_FALSE(outcome.saved);
-            EXPECT_NE(outcome.told.find(causeOf(ENOSPC)), std::string::npos) << outcome.told;
+            EXPECT_TRUE(testsupport::contains(outcome.told, causeOf(ENOSPC)));
             expectEither(0, 0);
             expectNothingBeside();
             EXPECT_EQ(mount("full", place, "tmpfs", MS_REMOUNT, "size=4m,nr_inodes=100"), 0);

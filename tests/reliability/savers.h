@@ -2,13 +2,9 @@
 
 #include "tests/support/testsupport.h"
 
-#include <gtest/gtest.h>
-
 #include <array>
 #include <chrono>
-#include <filesystem>
 #include <memory>
-#include <string>
 
 namespace saves {
 

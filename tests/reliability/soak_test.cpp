@@ -4,28 +4,18 @@
 #include "app/dialog.h"
 #include "app/workspace.h"
 #include "ovsettings/propdialogtemplate.h"
-#include "tests/support/testsupport.h"
+#include "tests/support/widgets.h"
 
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>
 #include <QtGui/QPixmapCache>
-#include <QtTest/QTest>
 #include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QAbstractSpinBox>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QCheckBox>
-#include <QtWidgets/QComboBox>
-#include <QtWidgets/QDialog>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QPushButton>
-#include <QtWidgets/QTreeWidget>
 #include <QtWidgets/QTreeWidgetItemIterator>
-#include <gtest/gtest.h>
 
 #include <malloc.h>
 
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
@@ -48,12 +38,7 @@ constexpr std::string_view kDialogButtons[] = {"New", "Properties", "Add Custom"
 
 /// What a process and its files take.
 struct Possession {
-    long heap;
-    long resident;
-    long descriptors;
-    long widgets;
-    long files;
-    long bytesInFiles;
+    long heap, resident, descriptors, widgets, files, bytesInFiles;
 };
 
 /// Those of Qt's pools, which wait for half a minute for more work, left out.

@@ -3,47 +3,24 @@
 #include "details/platform/profilefile.h"
 #include "orv/appconfiguration.h"
 #include "orv/projectconfiguration.h"
-#include "orv/updater.h"
 #include "ovsettings/showsettingsdialog.h"
-#include "ovsettings/updatehost.h"
-#include "tests/support/testsupport.h"
-
-#include <QtTest/QTest>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QDialog>
-#include <QtWidgets/QListWidget>
-#include <QtWidgets/QMessageBox>
-#include <QtWidgets/QPushButton>
-#include <gtest/gtest.h>
+#include "tests/support/askingupdater.h"
+#include "tests/support/widgets.h"
 
 #include <array>
-#include <filesystem>
 
 using ovsettings::CRunOnStartupDialog;
 
 namespace {
 
 namespace fs = std::filesystem;
-using testsupport::find;
-using testsupport::readFile;
-using testsupport::writeFile;
-
-class AskingUpdater : public Orv::IUpdater {
-public:
-    bool updateSettings(ovsettings::IUpdateHost* host) override {
-        changed.push_back(host->isPageChanged("run on startup"));
-        return true;
-    }
-    std::vector<bool> changed;
-};
+using namespace testsupport;
 
 /// The page in the settings dialog of a real installation.
 class RunOnStartup : public testing::Test {
 protected:
     RunOnStartup() {
-        writeFile(installation_.standard() / "settings.xml",
-                  "<settings><dialog><name>Run on Startup</name><classid>Run on Startup</classid>"
-                  "<localization>internal</localization></dialog></settings>");
+        installation_.writeCatalogue(installation_.category("Run on Startup", "Run on Startup"));
         EXPECT_TRUE(configuration_.load());
     }
 
@@ -55,20 +32,20 @@ protected:
 
     /// Opens the dialog, runs the script and presses the button, if the script has not closed it.
     void inDialog(const std::function<void(QDialog&)>& script, const char* button = "OK") {
-        testsupport::whenDialog([&](QDialog& dialog) {
+        whenDialog([&](QDialog& dialog) {
             script(dialog);
             if (dialog.isVisible())
-                QTest::mouseClick(find<QPushButton>(dialog, button), Qt::LeftButton);
+                press(dialog, button);
         });
         ovsettings::showSettingsDialog(configuration_, project_, &updater_);
     }
 
     static QListWidget& list(QWidget& dialog, const char* title) { return *find<QListWidget>(dialog, title); }
     static std::string lines(QListWidget& list) {
-        QStringList lines;
-        for (int row = 0; row < list.count(); ++row)
-            lines << list.item(row)->text();
-        return lines.join(QLatin1Char('|')).toStdString();
+        std::string lines;
+        for (const std::string& text : textsOf(list))
+            lines += (lines.empty() ? "" : "|") + text;
+        return lines;
     }
     static void key(QListWidget& list, int row, Qt::Key key) {
         EXPECT_TRUE(QTest::qWaitForWindowActive(list.window()));
@@ -85,10 +62,11 @@ protected:
         type(text);
     }
 
-    testsupport::Installation installation_;
+    Installation installation_;
     Orv::iAppConfiguration configuration_;
     Orv::CProjectConfiguration project_;
-    AskingUpdater updater_;
+    AskingUpdater updater_{{"run on startup"}};
+    const std::set<std::string> none_, named_{"run on startup"};
 };
 
 } // namespace
@@ -104,7 +82,7 @@ TEST_F(RunOnStartup, WritesBothListsInOrderAndTheRestOfTheFileStays) {
         EXPECT_EQ(lines(list(dialog, "Scripts:")), "");
     });
     EXPECT_EQ(readFile(scripts()), text);
-    EXPECT_EQ(updater_.changed, std::vector{false});
+    EXPECT_EQ(updater_.notifications, std::vector{none_});
 
     inDialog([&](QDialog& dialog) {
         add(list(dialog, "Forms:"), form);
@@ -114,7 +92,7 @@ TEST_F(RunOnStartup, WritesBothListsInOrderAndTheRestOfTheFileStays) {
     EXPECT_EQ(readFile(scripts()), "; mine\r\n[Other]\r\nForm#0=x\r\n\r\n[plandraw] ; lists\r\n"
                                    "form#0 = c.frm\r\nForm#1=" +
                                        form + "\r\nColour=red\r\nScript#0=" + script + "\r\n\r\n; end\r\n");
-    EXPECT_EQ(updater_.changed, (std::vector{false, true}));
+    EXPECT_EQ(updater_.notifications, (std::vector{none_, named_}));
 }
 
 TEST_F(RunOnStartup, KeysBehindAGapAreLeftAlone) {
@@ -144,12 +122,12 @@ TEST_F(RunOnStartup, AppliedListCountsForTheNextApply) {
     inDialog([&](QDialog& dialog) {
         for (int i = 0; i < 3; ++i)
             add(list(dialog, "Forms:"), file);
-        QTest::mouseClick(find<QPushButton>(dialog, "Apply"), Qt::LeftButton);
+        press(dialog, "Apply");
         for (int i = 0; i < 2; ++i)
             key(list(dialog, "Forms:"), 0, Qt::Key_Delete);
     });
     EXPECT_EQ(readFile(scripts()), "[PlanDraw]\nForm#0=" + file + "\n");
-    EXPECT_EQ(updater_.changed, (std::vector{true, true}));
+    EXPECT_EQ(updater_.notifications, (std::vector{named_, named_}));
 }
 
 TEST_F(RunOnStartup, AsksBeforeAMissingFileIsAddedWithNoAsTheDefault) {
@@ -163,14 +141,14 @@ TEST_F(RunOnStartup, AsksBeforeAMissingFileIsAddedWithNoAsTheDefault) {
         const char* answer; ///< null where no question is to come
         std::string after;
     };
-    const std::array rows{
-        Row{"added, no", false, missing, "No", file + "|"},
-        Row{"added, yes", false, missing, "Yes", file + "|" + missing + "|"},
-        Row{"renamed, no", true, missing, "No", ""},
-        Row{"renamed, yes", true, missing, "Yes", missing + "|"},
-        Row{"a directory", true, installation_.user().string(), "No", ""},
-        Row{"existing, in full", false, (installation_.user() / "x/..\\REAL.frm").string(), nullptr,
-            file + "|" + file + "|"},
+    const Row rows[] = {
+        {"added, no", false, missing, "No", file + "|"},
+        {"added, yes", false, missing, "Yes", file + "|" + missing + "|"},
+        {"renamed, no", true, missing, "No", ""},
+        {"renamed, yes", true, missing, "Yes", missing + "|"},
+        {"a directory", true, installation_.user().string(), "No", ""},
+        {"existing, in full", false, (installation_.user() / "x/..\\REAL.frm").string(), nullptr,
+         file + "|" + file + "|"},
     };
     fs::create_directories(installation_.user() / "x");
     writeFile(scripts(), "[PlanDraw]\nForm#0=" + file + "\n");
@@ -182,7 +160,7 @@ TEST_F(RunOnStartup, AsksBeforeAMissingFileIsAddedWithNoAsTheDefault) {
                 key(forms, 0, row.rename ? Qt::Key_F2 : Qt::Key_Insert);
                 std::string asked;
                 if (row.answer) {
-                    testsupport::whenModal([&](QWidget& modal) {
+                    whenModal([&](QWidget& modal) {
                         auto& box = dynamic_cast<QMessageBox&>(modal);
                         asked = box.text().toStdString();
                         EXPECT_EQ(box.icon(), QMessageBox::Question);
@@ -207,7 +185,7 @@ TEST_F(RunOnStartup, LineThatIsStillEditedIsStoredAndReportedByOk) {
         find<QPushButton>(dialog, "OK")->click(); // which leaves the focus where it is
     });
     EXPECT_EQ(readFile(scripts()), "[PlanDraw]\nScript#0=" + file + "\n");
-    EXPECT_EQ(updater_.changed, std::vector{true});
+    EXPECT_EQ(updater_.notifications, std::vector{named_});
 }
 
 TEST_F(RunOnStartup, FailedWriteIsToldOnceForEachListAndTheDialogCloses) {
@@ -221,7 +199,7 @@ TEST_F(RunOnStartup, FailedWriteIsToldOnceForEachListAndTheDialogCloses) {
             writeFile(scripts(), utf16);
         std::vector<std::string> told;
         const auto noteNext = [&](const auto& self) -> void {
-            testsupport::whenModal([&, self](QWidget& modal) {
+            whenModal([&, self](QWidget& modal) {
                 told.push_back(dynamic_cast<QMessageBox&>(modal).text().toStdString());
                 if (told.size() < 2)
                     self(self);
@@ -256,7 +234,7 @@ TEST_F(RunOnStartup, NothingOfTheFileIsLostByShowingIt) {
 TEST_F(RunOnStartup, WithoutAUserDirectoryNothingIsReadOrWrittenInTheRoot) {
     const std::string file = existingFile("a.frm");
     for (const std::optional<std::string>& list : {std::optional<std::string>(), {""}, {";/tmp"}}) {
-        const testsupport::ScopedEnvironment wdir("WDIR", list);
+        const ScopedEnvironment wdir("WDIR", list);
         CRunOnStartupDialog page(nullptr);
         QWidget window;
         page.createWindow(&window);
@@ -265,10 +243,7 @@ TEST_F(RunOnStartup, WithoutAUserDirectoryNothingIsReadOrWrittenInTheRoot) {
         page.show();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&page));
         add(*find<QListWidget>(page, "Forms:"), file);
-        std::string told;
-        testsupport::answerNextMessageBox("OK", &told);
-        EXPECT_TRUE(page.onOk());
-        EXPECT_EQ(told, "Writing \\scripts.ini failed");
+        EXPECT_EQ(messageDuring([&] { EXPECT_TRUE(page.onOk()); }), "Writing \\scripts.ini failed");
         EXPECT_FALSE(fs::exists("/scripts.ini"));
     }
 }

@@ -7,11 +7,6 @@
 #include "suite/projectfile.h"
 #include "tests/support/testsupport.h"
 
-#include <gtest/gtest.h>
-
-#include <array>
-#include <filesystem>
-
 namespace {
 
 namespace fs = std::filesystem;
@@ -36,24 +31,16 @@ protected:
 };
 
 TEST_F(CentralLibrary, IsOfTheCurrentReleaseIfItsIndexSaysSo) {
-    struct Row {
-        std::string text;
-        bool current;
+    const auto isCurrent = [this](const std::string& text) {
+        writeFile(directory / "Parts.lmc", text);
+        return NOrvUtils::COrvCheckCL::CheckCLFlowVersion(directory.path().string() + "\\parts.lmc");
     };
-    const std::array rows{
-        Row{"[CentralLibrary]\r\nrelease = \"9.2\"\r\n", true},
-        Row{"[CentralLibrary]\nRelease=9.1\n", false},
-        Row{"[CentralLibrary]\nRelease=9.20\n", false},
-        Row{"[Library]\nRelease=9.2\n", false},
-        Row{"[CentralLibr", false},
-        Row{std::string("\0\x01\xFF binary", 10), false},
-        Row{"", false},
-    };
-    for (const Row& row : rows) {
-        writeFile(directory / "Parts.lmc", row.text);
-        const std::string path = directory.path().string() + "\\parts.lmc";
-        EXPECT_EQ(NOrvUtils::COrvCheckCL::CheckCLFlowVersion(path), row.current) << row.text;
-    }
+    EXPECT_TRUE(isCurrent("[CentralLibrary]\r\nrelease = \"9.2\"\r\n"));
+    for (const std::string& text :
+         {std::string("[CentralLibrary]\nRelease=9.1\n"), std::string("[CentralLibrary]\nRelease=9.20\n"),
+          std::string("[Library]\nRelease=9.2\n"), std::string("[CentralLibr"),
+          std::string("\0\x01\xFF binary", 10), std::string()})
+        EXPECT_FALSE(isCurrent(text)) << text;
     EXPECT_FALSE(NOrvUtils::COrvCheckCL::CheckCLFlowVersion(directory.path().string()));
     EXPECT_FALSE(NOrvUtils::COrvCheckCL::CheckCLFlowVersion((directory / "none.lmc").string()));
 }
@@ -160,24 +147,6 @@ TEST_F(CentralLibrary, PropertiesThatIdentifyASymbolAreNoneOfABorder) {
         EXPECT_FALSE(filter.Counts(name)) << name;
     for (const char* name : {"TITLE", "REVISION", "NAMES", ""})
         EXPECT_TRUE(filter.Counts(name)) << name;
-}
-
-TEST_F(CentralLibrary, HoldsManySymbolsAndPartitions) {
-    constexpr std::size_t kMany = 20'000;
-    std::string partitions = "[Partitions.Symbols]\n";
-    std::string symbols = "[SpecialSymbols.Port]\n";
-    for (std::size_t i = 0; i < kMany; ++i) {
-        const std::string number = std::to_string(i);
-        partitions.append("p").append(number).append("=symbols\n");
-        symbols.append("Symbol#").append(number).append("=p:").append(number).append("\n");
-    }
-    writeFile(directory / "parts.lmc", symbols + partitions);
-    suite::CentralLibrary library;
-    ASSERT_EQ(library.load((directory / "parts.lmc").string()), std::nullopt);
-    EXPECT_EQ(library.specialSymbols(suite::SpecialSymbolKind::port).back(),
-              "p:" + std::to_string(kMany - 1));
-    for (const suite::Partition& partition : library.partitions(PartitionType::symbols))
-        ASSERT_EQ(library.findPartition(PartitionType::symbols, partition.name), &partition);
 }
 
 } // namespace

@@ -3,14 +3,11 @@
 #include "tests/support/childprocess.h"
 #include "tests/support/testsupport.h"
 
-#include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <csignal>
-#include <filesystem>
 #include <sstream>
-#include <string>
 
 namespace {
 
@@ -22,8 +19,7 @@ using Values = std::vector<std::string>;
 using Locks = std::vector<std::uint8_t>;
 using Attributes = std::map<std::string, std::string>;
 using AttributeLocks = std::map<std::string, int>;
-using testsupport::readFile;
-using testsupport::writeFile;
+using namespace testsupport;
 
 constexpr const char* kPath = "Orvane/SETTINGS";
 
@@ -63,7 +59,7 @@ protected:
             std::distance(fs::directory_iterator(root_.path()), fs::directory_iterator()));
     }
 
-    testsupport::TemporaryDirectory root_;
+    TemporaryDirectory root_;
     std::vector<std::string> messages_;
 };
 
@@ -140,22 +136,25 @@ TEST_F(ConfigurationFile, SaysValuesListsGroupsAndLocks) {
 
 struct EditCase {
     const char* what;
-    const char* before; ///< null for no file
+    std::optional<std::string> before; ///< none for no file
     std::function<void(IOvConfiguration&)> steps;
-    const char* after;
+    std::string after;
 };
+
+/// A file with this content between the tags of its document element.
+std::string framed(const std::string& content) {
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<configuration>\n" + content + "</configuration>\n";
+}
 
 TEST_F(ConfigurationFile, KeepsWhatAnEditDoesNotConcern) {
     const EditCase kCases[] = {
-        {"a new file", nullptr,
+        {"a new file", std::nullopt,
          [](IOvConfiguration& c) {
              c.writeValue("Orvane/SETTINGS", "GRID_HR", "254000");
              c.writeList("Orvane", "RECENT", {"a", ""});
              c.writeGroup("Orvane/OBJECTS/", "object", "NET", {{"COLOR", "0xff0000"}, {"NAME", "é"}});
          },
-         R"(<?xml version="1.0" encoding="UTF-8"?>
-<configuration>
-  <section path="Orvane">
+         framed(R"(  <section path="Orvane">
     <list name="RECENT">
       <item>a</item>
       <item/>
@@ -170,8 +169,7 @@ TEST_F(ConfigurationFile, KeepsWhatAnEditDoesNotConcern) {
       <attribute name="NAME">é</attribute>
     </group>
   </section>
-</configuration>
-)"},
+)")},
         {"values, and all that surrounds them",
          R"(<?xml version="1.0" encoding="UTF-8"?>
 <!-- of the site -->
@@ -210,9 +208,7 @@ TEST_F(ConfigurationFile, KeepsWhatAnEditDoesNotConcern) {
 <!-- end -->
 )"},
         {"lists keep the marks of their places, groups lose theirs",
-         R"(<?xml version="1.0" encoding="UTF-8"?>
-<configuration>
-  <section path="Orvane/SETTINGS">
+         framed(R"(  <section path="Orvane/SETTINGS">
     <list name="L" locked="yes">
       <!-- first -->
       <item locked="yes">a</item>
@@ -227,17 +223,14 @@ TEST_F(ConfigurationFile, KeepsWhatAnEditDoesNotConcern) {
     </group>
     <value name="V" locked="yes">1</value>
   </section>
-</configuration>
-)",
+)"),
          [](IOvConfiguration& c) {
              c.writeList(kPath, "L", {"a", "x"});
              c.writeList(kPath, "V", {"1", "2"});
              c.removeGroup(kPath, "t", "G");
              c.writeGroup(kPath, "t", "G", {{"Z", "1"}, {"A", "2"}, {"B", ""}});
          },
-         R"(<?xml version="1.0" encoding="UTF-8"?>
-<configuration>
-  <section path="Orvane/SETTINGS">
+         framed(R"(  <section path="Orvane/SETTINGS">
     <list name="L" locked="yes">
       <!-- first -->
       <item locked="yes">a</item>
@@ -254,33 +247,27 @@ TEST_F(ConfigurationFile, KeepsWhatAnEditDoesNotConcern) {
       <item>2</item>
     </list>
   </section>
-</configuration>
-)"},
+)")},
         {"no second one with the same key comes back",
-         R"(<?xml version="1.0" encoding="UTF-8"?>
-<configuration>
-  <section path="Orvane/SETTINGS"><value name="A">1</value><value name="B">1</value></section>
+         framed(
+             R"(  <section path="Orvane/SETTINGS"><value name="A">1</value><value name="B">1</value></section>
   <section path="Orvane/SETTINGS">
     <value name="A">2</value>
     <list name="B"><item>2</item></list>
   </section>
-</configuration>
-)",
+)"),
          [](IOvConfiguration& c) {
              c.removeKey(kPath, "A");
              c.writeValue(kPath, "B", "3");
              c.writeValue("Other", "C", "4");
          },
-         R"(<?xml version="1.0" encoding="UTF-8"?>
-<configuration>
-  <section path="Orvane/SETTINGS"><value name="B">3</value></section>
+         framed(R"(  <section path="Orvane/SETTINGS"><value name="B">3</value></section>
   <section path="Orvane/SETTINGS">
   </section>
   <section path="Other">
     <value name="C">4</value>
   </section>
-</configuration>
-)"},
+)")},
         {"a file on one line, in another encoding",
          "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n"
          "<configuration><section path=\"Orvane/SETTINGS\"><value "
@@ -301,7 +288,7 @@ TEST_F(ConfigurationFile, KeepsWhatAnEditDoesNotConcern) {
     for (const EditCase& row : kCases) {
         fs::remove(file());
         if (row.before)
-            writeFile(file(), row.before);
+            writeFile(file(), *row.before);
         EXPECT_TRUE(edit(row.steps)) << row.what;
         EXPECT_EQ(readFile(file()), row.after) << row.what;
     }
@@ -426,16 +413,6 @@ TEST_F(ConfigurationFile, ALaterSaveRevertsNothingThatItDidNotChange) {
 // file is read afresh because another one was saved in between.
 TEST_F(ConfigurationFile, SavingAgainGivesWhatReadingAgainWould) {
     using Step = std::function<void(IOvConfiguration&)>;
-    const auto set = [](std::string key, std::string value) -> Step {
-        return [=](IOvConfiguration& c) {
-            c.writeValue(kPath, key, value);
-        };
-    };
-    const auto drop = [](std::string key) -> Step {
-        return [=](IOvConfiguration& c) {
-            c.removeKey(kPath, key);
-        };
-    };
     const auto list = [](Values values) -> Step {
         return [=](IOvConfiguration& c) {
             c.writeList(kPath, "LIST", values);
@@ -447,32 +424,32 @@ TEST_F(ConfigurationFile, SavingAgainGivesWhatReadingAgainWould) {
         };
     };
     const Step steps[] = {
-        set("A", "1"),
-        drop("A"),
-        drop("REMARKED"),
-        set("B", "\x01"),
-        set("B", "<&>"),
-        drop("CROWDED"),
-        drop("NEXT"),
-        set("A", " 2\r\n"),
+        [](IOvConfiguration& c) { c.writeValue(kPath, "A", "1"); },
+        [](IOvConfiguration& c) { c.removeKey(kPath, "A"); },
+        [](IOvConfiguration& c) { c.removeKey(kPath, "REMARKED"); },
+        [](IOvConfiguration& c) { c.writeValue(kPath, "B", "\x01"); },
+        [](IOvConfiguration& c) { c.writeValue(kPath, "B", "<&>"); },
+        [](IOvConfiguration& c) { c.removeKey(kPath, "CROWDED"); },
+        [](IOvConfiguration& c) { c.removeKey(kPath, "NEXT"); },
+        [](IOvConfiguration& c) { c.writeValue(kPath, "A", " 2\r\n"); },
         list({"x", "", "y"}),
         list({"y"}),
-        drop("LIST"),
-        set("LIST", "3"),
+        [](IOvConfiguration& c) { c.removeKey(kPath, "LIST"); },
+        [](IOvConfiguration& c) { c.writeValue(kPath, "LIST", "3"); },
         list({"4"}),
         group({{"COLOR", "1"}, {"FILL_STYLE", ""}}),
         group({{"FILL_STYLE", "2"}}),
         [](IOvConfiguration& c) { c.removeGroup("Orvane/OBJECTS", "object", "NET"); },
         group({{"COLOR", "3"}}),
-        drop("B"),
-        set("C", "6"),
+        [](IOvConfiguration& c) { c.removeKey(kPath, "B"); },
+        [](IOvConfiguration& c) { c.writeValue(kPath, "C", "6"); },
     };
     const std::string start =
         "<configuration>\n <section path='Orvane/SETTINGS'>\n  <!-- one -->\n"
         "  <value name='REMARKED'>1</value> <!-- two -->\n\n"
         "  <value name='CROWDED'/> <value name='NEXT'/>\n </section>\n</configuration>\n";
-    const testsupport::TemporaryDirectory twinRoot;
-    const testsupport::TemporaryDirectory otherRoot;
+    const TemporaryDirectory twinRoot;
+    const TemporaryDirectory otherRoot;
     const auto editIn = [](const fs::path& directory, const Step& step) {
         IOvConfiguration* configuration = manager().GetConfiguration(directory.string(), Access::write);
         step(*configuration);
@@ -483,7 +460,8 @@ TEST_F(ConfigurationFile, SavingAgainGivesWhatReadingAgainWould) {
     writeFile(twin, start);
     for (std::size_t turn = 0; turn < std::size(steps); ++turn) {
         ASSERT_TRUE(editIn(twinRoot.path(), steps[turn]));
-        ASSERT_TRUE(editIn(otherRoot.path(), set("TURN", std::to_string(turn))));
+        ASSERT_TRUE(editIn(otherRoot.path(),
+                           [&](IOvConfiguration& c) { c.writeValue(kPath, "TURN", std::to_string(turn)); }));
     }
     for (const Step& step : steps)
         ASSERT_TRUE(edit(step));
@@ -503,7 +481,7 @@ TEST_F(ConfigurationFile, ProcessesThatSaveAtTheSameTimeLoseNothing) {
         return "KEY_" + std::to_string(process) + "_" + std::to_string(number);
     };
     for (int process = 0; process < kProcesses; ++process) {
-        writers[process] = testsupport::startChild([&, process] {
+        writers[process] = startChild([&, process] {
             for (int number = 0; number < kKeys; ++number) {
                 if (!edit([&](IOvConfiguration& c) { c.writeValue(kPath, keyOf(process, number), "1"); }))
                     return EXIT_FAILURE;
@@ -512,7 +490,7 @@ TEST_F(ConfigurationFile, ProcessesThatSaveAtTheSameTimeLoseNothing) {
         });
     }
     for (const pid_t writer : writers)
-        EXPECT_EQ(testsupport::endOfChild(writer), EXIT_SUCCESS);
+        EXPECT_EQ(endOfChild(writer), EXIT_SUCCESS);
     for (int process = 0; process < kProcesses; ++process) {
         for (int number = 0; number < kKeys; ++number)
             EXPECT_EQ(valuesOf(keyOf(process, number)), Values{"1"});
@@ -560,7 +538,7 @@ TEST_F(ConfigurationFile, DamagedFilesAreReportedOnceAndKeptAside) {
         ASSERT_EQ(messages_.size(), 1u) << row.what;
         EXPECT_TRUE(messages_[0].starts_with(file().string() + row.reason))
             << row.what << ": " << messages_[0];
-        EXPECT_EQ(messages_[0].find('\n'), std::string::npos) << messages_[0];
+        EXPECT_FALSE(contains(messages_[0], "\n"));
 
         EXPECT_TRUE(edit([](IOvConfiguration& c) { c.writeValue(kPath, "A", "1"); })) << row.what;
         EXPECT_EQ(valuesOf("A"), Values{"1"}) << row.what;
@@ -620,14 +598,14 @@ TEST_F(ConfigurationFile, ProtectionAgainstWritingIsToldWithPathAndCause) {
         {"damaged and read-only", "<config/>", 0444, 0755, false},
     };
     for (const Row& row : kRows) {
-        testsupport::TemporaryDirectory root;
+        TemporaryDirectory root;
         const fs::path path = root / "orvane.xml";
         writeFile(path, row.text);
-        ASSERT_TRUE(testsupport::giveToUnprivileged(path.c_str()));
-        ASSERT_TRUE(testsupport::giveToUnprivileged(root.path().c_str()));
+        ASSERT_TRUE(giveToUnprivileged(path.c_str()));
+        ASSERT_TRUE(giveToUnprivileged(root.path().c_str()));
         chmod(path.c_str(), row.file);
         chmod(root.path().c_str(), row.directory);
-        EXPECT_EQ(testsupport::runUnprivileged([&] {
+        EXPECT_EQ(runUnprivileged([&] {
                       IOvConfiguration* read = manager().GetConfiguration(root.path().string(), Access::read);
                       if ((read != nullptr) != row.readable)
                           return 2;
@@ -654,9 +632,9 @@ TEST_F(ConfigurationFile, ProtectionAgainstWritingIsToldWithPathAndCause) {
 TEST_F(ConfigurationFile, AFileThatCannotBeReadForAMomentIsNeitherMovedAsideNorSpared) {
     writeFile(file(), "<configuration><section path='Orvane/SETTINGS'><value name='A'>1</value>"
                       "<value name='B'>1</value></section></configuration>");
-    ASSERT_TRUE(testsupport::giveToUnprivileged(directory().c_str()));
-    ASSERT_TRUE(testsupport::giveToUnprivileged(file().c_str()));
-    EXPECT_EQ(testsupport::runUnprivileged([&] {
+    ASSERT_TRUE(giveToUnprivileged(directory().c_str()));
+    ASSERT_TRUE(giveToUnprivileged(file().c_str()));
+    EXPECT_EQ(runUnprivileged([&] {
                   chmod(file().c_str(), 0200);
                   IOvConfiguration* hopeless = open();
                   hopeless->writeValue(kPath, "B", "2");
@@ -675,7 +653,7 @@ TEST_F(ConfigurationFile, AFileThatCannotBeReadForAMomentIsNeitherMovedAsideNorS
 
 TEST_F(ConfigurationFile, FullDiskPutsADamagedFileBack) {
     writeFile(file(), "<config/>");
-    EXPECT_EQ(testsupport::runInChild([&] {
+    EXPECT_EQ(runInChild([&] {
                   signal(SIGXFSZ, SIG_IGN);
                   const rlimit limit{100, 100};
                   if (setrlimit(RLIMIT_FSIZE, &limit) != 0)

@@ -1,19 +1,11 @@
 #include "suite/help.h"
 
-#include "tests/support/testsupport.h"
+#include "tests/support/widgets.h"
 
-#include <QtTest/QTest>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QDialog>
-#include <QtWidgets/QMessageBox>
-#include <QtWidgets/QPushButton>
 #include <QtWidgets/QTextBrowser>
-#include <gtest/gtest.h>
 
 #include <stdexcept>
-#include <string>
 #include <utility>
-#include <vector>
 
 namespace {
 
@@ -43,13 +35,7 @@ protected:
         writeFile(book / "UNITS.html", pageText("Units"));
         writeFile(installation_.standard() / "help" / "secret.html", pageText("Secret"));
         writeFile(installation_.standard() / "help" / "other" / "GRID.html", pageText("Other grid"));
-        showOwner(owner_);
-    }
-
-    static void showOwner(QWidget& owner) {
-        owner.show();
-        owner.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&owner));
+        testsupport::activate(owner_);
     }
 
     // The only help window there is; the test ends if there are none or several.
@@ -72,11 +58,10 @@ TEST_F(Help, ATopicIsFoundExactlyThenWithoutCaseThenAsTheIndex) {
         const char* topic;
         int shown;
         const char* title;
-    } rows[] = {{"GRID", 1, "Grid"},
-                {"grid", 1, "Small grid"},
-                {"units", 1, "Units"},
-                {"NETS", 0, "Contents"},
-                {"index", 1, "Contents"}};
+    } rows[] = {
+        {"GRID", 1, "Grid"},     {"grid", 1, "Small grid"}, {"units", 1, "Units"},
+        {"NETS", 0, "Contents"}, {"index", 1, "Contents"},
+    };
     for (const auto& row : rows) {
         EXPECT_EQ(OlhHelpCall("orvane_ref", row.topic, 0), row.shown) << row.topic;
         EXPECT_EQ(title(), row.title);
@@ -86,18 +71,20 @@ TEST_F(Help, ATopicIsFoundExactlyThenWithoutCaseThenAsTheIndex) {
 
 TEST_F(Help, WithoutABookOrAPlainNameTheUserIsToldSo) {
     writeFile(installation_.standard() / "help" / "empty" / "readme.txt", "no page");
-    const std::pair<const char*, const char*> rows[] = {{"", ""},
-                                                        {nullptr, nullptr},
-                                                        {"orvane_ref", ""},
-                                                        {"nobook", "GRID"},
-                                                        {"orvane_ref", "../secret"},
-                                                        {"orvane_ref", "..\\secret"},
-                                                        {"..", "help"},
-                                                        {".", "secret"},
-                                                        {"orvane_ref/../orvane_ref", "GRID"},
-                                                        {"empty", "GRID"}};
+    const std::pair<const char*, const char*> rows[] = {
+        {"", ""},
+        {nullptr, nullptr},
+        {"orvane_ref", ""},
+        {"nobook", "GRID"},
+        {"orvane_ref", "../secret"},
+        {"orvane_ref", "..\\secret"},
+        {"..", "help"},
+        {".", "secret"},
+        {"orvane_ref/../orvane_ref", "GRID"},
+        {"empty", "GRID"},
+    };
     for (const auto& [book, topic] : rows) {
-        showOwner(owner_); // without a window manager nobody gives the focus back after a box
+        testsupport::activate(owner_); // without a window manager nobody gives the focus back after a box
         std::string seen;
         QWidget* parent = nullptr;
         testsupport::whenModal([&](QWidget& box) {
@@ -119,14 +106,14 @@ TEST_F(Help, OneWindowServesAllCallsAndFollowsTheActiveWindow) {
     {
         QDialog second;
         second.setModal(true);
-        showOwner(second);
+        testsupport::activate(second);
         OlhHelpCall("other", "GRID", 0);
         EXPECT_EQ(title(), "Other grid");
         EXPECT_EQ(window().parentWidget(), &second);
         EXPECT_FALSE(window().findChild<QTextBrowser*>()->isBackwardAvailable());
     }
     EXPECT_TRUE(helpWindows().empty());
-    showOwner(owner_);
+    testsupport::activate(owner_);
     OlhHelpCall("orvane_ref", "UNITS", 0);
     QTest::keyClick(window().findChild<QTextBrowser*>(), Qt::Key_Escape);
     EXPECT_TRUE(helpWindows().empty());

@@ -1,54 +1,39 @@
 #include "suite/locationmap.h"
 
 #include "suite/kernel.h"
-#include "suite/projectfile.h"
+#include "tests/support/projecterrors.h"
 #include "tests/support/testsupport.h"
 
-#include <gtest/gtest.h>
-
 #include <array>
-#include <filesystem>
-#include <optional>
-#include <string>
-#include <vector>
 
 namespace {
 
 namespace fs = std::filesystem;
-using testsupport::ScopedEnvironment;
-using testsupport::writeFile;
+using namespace testsupport;
 
-class LocationMap : public testing::Test {
+class LocationMap : public testing::Test, protected ProjectErrors {
 protected:
     LocationMap() {
         fs::create_directory(project);
         fs::create_directories(installation.site());
-        NProjectTools::CProjectFile::SetErrorHandler(
-            [this](const std::string& message) { errors.push_back(message); });
     }
-    ~LocationMap() override { NProjectTools::CProjectFile::SetErrorHandler({}); }
 
     void define(const std::string& text) {
         writeFile(project / "location.map", text);
         ASSERT_EQ(InitLocationMap((project / "demo.prj").c_str(), 0), 0);
     }
 
-    static std::string hardName(const std::string& name) {
+    static std::string answer(int (*look)(const char*, char*), const std::string& name) {
         std::array<char, kLocationBufferSize> buffer{'?'};
-        const int result = GetHardName(name.c_str(), buffer.data());
+        const int result = look(name.c_str(), buffer.data());
         return (result == 0 ? "0 " : "1 ") + std::string(buffer.data());
     }
+    static std::string hardName(const std::string& name) { return answer(&GetHardName, name); }
+    static std::string softName(const std::string& path) { return answer(&GetSoftName, path); }
 
-    static std::string softName(const std::string& path) {
-        std::array<char, kLocationBufferSize> buffer{'?'};
-        const int result = GetSoftName(path.c_str(), buffer.data());
-        return (result == 0 ? "0 " : "1 ") + std::string(buffer.data());
-    }
-
-    testsupport::Installation installation;
-    testsupport::TemporaryDirectory directory;
+    Installation installation;
+    TemporaryDirectory directory;
     const fs::path project = directory / "project";
-    std::vector<std::string> errors;
 };
 
 TEST_F(LocationMap, TurnsSoftNamesIntoRealPaths) {
@@ -60,33 +45,26 @@ TEST_F(LocationMap, TurnsSoftNamesIntoRealPaths) {
            "$A $B/x\r\n$B $A/y\r\n$SELF $SELF\r\n$LOST $NONE/z\r\n$ROOT /\r\n"
            "$DRIVE c:\\..\r\n$HOME ~/lib\r\n$WEB http://parts.example/lib/\r\n$PARTS $WEB/parts\r\n");
     const std::string site = installation.site().string();
-    struct Row {
-        std::string name, result;
+    const std::pair<std::string, std::string> rows[] = {
+        {"$FIRST", "0 /first"},
+        {"$FIRST\\a\\b c.ini", "0 /first/a/b c.ini"},
+        {"$REL/x", "0 " + (directory / "shared/x").string()},
+        {"$EQ/x", "0 /with blanks/x"},
+        {"$DEEP/x", "0 /net/parts/v2/deep/x"},
+        {"$OUT", "0 " + site + "/site parts"},
+        {"$ROOT/x", "0 /x"},
+        {"$ROOT", "0 /"},
+        {"$DRIVE/x", "0 c:/x"},
+        {"$HOME/x", "0 /home/ann/lib/x"},
+        {"$WEB", "0 http://parts.example/lib"},
+        {"$PARTS\\x", "0 http://parts.example/lib/parts/x"},
+        {"plain/$FIRST", "1 ?"},
+        {"", "1 ?"},
     };
-    const std::array rows{
-        Row{"$FIRST", "0 /first"},
-        Row{"$FIRST\\a\\b c.ini", "0 /first/a/b c.ini"},
-        Row{"$REL/x", "0 " + (directory / "shared/x").string()},
-        Row{"$EQ/x", "0 /with blanks/x"},
-        Row{"$DEEP/x", "0 /net/parts/v2/deep/x"},
-        Row{"$OUT", "0 " + site + "/site parts"},
-        Row{"$ROOT/x", "0 /x"},
-        Row{"$ROOT", "0 /"},
-        Row{"$DRIVE/x", "0 c:/x"},
-        Row{"$HOME/x", "0 /home/ann/lib/x"},
-        Row{"$WEB", "0 http://parts.example/lib"},
-        Row{"$PARTS\\x", "0 http://parts.example/lib/parts/x"},
-        Row{"$first/x", "1 "},
-        Row{"$FIRSTS/x", "1 "},
-        Row{"$A/x", "1 "},
-        Row{"$SELF", "1 "},
-        Row{"$LOST/x", "1 "},
-        Row{"$", "1 "},
-        Row{"plain/$FIRST", "1 ?"},
-        Row{"", "1 ?"},
-    };
-    for (const Row& row : rows)
-        EXPECT_EQ(hardName(row.name), row.result) << row.name;
+    for (const auto& [name, result] : rows)
+        EXPECT_EQ(hardName(name), result) << name;
+    for (const char* unknown : {"$first/x", "$FIRSTS/x", "$A/x", "$SELF", "$LOST/x", "$"})
+        EXPECT_EQ(hardName(unknown), "1 ") << unknown;
 
     InitLocationMap(project.c_str(), 0);
     EXPECT_EQ(hardName("$FIRST"), "0 /first") << "a project's directory serves as well as its file";
@@ -109,22 +87,15 @@ TEST_F(LocationMap, NeverWritesBeyondTheBuffer) {
 
 TEST_F(LocationMap, FindsTheLongestDirectoryAboveAPath) {
     define("$P /p\n$PARTS /p/parts/\n$SAME /p/parts\n$OLD $P/parts/old\n$LOST $NONE\n$WEB http://h/p/\n");
-    struct Row {
-        const char *path, *result;
+    const std::pair<const char*, const char*> rows[] = {
+        {"/p/parts/a.ini", "0 $PARTS/a.ini"}, {"\\p\\parts\\old\\a", "0 $OLD/a"},
+        {"/p/partsbin/a", "0 $P/partsbin/a"}, {"/p/x/../parts", "0 $PARTS"},
+        {"http://h/p/a", "0 $WEB/a"},
     };
-    constexpr std::array rows{
-        Row{"/p/parts/a.ini", "0 $PARTS/a.ini"},
-        Row{"\\p\\parts\\old\\a", "0 $OLD/a"},
-        Row{"/p/partsbin/a", "0 $P/partsbin/a"},
-        Row{"/p/x/../parts", "0 $PARTS"},
-        Row{"http://h/p/a", "0 $WEB/a"},
-        Row{"http:/h/p/a", "1 ?"},
-        Row{"/P/a", "1 ?"},
-        Row{"p/parts", "1 ?"},
-        Row{"", "1 ?"},
-    };
-    for (const Row& row : rows)
-        EXPECT_EQ(softName(row.path), row.result) << row.path;
+    for (const auto& [path, result] : rows)
+        EXPECT_EQ(softName(path), result) << path;
+    for (const char* elsewhere : {"http:/h/p/a", "/P/a", "p/parts", ""})
+        EXPECT_EQ(softName(elsewhere), "1 ?") << elsewhere;
 }
 
 TEST_F(LocationMap, PassesOverWhatItCannotReadAndSaysSoOnce) {
@@ -135,7 +106,7 @@ TEST_F(LocationMap, PassesOverWhatItCannotReadAndSaysSoOnce) {
     EXPECT_EQ(hardName("$LATE"), "0 /late");
     EXPECT_EQ(hardName("$NODIR"), "1 ");
     ASSERT_EQ(errors.size(), 2u);
-    EXPECT_NE(errors[0].find("location.map:2:"), std::string::npos) << errors[0];
+    EXPECT_TRUE(contains(errors[0], "location.map:2:"));
 }
 
 TEST_F(LocationMap, TheKernelFindsWhatExists) {
@@ -148,28 +119,19 @@ TEST_F(LocationMap, TheKernelFindsWhatExists) {
     const std::string found = (directory / "parts/Main.lmc").string();
     KernelContext* context = KernelOpenContext((project / "demo.prj").c_str());
     ASSERT_NE(context, nullptr);
-    struct Row {
-        std::string name;
-        bool resolved;
-    };
-    const std::array rows{
-        Row{"$LIB/Main.lmc", true},
-        Row{"$lib\\MAIN.lmc", true},
-        Row{"$OV_TEST_PARTS/main.lmc", true},
-        Row{"%OV_TEST_PARTS%/Main.lmc", true},
-        Row{"..\\parts\\Main.lmc", true},
-        Row{found, true},
-        Row{"$LIB/none.lmc", false},
-        Row{"$OV_TEST_UNSET/Main.lmc", false},
-        Row{"%OV_TEST_UNSET%/Main.lmc", false},
-        Row{"", false},
-        Row{std::string(10'000, 'x'), false},
-    };
-    for (const Row& row : rows) {
+    const auto resolved = [&](const std::string& name) {
         std::array<char, kLocationBufferSize> buffer{'?'};
-        EXPECT_EQ(KernelResolveName(row.name.c_str(), buffer.data(), context) != 0, row.resolved) << row.name;
-        EXPECT_EQ(buffer.data(), row.resolved ? found : "?") << row.name;
-    }
+        const bool known = KernelResolveName(name.c_str(), buffer.data(), context) != 0;
+        return std::string(known ? "" : "unknown ") + buffer.data();
+    };
+    for (const std::string& name :
+         {std::string("$LIB/Main.lmc"), std::string("$lib\\MAIN.lmc"), std::string("$OV_TEST_PARTS/main.lmc"),
+          std::string("%OV_TEST_PARTS%/Main.lmc"), std::string("..\\parts\\Main.lmc"), found})
+        EXPECT_EQ(resolved(name), found) << name;
+    for (const std::string& name :
+         {std::string("$LIB/none.lmc"), std::string("$OV_TEST_UNSET/Main.lmc"),
+          std::string("%OV_TEST_UNSET%/Main.lmc"), std::string(), std::string(10'000, 'x')})
+        EXPECT_EQ(resolved(name), "unknown ?") << name;
     KernelCloseContext(&context);
     EXPECT_EQ(context, nullptr);
     KernelCloseContext(&context);

@@ -3,24 +3,19 @@
 #include "suite/bordersymbolsfile.h"
 #include "suite/openproject.h"
 #include "suite/projectdatafile.h"
-#include "suite/projectfile.h"
 #include "suite/specialcomponentsfile.h"
 #include "tests/support/childprocess.h"
+#include "tests/support/projecterrors.h"
 #include "tests/support/testsupport.h"
 
-#include <gtest/gtest.h>
-
 #include <array>
-#include <filesystem>
-#include <functional>
 
 namespace {
 
 namespace fs = std::filesystem;
 using NProjectTools::CBorderSymbolsFile;
 using NProjectTools::CSpecialComponentsFile;
-using testsupport::readFile;
-using testsupport::writeFile;
+using namespace testsupport;
 using Properties = std::vector<Orv::IBorderSymbols::Property>;
 using Table = Orv::IBorderSymbols::Table;
 using Texts = std::vector<std::string>;
@@ -29,14 +24,8 @@ constexpr int kPower = 9;
 constexpr int kGround = 10;
 const std::string kBinary("\x7f\0ELF", 5);
 
-class NamedFiles : public testing::Test {
+class NamedFiles : public testing::Test, protected ProjectErrors {
 protected:
-    NamedFiles() {
-        NProjectTools::CProjectFile::SetErrorHandler(
-            [this](const std::string& message) { errors.push_back(message); });
-    }
-    ~NamedFiles() override { NProjectTools::CProjectFile::SetErrorHandler({}); }
-
     std::string path(const std::string& name = "file.ini") const { return (directory / name).string(); }
 
     template <typename File>
@@ -45,8 +34,7 @@ protected:
         file.Reload(path());
     }
 
-    testsupport::TemporaryDirectory directory;
-    Texts errors;
+    TemporaryDirectory directory;
 };
 
 TEST_F(NamedFiles, CategoriesComeFromTheirSectionsInOrder) {
@@ -85,7 +73,7 @@ TEST_F(NamedFiles, SavingKeepsWhatItDoesNotConcern) {
     EXPECT_EQ(readFile(path()), expected) << "what another program wrote meanwhile stays";
     file.GetCategory(kGround).clear();
     file.Save(path());
-    EXPECT_EQ(readFile(path()).find("x:GND"), std::string::npos);
+    EXPECT_FALSE(contains(readFile(path()), "x:GND"));
 
     EXPECT_EQ(errors, Texts{});
 
@@ -97,7 +85,7 @@ TEST_F(NamedFiles, SavingKeepsWhatItDoesNotConcern) {
     EXPECT_EQ(errors, Texts{path("other.ini") + ": cannot save: its former content has not been read"});
     fs::create_symlink(path(), path("link.ini"));
     file.Save(path("link.ini"));
-    EXPECT_NE(readFile(path()).find("x:C"), std::string::npos);
+    EXPECT_TRUE(contains(readFile(path()), "x:C"));
 }
 
 TEST_F(NamedFiles, BorderEntriesAreSetAndDeletedOneByOne) {
@@ -150,22 +138,22 @@ TEST_F(NamedFiles, WhatALineCanHoldSurvivesAndTheRestIsRefused) {
         std::string text;
         bool asValue, asName;
     };
-    const std::array rows{
-        Row{"a = b", true, false},
-        Row{"[x]", true, false},
-        Row{"; no remark", true, false},
-        Row{" blank", true, false},
-        Row{"blank\t", true, false},
-        Row{"\"quoted\"", true, true},
-        Row{"'", true, true},
-        Row{"\"", true, true},
-        Row{"größe Ω", true, true},
-        Row{"", true, false},
-        Row{"two\nlines", false, false},
-        Row{"return\r", false, false},
-        Row{std::string("nul\0", 4), false, false},
-        Row{std::string(100'000, 'x'), true, true},
-        Row{"\xFF\xFE", true, true},
+    const Row rows[] = {
+        {"a = b", true, false},
+        {"[x]", true, false},
+        {"; no remark", true, false},
+        {" blank", true, false},
+        {"blank\t", true, false},
+        {"\"quoted\"", true, true},
+        {"'", true, true},
+        {"\"", true, true},
+        {"größe Ω", true, true},
+        {"", true, false},
+        {"two\nlines", false, false},
+        {"return\r", false, false},
+        {std::string("nul\0", 4), false, false},
+        {std::string(100'000, 'x'), true, true},
+        {"\xFF\xFE", true, true},
     };
     const std::string text = "; kept\n[Borders]\nA4SHEETL=b:A\n[Power]\nSymbol#0=x:A\n";
     const auto check = [&](auto& file, auto& content, auto changed, bool holds, const std::string& what) {
@@ -258,7 +246,7 @@ TEST_F(NamedFiles, AFileThatNobodyHasReadIsNotWritten) {
 
 TEST_F(NamedFiles, AFileThatMayNotBeWrittenStaysWholeAndTheChangeWaits) {
     fs::permissions(directory.path(), fs::perms::all);
-    const int status = testsupport::runUnprivileged([&] {
+    const int status = runUnprivileged([&] {
         CSpecialComponentsFile file;
         load(file, "[Power]\nSymbol#0=x:A\n");
         fs::permissions(path(), fs::perms::owner_read);
@@ -271,30 +259,6 @@ TEST_F(NamedFiles, AFileThatMayNotBeWrittenStaysWholeAndTheChangeWaits) {
         return refused && errors.size() == 1 && readFile(path()) == "[Power]\nSymbol#0=x:B\n" ? 0 : 1;
     });
     EXPECT_EQ(status, 0);
-}
-
-TEST_F(NamedFiles, HoldLongListsAndTables) {
-    constexpr int kMany = 10'000;
-    CSpecialComponentsFile special;
-    CBorderSymbolsFile borders;
-    Texts symbols;
-    for (int i = 0; i < kMany; ++i) {
-        symbols.push_back("x:" + std::to_string(i));
-        borders.GetTable()[std::to_string(i) + "x5SHEET"] = symbols.back();
-        borders.GetProperties().emplace_back(symbols.back(), "v");
-    }
-    special.GetCategory(kPower) = symbols;
-    special.Save(path());
-    borders.Save(path("borders.ini"));
-    borders.GetProperties().front().first = "renamed";
-    borders.Save(path("borders.ini"));
-    CSpecialComponentsFile again;
-    again.Reload(path());
-    EXPECT_EQ(again.GetCategory(kPower), symbols);
-    CBorderSymbolsFile bordersAgain;
-    bordersAgain.Reload(path("borders.ini"));
-    EXPECT_EQ(bordersAgain.GetTable(), borders.GetTable());
-    EXPECT_EQ(bordersAgain.GetProperties(), borders.GetProperties());
 }
 
 TEST_F(NamedFiles, BusContentsKeepTheirContentWhereTheNextCannotBeRead) {

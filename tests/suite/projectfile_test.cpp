@@ -1,11 +1,9 @@
 #include "suite/projectfile.h"
 
+#include "tests/support/projecterrors.h"
 #include "tests/support/testsupport.h"
 
-#include <gtest/gtest.h>
-
 #include <array>
-#include <filesystem>
 #include <fstream>
 
 namespace {
@@ -13,18 +11,11 @@ namespace {
 namespace fs = std::filesystem;
 using NProjectTools::CProjectFile;
 using NProjectTools::CProjectFileUtilitiesLight;
-using testsupport::readFile;
-using testsupport::ScopedEnvironment;
-using testsupport::writeFile;
+using namespace testsupport;
 using Texts = std::vector<std::string>;
 
-class ProjectFile : public testing::Test {
+class ProjectFile : public testing::Test, protected ProjectErrors {
 protected:
-    ProjectFile() {
-        CProjectFile::SetErrorHandler([this](const std::string& message) { errors.push_back(message); });
-    }
-    ~ProjectFile() override { CProjectFile::SetErrorHandler({}); }
-
     fs::path path() const { return directory / "demo.prj"; }
     std::string bytes() const { return readFile(path()); }
 
@@ -33,57 +24,39 @@ protected:
         ASSERT_TRUE(project.openProjectFile(path().string())) << project.lastError();
     }
 
-    testsupport::Installation installation;
-    testsupport::TemporaryDirectory directory;
+    Installation installation;
+    TemporaryDirectory directory;
     CProjectFile project;
-    Texts errors;
 };
 
 TEST_F(ProjectFile, OperationsAndGenericKeysAreTheSameValues) {
     struct Row {
         const char* key;
-        std::function<std::string()> get;
-        std::function<void(const std::string&)> set;
+        std::function<std::string(CProjectFile&)> get;
+        void (CProjectFile::*set)(const std::string&);
     };
-    const std::array rows{
-        Row{"CentralLibrary", [&] { return project.GetCentralLibraryPath(0); },
-            [&](auto& text) {
-                project.SetCentralLibraryPath(text);
-            }},
-        Row{"ServerName", [&] { return project.GetServerName(); },
-            [&](auto& text) {
-                project.SetServerName(text);
-            }},
-        Row{"NetNameDelimiter", [&] { return project.GetNetNameDelimiter(); },
-            [&](auto& text) {
-                project.SetNetNameDelimiter(text);
-            }},
-        Row{"LayoutTool", [&] { return project.GetLayoutTool(); },
-            [&](auto& text) {
-                project.SetLayoutTool(text);
-            }},
-        Row{"PcbCfgFileName", [&] { return project.GetPcbConfigFile(); },
-            [&](auto& text) {
-                project.SetPcbConfigFile(text);
-            }},
-        Row{"CnsFileName", [&] { return project.GetConstraintsFile(); },
-            [&](auto& text) {
-                project.SetConstraintsFile(text);
-            }},
+    const Row rows[] = {
+        {"CentralLibrary", [](auto& file) { return file.GetCentralLibraryPath(0); },
+         &CProjectFile::SetCentralLibraryPath},
+        {"ServerName", &CProjectFile::GetServerName, &CProjectFile::SetServerName},
+        {"NetNameDelimiter", &CProjectFile::GetNetNameDelimiter, &CProjectFile::SetNetNameDelimiter},
+        {"LayoutTool", &CProjectFile::GetLayoutTool, &CProjectFile::SetLayoutTool},
+        {"PcbCfgFileName", &CProjectFile::GetPcbConfigFile, &CProjectFile::SetPcbConfigFile},
+        {"CnsFileName", &CProjectFile::GetConstraintsFile, &CProjectFile::SetConstraintsFile},
     };
     open("");
     for (const Row& row : rows) {
-        EXPECT_EQ(row.get(), "") << row.key;
+        EXPECT_EQ(row.get(project), "") << row.key;
         project.SetValue("DesignInfo", row.key, "");
-        row.set("");
+        (project.*row.set)("");
         EXPECT_EQ(bytes(), "") << "an empty value of an unset key needs no line";
     }
     for (const Row& row : rows) {
-        row.set("first");
+        (project.*row.set)("first");
         EXPECT_EQ(project.GetValue("designinfo", row.key), "first") << row.key;
         project.SetValue("DesignInfo", row.key, "C:\\a b\\\"x\" ");
-        EXPECT_EQ(row.get(), "C:\\a b\\\"x\" ") << row.key;
-        row.set("");
+        EXPECT_EQ(row.get(project), "C:\\a b\\\"x\" ") << row.key;
+        (project.*row.set)("");
         EXPECT_EQ(project.GetValue("DesignInfo", row.key), "") << row.key;
     }
 }
@@ -124,7 +97,7 @@ TEST_F(ProjectFile, ListsKeepTheirTextsAndOrder) {
     project.SetPdbSearchPath({}, "top");
     project.SetPdbSearchPath(Texts(12, "grown"), "top");
     EXPECT_EQ(project.GetPdbSearchPath("top").size(), 12u) << "what stood behind the gap went with the list";
-    EXPECT_NE(bytes().find("PdbSearchPath#x=no number"), std::string::npos);
+    EXPECT_TRUE(contains(bytes(), "PdbSearchPath#x=no number"));
 }
 
 TEST_F(ProjectFile, HoldsALongList) {
@@ -159,7 +132,7 @@ TEST_F(ProjectFile, RefusesWhatALineCannotHoldAndWritesNothing) {
     for (std::size_t i = 0; i < refused.size(); ++i) {
         refused[i]();
         ASSERT_EQ(errors.size(), i + 1);
-        EXPECT_NE(errors.back().find(path().string()), std::string::npos);
+        EXPECT_TRUE(contains(errors.back(), path().string()));
         EXPECT_EQ(bytes(), text);
     }
 }
@@ -207,7 +180,7 @@ TEST_F(ProjectFile, OpensNothingButATextFile) {
     open("[DesignInfo]\nServerName=a\n");
     for (const char* name : {"missing.prj", "binary.prj", "wide.prj", "directory.prj"}) {
         EXPECT_FALSE(project.openProjectFile((directory / name).string())) << name;
-        EXPECT_NE(project.lastError().find(name), std::string::npos) << project.lastError();
+        EXPECT_TRUE(contains(project.lastError(), name));
         EXPECT_EQ(project.GetFilePath(), "") << "no project is open";
     }
     EXPECT_FALSE(project.openProjectFile(""));
@@ -225,28 +198,25 @@ TEST_F(ProjectFile, FullPathsAreResolvedAndTextsStayAsTheyAre) {
     fs::create_directory(directory / "Parts");
     writeFile(directory / "Parts/My Größe.ini", "");
     writeFile(directory / "location.map", "$PARTS Parts\n$A $B\n$B $A\n");
-    struct Row {
-        std::string text, full;
-    };
-    const std::array rows{
-        Row{"", ""},
-        Row{"borders.ini", here + "/borders.ini"},
-        Row{".\\parts\\my Größe.INI", here + "/Parts/My Größe.ini"},
-        Row{"%OV_TEST_PARTS%\\new.ini", here + "/Parts/new.ini"},
-        Row{"%OV_TEST_UNSET%\\new.ini", "%OV_TEST_UNSET%\\new.ini"},
-        Row{"$PARTS\\my größe.ini", here + "/Parts/My Größe.ini"},
-        Row{"$PARTS/../a.ini ", here + "/a.ini "},
-        Row{" parts\\my größe.ini ", here + "/Parts/My Größe.ini"},
-        Row{"$NONE\\a.ini", "$NONE\\a.ini"},
-        Row{"$A/a.ini", "$A/a.ini"},
-        Row{"C:\\parts\\a.ini", "C:\\parts\\a.ini"},
-        Row{longName, here + "/" + longName},
+    const std::pair<std::string, std::string> rows[] = {
+        {"", ""},
+        {"borders.ini", here + "/borders.ini"},
+        {".\\parts\\my Größe.INI", here + "/Parts/My Größe.ini"},
+        {"%OV_TEST_PARTS%\\new.ini", here + "/Parts/new.ini"},
+        {"%OV_TEST_UNSET%\\new.ini", "%OV_TEST_UNSET%\\new.ini"},
+        {"$PARTS\\my größe.ini", here + "/Parts/My Größe.ini"},
+        {"$PARTS/../a.ini ", here + "/a.ini "},
+        {" parts\\my größe.ini ", here + "/Parts/My Größe.ini"},
+        {"$NONE\\a.ini", "$NONE\\a.ini"},
+        {"$A/a.ini", "$A/a.ini"},
+        {"C:\\parts\\a.ini", "C:\\parts\\a.ini"},
+        {longName, here + "/" + longName},
     };
     open("");
-    for (const Row& row : rows) {
-        project.SetValue("DesignInfo", "BorderSymbols", row.text);
-        EXPECT_EQ(project.GetBorderSymbolsPath(1), row.full);
-        EXPECT_EQ(project.GetBorderSymbolsPath(0), row.text);
+    for (const auto& [text, full] : rows) {
+        project.SetValue("DesignInfo", "BorderSymbols", text);
+        EXPECT_EQ(project.GetBorderSymbolsPath(1), full);
+        EXPECT_EQ(project.GetBorderSymbolsPath(0), text);
     }
 }
 

@@ -12,11 +12,8 @@
 #include "suite/symbollibs.h"
 #include "tests/support/testsupport.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <set>
 
 namespace {

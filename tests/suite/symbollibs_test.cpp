@@ -1,10 +1,8 @@
 #include "suite/symbollibs.h"
 
 #include "suite/openproject.h"
-#include "suite/projectfile.h"
+#include "tests/support/projecterrors.h"
 #include "tests/support/testsupport.h"
-
-#include <gtest/gtest.h>
 
 #include <sstream>
 
@@ -13,8 +11,7 @@ namespace {
 using NProjectTools::COpenProject;
 using NProjectTools::CProjectFileUtilitiesLight;
 using NProjectTools::CSymbolLibs;
-using testsupport::readFile;
-using testsupport::writeFile;
+using namespace testsupport;
 
 class SymbolLibs : public testing::Test {
 protected:
@@ -28,8 +25,8 @@ protected:
         return text.str();
     }
 
-    testsupport::Installation installation;
-    testsupport::TemporaryDirectory directory;
+    Installation installation;
+    TemporaryDirectory directory;
 };
 
 TEST_F(SymbolLibs, LoadTheListOfAProjectOrAnIniFileInItsOrder) {
@@ -38,7 +35,7 @@ TEST_F(SymbolLibs, LoadTheListOfAProjectOrAnIniFileInItsOrder) {
                              "Location#2=x\nType#2=7\nAlias#3=\nLocation#3=y\nType#3=1 or 2\n"
                              "Location#4=http://host//a\nLocation#5=$WEB\\a\nLocation#6=~/a\n"
                              "Location#7=~no such user/a\nAlias#9=behind a gap\nLocation#9=z\n";
-    const testsupport::ScopedEnvironment home("HOME", "/home/ann");
+    const ScopedEnvironment home("HOME", "/home/ann");
     writeFile(directory / "location.map", "$S /shared\n$WEB http://host/\n");
     writeFile(directory / "demo.prj", list);
     writeFile(directory / "list.ini", list);
@@ -77,11 +74,9 @@ TEST_F(SymbolLibs, AChangedListIsSavedIntoItsProject) {
 
     libraries.AddLibrary("two\nlines", "x", "x", 2);
     const std::string before = readFile(directory / "demo.prj");
-    std::string told;
-    NProjectTools::CProjectFile::SetErrorHandler([&](const std::string& message) { told = message; });
+    const ProjectErrors told;
     EXPECT_FALSE(project->saveLibraries());
-    NProjectTools::CProjectFile::SetErrorHandler({});
-    EXPECT_NE(told, "");
+    EXPECT_FALSE(told.errors.empty());
     EXPECT_EQ(readFile(directory / "demo.prj"), before);
 }
 

@@ -1,11 +1,6 @@
 #include "suite/wdirutils.h"
 #include "tests/support/testsupport.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <optional>
-
 namespace {
 
 TEST(WorkingDirectories, ComeFromTheVariableWithTheInstallationLast) {

@@ -1,21 +1,12 @@
-#include "tests/support/testsupport.h"
+#include "tests/support/widgets.h"
 
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>
-#include <QtTest/QTest>
-#include <QtWidgets/QAbstractButton>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QDialog>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QMessageBox>
-#include <QtWidgets/QTreeWidget>
-#include <gtest/gtest.h>
 
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
-#include <memory>
 #include <sstream>
 
 namespace testsupport {
@@ -83,6 +74,12 @@ std::string readFile(const std::filesystem::path& path) {
     std::ostringstream text;
     text << file.rdbuf();
     return text.str();
+}
+
+testing::AssertionResult contains(const std::string& text, const std::string& part) {
+    const bool found = text.find(part) != std::string::npos;
+    return testing::AssertionResult(found)
+           << '"' << part << (found ? "\" is in\n" : "\" is not in\n") << text;
 }
 
 Installation::Installation()
@@ -184,6 +181,47 @@ bool selectCategory(QWidget& dialog, const std::string& caption) {
     tree->scrollToItem(items.front());
     QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(items.front()).center());
     return tree->currentItem() == items.front();
+}
+
+void press(QWidget& root, const std::string& caption) {
+    if (auto* button = find<QAbstractButton>(root, caption))
+        QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
+}
+
+void type(QWidget& control, const std::string& text) {
+    QTest::keyClick(&control, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&control, Qt::Key_Delete);
+    QTest::keyClicks(&control, QString::fromStdString(text));
+}
+
+std::vector<std::string> textsIn(const QAbstractItemModel& model) {
+    std::vector<std::string> texts;
+    for (int row = 0; row < model.rowCount(); ++row)
+        texts.push_back(model.index(row, 0).data().toString().toStdString());
+    return texts;
+}
+
+std::string messageDuring(const std::function<void()>& operation) {
+    std::string message = "(there was no message)";
+    answerNextMessageBox("OK", &message);
+    operation();
+    return message;
+}
+
+QPoint centreOf(QAbstractItemView& grid, int row, int column) {
+    const QModelIndex cell = grid.model()->index(row - 1, column - 1);
+    grid.scrollTo(cell);
+    return grid.visualRect(cell).center();
+}
+
+void clickCell(QAbstractItemView& grid, int row, int column) {
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, centreOf(grid, row, column));
+}
+
+void activate(QWidget& window) {
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
 }
 
 } // namespace testsupport

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -60,6 +62,9 @@ private:
 void writeFile(const std::filesystem::path& path, const std::string& text);
 std::string readFile(const std::filesystem::path& path);
 
+/// Whether a text has this part; where that is not as expected, the text is told.
+testing::AssertionResult contains(const std::string& text, const std::string& part);
+
 /// An installation, a site level and a user directory in a temporary directory, with `RSR_HOME` and `WDIR`
 /// set to them. The levels hold no file until a test writes one.
 class Installation {
@@ -70,6 +75,17 @@ public:
     std::filesystem::path standard() const { return home() / "standard"; }
     std::filesystem::path site() const { return root_ / "site"; }
     std::filesystem::path user() const { return root_ / "user"; }
+
+    /// Writes the catalogue: the text between the document element's tags.
+    void writeCatalogue(const std::string& dialogs) const {
+        writeFile(standard() / "settings.xml", "<settings>" + dialogs + "</settings>");
+    }
+    /// One category of a catalogue.
+    static std::string category(const std::string& name, const std::string& key,
+                                const std::string& localization = "internal", const std::string& inner = "") {
+        return "<dialog><name>" + name + "</name><classid>" + key + "</classid><localization>" +
+               localization + "</localization>" + inner + "</dialog>";
+    }
 
 private:
     TemporaryDirectory root_;

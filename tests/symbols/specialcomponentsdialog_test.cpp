@@ -5,12 +5,7 @@
 #include "suite/specialcomponentsfile.h"
 #include "tests/project/projectfixture.h"
 
-#include <QtTest/QTest>
 #include <QtWidgets/QAbstractItemView>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QDialog>
-#include <QtWidgets/QListWidget>
-#include <QtWidgets/QToolButton>
 
 using ovsettings::CSpecialComponentsDialog;
 
@@ -49,12 +44,7 @@ protected:
         categories.setCurrentIndex(categories.findText(QString::fromLatin1(category)));
     }
     QListWidget& list() { return control<QListWidget>("Symbols"); }
-    Names rows() {
-        Names rows;
-        for (int row = 0; row < list().count(); ++row)
-            rows.push_back(list().item(row)->text().toStdString());
-        return rows;
-    }
+    Names rows() { return testsupport::textsOf(list()); }
     void key(int row, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
         list().setCurrentRow(row);
         list().setFocus();
@@ -91,36 +81,24 @@ protected:
 
 TEST_F(SpecialComponents, OffersForEachCategoryWhatTheLibraryHasForIt) {
     CSpecialComponentsDialog& page = open();
-    const struct {
-        const char *title, *offered;
-    } rows[] = {
-        {"Port IN", "lib:PORT"},
-        {"Port OUT", "lib:PORT"},
-        {"Port BI", "lib:PORT"},
-        {"Port TRI", "lib:PORT"},
-        {"Port ANALOG", "lib:PORT"},
-        {"Port OCL", "lib:PORT"},
-        {"Port OEM", "lib:PORT"},
-        {"On Sheet Symbol", "lib:ON"},
-        {"Off Sheet Symbol", "lib:OFF"},
-        {"Power Symbol", "lib:VCC"},
-        {"Ground Symbol", "lib:EARTH"},
-        {"Ripper Bus-Net Symbol", "lib:BUSNET"},
-        {"Ripper Bus-Bus Symbol", "lib:BUSBUS"},
-    };
-    int category = 0;
-    for (const auto& row : rows) {
+    Names titles;
+    for (const char* port : {"IN", "OUT", "BI", "TRI", "ANALOG", "OCL", "OEM"})
+        titles.push_back(std::string("Port ") + port);
+    for (const char* other : {"On Sheet", "Off Sheet", "Power", "Ground", "Ripper Bus-Net", "Ripper Bus-Bus"})
+        titles.push_back(std::string(other) + " Symbol");
+    const char* const behindThePorts[] = {"lib:ON",    "lib:OFF",    "lib:VCC",
+                                          "lib:EARTH", "lib:BUSNET", "lib:BUSBUS"};
+    for (int category = kPortIn; category <= kBusBus; ++category) {
+        const std::string expected = category < kOnSheet ? "lib:PORT" : behindThePorts[category - kOnSheet];
         Names offered;
         testsupport::whenDialog([&](QDialog& dialog) {
-            EXPECT_EQ(dialog.windowTitle().toStdString(), row.title);
-            const auto* symbols = testsupport::find<QAbstractItemView>(dialog, "Symbols:")->model();
-            for (int i = 0; i < symbols->rowCount(); ++i)
-                offered.push_back(symbols->index(i, 0).data().toString().toStdString());
+            EXPECT_EQ(dialog.windowTitle().toStdString(), titles.at(static_cast<std::size_t>(category)));
+            offered = testsupport::textsOf(*testsupport::find<QAbstractItemView>(dialog, "Symbols:"));
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         });
-        EXPECT_EQ(page.chooseSymbol(category++), row.offered);
-        EXPECT_EQ(offered, Names{row.offered});
+        EXPECT_EQ(page.chooseSymbol(category), expected);
+        EXPECT_EQ(offered, Names{expected});
     }
     for (const int none : {-1, 13})
         EXPECT_EQ(page.chooseSymbol(none), "") << none;
@@ -153,7 +131,7 @@ TEST_F(SpecialComponents, EachCategoryKeepsItsRowsUntilTheyAreStoredTogether) {
     EXPECT_EQ(inFile(kPower), Names{"own:V12"}) << "the edit was open when another category was selected";
     EXPECT_EQ(inFile(kBusBus), Names{"s:RIP"});
     EXPECT_NE(testsupport::readFile(path()).find("; ours"), std::string::npos);
-    EXPECT_NE(testsupport::readFile(path()).find("Key=kept"), std::string::npos);
+    EXPECT_TRUE(testsupport::contains(testsupport::readFile(path()), "Key=kept"));
 }
 
 TEST_F(SpecialComponents, AnEditInPlaceOffersTheSymbolsOfTheFileAndTakesAnyText) {
@@ -162,10 +140,7 @@ TEST_F(SpecialComponents, AnEditInPlaceOffersTheSymbolsOfTheFileAndTakesAnyText)
     key(1, Qt::Key_F2);
     auto* combo = dynamic_cast<QComboBox*>(QApplication::focusWidget());
     ASSERT_NE(combo, nullptr);
-    Names offered;
-    for (int i = 0; i < combo->count(); ++i)
-        offered.push_back(combo->itemText(i).toStdString());
-    EXPECT_EQ(offered, (Names{"s:V5", "s:GND", "s:AGND", "s:PGND", "s:RIP"}));
+    EXPECT_EQ(testsupport::textsOf(*combo), (Names{"s:V5", "s:GND", "s:AGND", "s:PGND", "s:RIP"}));
     EXPECT_EQ(combo->currentText().toStdString(), "s:AGND");
     QTest::keyClick(combo, Qt::Key_Down);
     QTest::keyClick(combo, Qt::Key_Return);
@@ -180,8 +155,6 @@ TEST_F(SpecialComponents, AnEditInPlaceOffersTheSymbolsOfTheFileAndTakesAnyText)
 }
 
 TEST_F(SpecialComponents, LeavingAsksOnlyForAChangeWithinTheShorterList) {
-    const SeenBox question{"Project Settings", "Do you want to save the changes you've made in this page?",
-                           QMessageBox::Question};
     const Names before{"s:GND", "s:AGND", "s:PGND"};
     for (const bool keep : {true, false}) {
         CSpecialComponentsDialog& page = open();
@@ -189,7 +162,7 @@ TEST_F(SpecialComponents, LeavingAsksOnlyForAChangeWithinTheShorterList) {
         show("Ground");
         beginEdit(1, "s:CHASSIS");
         show("Power");
-        EXPECT_EQ(boxDuring([&] { EXPECT_TRUE(page.onLeave()); }, keep ? "Yes" : "No"), question);
+        EXPECT_EQ(boxDuring([&] { EXPECT_TRUE(page.onLeave()); }, keep ? "Yes" : "No"), kSaveQuestion);
         show("Ground");
         EXPECT_EQ(rows(), keep ? Names({"s:GND", "s:CHASSIS", "s:PGND"}) : before);
         EXPECT_EQ(inFile(kGround), rows());
@@ -219,8 +192,8 @@ TEST_F(SpecialComponents, WithoutAFileOrItsObjectNothingIsWritten) {
     struct AnotherClass : Orv::IProjectFileConsumer {
         void Reload(const std::string&) override {}
     } anotherClass;
-    for (Orv::IProjectFileConsumer* object : {static_cast<Orv::IProjectFileConsumer*>(nullptr),
-                                              static_cast<Orv::IProjectFileConsumer*>(&anotherClass)}) {
+    for (Orv::IProjectFileConsumer* object :
+         std::array<Orv::IProjectFileConsumer*, 2>{nullptr, &anotherClass}) {
         open();
         const std::string text = testsupport::readFile(path());
         closePage();

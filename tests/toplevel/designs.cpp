@@ -2,9 +2,7 @@
 
 #include "ovsettings/showsettingsdialog.h"
 
-#include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
-#include <QtWidgets/QTreeWidget>
 #include <sqlite3.h>
 
 using testsupport::writeFile;
@@ -30,8 +28,7 @@ std::string databaseSql(const std::vector<std::string>& blocks) {
 }
 
 Designs::Designs() {
-    writeFile(installation_.standard() / "settings.xml",
-              "<settings><dialog><localization>projects</localization></dialog></settings>");
+    installation_.writeCatalogue("<dialog><localization>projects</localization></dialog>");
     EXPECT_TRUE(configuration_.load());
     runSql(database(), databaseSql({"TOP", "ADC", "DAC"}));
     writeLibrary("(Default)=1\nDigital=0\nProto=1\n[Scheme Digital]\nSymbols#0=logic\nSymbols#1=nowhere\n"
@@ -78,11 +75,6 @@ NProjectTools::CProjectFileUtilitiesLight Designs::onDisk() const {
     return NProjectTools::CProjectFileUtilitiesLight((directory_ / "demo.prj").c_str());
 }
 
-void click(QDialog& dialog, const std::string& caption) {
-    if (auto* button = testsupport::find<QAbstractButton>(dialog, caption))
-        QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
-}
-
 QComboBox& combo(QDialog& dialog, const std::string& caption) {
     return *testsupport::find<QComboBox>(dialog, caption);
 }
@@ -95,13 +87,6 @@ void choose(QDialog& dialog, const std::string& caption, const std::string& entr
         QTest::keyClick(&box, box.currentIndex() < wanted ? Qt::Key_Down : Qt::Key_Up);
 }
 
-std::vector<std::string> entries(const QComboBox& combo) {
-    std::vector<std::string> texts;
-    for (int i = 0; i < combo.count(); ++i)
-        texts.push_back(combo.itemText(i).toStdString());
-    return texts;
-}
-
 QListWidget& list(QDialog& dialog, const std::string& title) {
     for (auto* found : dialog.findChildren<QListWidget*>()) {
         if (found->accessibleName().toStdString() == title)
@@ -111,9 +96,5 @@ QListWidget& list(QDialog& dialog, const std::string& title) {
 }
 
 std::vector<std::string> lines(QDialog& dialog, const std::string& title) {
-    const QListWidget& shown = list(dialog, title);
-    std::vector<std::string> texts;
-    for (int i = 0; i < shown.count(); ++i)
-        texts.push_back(shown.item(i)->text().toStdString());
-    return texts;
+    return textsOf(list(dialog, title));
 }

@@ -4,18 +4,12 @@
 #include "orv/projectconfiguration.h"
 #include "suite/openproject.h"
 #include "suite/projectfile.h"
-#include "tests/support/testsupport.h"
+#include "tests/support/widgets.h"
 
-#include <QtWidgets/QComboBox>
-#include <QtWidgets/QDialog>
-#include <QtWidgets/QListWidget>
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <functional>
 #include <memory>
-#include <string>
-#include <vector>
+
+using testsupport::press;
+using testsupport::textsOf;
 
 /// Runs SQL on a database file, which is made if it is missing.
 void runSql(const std::filesystem::path& file, const std::string& sql);
@@ -47,10 +41,8 @@ protected:
     std::vector<std::string> boxes_;
 };
 
-void click(QDialog& dialog, const std::string& caption);
 QComboBox& combo(QDialog& dialog, const std::string& caption);
 /// Chooses an entry as the user does, with the keyboard.
 void choose(QDialog& dialog, const std::string& caption, const std::string& entry);
-std::vector<std::string> entries(const QComboBox& combo);
 QListWidget& list(QDialog& dialog, const std::string& title);
 std::vector<std::string> lines(QDialog& dialog, const std::string& title);

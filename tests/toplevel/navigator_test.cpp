@@ -3,7 +3,6 @@
 #include <QtCore/QProcess>
 #include <QtDBus/QDBusConnection>
 #include <QtTest/QSignalSpy>
-#include <QtTest/QTest>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
@@ -53,9 +52,9 @@ TEST_F(Designs, RunningNavigatorIsToldOfAStoredBlock) {
     ASSERT_TRUE(bus.registerService(QStringLiteral("Navigator.Addin._1")));
     QSignalSpy refreshed(&navigator, &Navigator::refreshed);
     run([&](QDialog& dialog) {
-        click(dialog, "Apply"); // no block is selected, so nothing was stored
+        press(dialog, "Apply"); // no block is selected, so nothing was stored
         choose(dialog, "Top level block", "ADC");
-        click(dialog, "OK");
+        press(dialog, "OK");
     });
     ASSERT_TRUE(refreshed.count() > 0 || refreshed.wait());
     EXPECT_EQ(refreshed.count(), 1);
@@ -64,7 +63,7 @@ TEST_F(Designs, RunningNavigatorIsToldOfAStoredBlock) {
 TEST_F(Designs, NobodyOnTheBusIsWaitedFor) {
     SessionBus sessionBus;
     openProject("TopBlock=ADC\n");
-    EXPECT_EQ(run([](QDialog& dialog) { click(dialog, "OK"); }), 1);
+    EXPECT_EQ(run([](QDialog& dialog) { press(dialog, "OK"); }), 1);
 }
 
 TEST_F(Designs, ABusThatAcceptsAndStaysSilentIsNotWaitedFor) {
@@ -77,7 +76,7 @@ TEST_F(Designs, ABusThatAcceptsAndStaysSilentIsNotWaitedFor) {
     ASSERT_EQ(listen(silent, 1), 0);
     const testsupport::ScopedEnvironment address("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + path);
     openProject("TopBlock=ADC\n");
-    EXPECT_EQ(run([](QDialog& dialog) { click(dialog, "OK"); }), 1);
+    EXPECT_EQ(run([](QDialog& dialog) { press(dialog, "OK"); }), 1);
     close(silent);
 }
 
@@ -85,7 +84,7 @@ TEST_F(Designs, NoBusIsNoHindrance) {
     qunsetenv("DBUS_SESSION_BUS_ADDRESS");
     qunsetenv("XDG_RUNTIME_DIR");
     openProject("TopBlock=ADC\n");
-    EXPECT_EQ(run([](QDialog& dialog) { click(dialog, "OK"); }), 1);
+    EXPECT_EQ(run([](QDialog& dialog) { press(dialog, "OK"); }), 1);
 }
 
 } // namespace

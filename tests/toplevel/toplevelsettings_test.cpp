@@ -4,10 +4,7 @@
 #include "ovsettings/propdialogtemplate.h"
 #include "ovsettings/topleveldialogprovider.h"
 
-#include <QtTest/QTest>
 #include <QtWidgets/QAbstractItemView>
-#include <QtWidgets/QCheckBox>
-#include <QtWidgets/QRadioButton>
 
 #include <set>
 #include <sqlite3.h>
@@ -25,9 +22,9 @@ TEST_F(Designs, PageShowsTheDesignAndStoresWhatTheUserChose) {
     openProject("TopBlock=ADC\nSearchScheme=Digital\nBackAnnotationBlocked=1\nConflictWinner=BE\n");
     run([&](QDialog& dialog) {
         EXPECT_EQ(captions(dialog), (Names{"main", "power"}));
-        EXPECT_EQ(entries(combo(dialog, kBlock)), (Names{"TOP", "ADC", "DAC"}));
+        EXPECT_EQ(textsOf(combo(dialog, kBlock)), (Names{"TOP", "ADC", "DAC"}));
         EXPECT_EQ(combo(dialog, kBlock).currentText(), "ADC");
-        EXPECT_EQ(entries(combo(dialog, kScheme)), (Names{"Default", "Digital", "Proto", "Local to design"}));
+        EXPECT_EQ(textsOf(combo(dialog, kScheme)), (Names{"Default", "Digital", "Proto", "Local to design"}));
         EXPECT_EQ(combo(dialog, kScheme).currentText(), "Digital");
         EXPECT_EQ(lines(dialog, kSymbols), (Names{"logic"})); // without the partition that there is not
         EXPECT_EQ(lines(dialog, kPdbs), (Names{"pdbs/logic.pdb"}));
@@ -37,13 +34,13 @@ TEST_F(Designs, PageShowsTheDesignAndStoresWhatTheUserChose) {
         EXPECT_TRUE(testsupport::find<QRadioButton>(dialog, "Back end always wins")->isChecked());
 
         choose(dialog, kBlock, "TOP");
-        click(dialog, "Allow forward annotation");
-        click(dialog, "Allow back annotation");
-        click(dialog, "Front end always wins");
+        press(dialog, "Allow forward annotation");
+        press(dialog, "Allow back annotation");
+        press(dialog, "Front end always wins");
         choose(dialog, kScheme, "Proto");
         EXPECT_EQ(lines(dialog, kSymbols), (Names{"analog"}));
         EXPECT_TRUE(list(dialog, kSymbols).isEnabled());
-        click(dialog, "OK");
+        press(dialog, "OK");
     });
     auto stored = onDisk();
     EXPECT_EQ(stored.GetTopBlock("main"), "TOP");
@@ -63,7 +60,7 @@ TEST_F(Designs, DefaultSchemeLeavesTheListsOfTheProject) {
         EXPECT_EQ(combo(dialog, kScheme).currentText(), "Default");
         EXPECT_EQ(lines(dialog, kSymbols), (Names{"logic", "analog", "power"}));
         EXPECT_TRUE(testsupport::find<QRadioButton>(dialog, "Front end always wins")->isChecked());
-        click(dialog, "OK");
+        press(dialog, "OK");
     });
     EXPECT_EQ(onDisk().GetSymbolPartitions("main"), (Names{"old"}));
     EXPECT_EQ(onDisk().GetSearchScheme("main"), "(Default)");
@@ -82,18 +79,18 @@ TEST_F(Designs, AnEditedListBecomesTheDesignsOwn) {
         QTest::keyClick(&symbols, Qt::Key_Insert);
         auto* offered = symbols.viewport()->findChild<QComboBox*>();
         ASSERT_NE(offered, nullptr);
-        EXPECT_EQ(entries(*offered), (Names{"analog"}));
+        EXPECT_EQ(textsOf(*offered), (Names{"analog"}));
         QTest::keyClick(offered, Qt::Key_Return);
         EXPECT_EQ(lines(dialog, kSymbols), (Names{"analog", "logic", "power"}));
         symbols.setCurrentRow(0);
         QTest::keyClick(&symbols, Qt::Key_Down, Qt::AltModifier);
-        click(dialog, "Apply");
+        press(dialog, "Apply");
         symbols.setCurrentRow(0);
         QTest::keyClick(&symbols, Qt::Key_Delete);
         choose(dialog, kScheme, "Digital");
         choose(dialog, kScheme, "Local to design");
         EXPECT_EQ(lines(dialog, kSymbols), (Names{"analog", "power"}));
-        click(dialog, "Cancel");
+        press(dialog, "Cancel");
     });
     EXPECT_EQ(onDisk().GetSearchScheme("main"), "{Local to Project}");
     EXPECT_EQ(onDisk().GetSymbolPartitions("main"), (Names{"logic", "analog", "power"}));
@@ -108,7 +105,7 @@ TEST_F(Designs, AnEditedLineTakesTheFirstNameThatIsNotListed) {
             symbols.setCurrentRow(row);
             QTest::keyClick(&symbols, begin);
             auto* offered = symbols.viewport()->findChildren<QComboBox*>().last(); // of the last edit
-            const Names names = entries(*offered);
+            const Names names = textsOf(*offered);
             QTest::keyClick(offered, end);
             return names;
         };
@@ -119,7 +116,7 @@ TEST_F(Designs, AnEditedLineTakesTheFirstNameThatIsNotListed) {
         edit(0, Qt::Key_Insert, Qt::Key_Return);
         edit(1, Qt::Key_F2, Qt::Key_Return);
         EXPECT_EQ(lines(dialog, kSymbols), (Names{"logic", "analog", "power"})) << "all are listed";
-        click(dialog, "Cancel");
+        press(dialog, "Cancel");
     });
 }
 
@@ -134,7 +131,7 @@ TEST_F(Designs, ListsOfTheDesignComeBackAfterALookAtAnotherScheme) {
         choose(dialog, kScheme, "Local to design");
         EXPECT_EQ(lines(dialog, kSymbols), (Names{"logic", "own"}));
         EXPECT_EQ(lines(dialog, kPdbs), (Names{"own.pdb"}));
-        click(dialog, "Cancel");
+        press(dialog, "Cancel");
     });
     EXPECT_EQ(onDisk().GetSymbolPartitions("main"), (Names{"own"}));
 }
@@ -149,7 +146,7 @@ TEST_F(Designs, ChoosingTheSchemeThatIsShownKeepsWhatWasEdited) {
         QTest::keyClick(scheme.view(), Qt::Key_Return);
         EXPECT_EQ(scheme.currentText(), "Local to design");
         EXPECT_EQ(lines(dialog, kSymbols), (Names{"analog", "power"}));
-        click(dialog, "OK");
+        press(dialog, "OK");
     });
     EXPECT_EQ(onDisk().GetSymbolPartitions("main"), (Names{"analog", "power"}));
 }
@@ -158,12 +155,12 @@ TEST_F(Designs, ASecondDialogTakesNothingFromTheFirst) {
     openProject("TopBlock=ADC\n");
     run([&](QDialog& dialog) {
         project_->configuration().topLevelProvider = toplevelsettings::getNetlistTopLevelProvider();
-        run([](QDialog& inner) { click(inner, "Cancel"); }, "power");
+        run([](QDialog& inner) { press(inner, "Cancel"); }, "power");
         ASSERT_TRUE(testsupport::selectCategory(dialog, "power"));
         EXPECT_EQ(combo(dialog, kScheme).currentIndex(), -1);
         testsupport::selectCategory(dialog, "main");
         EXPECT_EQ(combo(dialog, kBlock).currentText(), "ADC");
-        click(dialog, "Cancel");
+        press(dialog, "Cancel");
     });
 }
 
@@ -176,6 +173,7 @@ TEST_F(Designs, PageWithoutAProjectCanBeLookedAt) {
             dynamic_cast<ovsettings::CPropDialogTemplateEx*>(provider->createDialog(&window, "main"));
         page->setProjectConfiguration(&none);
         page->createWindow(&window);
+        EXPECT_STREQ(page->pageName(), "main");
         for (auto* symbols : page->findChildren<QListWidget*>())
             QTest::keyClick(symbols, Qt::Key_Insert);
         EXPECT_TRUE(page->onApply());
@@ -188,29 +186,30 @@ TEST_F(Designs, UnknownSchemeAndUnknownBlockStayTheProjects) {
         EXPECT_EQ(combo(dialog, kScheme).currentIndex(), -1);
         EXPECT_EQ(combo(dialog, kBlock).currentIndex(), -1);
         EXPECT_FALSE(list(dialog, kSymbols).isEnabled());
-        click(dialog, "OK");
+        press(dialog, "OK");
     });
     EXPECT_EQ(onDisk().GetSearchScheme("main"), "Gone");
     EXPECT_EQ(onDisk().GetTopBlock("main"), "GONE");
     EXPECT_EQ(onDisk().GetSymbolPartitions("main"), (Names{"old"}));
 }
 
-TEST_F(Designs, LocalListsAreOfferedOnlyWhereTheDefaultSchemeHasAType) {
-    writeLibrary("(Default)=0\n{Local to Project}=1\n");
-    run([&](QDialog& dialog) {
-        EXPECT_EQ(entries(combo(dialog, kScheme)), (Names{"Default", "{Local to Project}"}));
-        click(dialog, "Cancel");
-    });
-}
-
-TEST_F(Designs, SchemesOfTheLibraryDoNotTakeTheFixedNames) {
-    writeLibrary("(Default)=1\nDefault=0\nLocal to design=0\n");
-    openProject("SearchScheme=(Default)\n");
-    run([&](QDialog& dialog) {
-        EXPECT_EQ(entries(combo(dialog, kScheme)), (Names{"Default", "Local to design"}));
-        click(dialog, "OK");
-    });
-    EXPECT_EQ(onDisk().GetSearchScheme("main"), "(Default)");
+TEST_F(Designs, SchemesOfTheLibraryAreOfferedBesideTheFixedNamesThatApply) {
+    const struct {
+        const char* schemes;
+        Names offered;
+    } rows[] = {
+        {"(Default)=0\n{Local to Project}=1\n", {"Default", "{Local to Project}"}},
+        {"(Default)=1\nDefault=0\nLocal to design=0\n", {"Default", "Local to design"}},
+    };
+    for (const auto& row : rows) {
+        writeLibrary(row.schemes);
+        openProject("SearchScheme=(Default)\n");
+        run([&](QDialog& dialog) {
+            EXPECT_EQ(textsOf(combo(dialog, kScheme)), row.offered);
+            press(dialog, "OK");
+        });
+        EXPECT_EQ(onDisk().GetSearchScheme("main"), "(Default)");
+    }
 }
 
 TEST_F(Designs, AChosenNameIsStoredToTheByte) {
@@ -226,7 +225,7 @@ TEST_F(Designs, AChosenNameIsStoredToTheByte) {
         EXPECT_EQ(lines(dialog, kSymbols), (Names{shown, "own"}));
         QTest::keyClick(&combo(dialog, kBlock), Qt::Key_End);
         EXPECT_EQ(combo(dialog, kBlock).currentText().toStdString(), shown);
-        click(dialog, "OK");
+        press(dialog, "OK");
     });
     EXPECT_EQ(onDisk().GetSymbolPartitions("main"), (Names{"caf\xe9", "own"}));
     EXPECT_EQ(onDisk().GetTopBlock("main"), "caf\xe9");
@@ -267,7 +266,7 @@ TEST_F(Designs, DatabaseThatCannotBeReadLeavesTheBlockAlone) {
         run([&](QDialog& dialog) {
             EXPECT_EQ(combo(dialog, kBlock).count(), 0);
             EXPECT_TRUE(testsupport::find<QRadioButton>(dialog, "Front end always wins")->isChecked());
-            click(dialog, "OK");
+            press(dialog, "OK");
         });
         EXPECT_EQ(onDisk().GetTopBlock("main"), "TOP");
         ASSERT_EQ(boxes_.size(), one.isTold ? 1u : 0u);
@@ -285,7 +284,7 @@ TEST_F(Designs, LockedDatabaseIsNotWaitedForLong) {
     ASSERT_EQ(sqlite3_exec(other, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
     run([&](QDialog& dialog) {
         EXPECT_EQ(combo(dialog, kBlock).count(), 0);
-        click(dialog, "Cancel");
+        press(dialog, "Cancel");
     });
     sqlite3_close(other);
 }
@@ -297,7 +296,7 @@ TEST_F(Designs, NetlistProjectsHaveTheBlockAlone) {
         EXPECT_EQ(combo(dialog, kBlock).currentText(), "ADC");
         EXPECT_EQ(dialog.findChildren<QListWidget*>().size(), 0);
         choose(dialog, kBlock, "DAC");
-        click(dialog, "OK");
+        press(dialog, "OK");
     });
     EXPECT_EQ(onDisk().GetTopBlock("main"), "DAC");
     EXPECT_EQ(onDisk().GetSearchScheme("main"), "Digital");
@@ -335,25 +334,12 @@ TEST_F(Designs, EveryPageIsMadeOnceAndFreedOnce) {
             [&](QDialog& dialog) {
                 EXPECT_EQ(captions(dialog), (Names{"main", "power"}));
                 EXPECT_EQ(provider.alive.size(), 1u);
-                click(dialog, "Cancel");
+                press(dialog, "Cancel");
             },
             design);
         EXPECT_TRUE(provider.alive.empty());
     }
     EXPECT_EQ(provider.made, 2);
-}
-
-TEST_F(Designs, PageCanBeShownWithoutTheDialog) {
-    openProject("TopBlock=DAC\n");
-    QWidget window;
-    auto* page = dynamic_cast<ovsettings::CPropDialogTemplateEx*>(
-        toplevelsettings::getTopLevelSettingsProvider()->createDialog(&window, "main"));
-    ASSERT_NE(page, nullptr);
-    page->setAppConfiguration(&configuration_);
-    page->setProjectConfiguration(&project_->configuration());
-    page->createWindow(&window);
-    EXPECT_STREQ(page->pageName(), "main");
-    EXPECT_EQ(testsupport::find<QComboBox>(*page, kBlock)->currentText(), "DAC");
 }
 
 } // namespace

@@ -5,27 +5,20 @@
 #include "details/platform/urlaccess.h"
 
 #include "tests/support/childprocess.h"
-#include "tests/support/testsupport.h"
 #include "tests/urlaccess/httpserver.h"
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
-#include <filesystem>
 #include <future>
 #include <utility>
-#include <vector>
 
 namespace fs = std::filesystem;
 
 namespace {
 
-using testsupport::HttpServer;
-using testsupport::TemporaryDirectory;
-using testsupport::writeFile;
+using namespace testsupport;
 
 constexpr std::size_t kMoreThanIsRead = 3u << 20;
 /// A silent server costs four seconds at most; the rest is for a busy machine.
@@ -62,15 +55,17 @@ TEST(RemoteFile, PathsAreJoinedTestedAndMadeAbsolute) {
     EXPECT_NE(platform::TestPathKind(root + "/s?h", PathKind::directory), 0);
     EXPECT_NE(platform::TestPathKind("", PathKind::directory), 0);
 
-    const testsupport::ScopedEnvironment home("HOME", root);
+    const ScopedEnvironment home("HOME", root);
     struct Row {
-        std::string given;
-        std::string absolute;
+        std::string given, absolute;
     };
     const std::string current = fs::current_path().string();
-    for (const Row& row : {Row{"~\\sch", root + "/sch"}, Row{"~", root}, Row{"./a", current + "/a"},
-                           Row{"~nobody-of-that-name", current + "/~nobody-of-that-name"},
-                           Row{"a/../b", "a/../b"}, Row{"", ""}}) {
+    const Row rows[] = {
+        {"~\\sch", root + "/sch"}, {"~", root},
+        {"./a", current + "/a"},   {"~nobody-of-that-name", current + "/~nobody-of-that-name"},
+        {"a/../b", "a/../b"},      {"", ""},
+    };
+    for (const Row& row : rows) {
         std::string path = row.given;
         platform::NormalizeName(path);
         EXPECT_EQ(platform::platformPath(path), row.absolute) << row.given;
@@ -80,22 +75,19 @@ TEST(RemoteFile, PathsAreJoinedTestedAndMadeAbsolute) {
 TEST(LibCfg, TheFirstLineThatBeginsWithAliasGivesTheName) {
     const TemporaryDirectory directory;
     const std::string filler(255, '#');
-    struct Row {
-        std::string text;
-        std::string alias;
+    const std::pair<std::string, std::string> rows[] = {
+        {"# our alias parts\n\talias parts \r\nalias other\n", "parts"},
+        {"alias two words", "two words"},
+        {"Alias a\naliases\nalias\nalias \nan alias b\nalias\tc\n", ""},
+        {filler + "alias rest\n", "rest"},
+        {filler.substr(1) + "\nalias next\n", "next"},
+        {std::string("\0\xff\0alias a\nalias b", 18), "b"},
+        {"alias " + std::string(300, 'a'), std::string(249, 'a')},
+        {"", ""},
     };
-    for (const Row& row : {
-             Row{"# our alias parts\n\talias parts \r\nalias other\n", "parts"},
-             Row{"alias two words", "two words"},
-             Row{"Alias a\naliases\nalias\nalias \nan alias b\nalias\tc\n", ""},
-             Row{filler + "alias rest\n", "rest"},
-             Row{filler.substr(1) + "\nalias next\n", "next"},
-             Row{std::string("\0\xff\0alias a\nalias b", 18), "b"},
-             Row{"alias " + std::string(300, 'a'), std::string(249, 'a')},
-             Row{"", ""},
-         }) {
-        writeFile(directory / "lib.cfg", row.text);
-        EXPECT_EQ(platform::readLibraryAlias(directory.path().string()), row.alias) << row.text;
+    for (const auto& [text, alias] : rows) {
+        writeFile(directory / "lib.cfg", text);
+        EXPECT_EQ(platform::readLibraryAlias(directory.path().string()), alias) << text;
     }
 }
 
@@ -117,7 +109,7 @@ TEST(LibCfg, WhatIsNoReadableFileGivesNoNameAndNoWait) {
     writeFile(file, "alias secret\n");
     fs::permissions(directory.path(), fs::perms::all);
     fs::permissions(file, fs::perms::none);
-    EXPECT_EQ(testsupport::runUnprivileged([&] { return alias().empty() ? 0 : 1; }), 0);
+    EXPECT_EQ(runUnprivileged([&] { return alias().empty() ? 0 : 1; }), 0);
 }
 
 TEST(UrlAccess, ARemoteLibrarysFileIsReadLikeALocalOne) {
@@ -155,32 +147,30 @@ TEST(UrlAccess, OnlyWhatAnswersInFullCanBeReached) {
     struct Row {
         std::string path;
         int kind;
-        bool answered;
     };
-    for (const Row& row : {
-             Row{server.url("/file"), 3, true},
-             Row{server.url("/listed"), 2, true},
-             Row{server.url("/unlisted/"), 2, true},
-             Row{server.url("/large"), 3, true},
-             Row{server.url("/endless"), platform::kRemoteUnreachable, true},
-             Row{server.url("/huge"), platform::kRemoteUnreachable, true},
-             Row{server.url("/secret"), platform::kRemoteUnreachable, true},
-             Row{server.url("/missing"), platform::kRemoteUnreachable, true},
-             Row{server.url("/loop"), platform::kRemoteUnreachable, false},
-             Row{server.url("/early"), platform::kRemoteUnreachable, false},
-             Row{server.url("/once"), platform::kRemoteUnreachable, false},
-             Row{server.url("/headers"), platform::kRemoteUnreachable, false},
-             Row{server.url("/secure"), platform::kRemoteUnreachable, false},
-             Row{server.url("/disk"), platform::kRemoteUnreachable, false},
-             Row{"http://127.0.0.1:1/refused", platform::kRemoteUnreachable, false},
-             Row{"ftp://127.0.0.1:1/refused", platform::kRemoteUnreachable, false},
-             Row{"http:", platform::kRemoteUnreachable, false},
-             Row{"http://host\n/", platform::kRemoteUnreachable, false},
-             Row{"/local", platform::kRemoteUnreachable, false},
-         }) {
+    const Row rows[] = {
+        {server.url("/file"), 3},
+        {server.url("/listed"), 2},
+        {server.url("/unlisted/"), 2},
+        {server.url("/large"), 3},
+        {server.url("/endless"), platform::kRemoteUnreachable},
+        {server.url("/huge"), platform::kRemoteUnreachable},
+        {server.url("/secret"), platform::kRemoteUnreachable},
+        {server.url("/missing"), platform::kRemoteUnreachable},
+    };
+    for (const Row& row : rows) {
         const platform::RemoteAnswer answer = platform::askRemote(row.path);
         EXPECT_EQ(answer.kind, row.kind) << row.path;
-        EXPECT_EQ(answer.answered, row.answered) << row.path;
+        EXPECT_TRUE(answer.answered) << row.path;
+    }
+    for (const std::string& path :
+         {server.url("/loop"), server.url("/early"), server.url("/once"), server.url("/headers"),
+          server.url("/secure"), server.url("/disk"), std::string("http://127.0.0.1:1/refused"),
+          std::string("ftp://127.0.0.1:1/refused"), std::string("http:"), std::string("http://host\n/"),
+          std::string("/local")}) {
+        const platform::RemoteAnswer answer = platform::askRemote(path);
+        EXPECT_EQ(answer.kind, platform::kRemoteUnreachable) << path;
+        EXPECT_FALSE(answer.answered) << path;
     }
     for (const char* path : {"/early", "/endless", "/huge", "/large"})
         EXPECT_EQ(readAll(server.url(path)), "(none)") << path;

@@ -1,23 +1,13 @@
 #include "suite/zec.h"
 
 #include "tests/support/childprocess.h"
-#include "tests/support/testsupport.h"
 #include "tests/urlaccess/httpserver.h"
-
-#include <gtest/gtest.h>
-
-#include <chrono>
-#include <filesystem>
-#include <functional>
 
 namespace fs = std::filesystem;
 
 namespace {
 
-using testsupport::HttpServer;
-using testsupport::ScopedEnvironment;
-using testsupport::TemporaryDirectory;
-using testsupport::writeFile;
+using namespace testsupport;
 
 TEST(Zec, ALibraryNameIsALetterThenLettersDigitsAndUnderscores) {
     for (const char* name : {"a", "Parts_2"})
@@ -30,9 +20,7 @@ TEST(Zec, ALibraryNameIsALetterThenLettersDigitsAndUnderscores) {
 
 struct Verdict {
     std::string mark; ///< what the location holds; a directory ends in "/"
-    bool library;
-    bool libraryBesideMegafile;
-    bool megafile;
+    bool library, libraryBesideMegafile, megafile;
 };
 
 const Verdict kVerdicts[] = {
@@ -87,7 +75,11 @@ TEST(Zec, ASlowServerIsNotAskedForEverything) {
         int requests; ///< of five marks, at most
     };
     using namespace std::chrono_literals;
-    for (const Row& row : {Row{2200ms, 1}, Row{1100ms, 4}}) {
+    const Row rows[] = {
+        {2200ms, 1},
+        {1100ms, 4},
+    };
+    for (const Row& row : rows) {
         HttpServer server;
         for (const char* mark : {"lib.cfg", "sym", "sch", "sym.lib", "sch.lib"})
             server.missLate(std::string("/lib/") + mark, row.each);
@@ -128,25 +120,20 @@ TEST(Zec, WhatPermissionsForbidIsReadOnlyAndCannotBeMade) {
     fs::permissions(directory / "file", fs::perms::all);
     struct Row {
         std::string path;
-        int readOnly;
-        int made;
+        int readOnly, made;
     };
-    for (const Row& row : {
-             Row{root + "/open", 0, 1},
-             Row{root + "\\OPEN\\new\\deep\\", 0, 1},
-             Row{root + "/fixed", 1, 1},
-             Row{root + "/fixed/new/deep", 1, 0},
-             Row{root + "/file", 0, 0},
-             Row{root + "/file/below", 1, 0},
-             Row{"/proc/new", 1, 0},
-             Row{"http://host/lib", 1, 0},
-             Row{"C:\\lib", 1, 0},
-             Row{"", 1, 0},
-         }) {
+    const Row rows[] = {
+        {root + "/open", 0, 1},  {root + "\\OPEN\\new\\deep\\", 0, 1},
+        {root + "/fixed", 1, 1}, {root + "/fixed/new/deep", 1, 0},
+        {root + "/file", 0, 0},  {root + "/file/below", 1, 0},
+        {"/proc/new", 1, 0},     {"http://host/lib", 1, 0},
+        {"C:\\lib", 1, 0},       {"", 1, 0},
+    };
+    for (const Row& row : rows) {
         const auto verdict = [&] {
             return 2 * ZECIsReadOnlyFileSystem(row.path) + ZECMakePath(row.path);
         };
-        EXPECT_EQ(testsupport::runUnprivileged(verdict), 2 * row.readOnly + row.made) << row.path;
+        EXPECT_EQ(runUnprivileged(verdict), 2 * row.readOnly + row.made) << row.path;
     }
     EXPECT_TRUE(fs::is_directory(directory / "open/new/deep"));
 }
@@ -154,8 +141,7 @@ TEST(Zec, WhatPermissionsForbidIsReadOnlyAndCannotBeMade) {
 TEST(Zec, PathsLoseAndKeepWhatTheyShould) {
     struct Row {
         std::function<void(std::string&)> change;
-        std::string given;
-        std::string result;
+        std::string given, result;
     };
     const auto convert = [](std::string& text) {
         ZECString converted(text);
@@ -163,18 +149,19 @@ TEST(Zec, PathsLoseAndKeepWhatTheyShould) {
         text = converted.text();
     };
     const ScopedEnvironment known("OV_TEST_ROOT", "/net");
-    for (const Row& row : {
-             Row{ZECRemoveLastSlash, "/a//", "/a/"},
-             Row{ZECRemoveLastSlash, "a\\", "a"},
-             Row{ZECRemoveLastSlash, "/", "/"},
-             Row{ZECRemoveLastSlash, "C:\\", "C:\\"},
-             Row{ZECRemoveLastSlash, "", ""},
-             Row{ZECPathRemoveTmpMnt, "/tmp_mnt/net/a", "/net/a"},
-             Row{ZECPathRemoveTmpMnt, "\\tmp_mnt\\a", "\\a"},
-             Row{ZECPathRemoveTmpMnt, "/tmp_mnt", "/tmp_mnt"},
-             Row{ZECPathRemoveTmpMnt, "/tmp_mnts/a", "/tmp_mnts/a"},
-             Row{convert, "%OV_TEST_ROOT%/%OV_TEST_NONE%", "/net/%OV_TEST_NONE%"},
-         }) {
+    const Row rows[] = {
+        {ZECRemoveLastSlash, "/a//", "/a/"},
+        {ZECRemoveLastSlash, "a\\", "a"},
+        {ZECRemoveLastSlash, "/", "/"},
+        {ZECRemoveLastSlash, "C:\\", "C:\\"},
+        {ZECRemoveLastSlash, "", ""},
+        {ZECPathRemoveTmpMnt, "/tmp_mnt/net/a", "/net/a"},
+        {ZECPathRemoveTmpMnt, "\\tmp_mnt\\a", "\\a"},
+        {ZECPathRemoveTmpMnt, "/tmp_mnt", "/tmp_mnt"},
+        {ZECPathRemoveTmpMnt, "/tmp_mnts/a", "/tmp_mnts/a"},
+        {convert, "%OV_TEST_ROOT%/%OV_TEST_NONE%", "/net/%OV_TEST_NONE%"},
+    };
+    for (const Row& row : rows) {
         std::string path = row.given;
         row.change(path);
         EXPECT_EQ(path, row.result) << row.given;

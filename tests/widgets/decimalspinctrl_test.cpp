@@ -1,26 +1,19 @@
 #include "details/widgets/decimalspinctrl.h"
 
-#include "tests/support/testsupport.h"
+#include "tests/support/widgets.h"
 
 #include <QtGui/QAccessible>
-#include <QtTest/QTest>
-#include <gtest/gtest.h>
 
 #include <limits>
 
 using ovsettings::CDecimalSpinCtrl;
+using testsupport::type;
 
 namespace {
 
 constexpr double kLargest = std::numeric_limits<double>::max();
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
-
-void type(CDecimalSpinCtrl& control, const char* text) {
-    control.selectAll();
-    QTest::keyClick(&control, Qt::Key_Delete);
-    QTest::keyClicks(&control, QLatin1String(text));
-}
 
 } // namespace
 
@@ -50,18 +43,15 @@ TEST(DecimalSpinCtrl, ShowsNumbersWithItsDecimalsAndNeverASmallOneAsZero) {
 }
 
 TEST(DecimalSpinCtrl, ReadsTheNumberThatATypedTextBeginsWith) {
-    struct {
-        const char* text;
-        double value;
-    } const rows[] = {
+    const std::pair<const char*, double> rows[] = {
         {"1.5", 1.5}, {" -2 mm", -2},      {"1.5.2", 1.5}, {"2e3x", 2000},      {".5", 0.5},   {"", 0},
         {"abc", 0},   {"1e999", kLargest}, {"nan", 0},     {"-inf", -kLargest}, {"1e-999", 0},
     };
     CDecimalSpinCtrl control;
-    for (const auto& row : rows) {
-        type(control, row.text);
-        EXPECT_EQ(control.text().toStdString(), row.text) << "any text may be typed";
-        EXPECT_EQ(control.getValue(), row.value) << row.text;
+    for (const auto& [text, value] : rows) {
+        type(control, text);
+        EXPECT_EQ(control.text().toStdString(), text) << "any text may be typed";
+        EXPECT_EQ(control.getValue(), value) << text;
     }
 }
 
@@ -129,14 +119,11 @@ TEST(DecimalSpinCtrl, IsSteppedByKeysAndArrows) {
     CDecimalSpinCtrl control;
     control.setValue(50);
     control.show();
-    struct {
-        Qt::Key key;
-        const char* text;
-    } const rows[] = {
+    const std::pair<Qt::Key, const char*> rows[] = {
         {Qt::Key_Up, "51"}, {Qt::Key_Down, "50"}, {Qt::Key_PageUp, "60"}, {Qt::Key_PageDown, "50"}};
-    for (const auto& row : rows) {
-        QTest::keyClick(&control, row.key);
-        EXPECT_EQ(control.text().toStdString(), row.text);
+    for (const auto& [key, text] : rows) {
+        QTest::keyClick(&control, key);
+        EXPECT_EQ(control.text().toStdString(), text);
     }
     QTest::mouseClick(&control, Qt::LeftButton, {}, QPoint(control.width() - 6, control.height() / 4));
     EXPECT_EQ(control.text().toStdString(), "51");

@@ -2,20 +2,9 @@
 
 #include "details/widgets/listboxfileeditor.h"
 #include "details/widgets/messagebox.h"
-#include "tests/support/testsupport.h"
+#include "tests/support/widgets.h"
 
-#include <QtTest/QTest>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QComboBox>
-#include <QtWidgets/QDialog>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QListWidget>
-#include <QtWidgets/QPushButton>
-#include <QtWidgets/QToolButton>
 #include <QtWidgets/QVBoxLayout>
-#include <gtest/gtest.h>
-
-#include <array>
 
 using ovsettings::CListBoxEditor;
 using ovsettings::CListBoxFileEditor;
@@ -83,8 +72,7 @@ protected:
         editor_->setLines(words(lines));
         editor_->setCurrentRow(current);
         // A message box that closed leaves no window active for a moment.
-        dialog_.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog_));
+        testsupport::activate(dialog_);
         editor_->list().setFocus();
         editor_->takeLog();
     }
@@ -120,43 +108,43 @@ TEST_F(ListBoxEditor, EveryKeyDoesWhatItsButtonDoes) {
                           list.visualItemRect(list.item(row)).center());
         EXPECT_FALSE(button("Delete").isEnabled());
     };
-    const std::array rows{
-        Row{"Insert", 1, [] { press(Qt::Key_Insert), type("d"), press(Qt::Key_Return); }, "a b c d ",
-            "added 3 d", 3},
-        Row{"New", 1, [this] { click("New"), type("d"), press(Qt::Key_Return); }, "a b c d ", "added 3 d", 3},
-        Row{"Enter in the empty line", 3, [] { press(Qt::Key_Enter), type("d"), press(Qt::Key_Tab); },
-            "a b c d ", "added 3 d", 3},
-        Row{"F2", 1, [] { press(Qt::Key_F2), type("x"), press(Qt::Key_Return); }, "a x c ", "renamed 1 x", 1},
-        Row{"Enter", 1, [] { press(Qt::Key_Return), type("x"), press(Qt::Key_Return); }, "a x c ",
-            "renamed 1 x", 1},
-        Row{"Escape", 1, [] { press(Qt::Key_F2), type("x"), press(Qt::Key_Escape); }, "a b c ", "", 1},
-        Row{"Escape from a new one", 1, [] { press(Qt::Key_Insert), type("x"), press(Qt::Key_Escape); },
-            "a b c ", "", 3},
-        Row{"same text", 1, [] { press(Qt::Key_F2), type("b"), press(Qt::Key_Return); }, "a b c ", "", 1},
-        Row{"emptied", 1, [] { press(Qt::Key_F2), press(Qt::Key_Delete), press(Qt::Key_Return); }, "a c ",
-            "deleted 1", 1},
-        Row{"Delete key", 1, [] { press(Qt::Key_Delete); }, "a c ", "deleted 1", 1},
-        Row{"Delete", 1, [this] { click("Delete"); }, "a c ", "deleted 1", 1},
-        Row{"Delete while editing", 1, [this] { press(Qt::Key_F2), type("x"), click("Delete"); }, "a c ",
-            "deleted 1", 1},
-        Row{"Delete key, not selected", 1, [&] { deselect(1), press(Qt::Key_Delete); }, "a b c ", "", 1},
-        Row{"Delete key, reached by Tab", -1,
-            [this] {
-                ok_->setFocus();
-                editor_->list().setFocus(Qt::TabFocusReason);
-                press(Qt::Key_Delete);
-            },
-            "b c ", "deleted 0", 0},
-        Row{"Alt+Up", 1, [] { press(Qt::Key_Up, Qt::AltModifier); }, "b a c ", "moved 1 0", 0},
-        Row{"Move up", 1, [this] { click("Move up"); }, "b a c ", "moved 1 0", 0},
-        Row{"Alt+Down", 1, [] { press(Qt::Key_Down, Qt::AltModifier); }, "a c b ", "moved 1 2", 2},
-        Row{"Move down", 1, [this] { click("Move down"); }, "a c b ", "moved 1 2", 2},
-        Row{"moved while editing", 0, [this] { press(Qt::Key_F2), type("x"), click("Move down"); }, "b x c ",
-            "renamed 0 x,moved 0 1", 1},
-        Row{"first up", 0, [] { press(Qt::Key_Up, Qt::AltModifier); }, "a b c ", "", 0},
-        Row{"last behind the empty line", 2, [] { press(Qt::Key_Down, Qt::AltModifier); }, "a b c ", "", 2},
-        Row{"empty line up", 3, [] { press(Qt::Key_Up, Qt::AltModifier); }, "a b c ", "", 3},
-        Row{"empty line deleted", 3, [] { press(Qt::Key_Delete); }, "a b c ", "", 3},
+    const Row rows[] = {
+        {"Insert", 1, [] { press(Qt::Key_Insert), type("d"), press(Qt::Key_Return); }, "a b c d ",
+         "added 3 d", 3},
+        {"New", 1, [this] { click("New"), type("d"), press(Qt::Key_Return); }, "a b c d ", "added 3 d", 3},
+        {"Enter in the empty line", 3, [] { press(Qt::Key_Enter), type("d"), press(Qt::Key_Tab); },
+         "a b c d ", "added 3 d", 3},
+        {"F2", 1, [] { press(Qt::Key_F2), type("x"), press(Qt::Key_Return); }, "a x c ", "renamed 1 x", 1},
+        {"Enter", 1, [] { press(Qt::Key_Return), type("x"), press(Qt::Key_Return); }, "a x c ", "renamed 1 x",
+         1},
+        {"Escape", 1, [] { press(Qt::Key_F2), type("x"), press(Qt::Key_Escape); }, "a b c ", "", 1},
+        {"Escape from a new one", 1, [] { press(Qt::Key_Insert), type("x"), press(Qt::Key_Escape); },
+         "a b c ", "", 3},
+        {"same text", 1, [] { press(Qt::Key_F2), type("b"), press(Qt::Key_Return); }, "a b c ", "", 1},
+        {"emptied", 1, [] { press(Qt::Key_F2), press(Qt::Key_Delete), press(Qt::Key_Return); }, "a c ",
+         "deleted 1", 1},
+        {"Delete key", 1, [] { press(Qt::Key_Delete); }, "a c ", "deleted 1", 1},
+        {"Delete", 1, [this] { click("Delete"); }, "a c ", "deleted 1", 1},
+        {"Delete while editing", 1, [this] { press(Qt::Key_F2), type("x"), click("Delete"); }, "a c ",
+         "deleted 1", 1},
+        {"Delete key, not selected", 1, [&] { deselect(1), press(Qt::Key_Delete); }, "a b c ", "", 1},
+        {"Delete key, reached by Tab", -1,
+         [this] {
+             ok_->setFocus();
+             editor_->list().setFocus(Qt::TabFocusReason);
+             press(Qt::Key_Delete);
+         },
+         "b c ", "deleted 0", 0},
+        {"Alt+Up", 1, [] { press(Qt::Key_Up, Qt::AltModifier); }, "b a c ", "moved 1 0", 0},
+        {"Move up", 1, [this] { click("Move up"); }, "b a c ", "moved 1 0", 0},
+        {"Alt+Down", 1, [] { press(Qt::Key_Down, Qt::AltModifier); }, "a c b ", "moved 1 2", 2},
+        {"Move down", 1, [this] { click("Move down"); }, "a c b ", "moved 1 2", 2},
+        {"moved while editing", 0, [this] { press(Qt::Key_F2), type("x"), click("Move down"); }, "b x c ",
+         "renamed 0 x,moved 0 1", 1},
+        {"first up", 0, [] { press(Qt::Key_Up, Qt::AltModifier); }, "a b c ", "", 0},
+        {"last behind the empty line", 2, [] { press(Qt::Key_Down, Qt::AltModifier); }, "a b c ", "", 2},
+        {"empty line up", 3, [] { press(Qt::Key_Up, Qt::AltModifier); }, "a b c ", "", 3},
+        {"empty line deleted", 3, [] { press(Qt::Key_Delete); }, "a b c ", "", 3},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.what);
@@ -207,13 +195,10 @@ TEST_F(ListBoxEditor, AnOpenLineWaitsBehindAnotherWindow) {
     press(Qt::Key_F2);
     type("x");
     QWidget other;
-    other.show();
-    other.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    testsupport::activate(other);
     EXPECT_EQ(log(), "");
     EXPECT_TRUE(editor_->isChanging());
-    dialog_.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog_));
+    testsupport::activate(dialog_);
     press(Qt::Key_Escape);
     EXPECT_EQ(lines(), "a b c ");
     EXPECT_FALSE(editor_->isChanging());
@@ -282,8 +267,7 @@ TEST(ListBoxFileEditor, BrowsingSetsTheCurrentLineOrBeginsANewOne) {
     testsupport::writeFile(directory / "x.frm", "");
     testsupport::writeFile(directory / "y.frm", "");
     CListBoxFileEditor editor;
-    editor.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&editor));
+    testsupport::activate(editor);
     const auto browse = [&](const char* file) {
         testsupport::whenModal([&](QWidget& modal) {
             auto* name = modal.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
@@ -297,8 +281,7 @@ TEST(ListBoxFileEditor, BrowsingSetsTheCurrentLineOrBeginsANewOne) {
     const std::string x = (directory / "x.frm").string();
     const std::string y = (directory / "y.frm").string();
     EXPECT_EQ(browse("x.frm"), x + "|");
-    editor.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&editor));
+    testsupport::activate(editor);
     QTest::mouseClick(testsupport::find<QToolButton>(editor, "New"), Qt::LeftButton);
     QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("half a na"));
     EXPECT_EQ(browse("y.frm"), x + "|" + y + "|");

@@ -1,15 +1,10 @@
 #include "details/widgets/propfile.h"
 
 #include "details/widgets/stringconversion.h"
-#include "tests/support/testsupport.h"
+#include "tests/support/widgets.h"
 
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QFileDialog>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QPushButton>
-#include <gtest/gtest.h>
-
-#include <filesystem>
 
 using namespace ovsettings;
 
@@ -22,8 +17,7 @@ TEST(FileValidator, TakesBareNamesAndInItsStrictModeOnlyFilesThatOpen) {
     std::filesystem::current_path(directory.path());
     const struct {
         const char* path;
-        bool existing;
-        bool bare;
+        bool existing, bare;
     } cases[] = {
         {"HERE.cfg", true, true},        {"..", false, true},
         {"here.cfg", true, true},        {"missing.cfg", false, true},
@@ -92,10 +86,7 @@ TEST(PropFile, CheckingTheFieldTellsARefusalAndKeepsTheVerdict) {
     CPropFile field(edit);
     EXPECT_TRUE(field.checkField());
     field.setValidator(&bareNames);
-    std::string told;
-    testsupport::answerNextMessageBox("OK", &told);
-    EXPECT_FALSE(field.checkField());
-    EXPECT_EQ(told, "Incorrect file name!");
+    EXPECT_EQ(testsupport::messageDuring([&] { EXPECT_FALSE(field.checkField()); }), "Incorrect file name!");
     EXPECT_FALSE(field.isValid());
     edit.setText(QStringLiteral("b"));
     EXPECT_TRUE(field.checkField());

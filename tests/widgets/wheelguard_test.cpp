@@ -1,6 +1,7 @@
 #include "details/widgets/wheelguard.h"
 
 #include "details/widgets/decimalspinctrl.h"
+#include "tests/support/widgets.h"
 
 #include <QtGui/QWheelEvent>
 #include <QtTest/QTest>
@@ -42,9 +43,7 @@ protected:
         ovsettings::installWheelGuard(*page);
         area_.setWidget(page);
         area_.resize(300, 200);
-        area_.show();
-        area_.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&area_));
+        testsupport::activate(area_);
         area_.setFocus();
     }
 

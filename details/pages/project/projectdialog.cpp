@@ -182,6 +182,7 @@ bool CProjectDialog::onApply() {
          {ProjectFile::busContents, ProjectFile::specialComponents, ProjectFile::borderSymbols})
         fields_->files.store(file);
     projectConfig_->projectFile->SetValue(kDesignInfo, kPropertiesKey, fields_->properties.text());
+    fields_->properties.noteStored(propertiesOfProject());
     projectConfig_->projectFile->SetLayoutTool(chosenLayoutTool());
     fields_->constraints.store();
     fields_->configuration.store();

@@ -100,12 +100,13 @@ void enableWith(QCheckBox& box, std::initializer_list<QWidget*> controls) {
 
 void ProjectText::load(const std::string& value) {
     loaded_ = value;
+    known_ = value;
     edit_.setText(toQString(value));
     shown_ = edit_.text();
 }
 
 void ProjectText::follow(const std::string& value) {
-    if (value != loaded_ && !differsFromLoaded())
+    if (value != known_ && !differsFromLoaded())
         load(value);
 }
 
@@ -121,6 +122,7 @@ bool ProjectText::differsFromLoaded() const {
 }
 
 void ProjectText::keepAsLoaded(const std::string& stored) {
+    noteStored(stored);
     if (stored != text())
         return;
     loaded_ = stored;

@@ -52,6 +52,8 @@ public:
     /// Shows what the project has by now, unless the user has edited the text: another page may have stored
     /// it.
     void follow(const std::string& value);
+    /// After a store: what the project has is of this page's own making, and nothing to follow.
+    void noteStored(const std::string& stored) { known_ = stored; }
     /// The control's text, without what was pasted behind a line break.
     std::string text() const;
     bool differsFromLoaded() const;
@@ -62,6 +64,7 @@ public:
 private:
     QLineEdit& edit_;
     std::string loaded_;
+    std::string known_; ///< of the project's values the last that this page had a part in
     QString shown_;
 };
 

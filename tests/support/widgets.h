@@ -1,0 +1,44 @@
+#pragma once
+
+#include "tests/support/testsupport.h"
+
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QCheckBox>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QDialog>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QListWidget>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QRadioButton>
+#include <QtWidgets/QToolButton>
+#include <QtWidgets/QTreeWidget>
+
+namespace testsupport {
+
+/// Presses a button or a box with the mouse, where a box has its mark.
+void press(QWidget& root, const std::string& caption);
+
+/// Types a text over the one there is.
+void type(QWidget& control, const std::string& text);
+
+/// The texts of the rows that a list, a drop-down or a view shows.
+std::vector<std::string> textsIn(const QAbstractItemModel& model);
+template <typename View>
+std::vector<std::string> textsOf(const View& view) {
+    return textsIn(*view.model());
+}
+
+/// Calls an operation that shows one message box, and answers it with "OK". @return its text.
+std::string messageDuring(const std::function<void()>& operation);
+
+/// The middle of a cell of a grid, whose rows and columns count from 1; the cell is scrolled to.
+QPoint centreOf(QAbstractItemView& grid, int row, int column);
+void clickCell(QAbstractItemView& grid, int row, int column);
+
+/// Makes a window the active one, and waits until it is.
+void activate(QWidget& window);
+
+} // namespace testsupport
