@@ -116,7 +116,7 @@ TourGuide::TourGuide(std::filesystem::path directory, std::optional<QSize> size)
 }
 
 std::optional<std::string> TourGuide::takeUp() {
-    const auto next = std::exchange(next_, std::nullopt);
+    auto next = std::exchange(next_, std::nullopt);
     if (next) {
         route_.clear();
         seen_.clear();

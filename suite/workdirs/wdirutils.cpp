@@ -58,7 +58,7 @@ private:
 std::string standardDirectory() {
     const std::string home = directoryEntry(platform::environmentVariable("RSR_HOME").value_or(""));
     if (home.empty())
-        return home;
+        return {};
     return home == "/" ? "/standard" : home + "/standard";
 }
 
