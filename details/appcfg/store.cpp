@@ -8,6 +8,30 @@
 
 namespace Orv {
 
+namespace {
+
+/// The catalogue with its defaults as the rows of a store. Copied over the rows of an earlier load, it finds
+/// their memory and allocates little.
+const std::vector<Record>& defaultRecords() {
+    static const std::vector<Record> rows = [] {
+        std::vector<Record> made;
+        made.reserve(kCatalogueSize);
+        for (const auto& row : catalogue()) {
+            iAppConfiguration::Property property{std::string(row.key)};
+            property.defaults = cutFields(row.defaultText);
+            property.values = property.defaults;
+            property.readonly.resize(property.values.size());
+            property.kind = row.kind;
+            const auto fields = property.values.size();
+            made.push_back({std::move(property), std::vector<Origin>(fields)});
+        }
+        return made;
+    }();
+    return rows;
+}
+
+} // namespace
+
 void normaliseFields(int kind, std::vector<std::string>& values) {
     const auto cache = kindTraits(kind).cache;
     if (cache == Cache::number && !values.empty())
@@ -25,21 +49,11 @@ void iAppConfiguration::Impl::invalidateHandles() {
 void iAppConfiguration::Impl::registerCatalogue() {
     static_assert(kCatalogueSize <= kRows);
     invalidateHandles();
-    records.clear();
+    records = defaultRecords();
     standings.fill(Standing::unknown);
     knowsWrittenLevel = false;
     writtenFields.fill(0);
     settledRevision = 0;
-    records.reserve(kCatalogueSize);
-    for (const auto& row : catalogue()) {
-        Property property{std::string(row.key)};
-        property.defaults = cutFields(row.defaultText);
-        property.values = property.defaults;
-        property.readonly.resize(property.values.size());
-        property.kind = row.kind;
-        const auto fields = property.values.size();
-        records.push_back({std::move(property), std::vector<Origin>(fields)});
-    }
 }
 
 std::optional<std::size_t> iAppConfiguration::Impl::find(std::string_view key) const noexcept {

@@ -1,13 +1,32 @@
 #include "details/shell/categorytree.h"
 
+#include "details/shell/dialogunits.h"
+
 #include <QtCore/QItemSelectionModel>
 #include <QtCore/QScopedValueRollback>
 #include <QtGui/QMouseEvent>
 #include <QtWidgets/QHeaderView>
+#include <QtWidgets/QStyledItemDelegate>
 
+#include <algorithm>
 #include <utility>
 
 namespace ovsettings {
+
+namespace {
+
+/// Rows that cut no text, whatever the font.
+class Rows : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const QSize natural = QStyledItemDelegate::sizeHint(option, index);
+        return {natural.width(), std::max(natural.height(), lineHeight(option.font))};
+    }
+};
+
+} // namespace
 
 /// A selection that follows the current item, and a current item that changes only if the leave check allows
 /// it.
@@ -60,6 +79,7 @@ CCategoryTree::CCategoryTree(QWidget* parent) : QTreeWidget(parent) {
     setHeaderHidden(true);
     setColumnCount(1);
     setUniformRowHeights(true);
+    setItemDelegate(new Rows(this));
     // A caption that is wider than the tree can be scrolled to.
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(QHeaderView::ResizeToContents);

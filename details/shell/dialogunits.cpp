@@ -1,7 +1,10 @@
 #include "details/shell/dialogunits.h"
 
+#include <QtGui/QFontInfo>
 #include <QtGui/QFontMetrics>
 #include <QtWidgets/QWidget>
+
+#include <algorithm>
 
 namespace ovsettings {
 
@@ -17,7 +20,11 @@ QSize fromDialogUnits(const QWidget& widget, QSize units) {
     const QFontMetrics metrics = widget.fontMetrics();
     const auto letters = static_cast<int>(kAlphabet.size());
     return {units.width() * metrics.horizontalAdvance(QString(kAlphabet)) / (4 * letters),
-            units.height() * metrics.height() / 8};
+            units.height() * lineHeight(widget.font()) / 8};
+}
+
+int lineHeight(const QFont& font) {
+    return std::max(QFontMetrics(font).height(), QFontInfo(font).pixelSize() * 6 / 5);
 }
 
 } // namespace ovsettings
