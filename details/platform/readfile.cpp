@@ -40,11 +40,12 @@ int readAll(int fd, std::size_t expected, std::size_t limit, std::string& bytes)
             continue;
         if (got < 0)
             return errno;
-        if (got == 0)
-            break;
         used += static_cast<std::size_t>(got);
         if (used > limit)
             return EFBIG;
+        // Where the system said it would be, a read that gets less than it asks for has met the end.
+        if (got == 0 || (used == expected && used < bytes.size()))
+            break;
     }
     bytes.resize(used);
     return 0;

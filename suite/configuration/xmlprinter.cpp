@@ -16,6 +16,8 @@ struct BufferRelease {
     void operator()(xmlBuffer* buffer) const { xmlBufferFree(buffer); }
 };
 
+constexpr std::size_t kUsualSize = 16U << 10; // of a user's file, with room
+
 /// What stands in for a character, by the character; empty for those that stand for themselves.
 using Replacements = std::array<std::string_view, 128>;
 
@@ -64,6 +66,7 @@ public:
     explicit Printer(xmlDoc& document) : document_(document) {}
 
     std::string print() {
+        text_.reserve(kUsualSize);
         text_ = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
         for (xmlNode* node = document_.children; node; node = node->next) {
             printNode(*node);

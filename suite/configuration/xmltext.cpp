@@ -114,10 +114,6 @@ void removeLineBefore(xmlNode* element) {
 
 } // namespace
 
-std::string_view view(const xmlChar* text) {
-    return text ? std::string_view(reinterpret_cast<const char*>(text)) : std::string_view();
-}
-
 bool isElement(const xmlNode* node, std::string_view name) {
     return node->type == XML_ELEMENT_NODE && view(node->name) == name;
 }

@@ -11,7 +11,9 @@
 namespace suite::xml {
 
 /// The bytes of a string of the tree.
-std::string_view view(const xmlChar* text);
+inline std::string_view view(const xmlChar* text) {
+    return text ? std::string_view(reinterpret_cast<const char*>(text)) : std::string_view();
+}
 
 bool isElement(const xmlNode* node, std::string_view name);
 
