@@ -61,5 +61,16 @@ function(ov_qt_target target)
     set_target_properties(${target} PROPERTIES
         AUTOMOC ON AUTOUIC ON AUTORCC ON
         AUTOUIC_SEARCH_PATHS ${PROJECT_SOURCE_DIR}/resources/dialogs)
-    target_precompile_headers(${target} PRIVATE ${OV_PCH_QT})
+    target_precompile_headers(${target} REUSE_FROM ovqtheaders)
+endfunction()
+
+# The precompiled Qt headers of all targets: one costs as much as twenty sources. A target that uses them may define more
+# macros than this one, and none otherwise.
+function(ov_precompile_qt)
+    file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/ovqtheaders.cpp CONTENT "")
+    add_library(ovqtheaders STATIC ${CMAKE_BINARY_DIR}/ovqtheaders.cpp)
+    ov_target(ovqtheaders)
+    target_link_libraries(ovqtheaders PUBLIC Qt6::Widgets)
+    target_compile_definitions(ovqtheaders PRIVATE QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII)
+    target_precompile_headers(ovqtheaders PRIVATE ${OV_PCH_QT})
 endfunction()
