@@ -2,7 +2,9 @@
 
 #include "details/appcfg/kinds.h"
 #include "details/appcfg/numbers.h"
+#include "details/appcfg/overlay.h"
 #include "details/appcfg/persistence.h"
+#include "details/appcfg/refresh.h"
 #include "details/appcfg/store.h"
 
 #include <algorithm>
@@ -34,8 +36,10 @@ bool meansTheSame(const Property& property, std::size_t field, const std::string
 void replaceField(Record& record, std::size_t field, const std::string& text) {
     if (record.property.values[field] == text)
         return;
-    if (!meansTheSame(record.property, field, text))
+    if (!meansTheSame(record.property, field, text)) {
         record.origins[field].value.reset();
+        record.withdrawn &= static_cast<std::uint8_t>(~fieldBit(record.property.kind, field));
+    }
     record.property.values[field] = text;
     record.isFlushed = false;
 }
@@ -43,12 +47,30 @@ void replaceField(Record& record, std::size_t field, const std::string& text) {
 /// The text is behind the cache, which has what no configuration gave.
 void outdateText(Record& record) {
     record.isFlushed = false;
+    record.withdrawn = 0;
     for (auto& origin : record.origins)
         origin.value.reset();
 }
 
+/// A list is reset as a whole, so a mark of its own level keeps all of it.
+bool mayReset(const Record& record, std::size_t field) {
+    const auto& flags = record.property.readonly;
+    if (kindTraits(record.property.kind).storage == Storage::group)
+        return field < flags.size() && flags[field] == 0;
+    const auto isOwnLock = [](const Origin& origin) {
+        return origin.lock == 0;
+    };
+    const bool isAllLocked = !flags.empty() && std::ranges::find(flags, 0) == flags.end();
+    return (field == 0 || field < flags.size()) && !isAllLocked &&
+           std::ranges::none_of(record.origins, isOwnLock);
+}
+
 void resizeFields(Record& record, std::size_t count) {
-    record.isFlushed = record.isFlushed && count == record.property.values.size();
+    if (count == record.property.values.size())
+        return;
+    record.isFlushed = false;
+    if (kindTraits(record.property.kind).storage == Storage::list)
+        record.withdrawn = 0;
     record.property.values.resize(count);
     record.property.readonly.resize(count);
     record.origins.resize(count);
@@ -78,6 +100,26 @@ bool iAppConfiguration::save() {
     return saveStore(*impl_);
 }
 
+RefreshResult iAppConfiguration::refresh() {
+    return refreshStore(*impl_);
+}
+
+bool iAppConfiguration::reset(const std::string& key, std::size_t field) {
+    const auto row = impl_->find(key);
+    if (!row || !mayReset(impl_->records[*row], field))
+        return false;
+    Record wanted = impl_->records[*row];
+    inherit(wanted, field, impl_->levels);
+    impl_->notify(key, notificationValue(wanted.property.values));
+
+    impl_->aboutToChange(*row);
+    auto& record = impl_->records[*row];
+    inherit(record, field, impl_->levels);
+    record.withdrawn |= fieldBit(record.property.kind, field);
+    impl_->refreshCache(*row);
+    return true;
+}
+
 bool iAppConfiguration::getProperty(Property& property) const {
     const auto row = impl_->find(property.name);
     if (!row)
@@ -98,8 +140,8 @@ bool iAppConfiguration::setProperty(const Property& property) {
         return false;
     // Sinks are told of the attempt: before anything is stored, and also of a field that its lock will keep.
     impl_->notify(property.name, notificationValue(property.values));
+    impl_->aboutToChange(*row);
     auto& record = impl_->records[*row];
-    impl_->forgetStanding(*row);
     resizeFields(record, property.values.size());
     for (std::size_t i = 0; i < property.values.size(); ++i) {
         if (record.property.readonly[i] == 0)
@@ -114,13 +156,17 @@ bool iAppConfiguration::setPropertyDefaults(const std::string& key, const std::v
     const auto row = impl_->find(key);
     if (!row)
         return false;
+    impl_->aboutToChange(*row);
     auto& record = impl_->records[*row];
-    impl_->forgetStanding(*row);
     record.property.defaults = values;
+    record.hasOwnDefaults = true;
     resizeFields(record, values.size());
     for (std::size_t i = 0; i < values.size(); ++i)
         replaceField(record, i, values[i]);
     if (!values.empty() && !values.front().empty()) {
+        // The cache follows the notice; a sink that reads the text meanwhile must not bring the old number
+        // back.
+        record.isFlushed = true;
         impl_->notify(key, floatFromText(values.front()));
         impl_->refreshCache(*row);
     }
@@ -136,8 +182,8 @@ bool iAppConfiguration::setNumber(std::string_view key, float value) {
     const auto row = findRow(key);
     if (!row || !typed_->hasNumber[*row])
         return false;
+    impl_->aboutToChange(*row);
     impl_->typed.numbers[*row] = value;
-    impl_->forgetStanding(*row);
     outdateText(impl_->records[*row]);
     impl_->notify(key, value);
     return true;
@@ -163,7 +209,7 @@ bool iAppConfiguration::setGraphics(std::string_view key, int visible, int selec
     const auto row = findRow(key);
     if (!row || !typed_->hasGraphics[*row])
         return false;
-    impl_->forgetStanding(*row);
+    impl_->aboutToChange(*row);
     impl_->typed.graphics[*row] = Graphics{visible, selectable, colour, fillStyle, lineStyle, lineThickness};
     outdateText(impl_->records[*row]);
     impl_->notify(key, static_cast<float>(visible));
@@ -215,17 +261,24 @@ std::vector<std::string> iAppConfiguration::workingDirectories() const {
 
 std::string iAppConfiguration::valueDirectory(const std::string& key, std::size_t field) const {
     const auto* origin = impl_->originOf(key, field);
-    return origin && origin->value ? impl_->levels[*origin->value] : std::string();
+    return origin && origin->value ? impl_->levels[*origin->value].directory : std::string();
 }
 
 std::string iAppConfiguration::lockingDirectory(const std::string& key, std::size_t field) const {
     const auto* origin = impl_->originOf(key, field);
-    return origin && origin->lock ? impl_->levels[*origin->lock] : std::string();
+    return origin && origin->lock ? impl_->levels[*origin->lock].directory : std::string();
 }
 
 int iAppConfiguration::kindOf(std::string_view key) noexcept {
     const auto row = findRow(key);
     return row ? catalogue()[*row].kind : 0;
+}
+
+LockNote iAppConfiguration::lockNote(const std::string& key, std::size_t field) const {
+    const auto* origin = impl_->originOf(key, field);
+    const auto* statement =
+        origin && origin->lock ? impl_->levels[*origin->lock].find(*impl_->find(key)) : nullptr;
+    return statement && field < statement->notes.size() ? statement->notes[field] : LockNote();
 }
 
 std::vector<std::string> iAppConfiguration::fieldNames(int kind) {

@@ -2,6 +2,7 @@
 
 #include "details/appcfg/configurationhandle.h"
 #include "details/appcfg/numbers.h"
+#include "details/appcfg/overlay.h"
 #include "details/appcfg/transfer.h"
 #include "details/platform/asciicase.h"
 #include "details/platform/environment.h"
@@ -62,19 +63,18 @@ bool prepareDirectories(Impl& store, const std::string& projectPath) {
 }
 
 /// From the installation to the user. Where no directory has a configuration, the catalogue's defaults stand.
-void readConfigurations(Impl& store) {
-    store.levels = store.directories;
+void readLevels(Impl& store) {
+    store.levels.resize(store.directories.size());
     for (std::size_t place = store.directories.size(); place-- > 0;) {
-        store.currentDirectory = store.directories[place];
-        if (const auto configuration = openConfiguration(store.currentDirectory, Access::read)) {
-            ConfigurationReader(store, *configuration, place).readAll();
-            store.knowsWrittenLevel |= store.currentDirectory == store.writeDirectory;
-        }
+        const auto& directory = store.directories[place];
+        store.levels[place] = readLevel(directory).value_or(Level{directory, false, {}});
+        for (const auto& statement : store.levels[place].statements)
+            overlay(store.records[statement.row], statement, place);
     }
 }
 
 /// Goes by the row's number: a sink may load again.
-void notifyOfAll(const Impl& store) {
+void notifyOfAll(Impl& store) {
     for (std::size_t row = 0; row < store.records.size() && !store.sinks.empty(); ++row) {
         const auto& property = store.records[row].property;
         if (!property.values.empty())
@@ -88,9 +88,11 @@ bool loadStore(Impl& store, const std::string& projectPath) {
     store.registerCatalogue();
     if (!prepareDirectories(store, projectPath))
         return false;
-    readConfigurations(store);
+    readLevels(store);
     for (std::size_t row = 0; row < store.records.size(); ++row)
         store.refreshCache(row);
+    for (const auto& statement : store.levels.front().statements)
+        store.notePending(statement.row);
     notifyOfAll(store);
     return true;
 }
@@ -98,13 +100,16 @@ bool loadStore(Impl& store, const std::string& projectPath) {
 bool saveStore(Impl& store) {
     if (!prepareDirectories(store, store.lastProjectPath))
         return false;
-    for (std::size_t row = 0; row < store.records.size(); ++row)
-        store.flushCache(row);
-    store.currentDirectory = store.writeDirectory;
-    const auto configuration = openConfiguration(store.currentDirectory, Access::write);
+    for (std::size_t row = 0; row < store.records.size(); ++row) {
+        if (store.pending[row])
+            store.flushCache(row);
+    }
+    auto configuration = openConfiguration(store.writeDirectory, Access::write);
     if (!configuration)
         return false;
-    writeAll(store, *configuration);
+    auto rows = writeChanges(store, *configuration);
+    if (IOvConfigurationManager::Instance().ReleaseConfiguration(configuration.release()))
+        settle(store, std::move(rows));
     return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include "details/appcfg/kinds.h"
 #include "details/appcfg/numbers.h"
+#include "details/appcfg/transfer.h"
 
 #include <algorithm>
 #include <atomic>
@@ -30,7 +31,27 @@ const std::vector<Record>& defaultRecords() {
     return rows;
 }
 
+/// Counts itself as long as it lives: a sink may throw.
+class Counted {
+public:
+    explicit Counted(int& count) : count_(count) { ++count_; }
+    ~Counted() { --count_; }
+    Counted(const Counted&) = delete;
+    Counted& operator=(const Counted&) = delete;
+
+private:
+    int& count_;
+};
+
 } // namespace
+
+const Record& defaultRecord(std::size_t row) {
+    return defaultRecords()[row];
+}
+
+std::uint8_t fieldBit(int kind, std::size_t field) {
+    return static_cast<std::uint8_t>(kindTraits(kind).storage == Storage::group ? 1U << field : 1U);
+}
 
 void normaliseFields(int kind, std::vector<std::string>& values) {
     const auto cache = kindTraits(kind).cache;
@@ -50,10 +71,27 @@ void iAppConfiguration::Impl::registerCatalogue() {
     static_assert(kCatalogueSize <= kRows);
     invalidateHandles();
     records = defaultRecords();
-    standings.fill(Standing::unknown);
-    knowsWrittenLevel = false;
-    writtenFields.fill(0);
-    settledRevision = 0;
+    levels.clear();
+    pending.reset();
+}
+
+void iAppConfiguration::Impl::aboutToChange(std::size_t row) {
+    pending.set(row);
+    auto& record = records[row];
+    if (record.saved)
+        return;
+    flushCache(row);
+    record.saved = record.property.values;
+}
+
+bool iAppConfiguration::Impl::knowsWrittenLevel() const {
+    return !levels.empty() && levels.front().isKnown && levels.front().directory == writeDirectory;
+}
+
+void iAppConfiguration::Impl::notePending(std::size_t row) {
+    const auto& record = records[row];
+    const auto* held = knowsWrittenLevel() ? levels.front().find(row) : nullptr;
+    pending[row] = record.saved || record.withdrawn != 0 || isRedundant(record, held);
 }
 
 std::optional<std::size_t> iAppConfiguration::Impl::find(std::string_view key) const noexcept {
@@ -68,7 +106,6 @@ const Origin* iAppConfiguration::Impl::originOf(std::string_view key, std::size_
 void iAppConfiguration::Impl::refreshCache(std::size_t row) {
     const auto& property = records[row].property;
     records[row].isFlushed = false;
-    forgetStanding(row);
     switch (kindTraits(property.kind).cache) {
     case Cache::none:
         break;
@@ -84,7 +121,7 @@ void iAppConfiguration::Impl::refreshCache(std::size_t row) {
 }
 
 void iAppConfiguration::Impl::flushCache(std::size_t row) {
-    if (standings[row] != Standing::unknown || records[row].isFlushed)
+    if (records[row].isFlushed)
         return;
     records[row].isFlushed = true;
     auto& property = records[row].property;
@@ -94,11 +131,12 @@ void iAppConfiguration::Impl::flushCache(std::size_t row) {
         printGraphics(property.kind, typed.graphics[row], property.values);
 }
 
-void iAppConfiguration::Impl::notify(std::string_view key, float value) const {
+void iAppConfiguration::Impl::notify(std::string_view key, float value) {
     if (sinks.empty())
         return;
     const std::string name(key);
     const auto told = sinks;
+    const Counted here(notifications);
     for (auto* sink : told) {
         // One that an earlier sink took off the list may be gone.
         if (std::ranges::find(sinks, sink) != sinks.end())

@@ -2,9 +2,10 @@
 
 #include "details/appcfg/catalogue.h"
 #include "details/appcfg/graphics.h"
+#include "details/appcfg/level.h"
 #include "orv/appconfiguration.h"
 
-#include <array>
+#include <bitset>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -25,15 +26,19 @@ struct Record {
     iAppConfiguration::Property property;
     std::vector<Origin> origins;
     bool isFlushed = false; ///< true while the text is what the cache prints; most saves find it so
+
+    /// Once it was changed: the values as the last load, save or refresh left them. What differs from them,
+    /// in normal form, is unsaved.
+    std::optional<std::vector<std::string>> saved = {};
+    std::uint8_t withdrawn = 0;  ///< a bit for each field that was reset and leaves the file at the next save
+    bool hasOwnDefaults = false; ///< setPropertyDefaults gave them; they stand until the next load
 };
 
-/// What a save has to do about a row.
-enum class Standing : std::uint8_t {
-    unknown,   ///< only its record can tell
-    silent,    ///< nothing: the key stays in the file as it is
-    inherited, ///< it says what the defaults say, and goes from the file
-    own,       ///< it is written
-};
+/// A property as the product ships it.
+const Record& defaultRecord(std::size_t row);
+
+/// The bit of a field in Record::withdrawn. A list stands and goes as a whole.
+std::uint8_t fieldBit(int kind, std::size_t field);
 
 /// A property's text in the form in which the caches print it. Kinds without a cache have no other than the
 /// given.
@@ -43,18 +48,11 @@ struct iAppConfiguration::Impl {
     std::vector<Record> records;
     std::vector<std::string> directories; ///< the most specific first, the installation last
     std::string writeDirectory;           ///< the first of them
-    std::string currentDirectory;         ///< the one being read or written, during a transfer
     std::string lastProjectPath;
-    std::vector<std::string> levels; ///< the list of the last load, which the places of origins refer to
-    /// False if the last load found no configuration in the directory that is written: what it then holds is
-    /// not known here, and a save must take nothing out of it that it has not put there.
-    bool knowsWrittenLevel = false;
-    /// Where that is so: a bit for each field of a row that a save has written since the load.
-    std::array<std::uint8_t, kCatalogueSize> writtenFields{};
-    /// As the last save found them. The records lie all over the memory, and a save that looks at each of
-    /// them spends most of its time on waiting for them.
-    std::array<Standing, kCatalogueSize> standings{};
-    std::uint64_t settledRevision = 0; ///< of the configuration that says what the standings tell
+    std::vector<Level> levels; ///< as last read, in the order of the directories; origins refer to them
+    /// The rows that a save has to look at: changed, or held by the user's level although it inherits the
+    /// same.
+    std::bitset<kCatalogueSize> pending;
     TypedValues typed;
     std::vector<iEventSink*> sinks; ///< not owned
 
@@ -71,17 +69,25 @@ struct iAppConfiguration::Impl {
     /// Null for an unknown key and for a field that does not exist.
     const Origin* originOf(std::string_view key, std::size_t field) const noexcept;
 
-    /// To be called when a record's text, defaults or locks have changed, or its cache.
-    void forgetStanding(std::size_t row) { standings[row] = Standing::unknown; }
+    /// To be called before a record's text, or its cache, is changed by anybody but a load or refresh.
+    void aboutToChange(std::size_t row);
+    /// Whether the first of the levels is what the directory that is written was found to hold.
+    bool knowsWrittenLevel() const;
+
+    /// Settles whether a save has to look at a row.
+    void notePending(std::size_t row);
 
     bool isCached(std::size_t row) const { return typed.hasNumber[row] || typed.hasGraphics[row]; }
     void refreshCache(std::size_t row);
     /// Brings a row's text up to date from the cache.
     void flushCache(std::size_t row);
 
-    /// Tells the sinks. A sink may do with the store what it likes, so after this call rows must be looked up
-    /// anew.
-    void notify(std::string_view key, float value) const;
+    /// Tells the sinks. A sink may do with the store what it likes, but refresh it; so after this call rows
+    /// must be looked up anew.
+    void notify(std::string_view key, float value);
+    bool isNotifying() const { return notifications > 0; }
+
+    int notifications = 0; ///< that are under way, one inside the other
 };
 
 } // namespace Orv

@@ -10,259 +10,226 @@ namespace {
 
 using Property = iAppConfiguration::Property;
 
+/// What is to become of a field in the file of the user's level.
+enum class Fate {
+    left,      ///< as it stands there
+    refused,   ///< as it stands there, although it was changed
+    written,   ///< says what the store says
+    withdrawn, ///< goes, for the store says what is inherited
+    dropped,   ///< goes if it still says what it said, which is what is inherited
+};
+
+std::vector<std::string> inNormalForm(int kind, std::vector<std::string> values) {
+    normaliseFields(kind, values);
+    return values;
+}
+
 bool isSet(std::uint8_t flag) {
     return flag != 0;
 }
 
-/// The fields of a group that differ from the defaults, by name.
-std::map<std::string, std::string> ownAttributes(const Property& property) {
-    const auto& names = kindTraits(property.kind).fieldNames;
-    std::map<std::string, std::string> attributes;
-    for (std::size_t i = 0; i < std::min(names.size(), property.values.size()); ++i) {
-        if (i >= property.defaults.size() || property.values[i] != property.defaults[i])
-            attributes[names[i]] = property.values[i];
+bool isLocked(const Record& record, std::size_t field) {
+    return field < record.property.readonly.size() && isSet(record.property.readonly[field]);
+}
+
+/// By a level behind the user's.
+bool isLockedFromAbove(const Record& record, std::size_t field) {
+    return isLocked(record, field) && record.origins[field].lock.value_or(0) != 0;
+}
+
+/// A record with values, defaults and what was saved in one spelling, and what the user's level said of it.
+class RowWriter {
+public:
+    RowWriter(const Record& record, const Statement* held)
+        : record_(record),
+          property_(record.property),
+          traits_(kindTraits(property_.kind)),
+          held_(held),
+          values_(inNormalForm(property_.kind, property_.values)),
+          defaults_(inNormalForm(property_.kind, property_.defaults)),
+          saved_(inNormalForm(property_.kind, record.saved.value_or(property_.values))) {}
+
+    /// @return the fields that were changed and may not be written.
+    std::vector<std::size_t> write(IOvConfiguration& configuration) const {
+        return traits_.storage == Storage::group ? writeGroup(configuration) : writeKey(configuration);
     }
-    return attributes;
-}
 
-/// A value that is locked is left alone; a list or a group is written although it is locked, and a group
-/// loses the marks it had. This is meant.
-Standing standingOf(const Property& property) {
-    const auto storage = kindTraits(property.kind).storage;
-    if (storage == Storage::group)
-        return ownAttributes(property).empty() ? Standing::inherited : Standing::own;
-    if (property.values.empty() || property.values.front().empty())
-        return Standing::silent;
-    if (storage == Storage::list)
-        return property.values == property.defaults ? Standing::inherited : Standing::own;
-    if (isSet(property.readonly.front()))
-        return Standing::silent;
-    const bool isInherited =
-        !property.defaults.empty() && property.values.front() == property.defaults.front();
-    return isInherited ? Standing::inherited : Standing::own;
-}
-
-void remove(int kind, const std::string& name, IOvConfiguration& configuration) {
-    const auto& traits = kindTraits(kind);
-    if (traits.storage == Storage::group)
-        configuration.removeGroup(traits.path, traits.typeWord, name);
-    else
-        configuration.removeKey(pathOf(kind, name), name);
-}
-
-void write(const Property& property, IOvConfiguration& configuration) {
-    const auto& traits = kindTraits(property.kind);
-    const auto& path = pathOf(property.kind, property.name);
-    switch (traits.storage) {
-    case Storage::value:
-        configuration.writeValue(path, property.name, property.values.front());
-        break;
-    case Storage::list:
-        configuration.writeList(path, property.name, property.values);
-        break;
-    case Storage::group:
-        configuration.removeGroup(path, traits.typeWord, property.name);
-        configuration.writeGroup(path, traits.typeWord, property.name, ownAttributes(property));
-        break;
+    bool isUnsaved(std::size_t field) const {
+        if (isWithdrawn(field))
+            return true;
+        if (traits_.storage == Storage::list)
+            return values_ != saved_;
+        // No text, as in the default of some, and an empty one mean the same.
+        return field < values_.size() && values_[field] != (field < saved_.size() ? saved_[field] : "");
     }
-}
 
-/// With the values and the defaults in one spelling.
-Property inNormalForm(Property property) {
-    normaliseFields(property.kind, property.values);
-    normaliseFields(property.kind, property.defaults);
-    return property;
-}
+    bool isRedundant(std::size_t field) const {
+        if (!held_ || isLocked(record_, field))
+            return false;
+        if (traits_.storage != Storage::group)
+            return isKeyRedundant();
+        return field < held_->texts.size() && held_->texts[field] && isInherited(field) &&
+               heldInNormalForm()[field] == defaults_[field];
+    }
 
-/// Puts the fields that differ from the defaults into what the configuration says of the group.
-void mergeGroup(const Property& property, std::uint8_t& writtenFields, IOvConfiguration& configuration) {
-    const auto own = ownAttributes(property);
-    if (own.empty() && writtenFields == 0)
-        return;
-    const auto& traits = kindTraits(property.kind);
-    std::map<std::string, std::string> attributes;
-    std::map<std::string, int> locks;
-    bool isLocked = false;
-    configuration.readGroup(traits.path, traits.typeWord, property.name, attributes, locks, isLocked);
-    for (std::size_t i = 0; i < traits.fieldNames.size(); ++i) {
-        const auto bit = static_cast<std::uint8_t>(1U << i);
-        if (const auto field = own.find(traits.fieldNames[i]); field != own.end()) {
-            attributes[field->first] = field->second;
-            writtenFields |= bit;
-        } else if ((writtenFields & bit) != 0) {
-            attributes.erase(traits.fieldNames[i]);
+private:
+    bool isWithdrawn(std::size_t field) const {
+        return (record_.withdrawn & fieldBit(property_.kind, field)) != 0;
+    }
+
+    bool isInherited(std::size_t field) const {
+        return field < defaults_.size() && values_[field] == defaults_[field];
+    }
+
+    std::vector<std::string> heldInNormalForm() const {
+        std::vector<std::string> texts;
+        for (const auto& text : held_->texts)
+            texts.push_back(text.value_or(std::string()));
+        normaliseFields(property_.kind, texts);
+        return texts;
+    }
+
+    /// An empty value or list is neither written nor taken out.
+    bool isKeyRedundant() const {
+        return !held_->texts.empty() && !held_->texts.front()->empty() &&
+               std::ranges::none_of(held_->locks, isSet) && values_ == defaults_ &&
+               heldInNormalForm() == defaults_;
+    }
+
+    Fate fateOfKey() const {
+        if (isWithdrawn(0))
+            return Fate::withdrawn;
+        if (!isUnsaved(0))
+            return isRedundant(0) ? Fate::dropped : Fate::left;
+        if (values_.empty() || values_.front().empty() || isAllLockedFromAbove())
+            return Fate::refused;
+        if (traits_.storage == Storage::value)
+            return isLocked(record_, 0) ? Fate::refused : inheritedKey() ? Fate::withdrawn : Fate::written;
+        // A list with a mark of its own stays, and says what the store says.
+        const bool isMarked = std::ranges::any_of(property_.readonly, isSet);
+        return inheritedKey() && !isMarked ? Fate::withdrawn : Fate::written;
+    }
+
+    bool isAllLockedFromAbove() const {
+        std::size_t locked = 0;
+        while (isLockedFromAbove(record_, locked))
+            ++locked;
+        return locked != 0 && locked == property_.readonly.size();
+    }
+
+    bool inheritedKey() const { return !defaults_.empty() && values_ == defaults_; }
+
+    Fate fateOfAttribute(std::size_t field) const {
+        if (isLockedFromAbove(record_, field))
+            return isUnsaved(field) ? Fate::refused : Fate::left;
+        if (isWithdrawn(field))
+            return Fate::withdrawn;
+        if (!isUnsaved(field))
+            return isRedundant(field) ? Fate::dropped : Fate::left;
+        return isInherited(field) && !isLocked(record_, field) ? Fate::withdrawn : Fate::written;
+    }
+
+    std::vector<std::size_t> writeKey(IOvConfiguration& configuration) const {
+        const auto& path = pathOf(property_.kind, property_.name);
+        const Fate fate = fateOfKey();
+        if (fate == Fate::written && traits_.storage == Storage::list)
+            configuration.writeList(path, property_.name, values_);
+        else if (fate == Fate::written)
+            configuration.writeValue(path, property_.name, values_.front());
+        else if (fate == Fate::withdrawn)
+            configuration.withdrawKey(path, property_.name, nullptr);
+        else if (fate == Fate::dropped)
+            dropKey(path, configuration);
+        return fate == Fate::refused ? std::vector<std::size_t>{0} : std::vector<std::size_t>();
+    }
+
+    void dropKey(const std::string& path, IOvConfiguration& configuration) const {
+        std::vector<std::string> texts;
+        for (const auto& text : held_->texts)
+            texts.push_back(*text);
+        configuration.withdrawKey(path, property_.name, &texts);
+    }
+
+    std::vector<std::size_t> writeGroup(IOvConfiguration& configuration) const {
+        std::vector<std::size_t> refused;
+        const auto& names = traits_.fieldNames;
+        for (std::size_t i = 0; i < std::min(names.size(), values_.size()); ++i) {
+            const Fate fate = fateOfAttribute(i);
+            if (fate == Fate::written)
+                configuration.writeAttribute(traits_.path, traits_.typeWord, property_.name, names[i],
+                                             values_[i]);
+            else if (fate == Fate::withdrawn || fate == Fate::dropped)
+                configuration.withdrawAttribute(traits_.path, traits_.typeWord, property_.name, names[i],
+                                                fate == Fate::dropped ? &*held_->texts[i] : nullptr);
+            else if (fate == Fate::refused)
+                refused.push_back(i);
         }
+        return refused;
     }
-    configuration.removeGroup(traits.path, traits.typeWord, property.name);
-    if (!attributes.empty())
-        configuration.writeGroup(traits.path, traits.typeWord, property.name, attributes);
-}
 
-/// Writes into a configuration of which the store has seen nothing, such as a file that was repaired since
-/// the load: only what was changed since then is written.
-void writeUnseen(const Property& property, Standing standing, std::uint8_t& writtenFields,
-                 IOvConfiguration& configuration) {
-    if (kindTraits(property.kind).storage == Storage::group) {
-        mergeGroup(inNormalForm(property), writtenFields, configuration);
-        return;
+    const Record& record_;
+    const Property& property_;
+    const KindTraits& traits_;
+    const Statement* held_;
+    const std::vector<std::string> values_;
+    const std::vector<std::string> defaults_;
+    const std::vector<std::string> saved_;
+};
+
+/// The refused fields stay as unsaved as they were.
+void settleGroup(Record& record, const std::vector<std::size_t>& refused) {
+    auto saved = record.property.values;
+    for (const std::size_t field : refused) {
+        if (field < record.saved->size())
+            saved[field] = (*record.saved)[field];
     }
-    if (writtenFields == 0 && standing == Standing::own)
-        standing = standingOf(inNormalForm(property));
-    if (standing == Standing::own) {
-        write(property, configuration);
-        writtenFields = 1;
-    } else if (standing == Standing::inherited && writtenFields != 0) {
-        remove(property.kind, property.name, configuration);
-    }
+    record.saved = std::move(saved);
 }
 
 } // namespace
 
-ConfigurationReader::ConfigurationReader(iAppConfiguration::Impl& store,
-                                         const IOvConfiguration& configuration, std::size_t place)
-    : store_(store),
-      configuration_(configuration),
-      place_(place),
-      mostSpecific_(store.currentDirectory == store.writeDirectory) {
+bool isUnsaved(const Record& record, std::size_t field) {
+    return (record.saved || record.withdrawn != 0) && RowWriter(record, nullptr).isUnsaved(field);
 }
 
-void ConfigurationReader::readAll() {
-    for (auto& record : store_.records) {
-        if (kindTraits(record.property.kind).storage == Storage::group)
-            readGroup(record);
-        else
-            readList(record);
-    }
-}
-
-void ConfigurationReader::readList(Record& record) {
-    const auto& property = record.property;
-    if (!configuration_.readList(pathOf(property.kind, property.name), property.name, values_, locks_))
-        return;
-    locks_.resize(values_.size());
-    if (mostSpecific_) {
-        if (!readUserList(record))
-            return;
-    } else {
-        readInheritedList(record);
-    }
-    mergeLocks(record);
-    noteLocks(record);
-}
-
-/// @return false if the list is dropped, its locks included: one of another length would move locked fields.
-bool ConfigurationReader::readUserList(Record& record) const {
-    auto& property = record.property;
-    if (property.values.empty()) {
-        takeList(record);
-    } else if (property.values.size() == values_.size()) {
-        for (std::size_t i = 0; i < values_.size(); ++i) {
-            if (!isSet(property.readonly[i]))
-                take(record, i, values_[i]);
-        }
-    } else if (std::ranges::any_of(property.readonly, isSet)) {
+bool isRedundant(const Record& record, const Statement* statement) {
+    if (!statement)
         return false;
-    } else {
-        takeList(record);
-        property.readonly = locks_;
+    const RowWriter writer(record, statement);
+    for (std::size_t field = 0; field < record.property.values.size(); ++field) {
+        if (writer.isRedundant(field))
+            return true;
     }
-    return true;
+    return false;
 }
 
-void ConfigurationReader::readInheritedList(Record& record) const {
-    auto& property = record.property;
-    if (property.defaults.empty()) {
-        property.defaults = values_;
-        takeList(record);
-        property.readonly.resize(values_.size());
-        return;
-    }
-    property.values.resize(values_.size());
-    property.readonly.resize(values_.size());
-    property.defaults.resize(values_.size());
-    record.origins.resize(values_.size());
-    for (std::size_t i = 0; i < values_.size(); ++i) {
-        if (isSet(property.readonly[i]))
-            continue;
-        property.defaults[i] = values_[i];
-        take(record, i, values_[i]);
-    }
-}
-
-/// A lock once set stays.
-void ConfigurationReader::mergeLocks(Record& record) const {
-    auto& flags = record.property.readonly;
-    if (flags.empty())
-        flags = locks_;
-    for (std::size_t i = 0; i < std::min(flags.size(), locks_.size()); ++i) {
-        if (!isSet(flags[i]))
-            flags[i] = locks_[i];
-    }
-}
-
-void ConfigurationReader::readGroup(Record& record) {
-    auto& property = record.property;
-    const auto& traits = kindTraits(property.kind);
-    bool groupLocked = false;
-    if (!configuration_.readGroup(traits.path, traits.typeWord, property.name, attributes_, attributeLocks_,
-                                  groupLocked)) {
-        property.values = property.defaults;
-        return;
-    }
-    for (std::size_t i = 0; i < std::min(traits.fieldNames.size(), property.values.size()); ++i) {
-        // The value comes before the lock: a configuration may set a field and lock it in one place.
-        if (const auto text = attributes_.find(traits.fieldNames[i]); text != attributes_.end()) {
-            if (!isSet(property.readonly[i]))
-                take(record, i, text->second);
-            if (!mostSpecific_)
-                property.defaults = property.values;
-        }
-        if (groupLocked)
-            continue;
-        const auto lock = attributeLocks_.find(traits.fieldNames[i]);
-        if (lock != attributeLocks_.end() && lock->second == 1)
-            property.readonly[i] = 1;
-    }
-    if (groupLocked)
-        std::ranges::fill(property.readonly, std::uint8_t{1});
-    noteLocks(record);
-}
-
-void ConfigurationReader::take(Record& record, std::size_t field, const std::string& text) const {
-    record.property.values[field] = text;
-    record.origins[field].value = place_;
-}
-
-void ConfigurationReader::takeList(Record& record) const {
-    record.property.values = values_;
-    record.origins.assign(values_.size(), Origin{place_, std::nullopt});
-}
-
-/// The directory that locks a field first is the one to name.
-void ConfigurationReader::noteLocks(Record& record) const {
-    for (std::size_t i = 0; i < record.origins.size(); ++i) {
-        if (isSet(record.property.readonly[i]) && !record.origins[i].lock)
-            record.origins[i].lock = place_;
-    }
-}
-
-void writeAll(iAppConfiguration::Impl& store, IOvConfiguration& configuration) {
-    const bool isSettled = configuration.revision() != 0 && configuration.revision() == store.settledRevision;
+std::vector<Transferred> writeChanges(const iAppConfiguration::Impl& store, IOvConfiguration& configuration) {
+    std::vector<Transferred> rows;
+    const Level* held = store.knowsWrittenLevel() ? &store.levels.front() : nullptr;
+    StatementReader reader(configuration);
     for (std::size_t row = 0; row < store.records.size(); ++row) {
-        const auto& property = store.records[row].property;
-        auto& standing = store.standings[row];
-        if (standing == Standing::unknown)
-            standing = standingOf(property);
-        else if (isSettled)
+        if (!store.pending[row])
             continue;
-        if (!store.knowsWrittenLevel)
-            writeUnseen(property, standing, store.writtenFields[row], configuration);
-        else if (standing == Standing::own)
-            write(property, configuration);
-        else if (standing == Standing::inherited)
-            remove(catalogue()[row].kind, property.name, configuration);
+        const RowWriter writer(store.records[row], held ? held->find(row) : nullptr);
+        auto refused = writer.write(configuration);
+        rows.push_back({row, reader.read(row), std::move(refused)});
     }
-    store.settledRevision = configuration.revision();
+    return rows;
+}
+
+void settle(iAppConfiguration::Impl& store, std::vector<Transferred> rows) {
+    for (auto& [row, statement, refused] : rows) {
+        auto& record = store.records[row];
+        record.withdrawn = 0;
+        if (store.knowsWrittenLevel())
+            store.levels.front().replace(row, std::move(statement));
+        if (refused.empty()) {
+            record.saved.reset();
+            store.pending.reset(row);
+        } else if (kindTraits(record.property.kind).storage == Storage::group) {
+            settleGroup(record, refused);
+        }
+    }
 }
 
 } // namespace Orv

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "orv/graphics.h"
+#include "orv/locknote.h"
 #include "ovsettings/export.h"
 
 #include <array>
@@ -12,6 +13,22 @@
 #include <vector>
 
 namespace Orv {
+
+/// What iAppConfiguration::refresh did.
+struct OVSETTINGS_API RefreshResult {
+    struct Field {
+        std::string key;
+        std::size_t field = 0; ///< from 0; of a list, which is changed as a whole, 0
+
+        bool operator==(const Field&) const = default;
+    };
+
+    bool isDone = false; ///< false where a refresh was refused; nothing has changed then
+    std::vector<std::string>
+        changed; ///< the keys whose values in force, or locks, are others now; in table order
+    std::vector<Field>
+        dropped; ///< unsaved changes that were given up, since somebody locked the field meanwhile
+};
 
 /// The application configuration: an ordered table of 255 named properties, each with its values, its
 /// defaults and a lock for each field.
@@ -98,11 +115,30 @@ public:
     /// @param projectPath full path of the project file.
     bool load(const std::string& projectPath);
 
-    /// Writes what differs from the inherited defaults into the first working directory. Locked single values
-    /// are not written. Nothing is written if nothing changed.
+    /// Writes what was changed since the load or the last save, in its normal form, into the first working
+    /// directory, field by field; a field that says what is inherited leaves the file, as does what the load
+    /// found there although it says that. All else in the file stays, whoever wrote it, and so do lock marks;
+    /// under one key the later save wins. Not written are what another level locks, single values under a
+    /// lock of the first level, and values and lists whose first field is empty. Nothing is written if
+    /// nothing changed.
     /// @return false if the directories are unusable or the first one has no configuration. A write that
     ///         fails is told through IOvConfigurationManager::SetErrorHandler and leaves the old file whole.
     bool save();
+
+    /// Takes over what other programs have written into the working directories since the load. What is
+    /// unsaved here stays, field by field, unless somebody locked it meanwhile; a level that cannot be read
+    /// keeps what it said, and so does a property that setPropertyDefaults was called for. The values come
+    /// first, then the sinks are told, in table order, of each key whose value in force changed. Handles stay
+    /// valid.
+    /// @return a result that is not done inside a notification of a sink, and where no load has succeeded.
+    RefreshResult refresh();
+
+    /// Gives a field the value that it inherits, and takes it out of the first working directory's
+    /// configuration at the next save, whatever that value is, an empty one included. A list is reset as a
+    /// whole. The sinks are told before.
+    /// @param field index from 0.
+    /// @return false, and no change, if there is no such field or it is locked.
+    bool reset(const std::string& key, std::size_t field);
 
     /// Fills the argument, whose name holds the key, with a copy of everything but the kind. Numbers and
     /// colours come back in normal form (six significant digits, lower-case hexadecimal).
@@ -170,6 +206,11 @@ public:
     /// locked or does not exist.
     /// @param field index from 0.
     std::string lockingDirectory(const std::string& key, std::size_t field) const;
+
+    /// The administrator's words on the lock of a field, of the level that locked it first; empty if there
+    /// are none.
+    /// @param field index from 0.
+    LockNote lockNote(const std::string& key, std::size_t field) const;
 
     /// The kind of a key, or 0 if there is no such key.
     static int kindOf(std::string_view key) noexcept;

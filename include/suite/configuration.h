@@ -1,7 +1,9 @@
 #pragma once
 
+#include "orv/locknote.h"
 #include "suite/export.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -53,6 +55,28 @@ public:
     /// of one process with the same number say the same. 0, which stands for nothing, is always a true
     /// answer.
     virtual std::uint64_t revision() const { return 0; }
+
+    /// Stores one attribute of a group, which is made where it is absent. The other attributes and, but in a
+    /// configuration that does not override this, all lock marks stay.
+    virtual void writeAttribute(const std::string& path, const std::string& typeWord, const std::string& key,
+                                const std::string& name, const std::string& text);
+    /// Takes a value or list out, unless it, or an item of it, bears a lock mark when the change is written.
+    /// @param ifSays where it is not null, only what still says this by then goes.
+    virtual void withdrawKey(const std::string& path, const std::string& key,
+                             const std::vector<std::string>* ifSays);
+    /// Takes one attribute out of a group, unless it bears a lock mark when the change is written; with the
+    /// last attribute goes a group that bears no mark itself.
+    /// @param ifSays where it is not null, only an attribute that still says this by then goes.
+    virtual void withdrawAttribute(const std::string& path, const std::string& typeWord,
+                                   const std::string& key, const std::string& name,
+                                   const std::string* ifSays);
+
+    /// What stands beside the lock of an item: on the item, or else on its list, or else on the section. A
+    /// single value is the item 0 of its key.
+    virtual LockNote keyLockNote(const std::string& path, const std::string& key, std::size_t item) const;
+    /// What stands beside the lock of an attribute: on it, or else on its group, or else on the section.
+    virtual LockNote groupLockNote(const std::string& path, const std::string& typeWord,
+                                   const std::string& key, const std::string& name) const;
 };
 
 /// Hands out the configurations of directories.

@@ -28,6 +28,16 @@ void mergeName(std::vector<std::string>& names, const std::string& name, bool pr
         names.erase(known);
 }
 
+template <typename Value>
+const Value* pointerTo(const std::optional<Value>& value) {
+    return value ? &*value : nullptr;
+}
+
+template <typename Value>
+std::optional<Value> copyOf(const Value* value) {
+    return value ? std::optional(*value) : std::nullopt;
+}
+
 /// Like none before.
 std::uint64_t nextRevision() {
     static std::atomic<std::uint64_t> revisions = 0;
@@ -91,7 +101,7 @@ bool Configuration::failed(const std::string& message) const {
 }
 
 bool Configuration::save(platform::LockPatience& patience) {
-    if (keyEdits_.empty() && groupEdits_.empty())
+    if (keyEdits_.empty() && groupEdits_.empty() && attributeEdits_.empty())
         return true;
     platform::AtomicFile file(path_);
     const auto busy = file.lock(patience.timeout());
@@ -149,14 +159,14 @@ std::optional<Configuration::Contents> Configuration::takeContents() {
 }
 
 void Configuration::applyEdits(ConfigurationDocument& document) const {
-    for (const auto& [name, state] : keyEdits_) {
+    for (const auto& [name, edit] : keyEdits_) {
         const auto& [path, key] = name;
-        if (!state)
+        if (edit.state && edit.state->isList)
+            document.writeList(path, key, edit.state->values);
+        else if (edit.state)
+            document.writeValue(path, key, edit.state->values.front());
+        else if (!edit.spareLocked || document.canWithdrawKey(path, key, pointerTo(edit.ifSays)))
             document.removeKey(path, key);
-        else if (state->isList)
-            document.writeList(path, key, state->values);
-        else
-            document.writeValue(path, key, state->values.front());
     }
     for (const auto& [name, attributes] : groupEdits_) {
         const auto& [path, typeWord, key] = name;
@@ -164,6 +174,15 @@ void Configuration::applyEdits(ConfigurationDocument& document) const {
             document.writeGroup(path, typeWord, key, *attributes);
         else
             document.removeGroup(path, typeWord, key);
+    }
+    for (const auto& [group, edits] : attributeEdits_) {
+        const auto& [path, typeWord, key] = group;
+        for (const auto& [name, edit] : edits) {
+            if (edit.text)
+                document.writeAttribute(path, typeWord, key, name, *edit.text);
+            else if (document.canWithdrawAttribute(path, typeWord, key, name, pointerTo(edit.ifSays)))
+                document.removeAttribute(path, typeWord, key, name);
+        }
     }
 }
 
@@ -182,12 +201,12 @@ void Configuration::writeList(const std::string& path, const std::string& key,
         return canBeText(value);
     };
     if (canBeNamed({path, key}) && std::all_of(values.begin(), values.end(), isStorable))
-        noteKey(path, key, KeyState{values, true});
+        noteKey(path, key, {KeyState{values, true}}, saysOfKey(path, key, KeyState{values, true}));
 }
 
 void Configuration::writeValue(const std::string& path, const std::string& key, const std::string& value) {
     if (canBeNamed({path, key}) && canBeText(value))
-        noteKey(path, key, KeyState{{value}, false});
+        noteKey(path, key, {KeyState{{value}, false}}, saysOfKey(path, key, KeyState{{value}, false}));
 }
 
 void Configuration::removeGroup(const std::string& path, const std::string& typeWord,
@@ -196,39 +215,91 @@ void Configuration::removeGroup(const std::string& path, const std::string& type
 }
 
 void Configuration::removeKey(const std::string& path, const std::string& key) {
-    noteKey(path, key, std::nullopt);
+    noteKey(path, key, {}, saysOfKey(path, key, std::nullopt));
+}
+
+void Configuration::withdrawKey(const std::string& path, const std::string& key,
+                                const std::vector<std::string>* ifSays) {
+    noteKey(path, key, {std::nullopt, true, copyOf(ifSays)}, !document_.canWithdrawKey(path, key, ifSays));
+}
+
+void Configuration::writeAttribute(const std::string& path, const std::string& typeWord,
+                                   const std::string& key, const std::string& name, const std::string& text) {
+    if (!canBeNamed({path, typeWord, key, name}) || !canBeText(text))
+        return;
+    ConfigurationDocument::Attributes present;
+    std::map<std::string, int> locks;
+    bool locked = false;
+    document_.readGroup(path, typeWord, key, present, locks, locked);
+    const auto known = present.find(name);
+    noteAttribute({std::string(sectionPath(path)), typeWord, key}, name, {text, std::nullopt},
+                  known != present.end() && known->second == text);
+}
+
+void Configuration::withdrawAttribute(const std::string& path, const std::string& typeWord,
+                                      const std::string& key, const std::string& name,
+                                      const std::string* ifSays) {
+    noteAttribute({std::string(sectionPath(path)), typeWord, key}, name, {std::nullopt, copyOf(ifSays)},
+                  !document_.canWithdrawAttribute(path, typeWord, key, name, ifSays));
+}
+
+Orv::LockNote Configuration::keyLockNote(const std::string& path, const std::string& key,
+                                         std::size_t item) const {
+    return document_.keyLockNote(path, key, item);
+}
+
+Orv::LockNote Configuration::groupLockNote(const std::string& path, const std::string& typeWord,
+                                           const std::string& key, const std::string& name) const {
+    return document_.attributeLockNote(path, typeWord, key, name);
 }
 
 void Configuration::listKeys(const std::string& path, std::vector<std::string>& keys) const {
     keys = document_.keys(path);
-    for (const auto& [name, state] : keyEdits_) {
+    for (const auto& [name, edit] : keyEdits_) {
         if (name.first == sectionPath(path))
-            mergeName(keys, name.second, state.has_value());
+            mergeName(keys, name.second, edit.state.has_value());
     }
 }
 
 void Configuration::listGroups(const std::string& path, const std::string& typeWord,
                                std::vector<std::string>& keys) const {
     keys = document_.groups(path, typeWord);
-    for (const auto& [name, attributes] : groupEdits_) {
-        const auto& [groupPath, groupType, key] = name;
-        if (groupPath == sectionPath(path) && groupType == typeWord)
-            mergeName(keys, key, attributes.has_value());
+    const auto merge = [&](const GroupName& group, bool present) {
+        if (std::get<0>(group) == sectionPath(path) && std::get<1>(group) == typeWord)
+            mergeName(keys, std::get<2>(group), present);
+    };
+    for (const auto& [group, attributes] : groupEdits_)
+        merge(group, attributes.has_value());
+    for (const auto& [group, edits] : attributeEdits_) {
+        ConfigurationDocument::Attributes attributes;
+        std::map<std::string, int> locks;
+        bool isLocked = false;
+        merge(group, readGroup(path, typeWord, std::get<2>(group), attributes, locks, isLocked));
     }
 }
 
 bool Configuration::readGroup(const std::string& path, const std::string& typeWord, const std::string& key,
                               std::map<std::string, std::string>& attributes,
                               std::map<std::string, int>& locks, bool& groupLocked) const {
-    if (!groupEdits_.empty()) {
-        const auto edit = groupEdits_.find({std::string(sectionPath(path)), typeWord, key});
-        if (edit != groupEdits_.end()) {
-            attributes = edit->second.value_or(ConfigurationDocument::Attributes());
-            locks.clear();
-            return edit->second.has_value();
-        }
+    if (groupEdits_.empty() && attributeEdits_.empty())
+        return document_.readGroup(path, typeWord, key, attributes, locks, groupLocked);
+    const GroupName name(sectionPath(path), typeWord, key);
+    if (const auto edit = groupEdits_.find(name); edit != groupEdits_.end()) {
+        attributes = edit->second.value_or(ConfigurationDocument::Attributes());
+        locks.clear();
+        return edit->second.has_value();
     }
-    return document_.readGroup(path, typeWord, key, attributes, locks, groupLocked);
+    bool isThere = document_.readGroup(path, typeWord, key, attributes, locks, groupLocked);
+    const auto edits = attributeEdits_.find(name);
+    if (edits == attributeEdits_.end())
+        return isThere;
+    for (const auto& [attribute, edit] : edits->second) {
+        if (edit.text)
+            attributes[attribute] = *edit.text;
+        else
+            attributes.erase(attribute);
+    }
+    return !attributes.empty() || !locks.empty() || groupLocked;
 }
 
 bool Configuration::readList(const std::string& path, const std::string& key,
@@ -239,9 +310,10 @@ bool Configuration::readList(const std::string& path, const std::string& key,
     const auto edit = keyEdits_.find(KeyView(sectionPath(path), key));
     if (edit == keyEdits_.end())
         return present;
-    values = edit->second ? edit->second->values : std::vector<std::string>();
+    const auto& state = edit->second.state;
+    values = state ? state->values : std::vector<std::string>();
     locks.resize(values.size(), document_.isKeyLocked(path, key));
-    return edit->second.has_value();
+    return state.has_value();
 }
 
 // Names stand in XML attributes, where nothing can be encoded. The product's own names are plain words.
@@ -257,13 +329,14 @@ bool Configuration::canBeText(const std::string& text) const {
     return text.size() <= kLongestText || failed(path_ + ": cannot write: a text is too long");
 }
 
-void Configuration::noteKey(const std::string& path, const std::string& key, std::optional<KeyState> state) {
+/// @param isSaid whether the file, as it was read, says so already.
+void Configuration::noteKey(const std::string& path, const std::string& key, KeyEdit edit, bool isSaid) {
     // Nobody knows what an unread file says.
-    if (state_ == FileState::unreadable || !saysOfKey(path, key, state)) {
-        keyEdits_.insert_or_assign(KeyName(sectionPath(path), key), std::move(state));
+    if (state_ == FileState::unreadable || !isSaid) {
+        keyEdits_.insert_or_assign(KeyName(sectionPath(path), key), std::move(edit));
         revision_ = nextRevision();
-    } else if (const auto edit = keyEdits_.find(KeyView(sectionPath(path), key)); edit != keyEdits_.end()) {
-        keyEdits_.erase(edit);
+    } else if (const auto known = keyEdits_.find(KeyView(sectionPath(path), key)); known != keyEdits_.end()) {
+        keyEdits_.erase(known);
         revision_ = nextRevision();
     }
 }
@@ -281,13 +354,34 @@ bool Configuration::saysOfKey(const std::string& path, const std::string& key,
 void Configuration::noteGroup(const std::string& path, const std::string& typeWord, const std::string& key,
                               std::optional<ConfigurationDocument::Attributes> attributes) {
     const bool isSaid = state_ != FileState::unreadable && saysOfGroup(path, typeWord, key, attributes);
-    if (isSaid && groupEdits_.empty())
+    if (isSaid && groupEdits_.empty() && attributeEdits_.empty())
         return;
     GroupName name(sectionPath(path), typeWord, key);
+    attributeEdits_.erase(name);
     if (isSaid)
         groupEdits_.erase(name);
     else
         groupEdits_.insert_or_assign(std::move(name), std::move(attributes));
+    revision_ = nextRevision();
+}
+
+/// @param isSaid whether the file, as it was read, says so already.
+void Configuration::noteAttribute(GroupName group, const std::string& name, AttributeEdit edit, bool isSaid) {
+    if (const auto whole = groupEdits_.find(group); whole != groupEdits_.end()) {
+        auto& attributes = whole->second;
+        if (edit.text)
+            (attributes ? *attributes : attributes.emplace())[name] = std::move(*edit.text);
+        else if (attributes && (!edit.ifSays || (*attributes)[name] == *edit.ifSays))
+            attributes->erase(name);
+    } else if (state_ == FileState::unreadable || !isSaid) {
+        attributeEdits_[std::move(group)].insert_or_assign(name, std::move(edit));
+    } else if (const auto known = attributeEdits_.find(group); known != attributeEdits_.end()) {
+        known->second.erase(name);
+        if (known->second.empty())
+            attributeEdits_.erase(known);
+    } else {
+        return;
+    }
     revision_ = nextRevision();
 }
 

@@ -63,11 +63,30 @@ public:
     void removeGroup(const std::string& path, const std::string& typeWord, const std::string& key) override;
     void removeKey(const std::string& path, const std::string& key) override;
     std::uint64_t revision() const override { return revision_; }
+    void writeAttribute(const std::string& path, const std::string& typeWord, const std::string& key,
+                        const std::string& name, const std::string& text) override;
+    void withdrawKey(const std::string& path, const std::string& key,
+                     const std::vector<std::string>* ifSays) override;
+    void withdrawAttribute(const std::string& path, const std::string& typeWord, const std::string& key,
+                           const std::string& name, const std::string* ifSays) override;
+    Orv::LockNote keyLockNote(const std::string& path, const std::string& key,
+                              std::size_t item) const override;
+    Orv::LockNote groupLockNote(const std::string& path, const std::string& typeWord, const std::string& key,
+                                const std::string& name) const override;
 
 private:
     struct KeyState {
         std::vector<std::string> values;
         bool isList = false;
+    };
+    struct KeyEdit {
+        std::optional<KeyState> state = {}; ///< nothing for what is to be removed
+        bool spareLocked = false;           ///< only what turns out to bear no lock mark goes
+        std::optional<std::vector<std::string>> ifSays = {}; ///< only what turns out to say this goes
+    };
+    struct AttributeEdit {
+        std::optional<std::string> text; ///< nothing for what is to be removed, if it bears no lock mark
+        std::optional<std::string> ifSays;
     };
     using KeyName = std::pair<std::string, std::string>; // section path, key
     using KeyView = std::pair<std::string_view, std::string_view>;
@@ -77,9 +96,10 @@ private:
         bool operator()(const KeyView& a, const KeyView& b) const { return a < b; }
     };
     using GroupName = std::tuple<std::string, std::string, std::string>; // section path, type word, key
+    using KeyEdits = std::map<KeyName, KeyEdit, KeyLess>;
     // Nothing for what is to be removed.
-    using KeyEdits = std::map<KeyName, std::optional<KeyState>, KeyLess>;
     using GroupEdits = std::map<GroupName, std::optional<ConfigurationDocument::Attributes>>;
+    using AttributeEdits = std::map<GroupName, std::map<std::string, AttributeEdit>>;
 
     /// One that cannot be read may be as good as ever the next time.
     enum class FileState { missing, read, unchanged, damaged, unreadable };
@@ -87,7 +107,7 @@ private:
     /// @param complaint receives what is wrong with a file that is damaged or cannot be read.
     FileState readFile(std::string& bytes, std::optional<ConfigurationDocument>& document,
                        std::string& complaint) const;
-    void noteKey(const std::string& path, const std::string& key, std::optional<KeyState> state);
+    void noteKey(const std::string& path, const std::string& key, KeyEdit edit, bool isSaid);
     bool saysOfKey(const std::string& path, const std::string& key,
                    const std::optional<KeyState>& state) const;
     void noteGroup(const std::string& path, const std::string& typeWord, const std::string& key,
@@ -97,6 +117,7 @@ private:
     /// Refused texts are reported.
     bool canBeNamed(std::initializer_list<std::string_view> names) const;
     bool canBeText(const std::string& text) const;
+    void noteAttribute(GroupName group, const std::string& name, AttributeEdit edit, bool isSaid);
     void applyEdits(ConfigurationDocument& document) const;
     bool failed(const std::string& message) const;
 
@@ -107,6 +128,7 @@ private:
     ConfigurationDocument document_;
     KeyEdits keyEdits_;
     GroupEdits groupEdits_;
+    AttributeEdits attributeEdits_; ///< of no group that has an edit
     std::uint64_t revision_ = 0;
 };
 

@@ -26,6 +26,8 @@ constexpr const char* kAttribute = "attribute";
 constexpr const char* kName = "name";
 constexpr const char* kLocked = "locked";
 constexpr const char* kEmpty = "empty";
+constexpr const char* kReason = "reason";
+constexpr const char* kContact = "contact";
 
 struct FlagWord {
     std::string_view word;
@@ -66,6 +68,37 @@ std::string keyOf(const xmlNode* element) {
         return part;
     const std::string key(xml::attribute(element->parent, kName).value_or(""));
     return part.empty() ? key : key + ' ' + part;
+}
+
+/// The first attribute of that name in a group; null if there is none.
+xmlNode* attributeOf(const xmlNode* group, std::string_view name) {
+    xmlNode* item = group ? xml::firstChild(group, kAttribute) : nullptr;
+    while (item && xml::attribute(item, kName) != name)
+        item = xml::nextSibling(item, kAttribute);
+    return item;
+}
+
+/// The attributes of the same name behind one.
+void removeOthers(const xmlNode* item, std::string_view name) {
+    for (xmlNode* other = xml::nextSibling(item, kAttribute); other;) {
+        xmlNode* next = xml::nextSibling(other, kAttribute);
+        if (xml::attribute(other, kName) == name)
+            xml::removeElement(other);
+        other = next;
+    }
+}
+
+/// The words on a part, or else on what it is in, up to the section.
+Orv::LockNote noteFrom(const xmlNode* part) {
+    Orv::LockNote note;
+    for (const xmlNode* element = part; element && !xml::isElement(element, kRoot);
+         element = element->parent) {
+        if (note.reason.empty())
+            note.reason = xml::attribute(element, kReason).value_or("");
+        if (note.contact.empty())
+            note.contact = xml::attribute(element, kContact).value_or("");
+    }
+    return note;
 }
 
 // Reads a file from a stranger: nothing is fetched, and nothing is defined that could grow when it is
@@ -316,6 +349,71 @@ void ConfigurationDocument::removeGroup(const std::string& path, const std::stri
     remove(path, {type, key});
 }
 
+void ConfigurationDocument::writeAttribute(const std::string& path, const std::string& type,
+                                           const std::string& key, const std::string& name,
+                                           const std::string& text) {
+    xmlNode* group = obtain(path, type, key, kGroup);
+    xmlNode* item = attributeOf(group, name);
+    if (!item) {
+        item = xml::appendElement(group, kAttribute);
+        xml::setAttribute(item, kName, name);
+    }
+    removeOthers(item, name);
+    xml::writeText(item, text);
+    // Without a word, an empty text that is locked would be no text.
+    if (text.empty() && isLocked(item))
+        xml::setAttribute(item, kEmpty, "yes");
+    else
+        xml::removeAttribute(item, kEmpty);
+}
+
+void ConfigurationDocument::removeAttribute(const std::string& path, const std::string& type,
+                                            const std::string& key, const std::string& name) {
+    xmlNode* item = findAttribute(path, type, key, name);
+    if (!item)
+        return;
+    xmlNode* group = item->parent;
+    removeOthers(item, name);
+    xml::removeElement(item);
+    if (!isLocked(group) && !xml::hasContent(group))
+        remove(path, {type, key});
+}
+
+bool ConfigurationDocument::canWithdrawKey(const std::string& path, const std::string& key,
+                                           const Values* ifSays) const {
+    Values values;
+    std::vector<std::uint8_t> locks;
+    return readKey(path, key, values, locks) && !isKeyLocked(path, key) &&
+           std::ranges::find(locks, 1) == locks.end() && (!ifSays || values == *ifSays);
+}
+
+bool ConfigurationDocument::canWithdrawAttribute(const std::string& path, const std::string& type,
+                                                 const std::string& key, const std::string& name,
+                                                 const std::string* ifSays) const {
+    const xmlNode* item = findAttribute(path, type, key, name);
+    if (!item || isLocked(item) || isLocked(item->parent))
+        return false;
+    std::string text;
+    readText(item, text);
+    return !ifSays || text == *ifSays;
+}
+
+Orv::LockNote ConfigurationDocument::keyLockNote(const std::string& path, const std::string& key,
+                                                 std::size_t item) const {
+    const xmlNode* entry = find(path, {{}, key});
+    const xmlNode* part = entry ? xml::firstChild(entry, kItem) : nullptr;
+    for (std::size_t i = 0; part && i < item; ++i)
+        part = xml::nextSibling(part, kItem);
+    return noteFrom(part ? part : entry);
+}
+
+Orv::LockNote ConfigurationDocument::attributeLockNote(const std::string& path, const std::string& type,
+                                                       const std::string& key,
+                                                       const std::string& name) const {
+    const xmlNode* item = findAttribute(path, type, key, name);
+    return noteFrom(item ? item : find(path, {type, key}));
+}
+
 std::string ConfigurationDocument::serialise() const {
     if (!isWellWritten(tree_->encoding)) {
         xmlFree(const_cast<xmlChar*>(tree_->encoding));
@@ -385,6 +483,11 @@ const xmlNode* ConfigurationDocument::find(std::string_view path, const Name& na
         return nullptr;
     const auto found = here->entries.find(name);
     return found == here->entries.end() ? nullptr : found->second;
+}
+
+xmlNode* ConfigurationDocument::findAttribute(const std::string& path, const std::string& type,
+                                              const std::string& key, const std::string& name) const {
+    return attributeOf(find(path, {type, key}), name);
 }
 
 ConfigurationDocument::Section& ConfigurationDocument::obtainSection(const std::string& path) {

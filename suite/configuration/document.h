@@ -1,7 +1,10 @@
 #pragma once
 
+#include "orv/locknote.h"
+
 #include <libxml/tree.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -54,6 +57,11 @@ public:
     }
     /// True if a value or list is locked as a whole.
     bool isKeyLocked(const std::string& path, const std::string& key) const;
+    /// What stands beside a lock, from the part itself to the section; each word by itself, the nearest
+    /// counts.
+    Orv::LockNote keyLockNote(const std::string& path, const std::string& key, std::size_t item) const;
+    Orv::LockNote attributeLockNote(const std::string& path, const std::string& type, const std::string& key,
+                                    const std::string& name) const;
     Values keys(const std::string& path) const;
     Values groups(const std::string& path, const std::string& type) const;
 
@@ -65,6 +73,17 @@ public:
     void writeGroup(const std::string& path, const std::string& type, const std::string& key,
                     const Attributes& attributes);
     void removeGroup(const std::string& path, const std::string& type, const std::string& key);
+    /// All else in the group stays, lock marks included.
+    void writeAttribute(const std::string& path, const std::string& type, const std::string& key,
+                        const std::string& name, const std::string& text);
+
+    /// Whether something is there that bears no lock mark and, where `ifSays` is not null, says this.
+    bool canWithdrawKey(const std::string& path, const std::string& key, const Values* ifSays) const;
+    bool canWithdrawAttribute(const std::string& path, const std::string& type, const std::string& key,
+                              const std::string& name, const std::string* ifSays) const;
+    /// Takes an attribute out, and its group with it if nothing else is in there.
+    void removeAttribute(const std::string& path, const std::string& type, const std::string& key,
+                         const std::string& name);
 
     /// The text of the file. Empty if it could not be produced, which takes a lack of memory.
     std::string serialise() const;
@@ -106,6 +125,9 @@ private:
                     const char* element);
     void remove(const std::string& path, const Name& name);
     void removeDuplicates(Section& section, const Name& name);
+
+    xmlNode* findAttribute(const std::string& path, const std::string& type, const std::string& key,
+                           const std::string& name) const;
 
     void readText(const xmlNode* element, std::string& text) const;
     bool isLocked(const xmlNode* element) const;

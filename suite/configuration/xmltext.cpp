@@ -142,6 +142,14 @@ void removeAttribute(xmlNode* element, const char* name) {
     xmlUnsetProp(element, chars(name));
 }
 
+bool hasContent(const xmlNode* element) {
+    for (const xmlNode* child = element->children; child; child = child->next) {
+        if (!isBlank(child))
+            return true;
+    }
+    return false;
+}
+
 bool hasOwnText(const xmlNode* element) {
     for (const xmlNode* child = element->children; child; child = child->next) {
         const bool isText = child->type == XML_TEXT_NODE || child->type == XML_CDATA_SECTION_NODE;

@@ -29,6 +29,9 @@ void removeAttribute(xmlNode* element, const char* name);
 /// True if an element holds text outside of its child elements that is not blank.
 bool hasOwnText(const xmlNode* element);
 
+/// True if an element holds anything but blanks: elements, text, remarks.
+bool hasContent(const xmlNode* element);
+
 /// True if XML can carry the text: UTF-8 without most control characters.
 bool isCarried(std::string_view text);
 

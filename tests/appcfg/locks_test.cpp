@@ -133,19 +133,3 @@ TEST_F(Locks, AnAttributeMayBeLockedWithoutAValueOfItsOwn) {
     EXPECT_EQ(values("NET"), (Texts{"0", "1", "0x00ff00", "1", "0", "1"}));
     EXPECT_EQ(locks("NET"), (std::vector<std::uint8_t>{0, 0, 1, 0, 0, 0}));
 }
-
-TEST_F(Locks, LockedSingleValuesAreNotWrittenWhileLockedListsAndGroupsAre) {
-    writeLevel(installation.standard(), setting("GRID_HR", "100", true) +
-                                            list("Orvane/COLORS", "PRINTER", {"a"}, 1) +
-                                            object("NET", attribute("LINE_THICKNESS", "4"), true));
-    store.load();
-    store.setNumber("GRID_HR", 200.0F);
-    Orv::setValues(store, "PRINTER", {"x", "y"});
-    store.setGraphics("NET", 1, 1, 0, 1, 0, 9);
-    ASSERT_TRUE(store.save());
-    EXPECT_FALSE(testsupport::contains(userFile(), "GRID_HR"));
-    store.load();
-    EXPECT_TRUE(testsupport::contains(userFile(), "\"PRINTER\""));
-    EXPECT_TRUE(testsupport::contains(userFile(), "\"LINE_THICKNESS\""));
-    EXPECT_EQ(values("NET")[5], "4") << "what was written still does not count";
-}

@@ -94,6 +94,20 @@ TEST_F(Store, ASinkSeesTheOldValueAndANumberTheNew) {
                                               {"MRU_PROJECTS", 0.0F}}));
 }
 
+TEST_F(Store, ASinkThatReadsInsideTheNoticeOfNewDefaultsBringsNoOldNumberBack) {
+    store.load();
+    Texts seen;
+    Sink sink([&](const std::string& key) { seen = values(key); });
+    store.addSink(&sink);
+    store.setPropertyDefaults("UNDO_LEVEL", {"7"});
+    EXPECT_EQ(seen, Texts{"7"});
+    EXPECT_EQ(value("UNDO_LEVEL"), "7");
+    EXPECT_EQ(store.getNumber("UNDO_LEVEL"), 7.0F);
+    store.setPropertyDefaults("NET", {"0", "1", "0x0000ff", "1", "0", "1"});
+    EXPECT_EQ(values("NET"), seen);
+    EXPECT_EQ(graphics("NET"), (std::vector<int>{0, 1, 0xff0000, 1, 0, 1}));
+}
+
 TEST_F(Store, ALoadTellsOfEveryPropertyThatHasAValue) {
     store.load();
     Sink sink;
