@@ -1,7 +1,6 @@
 #include "details/widgets/wheelguard.h"
 
 #include <QtCore/QChildEvent>
-#include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QAbstractSpinBox>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
@@ -10,13 +9,9 @@ namespace ovsettings {
 
 namespace {
 
-/// The control that a wheel turn over `target` would work on; null for any other widget. Views get their
-/// wheel turns through the viewport.
-QWidget* controlUnderWheel(QWidget* target) {
-    if (qobject_cast<QAbstractSpinBox*>(target) || qobject_cast<QComboBox*>(target))
-        return target;
-    auto* view = qobject_cast<QAbstractItemView*>(target->parentWidget());
-    return view && view->viewport() == target ? view : nullptr;
+/// Whether a turn of the wheel over the control would change its value.
+bool isChangedByWheel(const QWidget& control) {
+    return qobject_cast<const QAbstractSpinBox*>(&control) || qobject_cast<const QComboBox*>(&control);
 }
 
 bool holdsFocus(const QWidget& control) {
@@ -26,7 +21,7 @@ bool holdsFocus(const QWidget& control) {
 
 class CWheelGuard : public QObject {
 public:
-    explicit CWheelGuard(QWidget& page) : QObject(&page), page_(page) { guard(page); }
+    explicit CWheelGuard(QWidget& page) : QObject(&page) { guard(page); }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() == QEvent::ChildPolished) {
@@ -47,21 +42,16 @@ private:
 
     void watch(QWidget& widget) {
         widget.installEventFilter(this);
-        if (QWidget* control = controlUnderWheel(&widget);
-            control && control->focusPolicy() == Qt::WheelFocus)
-            control->setFocusPolicy(Qt::StrongFocus);
+        if (widget.focusPolicy() == Qt::WheelFocus)
+            widget.setFocusPolicy(Qt::StrongFocus);
     }
 
-    bool refuses(QWidget& target, QEvent& event) const {
-        const QWidget* control = controlUnderWheel(&target);
-        // The open list of a combo box is a window of its own; nothing scrolls behind it.
-        if (!control || holdsFocus(*control) || control->window() != page_.window())
+    bool refuses(const QWidget& control, QEvent& event) const {
+        if (!isChangedByWheel(control) || holdsFocus(control))
             return false;
         event.ignore();
         return true;
     }
-
-    QWidget& page_;
 };
 
 } // namespace

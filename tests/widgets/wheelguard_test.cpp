@@ -59,10 +59,9 @@ protected:
         return combo;
     }
 
-    std::vector<int> state() const {
-        return {static_cast<int>(spin_->getValue()), combo_->currentIndex(),
-                list_->verticalScrollBar()->value()};
-    }
+    std::vector<int> state() const { return {static_cast<int>(spin_->getValue()), combo_->currentIndex()}; }
+    int scrolledPage() const { return area_.verticalScrollBar()->value(); }
+    int scrolledList() const { return list_->verticalScrollBar()->value(); }
 
     QScrollArea area_;
     QVBoxLayout* layout_;
@@ -75,31 +74,41 @@ protected:
 
 TEST_F(WheelGuard, ScrollsThePageOverAControlWithoutFocus) {
     const std::vector<int> before = state();
-    int scrolled = area_.verticalScrollBar()->value();
+    int scrolled = scrolledPage();
     const std::vector<QWidget*> targets{
-        spin_, spin_->findChild<QWidget*>(QStringLiteral("qt_spinbox_lineedit")), combo_, list_->viewport()};
+        spin_, spin_->findChild<QWidget*>(QStringLiteral("qt_spinbox_lineedit")), combo_};
     for (QWidget* target : targets) {
         turnWheelDown(*target);
         EXPECT_EQ(state(), before) << target->metaObject()->className();
-        EXPECT_GT(area_.verticalScrollBar()->value(), scrolled) << target->metaObject()->className();
-        scrolled = area_.verticalScrollBar()->value();
+        EXPECT_GT(scrolledPage(), scrolled) << target->metaObject()->className();
+        scrolled = scrolledPage();
     }
-    for (const QWidget* control :
-         {static_cast<QWidget*>(spin_), static_cast<QWidget*>(combo_), static_cast<QWidget*>(list_)})
-        EXPECT_EQ(control->focusPolicy(), Qt::StrongFocus);
+}
+
+TEST_F(WheelGuard, ScrollsAListWithoutFocusAlsoOverTheEditorOfACell) {
+    turnWheelDown(*list_->viewport());
+    const int scrolled = scrolledList();
+    EXPECT_GT(scrolled, 0);
+    auto* editor = addCombo();
+    list_->setItemWidget(list_->item(kRows / 2), editor);
+    turnWheelDown(*editor);
+    EXPECT_EQ(editor->currentIndex(), 0);
+    EXPECT_GT(scrolledList(), scrolled);
+    EXPECT_EQ(scrolledPage(), 0);
+    for (const QWidget* control : std::initializer_list<QWidget*>{spin_, combo_, list_, editor})
+        EXPECT_EQ(control->focusPolicy(), Qt::StrongFocus) << "the wheel gives nothing the focus";
 }
 
 TEST_F(WheelGuard, LeavesTheWheelToTheControlThatHasTheFocus) {
     const std::vector<int> before = state();
-    for (auto [control, target] :
-         {std::pair<QWidget*, QWidget*>{spin_, spin_}, {combo_, combo_}, {list_, list_->viewport()}}) {
+    for (QWidget* control : std::initializer_list<QWidget*>{spin_, combo_}) {
         control->setFocus();
-        turnWheelDown(*target);
+        turnWheelDown(*control);
     }
     const std::vector<int> after = state();
     for (std::size_t control = 0; control < before.size(); ++control)
         EXPECT_NE(after[control], before[control]) << control;
-    EXPECT_EQ(area_.verticalScrollBar()->value(), 0);
+    EXPECT_EQ(scrolledPage(), 0);
 }
 
 TEST_F(WheelGuard, GuardsAControlThatComesLater) {
@@ -107,5 +116,5 @@ TEST_F(WheelGuard, GuardsAControlThatComesLater) {
     late->show();
     turnWheelDown(*late);
     EXPECT_EQ(late->currentIndex(), 0);
-    EXPECT_GT(area_.verticalScrollBar()->value(), 0);
+    EXPECT_GT(scrolledPage(), 0);
 }
