@@ -1,5 +1,6 @@
 #include "details/widgets/lockmark.h"
 
+#include "details/widgets/grid/gridcellstyle.h"
 #include "details/widgets/stringconversion.h"
 #include "orv/appconfiguration.h"
 
@@ -38,6 +39,14 @@ void markLocked(QWidget& control, const Orv::iAppConfiguration& appConfig, const
                 lock(*label, toolTip);
         }
     }
+}
+
+bool isUsersToMend(const QWidget& control) {
+    return control.isEnabled();
+}
+
+bool isUsersToMend(const GridCellStyle& cell) {
+    return !cell.readOnly;
 }
 
 } // namespace ovsettings

@@ -12,6 +12,8 @@ class iAppConfiguration;
 
 namespace ovsettings {
 
+struct GridCellStyle;
+
 /// What a user is told of a locked field, as plain text: the directory that locks it.
 /// @param field index from 0.
 QString lockToolTip(const Orv::iAppConfiguration& appConfig, const std::string& key, std::size_t field = 0);
@@ -21,5 +23,10 @@ QString lockToolTip(const Orv::iAppConfiguration& appConfig, const std::string& 
 /// @param field index from 0.
 void markLocked(QWidget& control, const Orv::iAppConfiguration& appConfig, const std::string& key,
                 std::size_t field = 0);
+
+/// Whether a value may keep the user on a page until he has mended it. One that is locked is not his to mend,
+/// so the check of no page refuses it, whatever it is.
+bool isUsersToMend(const QWidget& control);
+bool isUsersToMend(const GridCellStyle& cell);
 
 } // namespace ovsettings

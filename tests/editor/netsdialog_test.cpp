@@ -5,6 +5,7 @@
 #include "details/pages/editor/griddialog.h"
 #include "details/pages/editor/metricsdialog.h"
 #include "details/pages/editor/newobjectdialog.h"
+#include "details/pages/editor/newsheetdialog.h"
 #include "details/pages/editor/panandzoomdialog.h"
 #include "details/pages/startup/runonstartupdialog.h"
 #include "details/widgets/decimalspinctrl.h"
@@ -94,13 +95,12 @@ TEST_F(NetsPage, ChoosesByKeyboardWithinOneGroup) {
     EXPECT_EQ(stored("LABEL_ON_SPLIT"), "1");
 }
 
-TEST_F(NetsPage, RefusesADistanceBeyondTheLimitsEvenIfLeftAloneOrLocked) {
+TEST_F(NetsPage, RefusesADistanceBeyondTheLimitsEvenIfLeftAlone) {
     struct {
         Entry entry;
         const char *unit, *message;
     } const rows[] = {
         {{"ADISTANCE_HR", "1270"}, "in", "Avoidance value should be between 0.01 and 10.00"},
-        {{"ADISTANCE_HR", "1270", true}, "in", "Avoidance value should be between 0.01 and 10.00"},
         {{"ADISTANCE_HR", "40"}, "cm", "Avoidance value should be between 0.00 and 1.00"},
         {{"ADISTANCE_HR", "5.08e+06"}, "th", "Avoidance value should be between 1.00 and 1000.00"},
     };
@@ -151,6 +151,24 @@ TEST_F(EditorPages, DefaultLengthsPassTheLimitsOfTheirPagesInEveryUnit) {
     check(open<ovsettings::CGridDialog>(), 0.1);
     check(open<CNetsDialog>(), 0.2);
     check(open<ovsettings::CNewObjectDialog>(), 0.1);
+}
+
+TEST_F(EditorPages, ALockedValueBeyondItsLimitsHoldsTheUserOnNoPage) {
+    const auto check = [](ovsettings::CPropDialogTemplate& page) {
+        EXPECT_TRUE(page.onLeave() && page.isValid() && page.onApply()) << page.metaObject()->className();
+    };
+    for (const char* length : {"0", "-254000", "1270", "5.08e+07"}) {
+        load({{"GRID_HR", length, true},
+              {"ADISTANCE_HR", length, true},
+              {"TEXTSIZE_HR", length, true},
+              {"SHEETSIZE", "10", true}});
+        Orv::setValues(appConfig_, "Z_SIZE_HR", {length, length});
+        check(open<ovsettings::CGridDialog>());
+        check(open<CNetsDialog>());
+        check(open<ovsettings::CNewObjectDialog>());
+        check(open<ovsettings::CNewSheetDialog>());
+        EXPECT_EQ(stored("GRID_HR"), length);
+    }
 }
 
 TEST_F(EditorPages, APageWithoutAWindowRefusesNothingAndWritesNothing) {

@@ -101,9 +101,8 @@ CMappingRow::~CMappingRow() = default;
 bool CMappingRow::validate() {
     const int width = getWidth();
     const GridCellLimits limits = CEditGrid::limits();
-    // One that is locked is not the user's to mend.
-    if (width == kClosed || isLocked(kObjectFields.width) ||
-        (width >= limits.minimum && width <= limits.maximum))
+    if (width == kClosed || (width >= limits.minimum && width <= limits.maximum) ||
+        !isUsersToMend(grid_.cellStyle(row_, kWidthColumn)))
         return true;
     showMessage(&grid_, limits.message);
     grid_.setCurrentCell(row_, kWidthColumn);

@@ -1,6 +1,7 @@
 #include "details/pages/editor/griddialog.h"
 
 #include "details/appcfg/unitglue.h"
+#include "details/widgets/lockmark.h"
 #include "details/widgets/messagebox.h"
 #include "ui_griddialog.h"
 
@@ -77,7 +78,7 @@ bool CGridDialog::checkSpacing() {
     // A spacing finer than the unit can show is accepted as it was stored, and refused when it is typed in.
     if (!control.isEdited() && value > 0)
         minimum = std::min(minimum, value);
-    if (value >= minimum && value <= maximum)
+    if ((value >= minimum && value <= maximum) || !isUsersToMend(control))
         return true;
 
     const int precision = Orv::Metrics::UnitTraits(spacing_->unit()).Precision();

@@ -1,5 +1,6 @@
 #include "details/pages/editor/netsdialog.h"
 
+#include "details/widgets/lockmark.h"
 #include "details/widgets/messagebox.h"
 #include "ui_netsdialog.h"
 
@@ -113,13 +114,12 @@ bool CNetsDialog::isModified() const {
     return bindings_.isModified();
 }
 
-/// A stored distance outside the limits is refused even if the user left it alone, or cannot change it. That
-/// is meant.
+/// A stored distance outside the limits is refused even if the user left it alone. That is meant.
 bool CNetsDialog::checkDistance() {
     if (!distance_)
         return true;
     CDecimalSpinCtrl& control = distance_->control();
-    if (control.isInRange())
+    if (control.isInRange() || !isUsersToMend(control))
         return true;
 
     double minimum = 0, maximum = 0, step = 0;

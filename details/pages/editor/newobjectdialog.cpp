@@ -1,5 +1,6 @@
 #include "details/pages/editor/newobjectdialog.h"
 
+#include "details/widgets/lockmark.h"
 #include "details/widgets/messagebox.h"
 #include "ui_newobjectdialog.h"
 
@@ -79,7 +80,7 @@ bool CNewObjectDialog::checkSize() {
     if (!size_)
         return true;
     CDecimalSpinCtrl& control = size_->control();
-    if (!control.isEdited() || control.isInRange())
+    if (!control.isEdited() || control.isInRange() || !isUsersToMend(control))
         return true;
 
     double minimum = 0, maximum = 0, step = 0;

@@ -85,7 +85,7 @@ bool CNewSheetDialog::onApply() {
         customSize().second = height_;
         Orv::setValues(*appConfig_, kCustomSizeKey, {Orv::lengthToText(width_), Orv::lengthToText(height_)});
     }
-    // What names no size stays as it is until the user chooses one.
+    // What names no size stays as it is until the user chooses one. That is meant.
     if (selected >= 0)
         Orv::setValue(*appConfig_, kSizeKey, Orv::integerToText(std::min(selected, kFirstBorder)));
     Orv::setValue(*appConfig_, kOrientationKey, flagText(orientation() == Orientation::portrait));
@@ -97,7 +97,8 @@ bool CNewSheetDialog::onApply() {
     return true;
 }
 
-/// The Borders page may have changed the list meanwhile. What the user has not stored yet stays.
+/// The Borders page may have changed the list meanwhile. It is built anew, yet what the user has not stored
+/// stays. That is meant.
 bool CNewSheetDialog::onEnter() {
     if (!isFilled())
         return true;
@@ -316,8 +317,7 @@ void CNewSheetDialog::restore(const State& state) {
     ui_->useFirstBorder->setChecked(state.usesFirstBorder);
 }
 
-/// What is checked is the text on show: a side below 1 is refused in every unit. That is meant. A side that
-/// is locked is not the user's to mend, and would keep him on the page.
+/// What is checked is the text on show: a side below 1 is refused in every unit. That is meant.
 bool CNewSheetDialog::checkSides() {
     return !isFilled() || (checkSide(*ui_->height, tr("Incorrect sheet height")) &&
                            checkSide(*ui_->width, tr("Incorrect sheet width")));
@@ -325,7 +325,7 @@ bool CNewSheetDialog::checkSides() {
 
 bool CNewSheetDialog::checkSide(QLineEdit& edit, const QString& message) {
     const int shown = Orv::integerFromText(toUtf8(edit.text()));
-    if ((shown >= kShortestSide && shown <= kLongestSide) || !edit.isEnabled())
+    if ((shown >= kShortestSide && shown <= kLongestSide) || !isUsersToMend(edit))
         return true;
     showMessage(&edit, message);
     edit.setFocus();
