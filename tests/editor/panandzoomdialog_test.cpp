@@ -122,6 +122,24 @@ TEST_F(PanAndZoomPage, DisablesTheButtonsOfALockedKeyAndNoOthers) {
     }
 }
 
+TEST_F(PanAndZoomPage, TheFocusComesBackFromTheMiddleButtonWithTheCheck) {
+    loadFlags("01010");
+    open<CPanAndZoomDialog>();
+    testsupport::activate(window_);
+    const std::function<void()> ways[] = {
+        [this] { QTest::keyClick(&button("&Right Button"), Qt::Key_Down); },
+        [this] { QTest::mouseClick(&button("&Middle Button"), Qt::LeftButton); },
+    };
+    for (const auto& toTheMiddle : ways) {
+        button("&Right Button").setFocus();
+        toTheMiddle();
+        EXPECT_TRUE(button("&Right Button").isChecked() && button("&Right Button").hasFocus());
+    }
+    button("&Right Button").setFocus();
+    QTest::keyClick(&button("&Right Button"), Qt::Key_Up);
+    EXPECT_TRUE(button("Strokes off").isChecked() && button("Strokes off").hasFocus());
+}
+
 TEST_F(PanAndZoomPage, ReachesEveryFreeButtonByKeyboard) {
     struct {
         const char* lockedKey;

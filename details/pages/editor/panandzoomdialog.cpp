@@ -6,6 +6,8 @@
 #include "details/widgets/radiobutton.h"
 #include "ui_panandzoomdialog.h"
 
+#include <QtGui/QFocusEvent>
+
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -49,6 +51,7 @@ bool CPanAndZoomDialog::buildTemplate() {
     ui_->setupUi(this);
     for (const QRadioButton* button : {ui_->sarnZoom, ui_->middleButton})
         connect(button, &QRadioButton::clicked, this, &CPanAndZoomDialog::keepMiddleButtonFree);
+    ui_->middleButton->installEventFilter(this);
     return true;
 }
 
@@ -122,8 +125,23 @@ void CPanAndZoomDialog::showStrokes() {
 }
 
 void CPanAndZoomDialog::keepMiddleButtonFree() {
-    if (ui_->sarnZoom->isChecked() && ui_->middleButton->isChecked())
-        checkRadioButton(*ui_->rightButton);
+    if (!ui_->sarnZoom->isChecked() || !ui_->middleButton->isChecked())
+        return;
+    checkRadioButton(*ui_->rightButton);
+    if (ui_->middleButton->hasFocus())
+        ui_->rightButton->setFocus();
+}
+
+/// An arrow key checks a button first and moves the focus to it then, when the check has been turned back.
+bool CPanAndZoomDialog::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != ui_->middleButton || event->type() != QEvent::FocusIn || ui_->middleButton->isChecked() ||
+        !ui_->sarnZoom->isChecked())
+        return CPage::eventFilter(watched, event);
+    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+    if (reason == Qt::MouseFocusReason) // the click that follows turns it back
+        return false;
+    ui_->rightButton->setFocus(reason);
+    return true;
 }
 
 CPanAndZoomDialog::Flags CPanAndZoomDialog::zoomFlags() const {

@@ -26,6 +26,7 @@ public:
     bool OnInitDialog() override;
     bool onApply() override;
     bool isModified() const override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     struct Flag {
