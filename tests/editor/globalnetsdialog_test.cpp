@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 
 TEST(GlobalNetsPage, KeepsWhatIsTypedAndStoresNothing) {
-    QWidget window;
+    QDialog window;
     ovsettings::CGlobalNetsDialog page(nullptr);
     page.createWindow(&window);
     page.show();
@@ -22,6 +22,15 @@ TEST(GlobalNetsPage, KeepsWhatIsTypedAndStoresNothing) {
     EXPECT_EQ(grid.widthOfColumn(1) + grid.widthOfColumn(2), grid.clientWidth());
 
     grid.setFocus();
+    grid.setCurrentIndex({});
+    QPushButton ok(&window);
+    ok.setDefault(true);
+    ok.show();
+    QObject::connect(&ok, &QPushButton::clicked, &window, &QDialog::accept);
+    QTest::keyClick(&grid, Qt::Key_Return);
+    EXPECT_TRUE(window.isVisible()) << "the key is the grid's";
+    EXPECT_EQ(grid.currentRow(), 1);
+    EXPECT_EQ(grid.currentColumn(), 1);
     for (const char* text : {"VCC", "+5V"}) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_F2);
         QTest::keyClicks(QApplication::focusWidget(), QLatin1String(text));

@@ -295,6 +295,12 @@ void CGridWnd::keyPressEvent(QKeyEvent* event) {
         event->accept();
         return;
     }
+    // Without a cell to work on, Enter would press the dialog's button.
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter && !currentIndex().isValid() && moveCurrent(true)) {
+        event->accept();
+        return;
+    }
     // A key that an open editor has no use for: only one that moves to another cell ends the edit.
     if (isEditing() && !movesCurrent(event->key())) {
         event->ignore();
