@@ -1,11 +1,7 @@
-// The row classes, those included that the page does not use.
-
 #include "details/pages/advanced/generalcheckbox.h"
 #include "details/pages/advanced/generalgrid.h"
-#include "details/pages/advanced/generallabel.h"
-#include "details/pages/advanced/generallorvikkeybindingscheckbox.h"
+#include "details/pages/advanced/generalrowcheckbox.h"
 #include "details/pages/advanced/generalrowedit.h"
-#include "details/pages/advanced/generalrowradio.h"
 #include "details/pages/advanced/generalrowunitvalueedit.h"
 #include "orv/appconfiguration.h"
 #include "tests/support/widgets.h"
@@ -94,38 +90,4 @@ TEST_F(GeneralRows, ChoicesAreSplitAtLineFeeds) {
     grid_.appendRow(std::move(row));
     EXPECT_EQ(grid_.cellStyle(1, 2).choices, (QStringList{"one", "two", ""}));
     EXPECT_EQ(stored(*grid_.rows().front()), "none of them");
-}
-
-TEST_F(GeneralRows, RadioGroupTakesThreeLinesAndALabelOne) {
-    auto radio = std::make_unique<CGeneralRowRadio>(grid_, "Mode");
-    radio->setDisplayValue("a");
-    radio->setDisplayValue("b");
-    radio->setCurrent(1);
-    radio->setHorizontal(true);
-    grid_.appendRow(std::move(radio));
-    auto& label = add<CGeneralLabel>("", "Heading");
-    EXPECT_EQ(grid_.rowCount(), 4);
-    EXPECT_EQ(grid_.cellText(4, 1).toStdString(), "Heading");
-    EXPECT_EQ(grid_.columnSpan(3, 0), 2);
-    EXPECT_EQ(stored(label), "untouched");
-    grid_.setCurrentCell(2, 1);
-    grid_.startEdit();
-    EXPECT_EQ(stored(*grid_.rows().front()), "0");
-}
-
-TEST_F(GeneralRows, KeyBindingsAreOneOfTwoScripts) {
-    struct {
-        const char *given, *shown, *stored;
-    } const rows[] = {
-        {"pdbindings.vbs", "0", "pdbindings.vbs"},
-        {"lorvik_wvo.vbs", "1", "lorvik_wvo.vbs"},
-        {"other.vbs", "1", "lorvik_wvo.vbs"},
-    };
-    for (const auto& sample : rows) {
-        auto row = std::make_unique<CGeneralLorvikKeyBindingsCheckBox>(grid_, "Keys");
-        row->setDisplayValue(sample.given);
-        grid_.appendRow(std::move(row));
-        EXPECT_EQ(grid_.rows().back()->valueText().toStdString(), sample.shown);
-        EXPECT_EQ(stored(*grid_.rows().back()), sample.stored);
-    }
 }

@@ -100,9 +100,15 @@ const ChoiceWritten* writtenFor(const ChoiceTable& table, const QString& shown) 
     return found == table.written.end() ? nullptr : &*found;
 }
 
-void writeChoice(const ChoiceTable& table, const ChoiceWritten& written, Orv::iAppConfiguration& appConfig) {
-    for (std::size_t at = 0; at < table.keys.size(); ++at)
+bool writeChoice(const ChoiceTable& table, const ChoiceWritten& written, Orv::iAppConfiguration& appConfig) {
+    bool holds = true;
+    for (std::size_t at = 0; at < table.keys.size(); ++at) {
         Orv::setValue(appConfig, table.keys[at], written.values[at]);
+        std::string stored;
+        Orv::getValue(appConfig, table.keys[at], stored);
+        holds = holds && stored == written.values[at];
+    }
+    return holds;
 }
 
 } // namespace ovsettings

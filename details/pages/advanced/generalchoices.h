@@ -51,6 +51,7 @@ QString choiceCaption(const char* text);
 QString shownChoice(const ChoiceTable& table, const Orv::iAppConfiguration& appConfig);
 /// What to write for the text that is on show; null if it is no choice, and then nothing is written.
 const ChoiceWritten* writtenFor(const ChoiceTable& table, const QString& shown);
-void writeChoice(const ChoiceTable& table, const ChoiceWritten& written, Orv::iAppConfiguration& appConfig);
+/// @return false if the store holds another value afterwards: a key is locked.
+bool writeChoice(const ChoiceTable& table, const ChoiceWritten& written, Orv::iAppConfiguration& appConfig);
 
 } // namespace ovsettings

@@ -44,10 +44,12 @@ bool CGeneralDialog::OnInitDialog() {
 }
 
 bool CGeneralDialog::onApply() {
-    if (grid_) {
-        for (const auto& row : grid_->rows())
-            storeRow(*row);
-    }
+    if (!grid_)
+        return true;
+    if (!grid_->endEdit())
+        return false;
+    for (const auto& row : grid_->rows())
+        storeRow(*row);
     return true;
 }
 
@@ -83,8 +85,12 @@ void CGeneralDialog::storeRow(CGeneralRow& row) {
     const ChoiceTable* table = choiceTableOf(row.getKey());
     if (!table)
         return;
-    if (const ChoiceWritten* written = writtenFor(*table, toQString(text)))
-        writeChoice(*table, *written, *appConfig_);
+    const ChoiceWritten* written = writtenFor(*table, toQString(text));
+    if (!written)
+        return;
+    // What is locked need not look so: then the row goes back to what the store has kept.
+    if (!writeChoice(*table, *written, *appConfig_))
+        row.setValueText(shownChoice(*table, *appConfig_));
 }
 
 } // namespace ovsettings

@@ -63,6 +63,10 @@ void CGeneralRow::setValueText(const QString& text) {
     grid_.setCellText(static_cast<int>(rowIndex_), kValueColumn, text);
 }
 
+bool CGeneralRow::isValueEdited() const {
+    return grid_.isCellEdited(static_cast<int>(rowIndex_), kValueColumn);
+}
+
 void CGeneralRow::refuseValue(const QString& message) {
     showMessage(&grid_, message);
     grid_.setCurrentCell(static_cast<int>(rowIndex_), kValueColumn);

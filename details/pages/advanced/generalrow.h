@@ -38,6 +38,7 @@ public:
     virtual bool validate();
     /// The text of the value cell, as it is on show.
     QString valueText() const;
+    void setValueText(const QString& text);
 
 protected:
     static constexpr int kCaptionColumn = 1;
@@ -53,7 +54,8 @@ protected:
     /// Sets the style of the value cell. A locked one is read-only, looks locked together with its caption,
     /// and says who locks it.
     void showValueStyle(GridCellStyle style, bool locked);
-    void setValueText(const QString& text);
+    /// Whether the user has entered a value since one was last put on show.
+    bool isValueEdited() const;
     /// Says what is wrong with the value and goes to its cell.
     void refuseValue(const QString& message);
 

@@ -32,9 +32,10 @@ unsigned CGeneralRowUnitValueEdit::init(unsigned rowIndex) {
 }
 
 void CGeneralRowUnitValueEdit::store(std::string& text) {
-    shown_ = length();
-    text = Orv::lengthToText(shown_);
+    const long stored = length();
+    text = Orv::lengthToText(stored);
     writeKey(text);
+    showLength(stored);
 }
 
 void CGeneralRowUnitValueEdit::setDisplayValue(const std::string& text) {
@@ -72,8 +73,7 @@ void CGeneralRowUnitValueEdit::showLength(long length) {
 /// A text that the user left alone stands for the length it was made from, not for its own few decimals:
 /// otherwise looking at an eighth of an inch would store twelve hundredths.
 long CGeneralRowUnitValueEdit::length() const {
-    const QString text = valueText();
-    return text == lengthText(shown_) ? shown_ : Orv::fromDisplay(numberFromTyped(text), unit_);
+    return isValueEdited() ? Orv::fromDisplay(numberFromTyped(valueText()), unit_) : shown_;
 }
 
 QString CGeneralRowUnitValueEdit::lengthText(long length) const {

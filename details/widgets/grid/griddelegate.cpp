@@ -184,7 +184,7 @@ void drawChoices(QPainter& painter, const QStyleOptionViewItem& cell, const CGri
 
 } // namespace
 
-CGridDelegate::CGridDelegate(CGridWnd& grid, const CGridModel& model)
+CGridDelegate::CGridDelegate(CGridWnd& grid, CGridModel& model)
     : QStyledItemDelegate(&grid), grid_(grid), model_(model) {
 }
 
@@ -261,6 +261,11 @@ QString CGridDelegate::editorText() const {
     return inOneLine(list->currentText());
 }
 
+bool CGridDelegate::isEditorTouched() const {
+    const auto* edit = qobject_cast<QLineEdit*>(editor_.data());
+    return (edit && edit->isModified()) || editorText() != model_.cell(edited_).text;
+}
+
 void CGridDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
     const QString text = model_.cell(index).text;
     if (auto* edit = qobject_cast<QLineEdit*>(editor))
@@ -278,6 +283,8 @@ void CGridDelegate::setModelData(QWidget*, QAbstractItemModel* model, const QMod
     const QString text = editorText();
     if (text != model_.cell(index).text)
         model->setData(index, text, Qt::EditRole);
+    else if (isEditorTouched())
+        model_.markEdited(index);
 }
 
 void CGridDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,

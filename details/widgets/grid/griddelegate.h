@@ -18,13 +18,15 @@ class CGridDelegate : public QStyledItemDelegate {
 
 public:
     /// @param grid the view and parent; @param model its cells.
-    CGridDelegate(CGridWnd& grid, const CGridModel& model);
+    CGridDelegate(CGridWnd& grid, CGridModel& model);
 
     /// The open editor, null if there is none, and its cell.
     QWidget* editor() const { return editor_; }
     QModelIndex editedIndex() const { return edited_; }
     /// What the editor would give its cell.
     QString editorText() const;
+    /// Whether the user has entered anything in the editor; the text that its cell has already counts.
+    bool isEditorTouched() const;
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
@@ -46,7 +48,7 @@ private:
     bool handleEditorKey(const QKeyEvent& event);
 
     CGridWnd& grid_;
-    const CGridModel& model_;
+    CGridModel& model_;
     // The interface makes and destroys editors in constant functions.
     mutable QPointer<QWidget> editor_;
     mutable QPersistentModelIndex edited_;

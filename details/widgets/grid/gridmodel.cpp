@@ -49,6 +49,10 @@ const CGridModel::Cell& CGridModel::cell(const QModelIndex& index) const {
     return rows_[static_cast<std::size_t>(index.row())][static_cast<std::size_t>(index.column())];
 }
 
+CGridModel::Cell& CGridModel::cellAt(const QModelIndex& index) {
+    return rows_[static_cast<std::size_t>(index.row())][static_cast<std::size_t>(index.column())];
+}
+
 QVariant CGridModel::data(const QModelIndex& index, int role) const {
     const Cell& shown = cell(index);
     switch (role) {
@@ -112,6 +116,7 @@ bool CGridModel::setData(const QModelIndex& index, const QVariant& value, int ro
         return false;
     const bool checked = role == Qt::CheckStateRole && value.toInt() == Qt::Checked;
     setText(index, role == Qt::EditRole ? value.toString() : QString::number(checked ? 1 : 0));
+    markEdited(index);
     Q_EMIT edited(index);
     return true;
 }
@@ -176,14 +181,21 @@ void CGridModel::setColumnCount(int count) {
 void CGridModel::setText(const QModelIndex& index, const QString& text) {
     if (!index.isValid())
         return;
-    rows_[static_cast<std::size_t>(index.row())][static_cast<std::size_t>(index.column())].text = text;
+    Cell& cell = cellAt(index);
+    cell.text = text;
+    cell.edited = false;
     Q_EMIT dataChanged(index, index);
+}
+
+void CGridModel::markEdited(const QModelIndex& index) {
+    if (index.isValid())
+        cellAt(index).edited = true;
 }
 
 void CGridModel::setStyle(const QModelIndex& index, const GridCellStyle& style) {
     if (!index.isValid())
         return;
-    rows_[static_cast<std::size_t>(index.row())][static_cast<std::size_t>(index.column())].style = style;
+    cellAt(index).style = style;
     Q_EMIT dataChanged(index, index);
 }
 

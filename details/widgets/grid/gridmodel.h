@@ -17,6 +17,7 @@ public:
     struct Cell {
         QString text;
         GridCellStyle style;
+        bool edited = false; ///< by the user, since the program last set the text
     };
 
     using QAbstractTableModel::QAbstractTableModel;
@@ -36,6 +37,8 @@ public:
     /// An index that is none names an empty cell, which nothing is written to.
     const Cell& cell(const QModelIndex& index) const;
     void setText(const QModelIndex& index, const QString& text);
+    /// The user entered the text that the cell has already.
+    void markEdited(const QModelIndex& index);
     void setStyle(const QModelIndex& index, const GridCellStyle& style);
     QString header(int column) const;
     void setHeader(int column, const QString& text);
@@ -48,6 +51,7 @@ Q_SIGNALS:
     void edited(const QModelIndex& index);
 
 private:
+    Cell& cellAt(const QModelIndex& index);
     QString spokenValue(const Cell& cell) const;
 
     std::vector<std::vector<Cell>> rows_;

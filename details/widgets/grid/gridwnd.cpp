@@ -91,6 +91,12 @@ QString CGridWnd::cellText(int row, int column) const {
                                                             : model_->cell(index).text;
 }
 
+bool CGridWnd::isCellEdited(int row, int column) const {
+    const QModelIndex index = indexOf(row, column);
+    return model_->cell(index).edited ||
+           (isEditing() && index == delegate_->editedIndex() && delegate_->isEditorTouched());
+}
+
 void CGridWnd::setCellStyle(int row, int column, const GridCellStyle& style) {
     model_->setStyle(indexOf(row, column), style);
     fitRowHeight(row, style);

@@ -38,6 +38,8 @@ public:
     void setCellText(int row, int column, const QString& text);
     /// The text of a cell as it is on show: while the cell is edited, that of the editor.
     QString cellText(int row, int column) const;
+    /// True once the user has given a cell a text, be it the one that was there, since the program last did.
+    bool isCellEdited(int row, int column) const;
     void setCellStyle(int row, int column, const GridCellStyle& style);
     GridCellStyle cellStyle(int row, int column) const;
     /// Makes a cell take up the place of `columns` cells of its row.
