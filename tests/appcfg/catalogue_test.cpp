@@ -25,6 +25,23 @@ TEST_F(Catalogue, OnlyTheExactKeyIsFound) {
         EXPECT_EQ(iAppConfiguration::kindOf(text), 0) << text;
 }
 
+TEST_F(Catalogue, EveryKeyIsReadAndWrittenWhereAFileHasItsKind) {
+    const std::string everyKey = testsupport::readFile(OV_EVERY_KEY);
+    testsupport::writeFile(installation.user() / "orvane.xml", everyKey);
+    ASSERT_TRUE(store.load());
+    std::vector<Property> inFile;
+    for (const std::string& key : store.keys()) {
+        inFile.push_back(read(key));
+        EXPECT_EQ(store.valueDirectory(key, 0), installation.user().string()) << key;
+    }
+    std::filesystem::remove(installation.user() / "orvane.xml");
+    ASSERT_TRUE(store.load());
+    for (const Property& property : inFile)
+        store.setProperty(property);
+    ASSERT_TRUE(store.save());
+    EXPECT_TRUE(userFile() == everyKey) << userFile();
+}
+
 TEST_F(Catalogue, WithoutConfigurationsEveryValueIsItsUnlockedDefault) {
     ASSERT_TRUE(store.load());
     ASSERT_EQ(store.keys().size(), 255U);

@@ -1,6 +1,5 @@
 #include "details/widgets/colorbutton.h"
 #include "details/widgets/colorchangeobserver.h"
-#include "details/widgets/colorcombobox.h"
 #include "details/widgets/colorlistbox.h"
 #include "details/widgets/grid/gridwnd.h"
 #include "details/widgets/ownseccolorwell.h"
@@ -149,24 +148,4 @@ TEST(ColorLists, DrawSelectionAndFocusInTheColorOfTheItem) {
             << row.row << ' ' << row.inset;
     }
     EXPECT_EQ(list.visualItemRect(list.item(0)).height(), list.fontMetrics().height());
-}
-
-TEST(ColorLists, KeepTheirOrderWhenSorted) {
-    ovsettings::CColorListBox list;
-    ovsettings::CColorComboBox box;
-    for (const int color : {kBlue, kRed, kGreen}) {
-        list.addColor(color);
-        box.addColor(color);
-    }
-    for (const Qt::SortOrder order : {Qt::AscendingOrder, Qt::DescendingOrder}) {
-        list.sortItems(order);
-        box.model()->sort(0, order);
-        for (int i = 0; i < 3; ++i) {
-            const int expected[] = {kBlue, kRed, kGreen};
-            EXPECT_EQ(list.color(i), expected[i]);
-            EXPECT_EQ(box.color(i), expected[i]);
-        }
-    }
-    box.resize(box.sizeHint());
-    EXPECT_EQ(box.grab().toImage().pixelColor(box.width() / 3, box.height() / 2), QColor(Qt::blue));
 }

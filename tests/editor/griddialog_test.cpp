@@ -58,6 +58,10 @@ TEST_F(GridPage, RefusesASpacingBeyondTheLimitsOfTheUnit) {
         EXPECT_EQ(stored("GRIDON"), before) << "a refused page writes nothing";
         EXPECT_EQ(spacing().text().toStdString(), row.typed);
     }
+    for (const char* limit : {"10", "0.01"}) {
+        type(spacing(), limit);
+        EXPECT_TRUE(page_->onApply()) << limit;
+    }
 }
 
 TEST_F(GridPage, AcceptsASpacingFinerThanTheUnitOnlyIfItWasStoredSo) {

@@ -49,6 +49,7 @@ TEST_F(UnitsPage, AsksOnLeavingAndIsLeftEitherWay) {
         EXPECT_EQ(text, "Do you want to save the changes you've made in this page?");
         EXPECT_EQ(title, "Metrics");
         EXPECT_EQ(stored("UNIT"), yes ? "cm" : "in");
+        EXPECT_TRUE(!yes || page.onLeave()) << "what is stored is not asked about again";
         // Stored or not, the host has not been told before the commit.
         EXPECT_TRUE(page.isModified());
         EXPECT_TRUE(page.onApply());

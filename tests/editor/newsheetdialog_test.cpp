@@ -87,10 +87,15 @@ TEST_F(NewSheetsPage, OffersEachBorderWhoseNameHoldsASizeOnce) {
 
 TEST_F(NewSheetsPage, ReadsTheSizeInInchesOutOfABordersNameHoweverOddItIs) {
     const struct {
-        const char *name, *inMillimetres;
+        const char *name, *shown;
         Texts stored; ///< none where the sides are refused
+        const char* unit = "mm";
     } rows[] = {
         {"34x22SHEET", "864.00 x 559.00", {"86360000", "55880000"}},
+        // To whole millimetres in every unit but inches, whatever it shows.
+        {"34x22SHEET", "86.400 x 55.900", {"86360000", "55880000"}, "cm"},
+        {"34x22SHEET", "34016 x 22008", {"86360000", "55880000"}, "th"},
+        {"34x22SHEET", "34.00 x 22.00", {"86360000", "55880000"}, "in"},
         {"8.9x 11cSHEET", "203.00 x 279.00", {"20320000", "27940000"}},
         {"1e30x1SHEET", "25.00 x 25.00", {"2540000", "2540000"}},
         {"1x-1SHEET1", "25.00 x -25.00", {}},
@@ -101,10 +106,10 @@ TEST_F(NewSheetsPage, ReadsTheSizeInInchesOutOfABordersNameHoweverOddItIs) {
         {"9999999999999999999x-9999999999999999999SHEET", "92233720368547.00 x -92233720368547.00", {}},
     };
     for (const auto& row : rows) {
-        load({{"UNIT", "mm"}, {"SHEETSIZE", "1"}});
+        load({{"UNIT", row.unit}, {"SHEETSIZE", "1"}});
         CNewSheetDialog& page = openWith({row.name});
         size().setCurrentIndex(10);
-        EXPECT_EQ((width().text() + " x " + height().text()).toStdString(), row.inMillimetres) << row.name;
+        EXPECT_EQ((width().text() + " x " + height().text()).toStdString(), row.shown) << row.name;
         if (!row.stored.empty()) {
             EXPECT_TRUE(page.onApply());
             EXPECT_EQ(storedSides(), row.stored) << row.name;
