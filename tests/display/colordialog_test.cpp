@@ -83,6 +83,12 @@ TEST_F(ColorPage, ShowsNumbersAndColorsOfThePaletteInEightRows) {
         }
     }
     EXPECT_TRUE(find<QRadioButton>(window_, "Screen")->isChecked());
+
+    const int id = 4 * grid().fontMetrics().averageCharWidth();
+    const int colors = grid().clientWidth() - 2 * id - 5;
+    const int widths[] = {id, colors / 2, id, colors - colors / 2};
+    for (int column = 1; column <= 4; ++column)
+        EXPECT_EQ(grid().widthOfColumn(column), widths[column - 1]) << column;
 }
 
 TEST_F(ColorPage, EditsAnotherEntryByEnterThanByAClickAtTheSamePlace) {
@@ -175,6 +181,7 @@ TEST_F(ColorPage, StoresAndExportsNothingSinceNoSchemeCanBeSelected) {
     CColorDialog& page = openPage();
     chooseNext(Qt::red);
     clickCell(1, 2);
+    EXPECT_FALSE(page.isModified()) << "no host is told of this page";
     const auto screen = stored("SCREEN"), printer = stored("PRINTER");
     writeFile(installation_.user() / "calm.scm", "SCHEME calm\nSCREEN_COLOR 1 255\n");
     chooseFile(installation_.user() / "calm.scm", "Load Color Scheme");

@@ -5,6 +5,7 @@
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QColorDialog>
+#include <QtWidgets/QHeaderView>
 
 namespace ovsettings {
 
@@ -81,6 +82,8 @@ CColorsGrid::CColorsGrid(QWidget* parent) : CGridWnd(parent) {
     // A selection would lie over the colour of its cell.
     setSelectionMode(NoSelection);
     showHeaders(true, false);
+    // The least width of the style is more than a column of numbers has.
+    horizontalHeader()->setMinimumSectionSize(1);
 }
 
 void CColorsGrid::onInitialUpdate() {
