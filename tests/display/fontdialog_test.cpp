@@ -6,6 +6,9 @@
 #include "tests/display/displaypages.h"
 
 #include <QtWidgets/QFontDialog>
+#include <QtWidgets/QListView>
+
+#include <algorithm>
 
 using ovsettings::CFontDialog;
 using ovsettings::CFontsGrid;
@@ -85,28 +88,57 @@ TEST_F(FontPage, StoresTheChosenFontWhicheverWayTheChooserIsOpened) {
         font.setStyleName("Bold");
         font.setStrikeOut(true);
         choose(font, &start);
+        EXPECT_FALSE(page.isModified());
         open_();
+        EXPECT_TRUE(page.isModified());
         EXPECT_EQ(start.family(), "DejaVu Sans");
         EXPECT_TRUE(start.underline() && !start.strikeOut() && !start.italic() && !start.bold());
         EXPECT_EQ(shown(7), "DejaVu Sans Mono Bold Strikeout");
         EXPECT_TRUE(page.onOk());
+        EXPECT_FALSE(page.isModified());
         EXPECT_EQ(stored("SCRIPT"), (Texts{"DejaVu Sans Mono", "Bold", "700", "1", "0", "0", "1", "1"}));
         EXPECT_EQ(stored("FIXED"), Texts(8, "0")) << "a font that is not mapped stays as it was";
     }
 }
 
-TEST_F(FontPage, AFaceThatThisMachineLacksStaysUnlessAnotherIsChosen) {
-    const Texts mapped{"No Such Face", "Book", "400", "128", "0", "0", "0", "0"};
-    for (const auto& end : {&QDialog::accept, &QDialog::reject}) {
+TEST_F(FontPage, AFaceThatThisMachineLacksStaysWithItsStyleUntilAnotherIsChosen) {
+    const QString offered = QFontDialog(QFont("No Such Face")).currentFont().family();
+    Texts mapped{"No Such Face", "Black Oblique", "900", "128", "1", "0", "0", "1"}, underlined = mapped;
+    underlined[5] = "1";
+    const std::pair<std::function<void(QFontDialog&)>, Texts> rows[] = {
+        {[](QFontDialog& chooser) { chooser.reject(); }, mapped},
+        {[](QFontDialog& chooser) { chooser.accept(); }, mapped},
+        {[](QFontDialog& chooser) {
+             EXPECT_EQ(chooser.findChild<QLineEdit*>()->text(), "No Such Face");
+             find<QCheckBox>(chooser, "Underline")->click();
+             chooser.accept();
+         },
+         underlined},
+        {[&](QFontDialog& chooser) {
+             auto& faces = *chooser.findChild<QListView*>();
+             const auto names = textsOf(faces);
+             clickCell(faces,
+                       static_cast<int>(std::ranges::find(names, offered.toStdString()) - names.begin()) + 1,
+                       1);
+             chooser.accept();
+         },
+         {offered.toStdString()}},
+    };
+    for (const auto& [answer, expected] : rows) {
         load();
         Orv::setValues(appConfig_, "SCRIPT", mapped);
         CFontDialog& page = open<CFontDialog>();
         click(7, 2);
-        whenDialog([end](QDialog& dialog) { (dialog.*end)(); });
+        whenDialog([&](QDialog& dialog) { answer(dynamic_cast<QFontDialog&>(dialog)); });
         button("Edit mapping").click();
+        EXPECT_EQ(page.isModified(), expected != mapped);
         EXPECT_TRUE(page.onApply());
-        EXPECT_EQ(stored("SCRIPT").at(0), "No Such Face");
-        EXPECT_EQ(stored("SCRIPT").at(3), "128");
+        Texts kept = stored("SCRIPT");
+        if (expected.size() == 1) {
+            EXPECT_EQ(kept[3], "1") << "the character set of the face that was given up goes with it";
+            kept.resize(1);
+        }
+        EXPECT_EQ(kept, expected);
     }
 }
 
@@ -122,6 +154,7 @@ TEST_F(FontPage, ForgetsAFaceByTheButtonButNotByTheDeleteKey) {
     QTest::keyClick(&grid(), Qt::Key_Delete);
     EXPECT_EQ(shown(2), "");
     EXPECT_TRUE(grid().cellStyle(2, 2).toolTip.isEmpty());
+    EXPECT_FALSE(page->isModified()) << "the mapping is still there";
     EXPECT_TRUE(page->onApply());
     EXPECT_EQ(stored("ROMAN"), mapped);
 
@@ -130,6 +163,7 @@ TEST_F(FontPage, ForgetsAFaceByTheButtonButNotByTheDeleteKey) {
     click(2, 2);
     QTest::mouseClick(&button("Remove mapping"), Qt::LeftButton);
     EXPECT_EQ(shown(2), "");
+    EXPECT_TRUE(page->isModified());
     EXPECT_TRUE(page->onApply());
     EXPECT_EQ(stored("ROMAN"), (Texts{"", "Bold", "700", "1", "0", "0", "0", "1"}));
     open<CFontDialog>();
@@ -166,6 +200,7 @@ TEST_F(FontPage, WritesAScaleFactorAsItStandsIfItBeginsWithAPositiveNumber) {
         factor.setFocus();
         type(factor, typed);
         grid().setFocus();
+        EXPECT_EQ(page.isModified(), stored("SCALEFACTOR") != Texts{expected}) << typed;
         EXPECT_TRUE(page.onApply());
         EXPECT_EQ(stored("SCALEFACTOR"), Texts{expected}) << typed;
     }

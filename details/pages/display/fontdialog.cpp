@@ -2,11 +2,10 @@
 
 #include "details/appcfg/appcfg.h"
 #include "details/appcfg/numbers.h"
+#include "details/pages/display/fontchooser.h"
 #include "details/widgets/lockmark.h"
 #include "details/widgets/stringconversion.h"
 #include "ui_fontdialog.h"
-
-#include <QtWidgets/QFontDialog>
 
 namespace ovsettings {
 
@@ -54,26 +53,37 @@ bool CFontDialog::onApply() {
     if (!appConfig_) // opened without a configuration: there is nothing to store
         return true;
     ui_->grid->storeRows();
-    // A text is kept as it was typed if it begins with a factor; another one is dropped without a word.
-    // One that the field cannot show is none that was typed, and is kept to the byte.
-    const QString text = ui_->scaleFactor->text();
-    const std::string factor = text == toQString(factor_) ? factor_ : toUtf8(text);
-    if (Orv::doubleFromText(factor) > 0)
+    const std::string factor = typedFactor();
+    if (Orv::doubleFromText(factor) > 0) {
         Orv::setValue(*appConfig_, kScaleFactorKey, factor);
+        factor_ = factor;
+    }
     return true;
+}
+
+bool CFontDialog::isModified() const {
+    const std::string factor = typedFactor();
+    return ui_->grid->isModified() || (factor != factor_ && Orv::doubleFromText(factor) > 0);
+}
+
+/// A text is kept as it was typed if it begins with a factor; another one is dropped without a word. One that
+/// the field cannot show is none that was typed, and is kept to the byte.
+std::string CFontDialog::typedFactor() const {
+    const QString text = ui_->scaleFactor->text();
+    return text == toQString(factor_) ? factor_ : toUtf8(text);
 }
 
 void CFontDialog::editMapping() {
     CFontMapRow* row = ui_->grid->currentMapRow();
     if (!row)
         return;
-    QFontDialog chooser(row->description(), this);
-    chooser.setOption(QFontDialog::DontUseNativeDialog);
-    chooser.setWindowTitle(tr("Edit mapping"));
-    const QString offeredFace = chooser.currentFont().family();
+    CFontChooser chooser(row->description(), row->mappedFace(), this);
     if (chooser.exec() != QDialog::Accepted || chooser.selectedFont().family().isEmpty())
         return;
-    row->take(chooser.selectedFont(), offeredFace);
+    if (chooser.hasFace())
+        row->take(chooser.selectedFont());
+    else
+        row->takeEffects(chooser.selectedFont());
 }
 
 void CFontDialog::removeMapping() {

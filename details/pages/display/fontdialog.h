@@ -23,6 +23,7 @@ public:
     bool buildTemplate() override;
     bool OnInitDialog() override;
     bool onApply() override;
+    bool isModified() const override;
 
     /// Lets the user choose a screen font for the grid's current row; without one it does nothing.
     virtual void editMapping();
@@ -31,6 +32,7 @@ public:
 
 private:
     void followRow();
+    std::string typedFactor() const;
 
     std::unique_ptr<Ui::CFontDialog> ui_;
     std::string factor_; ///< as it is stored

@@ -65,32 +65,39 @@ CFontMapRow::CFontMapRow(CFontsGrid& grid, int row, std::string key, std::string
 
 void CFontMapRow::load() {
     showLock();
+    const bool isWhole = readMapping();
+    unchanged_ = mapping_;
+    if (isWhole)
+        show();
+}
+
+bool CFontMapRow::readMapping() {
     std::vector<std::string> values;
     Orv::getValues(configuration_, key_, values);
     if (values.size() <= faceField)
-        return;
-    face_ = values[faceField];
-    if (face_ != kNotMapped) {
-        if (values.size() <= styleField)
-            return;
-        style_ = values[styleField];
-        if (values.size() <= weightField)
-            return;
-        weight_ = Orv::integerFromText(values[weightField]);
-        if (values.size() <= charsetField)
-            return;
-        charset_ = Orv::integerFromText(values[charsetField]);
-        for (const FlagField& field : kFlagFields) {
-            if (values.size() <= field.field)
-                return;
-            if (values[field.field] == "1")
-                flags_ |= field.flag;
-        }
+        return false;
+    mapping_.face = values[faceField];
+    if (mapping_.face == kNotMapped)
+        return true;
+    if (values.size() <= styleField)
+        return false;
+    mapping_.style = values[styleField];
+    if (values.size() <= weightField)
+        return false;
+    mapping_.weight = Orv::integerFromText(values[weightField]);
+    if (values.size() <= charsetField)
+        return false;
+    mapping_.charset = Orv::integerFromText(values[charsetField]);
+    for (const FlagField& field : kFlagFields) {
+        if (values.size() <= field.field)
+            return false;
+        if (values[field.field] == "1")
+            mapping_.flags |= field.flag;
     }
-    show();
+    return true;
 }
 
-void CFontMapRow::store() const {
+void CFontMapRow::store() {
     Orv::iAppConfiguration::Property property(key_);
     if (!configuration_.getProperty(property))
         return;
@@ -98,51 +105,64 @@ void CFontMapRow::store() const {
         if (field < property.values.size())
             property.values[field] = text;
     };
-    set(faceField, face_);
-    if (isMapped(face_)) {
-        set(styleField, style_);
-        set(weightField, std::to_string(weight_));
-        set(charsetField, std::to_string(charset_));
+    set(faceField, mapping_.face);
+    if (isMapped(mapping_.face)) {
+        set(styleField, mapping_.style);
+        set(weightField, std::to_string(mapping_.weight));
+        set(charsetField, std::to_string(mapping_.charset));
         for (const FlagField& field : kFlagFields)
-            set(field.field, flags_ & field.flag ? "1" : "0");
+            set(field.field, mapping_.flags & field.flag ? "1" : "0");
     }
     configuration_.setProperty(property);
+    unchanged_ = mapping_;
 }
 
 QFont CFontMapRow::description() const {
     QFont font;
-    if (isMapped(face_))
-        font.setFamily(toQString(face_));
+    if (isMapped(mapping_.face))
+        font.setFamily(toQString(mapping_.face));
     font.setPixelSize(kHeight);
     // Without a weight of its own a font has the usual one.
-    font.setWeight(weight_ > 0 ? static_cast<QFont::Weight>(std::min(weight_, kHeaviest)) : QFont::Normal);
-    font.setItalic(flags_ & kItalic);
-    font.setUnderline(flags_ & kUnderline);
-    font.setStrikeOut(flags_ & kStrikeout);
+    font.setWeight(mapping_.weight > 0 ? static_cast<QFont::Weight>(std::min(mapping_.weight, kHeaviest))
+                                       : QFont::Normal);
+    font.setItalic(mapping_.flags & kItalic);
+    font.setUnderline(mapping_.flags & kUnderline);
+    font.setStrikeOut(mapping_.flags & kStrikeout);
     // A chooser that is not told begins with any style of the same weight, a slanted one too.
     font.setStyleName(QFontInfo(font).styleName());
     return font;
 }
 
-void CFontMapRow::take(const QFont& chosen, const QString& offeredFace) {
-    // A face that this machine lacks is offered as another, and stays if the user did not choose one.
-    const std::string face = toUtf8(chosen.family());
-    if (!isMapped(face_) || chosen.family() != offeredFace) {
-        charset_ = face == face_ ? charset_ : kDefaultCharset;
-        face_ = face;
+QString CFontMapRow::mappedFace() const {
+    return isMapped(mapping_.face) ? toQString(mapping_.face) : QString();
+}
+
+void CFontMapRow::take(const QFont& chosen) {
+    // Names of faces are the same in any case; one that the user left alone stays as it is spelled.
+    if (chosen.family().compare(toQString(mapping_.face), Qt::CaseInsensitive) != 0) {
+        mapping_.face = toUtf8(chosen.family());
+        mapping_.charset = kDefaultCharset;
     }
-    weight_ = chosen.weight();
+    mapping_.weight = chosen.weight();
     const QString styleName =
         chosen.styleName().isEmpty() ? QFontDatabase::styleString(chosen) : chosen.styleName();
-    style_ = styleName.isEmpty() ? kNoStyle : toUtf8(styleName);
-    flags_ = (chosen.bold() ? kBold : 0) | (chosen.italic() ? kItalic : 0) |
-             (chosen.underline() ? kUnderline : 0) | (chosen.strikeOut() ? kStrikeout : 0);
+    mapping_.style = styleName.isEmpty() ? kNoStyle : toUtf8(styleName);
+    mapping_.flags = (chosen.bold() ? kBold : 0) | (chosen.italic() ? kItalic : 0) | effectsOf(chosen);
     show();
+}
+
+void CFontMapRow::takeEffects(const QFont& chosen) {
+    mapping_.flags = (mapping_.flags & (kBold | kItalic)) | effectsOf(chosen);
+    show();
+}
+
+unsigned CFontMapRow::effectsOf(const QFont& font) {
+    return (font.underline() ? kUnderline : 0) | (font.strikeOut() ? kStrikeout : 0);
 }
 
 void CFontMapRow::remove() {
     clearCell();
-    face_.clear();
+    mapping_.face.clear();
 }
 
 void CFontMapRow::clearCell() {
@@ -172,9 +192,9 @@ void CFontMapRow::show() {
         {kUnderline, QT_TRANSLATE_NOOP("ovsettings", " Underline")},
         {kStrikeout, QT_TRANSLATE_NOOP("ovsettings", " Strikeout")},
     };
-    QString text = face_ == kNotMapped ? QString() : toQString(face_);
+    QString text = mapping_.face == kNotMapped ? QString() : toQString(mapping_.face);
     for (const auto& style : kStyleWords) {
-        if (flags_ & style.flag)
+        if (mapping_.flags & style.flag)
             text += QCoreApplication::translate("ovsettings", style.word);
     }
     showText(text);

@@ -26,12 +26,18 @@ public:
     /// Reads the key, as far as it has fields, and shows the row.
     void load();
     /// Writes the key. A row without a face keeps the key's other fields.
-    void store() const;
+    void store();
+    /// True if the mapping is another one than when it was loaded or stored.
+    bool isModified() const { return mapping_ != unchanged_; }
 
     /// The mapping as a font to begin a choice with.
     QFont description() const;
+    /// The face that the stroke font is mapped to; empty if it is not mapped.
+    QString mappedFace() const;
     /// Maps the stroke font to another one, and shows it.
-    void take(const QFont& chosen, const QString& offeredFace);
+    void take(const QFont& chosen);
+    /// Takes underline and strikeout alone, and shows them.
+    void takeEffects(const QFont& chosen);
     /// Forgets the face, and nothing else.
     void remove();
     /// Empties the row's cell; the mapping stays.
@@ -52,6 +58,20 @@ private:
     };
     static const FlagField kFlagFields[];
 
+    struct Mapping {
+        std::string face;
+        std::string style;
+        std::int32_t weight = 0;
+        /// No part of a font here, so a choice leaves it as it is.
+        std::int32_t charset = 0;
+        unsigned flags = 0;
+
+        bool operator==(const Mapping&) const = default;
+    };
+
+    static unsigned effectsOf(const QFont& font);
+    /// As far as the key has fields. @return false if it ends early.
+    bool readMapping();
     std::optional<std::size_t> firstLockedField() const;
     void show();
     void showText(const QString& text);
@@ -62,12 +82,8 @@ private:
     std::string key_;
     std::string caption_;
     Orv::iAppConfiguration& configuration_;
-    std::string face_;
-    std::string style_;
-    std::int32_t weight_ = 0;
-    /// No part of a font here, so a choice leaves it as it is.
-    std::int32_t charset_ = 0;
-    unsigned flags_ = 0;
+    Mapping mapping_;
+    Mapping unchanged_; ///< as it is stored
 };
 
 } // namespace ovsettings

@@ -66,9 +66,13 @@ void CFontsGrid::loadRows() {
         row->load();
 }
 
-void CFontsGrid::storeRows() const {
+void CFontsGrid::storeRows() {
     for (const auto& row : rows_)
         row->store();
+}
+
+bool CFontsGrid::isModified() const {
+    return std::ranges::any_of(rows_, [](const auto& row) { return row->isModified(); });
 }
 
 CFontMapRow* CFontsGrid::currentMapRow() const {

@@ -26,7 +26,9 @@ public:
     /// One for each stroke font.
     void addRows();
     void loadRows();
-    void storeRows() const;
+    void storeRows();
+    /// True if a mapping is another one than when it was loaded or stored.
+    bool isModified() const;
     /// The row of the current cell; null if there is none.
     CFontMapRow* currentMapRow() const;
 
