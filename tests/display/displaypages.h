@@ -4,6 +4,7 @@
 #include "tests/support/configuredpages.h"
 
 #include <QtGui/QImage>
+#include <QtGui/QScreen>
 
 class DisplayPages : public ConfiguredPages {
 protected:
@@ -15,8 +16,12 @@ protected:
         return values;
     }
 
+    /// What the preview has painted by itself: read from the screen, since a grab would paint it.
     QColor previewAt(int x, int y) {
-        return window_.findChild<ovsettings::OwnerDrawButton*>()->grab().toImage().pixelColor(x, y);
+        const auto* preview = window_.findChild<ovsettings::OwnerDrawButton*>();
+        const QPoint at = preview->mapTo(&window_, QPoint(x, y));
+        const QPixmap pixel = window_.screen()->grabWindow(window_.winId(), at.x(), at.y(), 1, 1);
+        return pixel.toImage().pixelColor(0, 0);
     }
 };
 

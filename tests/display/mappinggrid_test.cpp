@@ -43,19 +43,37 @@ TEST_F(MappingGrid, OpensTheColumnsThatEachKindOfRowHas) {
     EXPECT_EQ(grid("ICT").mappingRowCount(), 15);
 }
 
-TEST_F(MappingGrid, StoresEachCellInItsFieldOfTheKey) {
+TEST_F(MappingGrid, StoresEachCellInItsFieldOfTheKeyAndReportsTheEditUntilThen) {
     load();
     openObjects();
-    chooseColor("OV", "BUS", Row::kColorColumn, "#800000");
-    choose("BUS", Row::kFillColumn, {Qt::Key_End, Qt::Key_Return});
-    choose("BUS", Row::kLineColumn, {Qt::Key_Down, Qt::Key_Return});
-    typeWidth("BUS", "7");
-    chooseColor("OV", "TEXT", Row::kTextColumn, "#800000");
-    choose("ATTRIBUTE", Row::kFontColumn, {Qt::Key_End, Qt::Key_Return});
-    choose("HIGHLIGHT_LAYER", Row::kLineColumn, {Qt::Key_End, Qt::Key_Return});
-    find<QAbstractButton>(window_, "ICT")->click();
-    chooseColor("ICT", "BLOCK", Row::kTextColumn, "#800000");
-    ASSERT_TRUE(objects_->isValid() && objects_->onOk());
+    const std::function<void()> edits[] = {
+        [this] { chooseColor("OV", "BUS", Row::kColorColumn, "#800000"); },
+        [this] {
+            choose("BUS", Row::kFillColumn, {Qt::Key_End, Qt::Key_Return});
+        },
+        [this] {
+            choose("BUS", Row::kLineColumn, {Qt::Key_Down, Qt::Key_Return});
+        },
+        [this] { typeWidth("BUS", "7"); }, // and leaves it open
+        [this] { chooseColor("OV", "TEXT", Row::kTextColumn, "#800000"); },
+        [this] {
+            choose("ATTRIBUTE", Row::kFontColumn, {Qt::Key_End, Qt::Key_Return});
+        },
+        [this] {
+            choose("HIGHLIGHT_LAYER", Row::kLineColumn, {Qt::Key_End, Qt::Key_Return});
+        },
+        [this] {
+            find<QAbstractButton>(window_, "ICT")->click();
+            chooseColor("ICT", "BLOCK", Row::kTextColumn, "#800000");
+        },
+    };
+    for (const auto& edit : edits) {
+        EXPECT_FALSE(objects_->isModified()) << &edit - edits;
+        edit();
+        EXPECT_TRUE(objects_->isModified()) << &edit - edits;
+        ASSERT_TRUE(objects_->isValid() && objects_->onOk());
+    }
+    EXPECT_FALSE(objects_->isModified());
 
     EXPECT_EQ(stored("BUS"), (Texts{"1", "1", "0x800000", "15", "1", "7"}));
     EXPECT_EQ(stored("TEXT"), (Texts{"1", "1", "0x800000", "0", "0", "1"}));

@@ -2,7 +2,6 @@
 
 #include "tests/display/objectspage.h"
 
-#include <QtGui/QKeyEvent>
 #include <QtWidgets/QFileDialog>
 
 using namespace testsupport;
@@ -81,7 +80,9 @@ TEST_F(ObjectColors, ASchemeThatWasSavedAndEditedByHandShowsInGridAndPreview) {
     EXPECT_EQ(cell("ICT", "COMPONENT", Row::kColorColumn), std::to_string(0x100000))
         << "the caption is the name, not the key";
     EXPECT_EQ(stored("BACKGROUND_LAYER").at(0), "0x000000");
+    EXPECT_TRUE(objects_->isModified());
     objects_->onApply();
+    EXPECT_FALSE(objects_->isModified());
     EXPECT_EQ(stored("BACKGROUND_LAYER").at(0), "0x12ab56");
     EXPECT_EQ(stored("ICTCOMPONENT"), (Texts{"0x000010", "0x000020"}));
 }
@@ -98,11 +99,13 @@ TEST_F(ObjectColors, EachSaveAddsItsPathAtTheEnd) {
 
 TEST_F(ObjectColors, ACancelledLoadHasStoredTheEditsAndAMissingFileChangesNothing) {
     chooseColor("OV", "NET", Row::kColorColumn, "#800000");
+    EXPECT_EQ(previewAt(75, 25), QColor("#800000")) << "before anything is stored";
     typeWidth("NET", "5");
     std::filesystem::create_directories(installation_.standard());
     chooseFile("Load Scheme", "");
     EXPECT_EQ(directoryShown_, installation_.standard().string());
     EXPECT_EQ(stored("NET"), (Texts{"1", "1", "0x800000", "1", "0", "5"}));
+    EXPECT_TRUE(objects_->isModified()) << "no commit has told the host";
     chooseFile("Load Scheme", path_);
     EXPECT_EQ(cell("OV", "NET", Row::kColorColumn), std::to_string(0x80));
 
@@ -112,24 +115,23 @@ TEST_F(ObjectColors, ACancelledLoadHasStoredTheEditsAndAMissingFileChangesNothin
     EXPECT_EQ(stored("NET").at(5), "5");
 }
 
-TEST_F(ObjectColors, ASaveThatFailsSaysSoAndLeavesFileAndListAlone) {
-    const std::string target = (directory_ / "gone/mine.ovc").string();
-    std::filesystem::create_directory(directory_ / "gone");
-    for (const bool isDirectory : {true, false}) {
+TEST_F(ObjectColors, APathWhoseDirectoryIsGoneStaysWholeAndASaveThereFailsAloud) {
+    const std::string gone = (directory_ / "gone/mine.ovc").string();
+    Orv::setValues(appConfig_, "MRU_SCHEMA", {gone});
+    chooseFile("Load Scheme", "");
+    EXPECT_EQ(preset_, gone);
+    for (const bool isFile : {false, true}) {
+        if (isFile)
+            writeFile(directory_ / "gone", "no directory");
         std::string message;
         whenModal([&](QWidget& modal) {
-            auto& dialog = dynamic_cast<QFileDialog&>(modal);
-            auto* field = dialog.findChild<QLineEdit*>();
-            field->setText(QString::fromStdString(target));
+            EXPECT_EQ(modal.findChild<QLineEdit*>()->text().toStdString(), gone);
             answerNextMessageBox("OK", &message);
-            std::filesystem::remove_all(directory_ / "gone");
-            if (isDirectory)
-                writeFile(directory_ / "gone", "no directory");
-            static_cast<QDialog&>(dialog).done(QDialog::Accepted);
+            QTest::keyClick(modal.findChild<QLineEdit*>(), Qt::Key_Return);
         });
         find<QPushButton>(window_, "Save Scheme")->click();
         EXPECT_TRUE(contains(message, (directory_ / "gone").string()));
-        EXPECT_EQ(stored("MRU_SCHEMA"), Texts{});
+        EXPECT_EQ(stored("MRU_SCHEMA"), Texts{gone}) << "what was not saved is not remembered";
     }
 }
 
@@ -156,11 +158,4 @@ TEST_F(ObjectColors, TheRadioButtonsChooseGridAndPreview) {
     find<QAbstractButton>(window_, "Schematic")->click();
     EXPECT_TRUE(grid("OV").isVisible() && !grid("ICT").isVisible());
     EXPECT_EQ(previewAt(0, 0), QColor(Qt::black));
-}
-
-TEST_F(ObjectColors, OnlyTheMessageOfCodeSevenShowsTheTest) {
-    QKeyEvent leftover(static_cast<QEvent::Type>(QEvent::User + 7), 0, Qt::NoModifier);
-    EXPECT_EQ(messageDuring([&] { EXPECT_FALSE(objects_->PreTranslateMessage(&leftover)); }), "test");
-    QKeyEvent key(QEvent::KeyPress, Qt::Key_7, Qt::NoModifier);
-    EXPECT_FALSE(objects_->PreTranslateMessage(&key));
 }

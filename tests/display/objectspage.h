@@ -18,6 +18,8 @@ protected:
 
     ovsettings::CObjectColorDialog& openObjects() {
         objects_ = &open<ovsettings::CObjectColorDialog>();
+        QApplication::processEvents(); // until the page is on the screen; what it paints later it paints at
+                                       // once
         return *objects_;
     }
 

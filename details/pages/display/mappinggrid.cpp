@@ -73,6 +73,7 @@ void CMappingGrid::append(const std::string& caption, const std::string& key, Ar
         std::make_unique<Row>(*this, number, caption, key, std::forward<Arguments>(arguments)...));
     setRowCount(number);
     rows_.back()->read();
+    rows_.back()->setUnchanged();
     rowsOfKeys_[key] = rows_.back().get();
     keysOfRows_[number] = key;
 }
@@ -118,6 +119,15 @@ bool CMappingGrid::validate() {
 void CMappingGrid::store() {
     for (const auto& row : rows_)
         row->store();
+}
+
+bool CMappingGrid::isModified() const {
+    return std::ranges::any_of(rows_, [](const auto& row) { return row->isModified(); });
+}
+
+void CMappingGrid::setUnchanged() {
+    for (const auto& row : rows_)
+        row->setUnchanged();
 }
 
 void CMappingGrid::changeColor(int row, int column, int color) {

@@ -73,6 +73,10 @@ public:
     bool validate();
     /// Writes all rows to the configuration.
     void store();
+    /// True if a cell stands for another value than when it was filled, or than at the last setUnchanged; the
+    /// text of an open editor counts.
+    bool isModified() const;
+    void setUnchanged();
     /// The user has given a cell another colour, packed.
     void changeColor(int row, int column, int color);
 

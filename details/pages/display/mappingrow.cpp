@@ -187,6 +187,18 @@ void CMappingRow::read() {
     readCells(kObjectFields);
 }
 
+bool CMappingRow::isModified() const {
+    return shownValues() != unchanged_;
+}
+
+void CMappingRow::setUnchanged() {
+    unchanged_ = shownValues();
+}
+
+MappingValues CMappingRow::shownValues() const {
+    return {getColor(), getTextColor(), getFill(), getLine(), getFont(), getWidth()};
+}
+
 void CMappingRow::readCells(const MappingFields& fields) {
     values_.clear();
     readOnly_.clear();

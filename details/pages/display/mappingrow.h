@@ -26,6 +26,8 @@ struct MappingValues {
     int line = -1;
     int font = -1;
     int width = -1;
+
+    bool operator==(const MappingValues&) const = default;
 };
 
 /// Where the values of a row stand in its key, from 0, and which column shows the first colour.
@@ -92,6 +94,11 @@ public:
     /// The key in the configuration.
     const std::string& key() const { return key_; }
 
+    /// True if a cell stands for another value than after the last setUnchanged.
+    bool isModified() const;
+    /// What the cells stand for now is no change.
+    void setUnchanged();
+
 protected:
     /// Shows the caption and all fields of the key. A cell is closed if its column is, or if the key does not
     /// have its field; the value is then -1.
@@ -127,6 +134,7 @@ private:
     void readName(int column, int& index, Names& names, std::size_t field);
     void readWidth(std::size_t field);
     QString cellText(int column) const;
+    MappingValues shownValues() const;
     int indexOfName(const Names& names, int column, int index) const;
 
     int row_;
@@ -135,6 +143,7 @@ private:
     CMappingGrid& grid_;
     std::vector<std::string> values_;
     std::vector<bool> readOnly_;
+    MappingValues unchanged_;
     Orv::iAppConfiguration* configuration_;
 };
 

@@ -16,8 +16,13 @@
 #include "orv/appconfiguration.h"
 #include "ui_objectcolordialog.h"
 
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QFileDialog>
+#include <QtWidgets/QLineEdit>
+
+#include <algorithm>
 
 namespace ovsettings {
 
@@ -113,6 +118,15 @@ public:
         setDefaultSuffix(QStringLiteral("lmc"));
     }
 
+    /// Puts a path into the name box. One in a directory that is gone stays whole there: the toolkit would
+    /// cut its root off, and take what is left for a name in the current directory.
+    void preset(const QString& path) {
+        selectFile(path);
+        auto* name = findChild<QLineEdit*>();
+        if (name && !QFileInfo(path).dir().exists())
+            name->setText(path);
+    }
+
     /// The chosen path; empty if there is none.
     std::string choose() { return exec() == Accepted ? toUtf8(selectedFiles().value(0)) : std::string(); }
 };
@@ -161,7 +175,7 @@ CObjectColorDialog::CObjectColorDialog(QWidget* parent)
 
 CObjectColorDialog::~CObjectColorDialog() = default;
 
-/// A leftover, kept as it stands: nothing in normal use sends a message of that code.
+/// A leftover, and meant to stay: nothing in normal use sends a message of that code.
 bool CObjectColorDialog::PreTranslateMessage(QKeyEvent* event) {
     constexpr int kTestMessage = QEvent::User + 7;
     if (event->type() == kTestMessage)
@@ -221,11 +235,15 @@ void CObjectColorDialog::changeMode() {
 }
 
 bool CObjectColorDialog::onApply() {
-    for (const char* mode : {kSchematicMode, kIctMode}) {
-        if (CMappingGrid* written = grid(mode))
-            written->store();
-    }
+    storeGrids();
+    for (const auto& [mode, grid] : grids_)
+        grid->setUnchanged();
     return true;
+}
+
+/// What Load Scheme and Save Scheme have stored is news to the host until the next commit has told it.
+bool CObjectColorDialog::isModified() const {
+    return std::ranges::any_of(grids_, [](const auto& entry) { return entry.second->isModified(); });
 }
 
 bool CObjectColorDialog::onLeave() {
@@ -255,7 +273,14 @@ void CObjectColorDialog::showGrid(CMappingGrid& shown) {
         shown.setFocus();
 }
 
-bool CObjectColorDialog::storeGrids() {
+void CObjectColorDialog::storeGrids() {
+    for (const char* mode : {kSchematicMode, kIctMode}) {
+        if (CMappingGrid* written = grid(mode))
+            written->store();
+    }
+}
+
+bool CObjectColorDialog::storeForScheme() {
     // A text that its cell refuses is not stored, and there is no scheme without it.
     for (const auto& [mode, grid] : grids_) {
         if (!grid->endEdit()) {
@@ -263,15 +288,16 @@ bool CObjectColorDialog::storeGrids() {
             return false;
         }
     }
-    return onApply();
+    storeGrids();
+    return true;
 }
 
 void CObjectColorDialog::loadScheme() {
-    if (!storeGrids())
+    if (!storeForScheme())
         return;
     SchemeFileDialog dialog(window(), tr("Load Schema File"), QFileDialog::AcceptOpen);
     if (const std::string recent = firstRecentScheme(*appConfig_); !recent.empty())
-        dialog.selectFile(toQString(recent));
+        dialog.preset(toQString(recent));
     else
         dialog.setDirectory(toQString(installedSchemes()));
     const std::string path = dialog.choose();
@@ -290,11 +316,11 @@ void CObjectColorDialog::loadScheme() {
 }
 
 void CObjectColorDialog::saveScheme() {
-    if (!storeGrids())
+    if (!storeForScheme())
         return;
     SchemeFileDialog dialog(window(), tr("Save Schema File"), QFileDialog::AcceptSave);
     if (const std::string recent = firstRecentScheme(*appConfig_); !recent.empty())
-        dialog.selectFile(toQString(recent));
+        dialog.preset(toQString(recent));
     const std::string path = dialog.choose();
     if (path.empty())
         return;
@@ -302,6 +328,7 @@ void CObjectColorDialog::saveScheme() {
     CObjectSchema schema;
     addSection(schema, kSchematicMode, *grid(kSchematicMode));
     addSection(schema, kIctMode, *grid(kIctMode));
+    // A path that could not be written is not one to begin with next time. That is meant.
     if (const auto failure = schema.write(path)) {
         showMessage(this, tr("The scheme is not saved.\n%1").arg(toQString(failure->text())));
         return;

@@ -31,6 +31,7 @@ public:
     bool onApply() override;
     bool onLeave() override;
     bool isValid() override;
+    bool isModified() const override;
 
     /// The grid of a mode, "OV" or "ICT"; null if there is none.
     CMappingGrid* grid(std::string_view mode) const;
@@ -40,8 +41,10 @@ private:
     void changeMode();
     bool validate();
     void showGrid(CMappingGrid& shown);
-    /// @return false, with nothing stored, if an edit in progress is refused.
-    bool storeGrids();
+    void storeGrids();
+    /// As Load Scheme and Save Scheme do first. @return false, with nothing stored, if an edit in progress is
+    /// refused.
+    bool storeForScheme();
     void loadScheme();
     void saveScheme();
 
