@@ -1,6 +1,5 @@
 #include "details/widgets/colorbutton.h"
 #include "details/widgets/colorchangeobserver.h"
-#include "details/widgets/colorlistbox.h"
 #include "details/widgets/grid/gridwnd.h"
 #include "details/widgets/ownseccolorwell.h"
 #include "tests/support/widgets.h"
@@ -127,25 +126,4 @@ TEST_F(ColorCells, AreShownInTheColorOfTheirText) {
             grid.grab().toImage().pixelColor(grid.button.mapTo(&grid, grid.button.rect().center()));
         EXPECT_EQ(middle, QColor(color & 0xff, color >> 8 & 0xff, color >> 16)) << cellText;
     }
-}
-
-TEST(ColorLists, DrawSelectionAndFocusInTheColorOfTheItem) {
-    ovsettings::CColorListBox list;
-    list.addColor(kRed);
-    list.addColor(kGreen);
-    list.resize(120, 100);
-    list.show();
-    list.setCurrentRow(1);
-    list.setFocus();
-    const QImage picture = list.viewport()->grab().toImage();
-    const struct {
-        int row, inset;
-        QColor color;
-    } rows[] = {{0, 1, Qt::black}, {0, 2, Qt::black}, {0, 3, Qt::red}, {1, 1, Qt::green}, {1, 3, Qt::green}};
-    for (const auto& row : rows) {
-        const QRect item = list.visualItemRect(list.item(row.row));
-        EXPECT_EQ(picture.pixelColor(item.topLeft() + QPoint(row.inset, row.inset)), row.color)
-            << row.row << ' ' << row.inset;
-    }
-    EXPECT_EQ(list.visualItemRect(list.item(0)).height(), list.fontMetrics().height());
 }

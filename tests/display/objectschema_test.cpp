@@ -167,14 +167,3 @@ TEST_F(ObjectSchema, DoesNotAnnoyWithAFileOfStrangeElements) {
     EXPECT_EQ(told, 10);
     EXPECT_NE(schema.item("ict", "NET"), nullptr);
 }
-
-TEST_F(ObjectSchema, KnowsTheFilesOfThePrinter) {
-    const std::pair<const char*, bool> rows[] = {
-        {R"(<Color_schema_file name="printer.ovc" version="1.0"/>)", true},
-        {R"(<Color_schema_file name="printer.ovc" version="1.1"/>)", false},
-        {R"(<Color_schema_file version="1.0"/>)", false},
-        {R"(<Schema_file name="printer.ovc" version="1.0"/>)", false},
-    };
-    for (const auto& [text, isPrinter] : rows)
-        EXPECT_EQ(CObjectSchema::isPrinterSchema(*platform::parseXml(text)), isPrinter) << text;
-}

@@ -1,14 +1,5 @@
 #include "tests/editor/editorfixture.h"
 
-namespace {
-
-struct KeyRecorder : Orv::iAppConfiguration::iEventSink {
-    void propertyChanged(const std::string& key, float) override { keys.push_back(key); }
-    std::vector<std::string> keys;
-};
-
-} // namespace
-
 void EditorPages::loadAsWritten(const std::vector<Entry>& entries) {
     std::string values;
     for (const Entry& entry : entries) {
@@ -28,12 +19,4 @@ std::string EditorPages::stored(const std::string& key) const {
     std::string value;
     Orv::getValue(appConfig_, key, value);
     return value;
-}
-
-std::vector<std::string> EditorPages::keysWrittenBy(ovsettings::CPropDialogTemplate& page) {
-    KeyRecorder recorder;
-    appConfig_.addSink(&recorder);
-    EXPECT_TRUE(page.onApply());
-    appConfig_.removeSink(&recorder);
-    return recorder.keys;
 }

@@ -17,7 +17,5 @@ protected:
     void loadAsWritten(const std::vector<Entry>& entries);
 
     std::string stored(const std::string& key) const;
-    /// The keys in the order in which an apply writes them.
-    std::vector<std::string> keysWrittenBy(ovsettings::CPropDialogTemplate& page);
     std::string siteDirectory() const { return installation_.site().string(); }
 };

@@ -31,6 +31,18 @@ protected:
         return static_cast<Page&>(*page_);
     }
 
+    /// The keys in the order in which an apply writes them.
+    std::vector<std::string> keysWrittenBy(ovsettings::CPropDialogTemplate& page) {
+        struct : Orv::iAppConfiguration::iEventSink {
+            void propertyChanged(const std::string& key, float) override { keys.push_back(key); }
+            std::vector<std::string> keys;
+        } recorder;
+        appConfig_.addSink(&recorder);
+        EXPECT_TRUE(page.onApply());
+        appConfig_.removeSink(&recorder);
+        return recorder.keys;
+    }
+
     testsupport::Installation installation_;
     Orv::iAppConfiguration appConfig_;
     QWidget window_;
