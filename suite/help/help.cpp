@@ -10,6 +10,10 @@
 
 namespace {
 
+/// The book that an empty name stands for.
+constexpr QLatin1String kReferenceBook("orvane_ref");
+constexpr QLatin1String kContents("index");
+
 struct Page {
     QString bookDirectory;
     QString file;
@@ -17,14 +21,16 @@ struct Page {
 };
 
 std::optional<Page> findPage(const QString& book, const QString& topic) {
-    const auto directory = helpbook::findBook(book);
+    const auto directory = helpbook::findBook(book.isEmpty() ? QString(kReferenceBook) : book);
     // A topic that could name a file elsewhere is no request that a page makes: it gets no page at all.
-    if (!directory || !helpbook::isPlainName(topic))
+    if (!directory || !(topic.isEmpty() || helpbook::isPlainName(topic)))
         return std::nullopt;
-    if (const auto file = helpbook::findTopic(*directory, topic))
-        return Page{*directory, *file, true};
-    if (const auto index = helpbook::findTopic(*directory, QStringLiteral("index")))
-        return Page{*directory, *index, false};
+    if (!topic.isEmpty()) {
+        if (const auto file = helpbook::findTopic(*directory, topic))
+            return Page{*directory, *file, true};
+    }
+    if (const auto contents = helpbook::findTopic(*directory, kContents))
+        return Page{*directory, *contents, false};
     return std::nullopt;
 }
 

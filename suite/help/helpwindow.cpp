@@ -10,6 +10,17 @@
 #include <QtWidgets/QTextBrowser>
 #include <QtWidgets/QVBoxLayout>
 
+#include <algorithm>
+
+namespace {
+
+// Of a page: its usual size, and the width that it can still be read at.
+constexpr int kUsualCharacters = 80;
+constexpr int kUsualLines = 28;
+constexpr int kLeastCharacters = 40;
+
+} // namespace
+
 CHelpWindow& CHelpWindow::forOwner(QWidget* owner) {
     static QPointer<CHelpWindow> window;
     if (!window)
@@ -42,7 +53,8 @@ CHelpWindow::CHelpWindow(QWidget* owner) : QDialog(owner), browser_(new QTextBro
     layout->addWidget(buttons);
     browser_->setFocus();
 
-    const QSize comfortable(fontMetrics().averageCharWidth() * 80, fontMetrics().lineSpacing() * 28);
+    const QSize comfortable(fontMetrics().averageCharWidth() * kUsualCharacters,
+                            fontMetrics().lineSpacing() * kUsualLines);
     resize(comfortable.boundedTo(screen()->availableSize() * 0.9));
 }
 
@@ -56,6 +68,22 @@ void CHelpWindow::moveTo(QWidget* owner) {
         setParent(owner, windowFlags());
 }
 
+/// On the side that has more room, and narrower than it is if it must be. Where a page could not be read
+/// beside the owner, the place is left to the platform.
+void CHelpWindow::placeBeside(const QWidget& owner) {
+    const QRect available = owner.screen()->availableGeometry();
+    const QRect beside = owner.frameGeometry();
+    const QSize edges = beside.size() - owner.size(); // those of this window are not known before it is shown
+    const int left = beside.left() - available.left(), right = available.right() - beside.right();
+    const int room = std::max(left, right) - edges.width();
+    if (room < fontMetrics().averageCharWidth() * kLeastCharacters)
+        return;
+    resize(std::min(width(), room), height());
+    const int lowest = available.bottom() + 1 - height() - edges.height();
+    move(left > right ? beside.left() - width() - edges.width() : beside.right() + 1,
+         std::max(std::min(beside.top(), lowest), available.top()));
+}
+
 void CHelpWindow::showPage(const QString& bookDirectory, const QString& page) {
     // "Back" leads neither into another book, whose links could not be followed, nor to what was closed.
     const bool startsAnew = bookDirectory != bookDirectory_ || !isVisible();
@@ -63,6 +91,8 @@ void CHelpWindow::showPage(const QString& bookDirectory, const QString& page) {
     browser_->setSource(QUrl::fromLocalFile(page), QTextDocument::HtmlResource);
     if (startsAnew)
         browser_->clearHistory();
+    if (!isVisible() && parentWidget())
+        placeBeside(*parentWidget()->window());
     show();
     raise();
     activateWindow();

@@ -6,7 +6,8 @@ class QTextBrowser;
 class QUrl;
 
 /// The window of the online help: one page of a book at a time. It never blocks the window that it belongs
-/// to, and goes with it; closed, it keeps its size for the next page.
+/// to, and goes with it; closed, it keeps its size for the next page. It opens beside that window where the
+/// screen has room for it.
 class CHelpWindow : public QDialog {
     Q_OBJECT
 
@@ -21,6 +22,7 @@ private:
     explicit CHelpWindow(QWidget* owner);
 
     void moveTo(QWidget* owner);
+    void placeBeside(const QWidget& owner);
     void followLink(const QUrl& url);
     void showDocumentTitle();
 

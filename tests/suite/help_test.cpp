@@ -1,7 +1,12 @@
 #include "suite/help.h"
 
+#include "orv/appconfiguration.h"
+#include "orv/projectconfiguration.h"
+#include "ovsettings/showsettingsdialog.h"
 #include "tests/support/widgets.h"
 
+#include <QtCore/QTimer>
+#include <QtGui/QScreen>
 #include <QtWidgets/QTextBrowser>
 
 #include <stdexcept>
@@ -60,22 +65,22 @@ TEST_F(Help, ATopicIsFoundExactlyThenWithoutCaseThenAsTheIndex) {
         const char* title;
     } rows[] = {
         {"GRID", 1, "Grid"},     {"grid", 1, "Small grid"}, {"units", 1, "Units"},
-        {"NETS", 0, "Contents"}, {"index", 1, "Contents"},
+        {"NETS", 0, "Contents"}, {"index", 1, "Contents"},  {"", 0, "Contents"},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(OlhHelpCall("orvane_ref", row.topic, 0), row.shown) << row.topic;
         EXPECT_EQ(title(), row.title);
     }
     EXPECT_EQ(OlhHelpCall("Orvane_Ref", "UNITS", 0), 1);
+    EXPECT_EQ(OlhHelpCall(nullptr, nullptr, 0), 0);
+    EXPECT_EQ(title(), "Contents") << "of the reference";
 }
 
 TEST_F(Help, WithoutABookOrAPlainNameTheUserIsToldSo) {
     writeFile(installation_.standard() / "help" / "empty" / "readme.txt", "no page");
     const std::pair<const char*, const char*> rows[] = {
-        {"", ""},
-        {nullptr, nullptr},
-        {"orvane_ref", ""},
         {"nobook", "GRID"},
+        {"empty", ""},
         {"orvane_ref", "../secret"},
         {"orvane_ref", "..\\secret"},
         {"..", "help"},
@@ -97,6 +102,64 @@ TEST_F(Help, WithoutABookOrAPlainNameTheUserIsToldSo) {
         EXPECT_EQ(parent, &owner_);
     }
     EXPECT_TRUE(helpWindows().empty());
+}
+
+TEST_F(Help, EveryPageOpensItsTopicAndOneWithoutATopicTheContents) {
+    const std::pair<std::string, std::vector<std::string>> titlesAndPages[] = {
+        {"Orvane Settings", {"Empty", "Color Schemes", "PCB", "Global Nets"}},
+        {"Units", {"Metrics"}},
+        {"Grid", {"Grid"}},
+        {"Strokes, Pan and Zoom", {"Pan and Zoom"}},
+        {"New Sheets", {"New Sheet"}},
+        {"New Objects", {"New Object"}},
+        {"Nets", {"Nets"}},
+        {"Display", {"Display"}},
+        {"Objects", {"Objects"}},
+        {"Font Mappings", {"Font Mappings"}},
+        {"Run on Startup", {"Run on Startup"}},
+        {"Advanced", {"Advanced"}},
+    };
+    std::filesystem::copy(OV_INSTALLATION, installation_.home(),
+                          std::filesystem::copy_options::recursive |
+                              std::filesystem::copy_options::overwrite_existing);
+    std::string catalogue;
+    for (const auto& [expected, pages] : titlesAndPages) {
+        for (const std::string& page : pages)
+            catalogue += installation_.category(page, page);
+    }
+    installation_.writeCatalogue(catalogue);
+    Orv::iAppConfiguration configuration;
+    ASSERT_TRUE(configuration.load());
+    Orv::CProjectConfiguration noProject;
+    testsupport::whenDialog([&](QDialog& dialog) {
+        for (const auto& [expected, pages] : titlesAndPages) {
+            for (const std::string& page : pages) {
+                testsupport::selectCategory(dialog, page);
+                // A message in place of a page is not to wait for its answer.
+                QTimer::singleShot(0, &dialog, [] {
+                    if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+                        box->accept();
+                });
+                testsupport::press(dialog, "Help");
+                ASSERT_EQ(helpWindows().size(), 1U) << page;
+                EXPECT_EQ(helpWindows().front()->windowTitle().toStdString(), expected) << page;
+                helpWindows().front()->close();
+            }
+        }
+        dialog.reject();
+    });
+    ovsettings::showSettingsDialog(configuration, noProject, nullptr);
+}
+
+TEST_F(Help, OpensBesideItsOwnerWhereThereIsRoom) {
+    const QRect screen = owner_.screen()->availableGeometry();
+    for (const QRect& place : {QRect(0, 100, 300, 200), QRect(400, 600, 400, 150), screen}) {
+        owner_.setGeometry(place.translated(screen.topLeft()));
+        OlhHelpCall("orvane_ref", "GRID", 0);
+        EXPECT_EQ(window().frameGeometry().intersects(owner_.frameGeometry()), place == screen);
+        EXPECT_TRUE(screen.contains(window().frameGeometry()));
+        window().close();
+    }
 }
 
 TEST_F(Help, OneWindowServesAllCallsAndFollowsTheActiveWindow) {
