@@ -263,9 +263,17 @@ void CListBoxEditor::cancelEditing() {
 
 void CListBoxEditor::newLine() {
     finishEditing();
-    if (lineCount() == 0 || !isPlaceForNew(lineCount() - 1))
-        insertLine(lineCount(), QString());
-    editInPlace(lineCount() - 1);
+    if (isPlaceForNew(lineCount() - 1))
+        editInPlace(lineCount() - 1);
+    else
+        beginLine(lineCount());
+}
+
+void CListBoxEditor::beginLine(int row) {
+    finishEditing();
+    insertLine(row, QString());
+    begun_ = list_->model()->index(row, 0);
+    editInPlace(row);
 }
 
 void CListBoxEditor::editLine(int row) {
@@ -287,25 +295,34 @@ QWidget* CListBoxEditor::createLineEditor(QWidget* parent, int) {
 }
 
 void CListBoxEditor::endEditing(int row, const std::optional<QString>& text) {
-    enterText(row, text.value_or(line(row)));
+    const bool begun = begun_.isValid() && begun_.row() == row;
+    begun_ = QPersistentModelIndex();
+    if (begun && text.value_or(QString()).isEmpty())
+        removeLine(row);
+    else if (text)
+        changeLine(row, *text, begun || isPlaceForNew(row));
 }
 
 void CListBoxEditor::enterText(int row, const QString& text) {
-    const QString before = line(row);
-    const bool place = isPlaceForNew(row);
-    if (text.isEmpty() && !place) {
+    changeLine(row, text, isPlaceForNew(row));
+}
+
+void CListBoxEditor::changeLine(int row, const QString& text, bool isNew) {
+    if (text == line(row))
+        return;
+    if (text.isEmpty()) {
         removeLine(row);
-        if (!before.isEmpty())
-            lineDeleted(row);
-    } else if (text != before) {
-        setLine(row, text);
-        if (place)
-            insertLine(lineCount(), QString());
-        if (before.isEmpty())
-            lineAdded(row, text);
-        else
-            lineRenamed(row, text);
+        lineDeleted(row);
+        return;
     }
+    const bool place = isPlaceForNew(row);
+    setLine(row, text);
+    if (place)
+        insertLine(lineCount(), QString());
+    if (isNew)
+        lineAdded(row, text);
+    else
+        lineRenamed(row, text);
     updateButtons();
 }
 
@@ -350,7 +367,7 @@ bool CListBoxEditor::mayMove(int, int) {
 }
 
 bool CListBoxEditor::isPlaceForNew(int row) const {
-    return placeForNew_ && row == lineCount() - 1 && line(row).isEmpty();
+    return placeForNew_ && row >= 0 && row == lineCount() - 1 && line(row).isEmpty();
 }
 
 bool CListBoxEditor::isEntry(int row) const {

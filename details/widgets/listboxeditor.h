@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QPersistentModelIndex>
 #include <QtCore/QStringList>
 #include <QtWidgets/QWidget>
 
@@ -19,9 +20,9 @@ class CLineDelegate;
 /// A titled list of lines that the user adds to, edits in place, deletes and moves. Rows count from 0.
 ///
 /// Keys in the list: Insert begins a new line, F2, Enter or a double click edits one, Delete removes it,
-/// Alt+Up and Alt+Down move it. A line whose editing ends with an empty text is deleted. Other list editors
-/// derive from this one and override the hooks; lines with a look or data of their own set a delegate and
-/// item data on the list, which go along when a line is moved.
+/// Alt+Up and Alt+Down move it. A line that is emptied by its editing is deleted; one that was empty before
+/// stays. Other list editors derive from this one and override the hooks; lines with a look or data of their
+/// own set a delegate and item data on the list, which go along when a line is moved.
 class CListBoxEditor : public QWidget {
     Q_OBJECT
 
@@ -90,6 +91,8 @@ protected:
     /// Gives a line the text that the user chose for it, with all that follows from it.
     void enterText(int row, const QString& text);
     void editInPlace(int row);
+    /// Adds an empty line and edits it. It goes again, without a hook, if it is left empty.
+    void beginLine(int row);
     /// Ends editing in place as Escape does.
     void cancelEditing();
     /// Adds a button behind the one for a new line.
@@ -102,6 +105,7 @@ private:
     QToolButton* makeButton(const QString& icon, const QString& text, const QKeySequence& key);
     void connectControls();
     void endEditing(int row, const std::optional<QString>& text);
+    void changeLine(int row, const QString& text, bool isNew);
     bool handleKey(const QKeyEvent& event);
     bool isPlaceForNew(int row) const;
     bool isEntry(int row) const;
@@ -116,6 +120,7 @@ private:
     QToolButton* up_;
     QToolButton* down_;
     bool placeForNew_ = false;
+    QPersistentModelIndex begun_; ///< the line that was added for the edit that is open
 };
 
 } // namespace ovsettings

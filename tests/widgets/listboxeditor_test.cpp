@@ -227,6 +227,29 @@ TEST_F(ListBoxEditor, WithoutAPlaceForNewLinesOneIsMadeAndGoesAgainIfLeftEmpty) 
     EXPECT_EQ(log(), "");
 }
 
+TEST_F(ListBoxEditor, ALineThatWasEmptyBeforeItsEditStaysUnlessItGetsAText) {
+    editor_->setPlaceForNew(false);
+    struct Row {
+        std::function<void()> act;
+        const char *lines, *log;
+    };
+    const Row rows[] = {
+        {[] { press(Qt::Key_F2), press(Qt::Key_Escape); }, "a||b", ""},
+        {[] { press(Qt::Key_F2), press(Qt::Key_Return); }, "a||b", ""},
+        {[] { press(Qt::Key_F2), type("x"), press(Qt::Key_Escape); }, "a||b", ""},
+        {[] { press(Qt::Key_F2), type("x"), press(Qt::Key_Return); }, "a|x|b", "renamed 1 x"},
+        {[] { press(Qt::Key_F2), press(Qt::Key_Escape), press(Qt::Key_Delete); }, "a|b", "deleted 1"},
+    };
+    for (const Row& row : rows) {
+        fill("", 0);
+        editor_->setLines({QStringLiteral("a"), QString(), QStringLiteral("b")});
+        editor_->setCurrentRow(1);
+        row.act();
+        EXPECT_EQ(editor_->lines().join(QLatin1Char('|')).toStdString(), row.lines);
+        EXPECT_EQ(log(), row.log);
+    }
+}
+
 TEST_F(ListBoxEditor, MoveAfterARefusedEditMovesNothing) {
     fill("a b c", 0);
     press(Qt::Key_F2);

@@ -10,9 +10,7 @@
 namespace ovsettings {
 
 void CTopLevelList::newLine() {
-    finishEditing();
-    insertLine(0, QString());
-    editInPlace(0);
+    beginLine(0);
 }
 
 QWidget* CTopLevelList::createLineEditor(QWidget* parent, int row) {
