@@ -26,7 +26,6 @@ void checkName(const LocationMap& map, const std::string& name) {
     if (!hard)
         return;
     require(!hard->empty() && !LocationMap::isSoftName(*hard));
-    require(map.hardName(name, LocationMap::Lookup::lenient) == hard);
     if (name.find_first_of("/\\") != std::string::npos)
         return;
     const auto below = map.hardName(name + "/below");

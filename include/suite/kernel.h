@@ -13,8 +13,8 @@ struct KernelContext;
 OVSUITE_API KernelContext* KernelOpenContext(const char* projectPath);
 
 /// Writes the full path of what a name stands for to `buffer`, of kLocationBufferSize bytes. Environment
-/// references are expanded; a soft name is also found without its case, and last as an environment variable;
-/// a relative path begins at the project's directory.
+/// references are expanded; a soft name is looked up in the context's project, its case counts; a relative
+/// path begins at the project's directory.
 /// @return non-zero if what the name stands for exists; otherwise the buffer is left alone.
 OVSUITE_API int KernelResolveName(const char* name, char* buffer, KernelContext* context);
 

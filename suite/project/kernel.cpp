@@ -29,7 +29,7 @@ int KernelResolveName(const char* name, char* buffer, KernelContext* context) {
         return 0;
     std::string path = platform::expandEnvironmentReferences(name);
     if (LocationMap::isSoftName(path)) {
-        const auto hard = context->map.hardName(path, LocationMap::Lookup::lenient);
+        const auto hard = context->map.hardName(path);
         if (!hard)
             return 0;
         path = *hard;

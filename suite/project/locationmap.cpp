@@ -135,26 +135,16 @@ bool LocationMap::addLine(std::string_view line, const std::string& directory) {
     return true;
 }
 
-std::optional<LocationMap::Entry> LocationMap::find(std::string_view name, Lookup lookup) const {
-    const std::string wanted(name);
-    if (const auto found = index_.find(wanted); found != index_.end())
-        return entries_[found->second];
-    if (lookup == Lookup::exact || wanted.empty())
-        return std::nullopt;
-    const auto found = std::ranges::find_if(
-        entries_, [&](const Entry& entry) { return platform::equalsWithoutCase(entry.name, wanted); });
-    if (found != entries_.end())
-        return *found;
-    if (const auto value = platform::environmentVariable(wanted.c_str()); value && !value->empty())
-        return Entry{wanted, *value, directory_};
-    return std::nullopt;
+const LocationMap::Entry* LocationMap::find(const std::string& name) const {
+    const auto found = index_.find(name);
+    return found == index_.end() ? nullptr : &entries_[found->second];
 }
 
-std::optional<std::string> LocationMap::hardName(std::string_view text, Lookup lookup) const {
+std::optional<std::string> LocationMap::hardName(std::string_view text) const {
     std::string path(text);
     for (int depth = 0; isSoftName(path); ++depth) {
         const auto nameEnd = std::min(path.find_first_of("/\\"), path.size());
-        const auto entry = find(std::string_view(path).substr(1, nameEnd - 1), lookup);
+        const Entry* entry = find(path.substr(1, nameEnd - 1));
         if (!entry || depth == kDeepest || path.size() > kLongestPath)
             return std::nullopt;
         std::string directory = platform::expandEnvironmentReferences(entry->value);

@@ -13,12 +13,6 @@ namespace suite {
 /// the working directories. The first definition of a name counts.
 class LocationMap {
 public:
-    /// How a soft name is looked up.
-    enum class Lookup {
-        exact,
-        lenient ///< also without the case of ASCII letters, and last as an environment variable
-    };
-
     /// @param project path of a project file or of its directory; empty means the working directories only.
     static LocationMap ofProject(std::string_view project);
 
@@ -32,8 +26,9 @@ public:
     static bool isSoftName(std::string_view text) { return text.starts_with('$'); }
 
     /// The real path that a text with a soft name at its beginning stands for, or nothing if a name on the
-    /// way has no mapping or names lead in a circle.
-    std::optional<std::string> hardName(std::string_view text, Lookup lookup = Lookup::exact) const;
+    /// way has no mapping or names lead in a circle. The case of names counts. Whoever reads a soft name,
+    /// reads it by this: what a page accepts is what the project finds.
+    std::optional<std::string> hardName(std::string_view text) const;
 
     /// The path with the name of the longest mapped directory above it, compared by components, or nothing.
     std::optional<std::string> softName(std::string_view path) const;
@@ -53,7 +48,7 @@ private:
 
     void addFile(const std::string& directory);
     bool addLine(std::string_view line, const std::string& directory);
-    std::optional<Entry> find(std::string_view name, Lookup lookup) const;
+    const Entry* find(const std::string& name) const;
 
     std::string directory_;
     std::vector<Entry> entries_;

@@ -38,7 +38,10 @@ TEST_F(ProjectPaths, ALocationIsValidWhereItsDirectoryExists) {
     const std::string valid[] = {
         here + "/missing.ini",   here + "\\parts\\missing.ini", "PARTS\\missing.ini", "/missing.ini",
         here + "/Gehäuse/x.ini", "%OV_PLACE%\\x.ini",           "$PARTS\\x.ini",      deep + "/x.ini"};
+    testsupport::writeFile(here + "/Parts/there.ini", "");
     const std::string invalid[] = {"$NOWHERE\\x.ini",
+                                   "$Parts\\there.ini",
+                                   "$OV_PLACE/file",
                                    "%OV_UNSET%\\x.ini",
                                    "%OV_EMPTY%",
                                    "bare.ini",

@@ -125,11 +125,11 @@ TEST_F(LocationMap, TheKernelFindsWhatExists) {
         return std::string(known ? "" : "unknown ") + buffer.data();
     };
     for (const std::string& name :
-         {std::string("$LIB/Main.lmc"), std::string("$lib\\MAIN.lmc"), std::string("$OV_TEST_PARTS/main.lmc"),
+         {std::string("$LIB/Main.lmc"), std::string("$LIB\\MAIN.lmc"),
           std::string("%OV_TEST_PARTS%/Main.lmc"), std::string("..\\parts\\Main.lmc"), found})
         EXPECT_EQ(resolved(name), found) << name;
     for (const std::string& name :
-         {std::string("$LIB/none.lmc"), std::string("$OV_TEST_UNSET/Main.lmc"),
+         {std::string("$LIB/none.lmc"), std::string("$lib/Main.lmc"), std::string("$OV_TEST_PARTS/Main.lmc"),
           std::string("%OV_TEST_UNSET%/Main.lmc"), std::string(), std::string(10'000, 'x')})
         EXPECT_EQ(resolved(name), "unknown ?") << name;
     KernelCloseContext(&context);
