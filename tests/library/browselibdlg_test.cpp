@@ -69,6 +69,20 @@ protected:
     static std::string stateOf(QDialog& dialog) {
         return toUtf8(dialog.findChild<QLabel*>(QStringLiteral("state"))->toolTip());
     }
+    /// Selects a folder of those that the folder browser lists.
+    static void clickFolder(QWidget& browser, const char* name) {
+        auto& folders = *browser.findChild<QListView*>(QStringLiteral("listView"));
+        QModelIndex folder;
+        const auto listed = [&] {
+            const auto root = folders.rootIndex();
+            const auto found = folders.model()->match(folders.model()->index(0, 0, root), Qt::DisplayRole,
+                                                      QLatin1String(name));
+            folder = found.isEmpty() ? QModelIndex() : found.front();
+            return folder.isValid();
+        };
+        ASSERT_TRUE(QTest::qWaitFor(listed, kLongestWait));
+        QTest::mouseClick(folders.viewport(), Qt::LeftButton, {}, folders.visualRect(folder).center());
+    }
     SeenBox boxOnOk(QDialog& dialog, const char* answer = "OK") {
         return boxDuring([&] { press(dialog, "Ok"); }, answer);
     }
@@ -272,7 +286,44 @@ TEST_F(BrowseLibDialog, CreatesAMissingDirectoryWhenTheUserWantsIt) {
     EXPECT_EQ(std::filesystem::current_path(), before);
 }
 
+TEST_F(BrowseLibDialog, CreatesNothingForWhatIsNoPlaceOfADirectory) {
+    const auto unknown = [](const std::string& path) {
+        return "The soft name in '" + path + "' stands for no directory.";
+    };
+    const auto remote = [](const std::string& path) {
+        return "'" + path + "' is no remote library: the location of one begins with http: or ftp:.";
+    };
+    const std::pair<std::string, std::string> rows[] = {
+        {"$NO/parts", unknown("$NO/parts")},
+        {"$NO", unknown("$NO")},
+        {"$libs/parts", unknown("$libs/parts")},
+        {"%OV_TEST_SOFT%/new", unknown("%OV_TEST_SOFT%/new")},
+        {"https:", remote("https:")},
+        {"\"https://host/lib\"", remote("\"https://host/lib\"")},
+        {"HTTP:\\\\host\\lib", remote("HTTP:\\\\host\\lib")},
+        {"\\\\host\\lib", remote("\\\\host\\lib")},
+        {"libs\\mega\\SYM.lib", "'libs\\mega\\SYM.lib' is a file. A library is a directory."},
+    };
+    const ScopedEnvironment soft("OV_TEST_SOFT", "$NO");
+    std::filesystem::create_directory(in("$NO"));
+    const auto entries = [&] {
+        return std::distance(std::filesystem::recursive_directory_iterator(directory()), {});
+    };
+    const auto before = entries();
+    run([&](QDialog& dialog) {
+        type(dialog, "Alias:", "A");
+        for (const auto& [path, message] : rows) {
+            typePath(dialog, path);
+            EXPECT_EQ(stateOf(dialog), "Not a library") << path;
+            EXPECT_EQ(boxOnOk(dialog, "OK"), (SeenBox{"Orvane", message, QMessageBox::Warning}));
+            ASSERT_TRUE(dialog.isVisible()) << path;
+        }
+    });
+    EXPECT_EQ(entries(), before);
+}
+
 TEST_F(BrowseLibDialog, ReturnsThePathAsItWasTypedOrGiven) {
+    const ScopedEnvironment soft("OV_TEST_SOFT", "$LIBS");
     struct Row {
         const char* given;
         const char* typed; ///< null for none
@@ -282,6 +333,7 @@ TEST_F(BrowseLibDialog, ReturnsThePathAsItWasTypedOrGiven) {
     const Row rows[] = {
         {"", "$LIBS/parts  ", "$LIBS/parts"},
         {"", "libs\\parts\\", "libs\\parts\\"},
+        {"", "%OV_TEST_SOFT%/parts", "%OV_TEST_SOFT%/parts"},
         {"caf\xe9", nullptr, "caf\xe9"},
     };
     for (const Row& row : rows) {
@@ -337,20 +389,9 @@ TEST_F(BrowseLibDialog, TheFolderBrowserSaysWhatAFolderHolds) {
         type(dialog, "Path:", "$LIBS"); // and does not await the verdict
         whenModal([&](QWidget& browser) {
             EXPECT_EQ(browser.windowTitle().toStdString(), "Browse for Library Folder");
-            auto& folders = *browser.findChild<QListView*>(QStringLiteral("listView"));
             const auto& status = *browser.findChild<QLabel*>(QStringLiteral("status"));
             for (const auto& row : rows) {
-                QModelIndex folder;
-                const auto listed = [&] {
-                    const auto root = folders.rootIndex();
-                    const auto found = folders.model()->match(folders.model()->index(0, 0, root),
-                                                              Qt::DisplayRole, QLatin1String(row.folder));
-                    folder = found.isEmpty() ? QModelIndex() : found.front();
-                    return folder.isValid();
-                };
-                ASSERT_TRUE(QTest::qWaitFor(listed, kLongestWait));
-                QTest::mouseClick(folders.viewport(), Qt::LeftButton, {},
-                                  folders.visualRect(folder).center());
+                clickFolder(browser, row.folder);
                 EXPECT_EQ(status.text().toStdString(), row.status);
             }
             press(browser, "Choose");
@@ -359,6 +400,25 @@ TEST_F(BrowseLibDialog, TheFolderBrowserSaysWhatAFolderHolds) {
         EXPECT_EQ(textOf(dialog, "Path:"), "$LIBS/mega") << "a soft name stays one";
         awaitVerdict(dialog);
     });
+}
+
+TEST_F(BrowseLibDialog, BrowsingStaysOnTheWayByWhichTheProjectIsReached) {
+    std::filesystem::create_directory_symlink(directory(), in("link"));
+    for (const char* typed : {"libs", "%OV_TEST_LINK%/libs"}) {
+        const ScopedEnvironment link("OV_TEST_LINK", in("link"));
+        CBrowseLibDlg opened;
+        opened.setProjectDirectory(in("link"));
+        run(opened, [&](QDialog& dialog) {
+            typePath(dialog, typed);
+            whenModal([](QWidget& browser) {
+                clickFolder(browser, "parts");
+                press(browser, "Choose");
+            });
+            press(dialog, "...");
+            EXPECT_EQ(textOf(dialog, "Path:"), in("link/libs/parts"));
+            awaitVerdict(dialog);
+        });
+    }
 }
 
 TEST_F(BrowseLibDialog, ASilentServerHoldsNobodyUp) {

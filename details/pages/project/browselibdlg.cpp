@@ -261,14 +261,16 @@ void CBrowseLibDlg::browse() {
     if (!ui_->ok->isEnabled() && worker_->waitForFindings(kPatience))
         takeFindings();
     const bool soft = typed.starts_with('$');
-    const std::string directory = hardNameOf(typed);
-    platform::CurrentDirectory current;
+    // By the names that lead there. The current directory has its physical path only, by which a library in a
+    // project that is reached through a link would not be known to lie there.
+    std::string directory = baseDirectory(projectDirectory_);
     // A path that is still looked up may lie on a disk that does not answer.
-    if (ui_->ok->isEnabled() && directoryOnDisk(directory)) [[maybe_unused]]
-        const bool changed = current.changeTo(directory);
+    if (ui_->ok->isEnabled())
+        directory = directoryOnDisk(locationOf(typed)).value_or(directory);
+    platform::CurrentDirectory current;
+    [[maybe_unused]] const bool changed = current.changeTo(directory);
 
-    std::error_code lost;
-    LibraryFolderBrowser browser(this, std::filesystem::current_path(lost).string());
+    LibraryFolderBrowser browser(this, directory);
     std::string chosen(platform::withoutBlanks(browser.run()));
     if (chosen.empty())
         return;
@@ -302,10 +304,29 @@ bool CBrowseLibDlg::checkAlias(const std::string& alias, bool remote) {
     return true;
 }
 
+bool CBrowseLibDlg::checkPlace(const std::string& path) {
+    const std::string plain = plainPath(path);
+    const auto existing = platform::resolveExisting(locationOf(path));
+    std::error_code missing;
+    QString reason;
+    if (plain.starts_with('$'))
+        reason = tr("The soft name in '%1' stands for no directory.");
+    else if (existing && std::filesystem::exists(*existing, missing) && !platform::isDirectory(*existing))
+        reason = tr("'%1' is a file. A library is a directory.");
+    else if (!existing && namesServer(plain))
+        reason = tr("'%1' is no remote library: the location of one begins with http: or ftp:.");
+    if (reason.isEmpty())
+        return true;
+    showMessage(this, reason.arg(toQString(path)));
+    ui_->path->setFocus();
+    ui_->path->selectAll();
+    return false;
+}
+
 bool CBrowseLibDlg::ensureDirectory(const std::string& path) {
     const CDirHandler project(projectDirectory_);
     const std::string full = locationOf(path);
-    if (!path.empty() && platform::resolveExisting(full))
+    if (directoryOnDisk(full))
         return true;
     const QString question =
         tr("The directory does not exist. Do you want to create '%1' ?").arg(toQString(path));
@@ -325,12 +346,14 @@ void CBrowseLibDlg::accept() {
 
     InitLocationMap(projectDirectory_.c_str(), 0);
     path = hardNameOf(path);
-    const bool remote = platform::IsRemotePath(path);
+    const bool remote = platform::IsRemotePath(plainPath(path));
     if (!checkAlias(alias, remote))
         return;
+    // A remote location is not for us to create.
     if (!remote) {
+        if (!checkPlace(path))
+            return;
         path = directoryOnDisk(locationOf(path)).value_or(path);
-        // A remote location is not for us to create.
         if (!ensureDirectory(path))
             return;
     }
@@ -340,7 +363,7 @@ void CBrowseLibDlg::accept() {
 
     if (ui_->type->isEnabled() || remote)
         type_ = static_cast<int>(selectedType());
-    lastDirectory() = directoryOf(remote ? path : locationOf(path));
+    lastDirectory() = directoryOf(locationOf(path));
     // What was typed and not what it leads to, so that a soft name survives.
     path_ = typed;
     alias_ = alias;

@@ -63,6 +63,8 @@ private:
     void browse();
     /// Shows why an alias is refused. @return false if it is.
     bool checkAlias(const std::string& alias, bool remote);
+    /// Shows why no library can be where a local path leads. @return false if none can.
+    bool checkPlace(const std::string& path);
     /// Creates the directory if it is missing and the user wants it. @return false if OK ends here.
     bool ensureDirectory(const std::string& path);
 

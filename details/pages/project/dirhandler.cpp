@@ -10,10 +10,7 @@ bool CDirHandler::set(std::string_view path) {
         // The separator belongs to the directory, so that the one of "/file" is not empty.
         path.remove_suffix(platform::splitPath(path).name.size());
     }
-    if (!before_.changeTo(path))
-        return false;
-    directory_ = path;
-    return true;
+    return before_.changeTo(path);
 }
 
 } // namespace ovsettings

@@ -2,7 +2,6 @@
 
 #include "details/platform/currentdirectory.h"
 
-#include <string>
 #include <string_view>
 
 namespace ovsettings {
@@ -17,12 +16,8 @@ public:
     /// Moves on; the way back stays the one of construction. @return true if the directory is current now.
     bool set(std::string_view path);
 
-    /// The directory moved to, as it was given; empty if there was none.
-    const std::string& directory() const { return directory_; }
-
 private:
     platform::CurrentDirectory before_;
-    std::string directory_;
 };
 
 } // namespace ovsettings

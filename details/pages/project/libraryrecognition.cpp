@@ -134,8 +134,22 @@ Recognition recogniseLibrary(const std::string& location, LibraryType selected) 
 }
 
 std::string plainPath(const std::string& typed) {
-    std::string path = hardNameOf(typed.substr(0, typed.find_last_not_of(' ') + 1));
-    return platform::IsRemotePath(path) ? path : platform::expandEnvironmentReferences(path);
+    const std::string_view path = std::string_view(typed).substr(0, typed.find_last_not_of(' ') + 1);
+    return hardNameOf(platform::expandEnvironmentReferences(path));
+}
+
+bool namesServer(std::string_view path) {
+    if (path.starts_with('"'))
+        path.remove_prefix(1);
+    if (path.starts_with("\\\\"))
+        return true;
+    constexpr std::size_t kShortestScheme = 2; // one letter is a drive
+    const auto colon = path.find(':');
+    if (colon == std::string_view::npos || colon < kShortestScheme)
+        return false;
+    const std::string_view behind = path.substr(colon + 1);
+    return std::ranges::all_of(path.substr(0, colon), platform::isLetter) &&
+           (behind.empty() || isSeparator(behind.front()));
 }
 
 std::string baseDirectory(const std::string& projectDirectory) {

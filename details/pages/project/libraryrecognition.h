@@ -40,9 +40,13 @@ struct Recognition {
 /// @param selected the type that is selected now.
 Recognition recogniseLibrary(const std::string& location, LibraryType selected);
 
-/// What a typed path says: without the blanks behind it, and with its soft name and environment references
-/// replaced. A soft name without a mapping stays.
+/// What a typed path says, read as the project reads it: without the blanks behind it, and with its
+/// environment references and then its soft name replaced. A soft name without a mapping stays.
 std::string plainPath(const std::string& typed);
+
+/// Whether a plain path is written like a place on another machine: it begins with a scheme, whichever, or
+/// with two "\".
+bool namesServer(std::string_view path);
 
 /// Where a relative path begins: at the project's directory, or at the current one without a project. For the
 /// user-interface thread.
