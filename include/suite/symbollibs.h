@@ -2,6 +2,8 @@
 
 #include "suite/export.h"
 
+#include <cstddef>
+#include <functional>
 #include <list>
 #include <memory>
 #include <string>
@@ -48,6 +50,12 @@ public:
     /// Appends a library.
     void AddLibrary(const std::string& alias, const std::string& location, const std::string& fullPath,
                     int type);
+
+    /// Told, before each library of a list is read, how many are. @return false to give the load up.
+    using Progress = std::function<bool(std::size_t read, std::size_t count)>;
+    /// As the operations without progress; a load that was given up returns false, with the list as it was.
+    virtual bool Load(Orv::IProjectFileData* project, const Progress& progress);
+    virtual bool Load(const std::string& path, const Progress& progress);
 
 private:
     struct Impl;

@@ -47,10 +47,18 @@ std::list<ISymbolLibrary*> CSymbolLibs::GetLibList() {
 }
 
 bool CSymbolLibs::Load(Orv::IProjectFileData* project) {
-    return project && Load(project->GetFilePath());
+    return Load(project, {});
+}
+
+bool CSymbolLibs::Load(Orv::IProjectFileData* project, const Progress& progress) {
+    return project && Load(project->GetFilePath(), progress);
 }
 
 bool CSymbolLibs::Load(const std::string& path) {
+    return Load(path, {});
+}
+
+bool CSymbolLibs::Load(const std::string& path, const Progress& progress) {
     if (path.empty())
         return false;
     const std::string full = platform::fullPath(path);
@@ -58,11 +66,17 @@ bool CSymbolLibs::Load(const std::string& path) {
     if (suite::readTextFile(full, bytes))
         return false;
     const auto map = suite::LocationMap::ofProject(full);
-    Clear();
     platform::RememberedDirectories directories;
     const platform::RememberedDirectories::Use use(directories);
-    for (const suite::LibraryEntry& entry : suite::readLibraries(platform::ProfileDocument(bytes)))
-        AddLibrary(entry.alias, entry.location, map.fullPath(entry.location), entry.type);
+    std::vector<suite::LibraryEntry> entries = suite::readLibraries(platform::ProfileDocument(bytes));
+    std::list<SymbolLibrary> loaded;
+    for (suite::LibraryEntry& entry : entries) {
+        if (progress && !progress(loaded.size(), entries.size()))
+            return false;
+        std::string fullPath = map.fullPath(entry.location);
+        loaded.emplace_back(std::move(entry), std::move(fullPath));
+    }
+    impl_->libraries = std::move(loaded);
     return true;
 }
 

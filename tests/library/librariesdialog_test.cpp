@@ -6,6 +6,8 @@
 #include "suite/symbollibs.h"
 #include "tests/project/projectfixture.h"
 
+#include <QtWidgets/QProgressDialog>
+
 #include <sstream>
 
 using ovsettings::CLibrariesDialog;
@@ -107,6 +109,8 @@ protected:
                 ->setText(QString::fromStdString(path));
             if (refused)
                 testsupport::answerNextMessageBox("OK", &box_);
+            if (whenChosen_)
+                whenChosen_();
             // Accepting a directory would only enter it.
             if (std::filesystem::is_directory(path))
                 chooser.done(QDialog::Accepted);
@@ -116,7 +120,8 @@ protected:
         QTest::mouseClick(&control<QPushButton>("Import..."), Qt::LeftButton);
     }
 
-    std::string box_; ///< the text of the last message box
+    std::string box_;                  ///< the text of the last message box
+    std::function<void()> whenChosen_; ///< called by import, before the chooser closes
     std::string here() const { return directory().string(); }
     std::string here(const std::string& name) const { return (directory() / name).string(); }
 };
@@ -146,10 +151,10 @@ TEST_F(LibrariesPage, MovesNeverPassAPrimaryInTheFirstRow) {
 }
 
 TEST_F(LibrariesPage, StoresEachPathAsTheProjectIsToFindIt) {
-    for (const char* name : {"libs/Analog", "elsewhere"})
+    for (const char* name : {"libs/Analog", "elsewhere", "$NOWHERE/x"})
         std::filesystem::create_directories(directory() / name);
     testsupport::writeFile(directory() / "location.map", "$S ./libs\n$LONG %LONG%\n");
-    const testsupport::ScopedEnvironment variable("LIBRARY_TEST", here("elsewhere"));
+    const testsupport::ScopedEnvironment variable("LIBRARY_TEST", here("elsewhere")), soft("SOFT_TEST", "$S");
     const std::string name(600, 'n');
     const testsupport::ScopedEnvironment tooLong("LONG", name);
     struct Row {
@@ -157,7 +162,9 @@ TEST_F(LibrariesPage, StoresEachPathAsTheProjectIsToFindIt) {
     };
     const Row rows[] = {
         {"$S/analog", "$S/analog", here("libs/analog")},
+        {"%SOFT_TEST%/analog", "%SOFT_TEST%/analog", here("libs/analog")},
         {"$NOWHERE/x", "$NOWHERE/x", "$NOWHERE/x"},
+        {"$s/Analog", "$s/Analog", "$s/Analog"},
         {here("libs/ANALOG"), "./libs/ANALOG", here("libs/Analog")},
         {here("libs") + "\\ANALOG", "./libs\\ANALOG", here("libs/Analog")},
         {here() + "2/x", here() + "2/x", here() + "2/x"},
@@ -246,6 +253,33 @@ TEST_F(LibrariesPage, AFileThatHoldsNoListImportsNothing) {
         import(here(name));
     EXPECT_EQ(rows(), "a, x, Primary\n");
     EXPECT_FALSE(page.isModified());
+}
+
+TEST_F(LibrariesPage, ALongImportShowsHowFarItIsAndImportsNothingOnceItIsStopped) {
+    constexpr std::size_t kMany = 50000;
+    std::string wayAround;
+    for (int i = 0; i < 20; ++i)
+        wayAround += "./nowhere/../";
+    Libraries many;
+    for (std::size_t i = 0; i < kMany; ++i)
+        many.push_back({"m" + std::to_string(i), wayAround + std::to_string(i), 1});
+    for (const char* name : {"many.prj", "many.ini"}) {
+        testsupport::writeFile(directory() / name, section(many));
+        CLibrariesDialog& page = openWith({{"a", "x", 0}});
+        bool shown = false;
+        whenChosen_ = [&] {
+            testsupport::whenModal([&](QWidget& modal) {
+                const auto& box = dynamic_cast<QProgressDialog&>(modal);
+                shown = box.labelText() == QLatin1String("Importing libraries");
+                EXPECT_LT(box.value(), box.maximum());
+                testsupport::press(modal, "Cancel");
+            });
+        };
+        import(here(name));
+        EXPECT_TRUE(shown);
+        EXPECT_EQ(list().count(), 1);
+        EXPECT_FALSE(page.isModified());
+    }
 }
 
 TEST_F(LibrariesPage, AddsBehindTheOthersWhatIsNotInTheListYet) {

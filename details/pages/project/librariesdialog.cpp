@@ -8,6 +8,7 @@
 #include "details/shell/stringtable.h"
 #include "details/widgets/gdipainter.h"
 #include "details/widgets/messagebox.h"
+#include "details/widgets/progress.h"
 #include "details/widgets/propfile.h"
 #include "details/widgets/stringconversion.h"
 #include "suite/symbollibs.h"
@@ -316,11 +317,16 @@ void CLibrariesDialog::importList() {
     const auto path = chooseFile(this, choice);
     if (!path)
         return;
-    if (auto rows = importLibraries(*path))
+    if (auto rows = readRows(*path))
         ui_->libraries->importRows(std::move(*rows));
     else
         showMessage(this, tr("Cannot import libraries from \"%1\"").arg(toQString(*path)), applicationTitle(),
                     QMessageBox::Critical);
+}
+
+std::optional<std::vector<LibraryRow>> CLibrariesDialog::readRows(const std::string& path) {
+    ProgressBox box(*this, tr("Importing libraries"));
+    return importLibraries(path, [&](std::size_t read, std::size_t count) { return box.show(read, count); });
 }
 
 void CLibrariesDialog::load() {

@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -75,6 +76,8 @@ private:
     std::string directory() const;
     bool ask(LibraryRow& row);
     void importList();
+    /// See importLibraries; while they are read, the user may give it up.
+    std::optional<std::vector<LibraryRow>> readRows(const std::string& path);
     void load();
     bool store(StartedBy starter);
 

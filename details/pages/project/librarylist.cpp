@@ -52,14 +52,14 @@ std::string expanded(const std::string& text) {
 /// Empty for what is no soft name, or one without a mapping.
 std::string mappedPath(const std::string& path) {
     std::array<char, kLocationBufferSize> buffer{};
-    GetHardName(path.c_str(), buffer.data());
+    GetHardName(expanded(path).c_str(), buffer.data());
     return buffer.data();
 }
 
 /// The path of a directory that exists, as it is spelled on disk; any other path as it stands.
 std::string pathOnDisk(const std::string& path, std::string_view projectDirectory) {
     std::string looked = expanded(path);
-    if (looked.empty())
+    if (looked.empty() || looked.starts_with('$'))
         return path;
     looked = platform::platformPath(platform::expandHome(std::move(looked)));
     if (!projectDirectory.empty() && std::filesystem::path(looked).is_relative())
@@ -102,15 +102,16 @@ std::string TakenAliases::addUnique(const std::string& alias) {
     return unique;
 }
 
-std::optional<std::vector<LibraryRow>> importLibraries(const std::string& path) {
+std::optional<std::vector<LibraryRow>>
+importLibraries(const std::string& path, const std::function<bool(std::size_t, std::size_t)>& progress) {
     const auto dot = path.rfind('.');
     if (dot == std::string::npos)
         return std::nullopt;
     const std::string extension = platform::inLowerCase(path.substr(dot + 1));
     NProjectTools::CSymbolLibs libraries;
     if (extension == "ini") {
-        // What cannot be read is an empty list; this is meant.
-        libraries.Load(path);
+        // What cannot be read is an empty list, as one that was given up; this is meant.
+        libraries.Load(path, progress);
         return importedRows(libraries, Source::iniFile);
     }
     if (extension != "prj")
@@ -118,7 +119,7 @@ std::optional<std::vector<LibraryRow>> importLibraries(const std::string& path) 
     NProjectTools::CProjectFileUtilitiesLight project(nullptr);
     if (!project.openProjectFile(path))
         return std::nullopt;
-    libraries.Load(&project);
+    libraries.Load(&project, progress);
     project.closeProjectFile();
     return importedRows(libraries, Source::project);
 }

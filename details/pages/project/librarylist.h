@@ -2,6 +2,8 @@
 
 #include "details/pages/project/librarytypes.h"
 
+#include <cstddef>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -38,8 +40,11 @@ private:
 };
 
 /// The libraries of another project (.prj) or of an ini file (.ini), as rows to add to a list.
-/// @return nothing if the file is neither by its ending, or is a project that cannot be opened.
-std::optional<std::vector<LibraryRow>> importLibraries(const std::string& path);
+/// @param progress told how many libraries of how many are read; gives the import up by returning false.
+/// @return nothing if the file is neither by its ending, or is a project that cannot be opened; no row if the
+///         import was given up.
+std::optional<std::vector<LibraryRow>>
+importLibraries(const std::string& path, const std::function<bool(std::size_t, std::size_t)>& progress);
 
 /// The type that a row is stored with: only the first may be Primary.
 int storedType(const LibraryRow& row, bool isFirst);
