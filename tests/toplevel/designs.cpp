@@ -60,7 +60,7 @@ int Designs::run(const std::function<void(QDialog&)>& script, const std::string&
             script(dialog);
         },
         &boxes_);
-    return ovsettings::showSettingsDialog(configuration_, project_->configuration(), nullptr);
+    return ovsettings::showSettingsDialog(configuration_, project_->configuration(), &updater_);
 }
 
 std::vector<std::string> Designs::captions(QDialog& dialog) {

@@ -4,6 +4,7 @@
 #include "orv/projectconfiguration.h"
 #include "suite/openproject.h"
 #include "suite/projectfile.h"
+#include "tests/support/askingupdater.h"
 #include "tests/support/widgets.h"
 
 #include <memory>
@@ -38,6 +39,7 @@ protected:
     testsupport::TemporaryDirectory directory_;
     std::unique_ptr<NProjectTools::COpenProject> project_;
     Orv::iAppConfiguration configuration_;
+    AskingUpdater updater_{{"MAIN", "power"}};
     std::vector<std::string> boxes_;
 };
 

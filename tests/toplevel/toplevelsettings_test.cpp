@@ -136,6 +136,105 @@ TEST_F(Designs, ListsOfTheDesignComeBackAfterALookAtAnotherScheme) {
     EXPECT_EQ(onDisk().GetSymbolPartitions("main"), (Names{"own"}));
 }
 
+TEST_F(Designs, AChosenLocalSchemeWithoutListsOfItsOwnShowsWhatTheLibraryHas) {
+    struct Row {
+        const char *schemes, *project;
+        std::vector<const char*> chosen;
+        Names symbols, pdbs, third;
+    };
+    const Names all{"logic", "analog", "power"}, allPdbs{"pdbs/logic.pdb", "pdbs/analog.pdb"};
+    const Names smd{"cells/smd.cel"};
+    const char* const own = "SearchScheme={Local to Project}\nSymbolPartition#0=own\nThirdPartition#0=x\n";
+    const Row rows[] = {
+        {"(Default)=1\n", "PdbSearchPath#0=own\n", {"Local to design"}, all, allPdbs, smd},
+        {"(Default)=1\n{Local to Project}=1\n", "PdbSearchPath#0=own\n", {"Local to design"}, {}, {}, {}},
+        {"(Default)=1\n", own, {}, {"own"}, {}, {"x"}},
+        {"(Default)=1\n", own, {"Default", "Local to design"}, {"own"}, {}, smd},
+        {"(Default)=1\n{Local to Project}=1\n", own, {"Default", "Local to design"}, {"own"}, {}, {}},
+        {"(Default)=1\nTurned=1\n[Scheme Turned]\nSymbols#0=power\nSymbols#1=logic\nPDBs#0=analog\n"
+         "PDBs#1=logic\n",
+         own,
+         {"Turned"},
+         {"power", "logic"},
+         {"pdbs/analog.pdb", "pdbs/logic.pdb"},
+         {}},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.schemes << row.project << row.chosen.size());
+        writeLibrary(row.schemes);
+        openProject(row.project);
+        run([&](QDialog& dialog) {
+            if (row.chosen.size() == 1)
+                choose(dialog, kScheme, "Default");
+            for (const char* scheme : row.chosen)
+                choose(dialog, kScheme, scheme);
+            EXPECT_EQ(lines(dialog, kSymbols), row.symbols);
+            EXPECT_EQ(lines(dialog, kPdbs), row.pdbs);
+            press(dialog, "OK");
+        });
+        EXPECT_EQ(onDisk().GetSymbolPartitions("main"), row.symbols);
+        EXPECT_EQ(onDisk().GetPdbSearchPath("main"), row.pdbs);
+        EXPECT_EQ(onDisk().GetThirdPartitions("main"), row.third);
+    }
+}
+
+TEST_F(Designs, APageReportsItselfFromTheFirstDifferenceUntilItIsStored) {
+    struct Row {
+        const char* what;
+        std::function<void(QDialog&)> act;
+        bool reported;
+        bool inNetlist = false;
+    };
+    const auto remove = [](const char* title) {
+        return [title](QDialog& dialog) {
+            list(dialog, title).setCurrentRow(0);
+            QTest::keyClick(&list(dialog, title), Qt::Key_Delete);
+        };
+    };
+    const auto toggle = [](const char* caption) {
+        return [caption](QDialog& dialog) {
+            press(dialog, caption);
+        };
+    };
+    const auto pick = [](const char* caption, std::vector<const char*> entries) {
+        return [caption, entries](QDialog& dialog) {
+            for (const char* entry : entries)
+                choose(dialog, caption, entry);
+        };
+    };
+    const Row rows[] = {
+        {"nothing", [](QDialog&) {}, false, true},
+        {"another block", pick(kBlock, {"DAC"}), true, true},
+        {"another block and back", pick(kBlock, {"DAC", "ADC"}), false, true},
+        {"another scheme", pick(kScheme, {"Digital"}), true},
+        {"another scheme and back", pick(kScheme, {"Digital", "Default"}), false},
+        {"a symbol partition less", remove(kSymbols), true},
+        {"a part database less", remove(kPdbs), true},
+        {"forward annotation", toggle("Allow forward annotation"), true},
+        {"back annotation", toggle("Allow back annotation"), true},
+        {"the winner", toggle("Back end always wins"), true},
+    };
+    for (const bool netlist : {false, true}) {
+        for (const Row& row : rows) {
+            if (netlist && !row.inNetlist)
+                continue;
+            SCOPED_TRACE(row.what);
+            openProject("TopBlock=ADC\nSearchScheme=(Default)\n");
+            if (netlist)
+                project_->configuration().topLevelProvider = toplevelsettings::getNetlistTopLevelProvider();
+            updater_.notifications.clear();
+            run([&](QDialog& dialog) {
+                row.act(dialog);
+                press(dialog, "Apply");
+                press(dialog, "OK");
+            });
+            const std::set<std::string> first =
+                row.reported ? std::set<std::string>{"MAIN"} : std::set<std::string>{};
+            EXPECT_EQ(updater_.notifications, (std::vector{first, std::set<std::string>{}}));
+        }
+    }
+}
+
 TEST_F(Designs, ChoosingTheSchemeThatIsShownKeepsWhatWasEdited) {
     openProject("SearchScheme=(Default)\n");
     run([&](QDialog& dialog) {

@@ -81,12 +81,14 @@ void fillBlocks(QComboBox& blocks, const Orv::CProjectConfiguration& project, co
     blocks.setCurrentIndex(selected);
 }
 
-void storeBlock(const QComboBox& blocks, const Orv::CProjectConfiguration& project, const std::string& design,
+bool storeBlock(const QComboBox& blocks, const Orv::CProjectConfiguration& project, const std::string& design,
                 const CNavigator& navigator) {
     if (blocks.currentIndex() < 0)
-        return;
-    project.projectFile->SetTopBlock(blocks.currentData().toByteArray().toStdString(), design);
+        return true;
+    const std::string block = blocks.currentData().toByteArray().toStdString();
+    project.projectFile->SetTopBlock(block, design);
     navigator.refresh();
+    return project.projectFile->GetTopBlock(design) == block;
 }
 
 } // namespace ovsettings

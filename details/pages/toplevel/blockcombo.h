@@ -17,7 +17,8 @@ class CNavigator;
 void fillBlocks(QComboBox& blocks, const Orv::CProjectConfiguration& project, const std::string& design);
 
 /// Stores the selected block, if there is one, and tells the navigator.
-void storeBlock(const QComboBox& blocks, const Orv::CProjectConfiguration& project, const std::string& design,
+/// @return false if the project does not have it now: its file may not be writable.
+bool storeBlock(const QComboBox& blocks, const Orv::CProjectConfiguration& project, const std::string& design,
                 const CNavigator& navigator);
 
 } // namespace ovsettings

@@ -27,19 +27,27 @@ bool CNetlistTopLevelDialog::buildTemplate() {
 }
 
 bool CNetlistTopLevelDialog::OnInitDialog() {
-    if (showsProject(ui_->topLevelBlock, projectConfig_))
+    if (showsProject(ui_->topLevelBlock, projectConfig_)) {
         fillBlocks(*ui_->topLevelBlock, *projectConfig_, blockName_);
+        storedBlock_ = ui_->topLevelBlock->currentIndex();
+    }
     return true;
 }
 
 bool CNetlistTopLevelDialog::onApply() {
-    if (showsProject(ui_->topLevelBlock, projectConfig_))
-        storeBlock(*ui_->topLevelBlock, *projectConfig_, blockName_, navigator_);
+    if (showsProject(ui_->topLevelBlock, projectConfig_) &&
+        storeBlock(*ui_->topLevelBlock, *projectConfig_, blockName_, navigator_))
+        storedBlock_ = ui_->topLevelBlock->currentIndex();
     return true;
 }
 
 bool CNetlistTopLevelDialog::onCancel() {
     return true;
+}
+
+bool CNetlistTopLevelDialog::isModified() const {
+    return showsProject(ui_->topLevelBlock, projectConfig_) &&
+           ui_->topLevelBlock->currentIndex() != storedBlock_;
 }
 
 } // namespace ovsettings

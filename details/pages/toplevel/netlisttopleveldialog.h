@@ -24,11 +24,14 @@ public:
     bool OnInitDialog() override;
     bool onApply() override;
     bool onCancel() override;
+    /// True once another block is selected than at the filling or the last store.
+    bool isModified() const override;
 
 private:
     std::unique_ptr<Ui::CNetlistTopLevelDialog> ui_;
     std::string blockName_;
     CNavigator navigator_;
+    int storedBlock_ = -1; ///< its place among the blocks
 };
 
 } // namespace ovsettings

@@ -82,6 +82,7 @@ bool CTopLevelSettingsDialog::OnInitDialog() {
     ui_->backEndWins->setChecked(winner == kBackEnd);
     setListState(isEditable(toUtf8(ui_->scheme->currentText())));
     connectControls();
+    stored_ = choices();
     return true;
 }
 
@@ -216,31 +217,48 @@ bool CTopLevelSettingsDialog::onApply() {
         return true;
     ui_->symbolPartitions->finishEditing();
     ui_->pdbSearchPath->finishEditing();
-    if (ui_->scheme->currentIndex() >= 0) {
-        if (ui_->scheme->currentText() != QLatin1String(kDefaultShown))
-            storeLists();
-        storeScheme();
-    }
-    storeBlock(*ui_->topLevelBlock, *projectConfig_, blockName_, navigator_);
-    Orv::IProjectFileData& project = *projectConfig_->projectFile;
-    project.SetBackAnnotationBlocked(!ui_->backAnnotation->isChecked(), blockName_);
-    project.SetForwardAnnotationBlocked(!ui_->forwardAnnotation->isChecked(), blockName_);
-    project.SetConflictWinner(ui_->frontEndWins->isChecked() ? kFrontEnd : kBackEnd, blockName_);
+    bool stored = !storesLists() || storeLists();
+    if (ui_->scheme->currentIndex() >= 0)
+        stored = storeScheme() && stored;
+    stored = storeBlock(*ui_->topLevelBlock, *projectConfig_, blockName_, navigator_) && stored;
+    stored = storeFlags() && stored;
+    if (stored)
+        stored_ = choices();
     return true;
 }
 
-void CTopLevelSettingsDialog::storeLists() {
-    const Lists lists{entriesOf(*ui_->symbolPartitions), entriesOf(*ui_->pdbSearchPath), third_};
-    const Lists stored = projectLists();
-    Orv::IProjectFileData& project = *projectConfig_->projectFile;
-    if (lists.symbols != stored.symbols || lists.pdb != stored.pdb || lists.third != stored.third)
+bool CTopLevelSettingsDialog::isModified() const {
+    return showsProject(ui_->scheme, projectConfig_) &&
+           (ui_->symbolPartitions->isChanging() || ui_->pdbSearchPath->isChanging() || choices() != stored_);
+}
+
+bool CTopLevelSettingsDialog::storesLists() const {
+    return ui_->scheme->currentIndex() >= 0 && ui_->scheme->currentText() != QLatin1String(kDefaultShown);
+}
+
+CTopLevelSettingsDialog::Lists CTopLevelSettingsDialog::shownLists() const {
+    return {entriesOf(*ui_->symbolPartitions), entriesOf(*ui_->pdbSearchPath), third_};
+}
+
+CTopLevelSettingsDialog::Choices CTopLevelSettingsDialog::choices() const {
+    return {ui_->topLevelBlock->currentIndex(),     ui_->scheme->currentIndex(),
+            storesLists() ? shownLists() : Lists{}, ui_->backAnnotation->isChecked(),
+            ui_->forwardAnnotation->isChecked(),    ui_->frontEndWins->isChecked(),
+            ui_->backEndWins->isChecked()};
+}
+
+bool CTopLevelSettingsDialog::storeLists() {
+    const Lists lists = shownLists();
+    if (lists != projectLists())
         projectConfig_->topLevelChanged = true;
+    Orv::IProjectFileData& project = *projectConfig_->projectFile;
     project.SetSymbolPartitions(lists.symbols, blockName_);
     project.SetPdbSearchPath(lists.pdb, blockName_);
     project.SetThirdPartitions(lists.third, blockName_);
+    return projectLists() == lists;
 }
 
-void CTopLevelSettingsDialog::storeScheme() {
+bool CTopLevelSettingsDialog::storeScheme() {
     std::string scheme = toUtf8(ui_->scheme->currentText());
     if (const auto stored = schemeNames_.find(scheme); stored != schemeNames_.end())
         scheme = stored->second;
@@ -248,6 +266,20 @@ void CTopLevelSettingsDialog::storeScheme() {
     if (!platform::equalsWithoutCase(scheme, project.GetSearchScheme(blockName_)))
         projectConfig_->topLevelChanged = true;
     project.SetSearchScheme(scheme, blockName_);
+    return project.GetSearchScheme(blockName_) == scheme;
+}
+
+bool CTopLevelSettingsDialog::storeFlags() {
+    Orv::IProjectFileData& project = *projectConfig_->projectFile;
+    const bool backBlocked = !ui_->backAnnotation->isChecked();
+    const bool forwardBlocked = !ui_->forwardAnnotation->isChecked();
+    const char* winner = ui_->frontEndWins->isChecked() ? kFrontEnd : kBackEnd;
+    project.SetBackAnnotationBlocked(backBlocked, blockName_);
+    project.SetForwardAnnotationBlocked(forwardBlocked, blockName_);
+    project.SetConflictWinner(winner, blockName_);
+    return project.GetBackAnnotationBlocked(blockName_) == backBlocked &&
+           project.GetForwardAnnotationBlocked(blockName_) == forwardBlocked &&
+           project.GetConflictWinner(blockName_) == winner;
 }
 
 bool CTopLevelSettingsDialog::onCancel() {

@@ -29,6 +29,8 @@ public:
     bool OnInitDialog() override;
     bool onApply() override;
     bool onCancel() override;
+    /// True once the controls stand for another choice than at the filling or the last store.
+    bool isModified() const override;
 
 private:
     /// What a scheme shows of the library, or what the design has of its own. Names of partitions.
@@ -36,6 +38,21 @@ private:
         std::vector<std::string> symbols;
         std::vector<std::string> pdb;
         std::vector<std::string> third;
+
+        bool operator==(const Lists&) const = default;
+    };
+
+    /// What a store writes.
+    struct Choices {
+        int block = -1;
+        int scheme = -1;
+        Lists lists; ///< empty where the scheme has its own
+        bool backAnnotation = false;
+        bool forwardAnnotation = false;
+        bool frontEndWins = false;
+        bool backEndWins = false;
+
+        bool operator==(const Choices&) const = default;
     };
 
     std::string libraryPath() const;
@@ -51,8 +68,13 @@ private:
     void onListChanged();
     void setListState(bool editable);
     bool isEditable(const std::string& shown) const;
-    void storeLists();
-    void storeScheme();
+    bool storesLists() const;
+    Lists shownLists() const;
+    Choices choices() const;
+    // Each @return whether the project has it now; its file may not be writable.
+    bool storeLists();
+    bool storeScheme();
+    bool storeFlags();
 
     std::unique_ptr<Ui::CTopLevelSettingsDialog> ui_;
     std::string blockName_;
@@ -65,6 +87,7 @@ private:
     std::string shownScheme_; ///< the one selected last, as shown
     Lists local_;             ///< what the user had under the local scheme last
     std::vector<std::string> third_;
+    Choices stored_;
 };
 
 } // namespace ovsettings
