@@ -51,23 +51,18 @@ struct LocalStream : RemoteStream {
     File file;
 };
 
+/// The entry points that are called here.
 struct Functions {
     decltype(&URL_Fopen) open = nullptr;
     decltype(&URL_Fclose) close = nullptr;
-    decltype(&URL_Fread) read = nullptr;
-    decltype(&URL_Fseek) seek = nullptr;
     decltype(&URL_Fgets) gets = nullptr;
-    decltype(&URL_Fgetc) getc = nullptr;
-    decltype(&URL_Ungetc) ungetc = nullptr;
-    decltype(&URL_Ftell) tell = nullptr;
-    decltype(&URL_Info) info = nullptr;
     decltype(&URL_InfoURL) infoOfUrl = nullptr;
-    decltype(&URL_Loop2) loop = nullptr;
 };
 
 struct EntryPoint {
     const char* name;
-    void (*keep)(Functions& functions, void* address);
+    void (*keep)(Functions& functions, void* address) = [](Functions&, void*) {
+    };
 };
 
 template <auto Member>
@@ -78,13 +73,19 @@ constexpr EntryPoint entryPoint(const char* name) {
             }};
 }
 
+/// A module that lacks one of them is not one of this contract, whether it is called here or not.
 constexpr std::array kEntryPoints{
-    entryPoint<&Functions::open>("URL_Fopen"),    entryPoint<&Functions::close>("URL_Fclose"),
-    entryPoint<&Functions::read>("URL_Fread"),    entryPoint<&Functions::seek>("URL_Fseek"),
-    entryPoint<&Functions::gets>("URL_Fgets"),    entryPoint<&Functions::getc>("URL_Fgetc"),
-    entryPoint<&Functions::ungetc>("URL_Ungetc"), entryPoint<&Functions::tell>("URL_Ftell"),
-    entryPoint<&Functions::info>("URL_Info"),     entryPoint<&Functions::infoOfUrl>("URL_InfoURL"),
-    entryPoint<&Functions::loop>("URL_Loop2"),
+    entryPoint<&Functions::open>("URL_Fopen"),
+    entryPoint<&Functions::close>("URL_Fclose"),
+    EntryPoint{"URL_Fread"},
+    EntryPoint{"URL_Fseek"},
+    entryPoint<&Functions::gets>("URL_Fgets"),
+    EntryPoint{"URL_Fgetc"},
+    EntryPoint{"URL_Ungetc"},
+    EntryPoint{"URL_Ftell"},
+    EntryPoint{"URL_Info"},
+    entryPoint<&Functions::infoOfUrl>("URL_InfoURL"),
+    EntryPoint{"URL_Loop2"},
 };
 
 /// What is loaded for one scheme. An absent module is looked for once.

@@ -1,8 +1,5 @@
 #include "details/platform/libcfg.h"
-#include "details/platform/paths.h"
 #include "details/platform/remotefile.h"
-#include "details/platform/sharedlibrary.h"
-#include "details/platform/urlaccess.h"
 
 #include "tests/support/childprocess.h"
 #include "tests/urlaccess/httpserver.h"
@@ -10,7 +7,6 @@
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <future>
 #include <utility>
 
@@ -43,7 +39,7 @@ TEST(RemoteFile, ALocationIsRemoteByItsExactBeginning) {
         EXPECT_FALSE(platform::IsRemotePath(path)) << path;
 }
 
-TEST(RemoteFile, PathsAreJoinedTestedAndMadeAbsolute) {
+TEST(RemoteFile, PathsAreJoinedAndTested) {
     const TemporaryDirectory directory;
     writeFile(directory / "Sym.lib", "x");
     fs::create_directory(directory / "SCH");
@@ -54,22 +50,6 @@ TEST(RemoteFile, PathsAreJoinedTestedAndMadeAbsolute) {
     EXPECT_EQ(platform::TestPathKind(root + "\\sch", PathKind::directory), 0);
     EXPECT_NE(platform::TestPathKind(root + "/s?h", PathKind::directory), 0);
     EXPECT_NE(platform::TestPathKind("", PathKind::directory), 0);
-
-    const ScopedEnvironment home("HOME", root);
-    struct Row {
-        std::string given, absolute;
-    };
-    const std::string current = fs::current_path().string();
-    const Row rows[] = {
-        {"~\\sch", root + "/sch"}, {"~", root},
-        {"./a", current + "/a"},   {"~nobody-of-that-name", current + "/~nobody-of-that-name"},
-        {"a/../b", "a/../b"},      {"", ""},
-    };
-    for (const Row& row : rows) {
-        std::string path = row.given;
-        platform::NormalizeName(path);
-        EXPECT_EQ(platform::platformPath(path), row.absolute) << row.given;
-    }
 }
 
 TEST(LibCfg, TheFirstLineThatBeginsWithAliasGivesTheName) {
@@ -188,44 +168,6 @@ TEST(UrlAccess, ASlowServerIsGivenUpByEveryThreadThatAsks) {
     for (auto& kind : kinds)
         EXPECT_EQ(kind.get(), platform::kRemoteUnreachable);
     EXPECT_LT(std::chrono::steady_clock::now() - begin, kPatience);
-}
-
-template <typename Function>
-Function* entry(const platform::SharedLibrary& module, const char* name) {
-    return reinterpret_cast<Function*>(module.symbol(name));
-}
-
-TEST(UrlAccess, AStreamIsMarkedAndActsLikeAFile) {
-    HttpServer server;
-    server.serve("/lines", "one\ntwo");
-    const platform::SharedLibrary module(kUrlSchemes[0].module);
-    ASSERT_TRUE(module);
-    const auto read = entry<decltype(URL_Fread)>(module, "URL_Fread");
-    const auto seek = entry<decltype(URL_Fseek)>(module, "URL_Fseek");
-    const auto getc = entry<decltype(URL_Fgetc)>(module, "URL_Fgetc");
-    const auto ungetc = entry<decltype(URL_Ungetc)>(module, "URL_Ungetc");
-    const auto tell = entry<decltype(URL_Ftell)>(module, "URL_Ftell");
-    UrlStream* stream = entry<decltype(URL_Fopen)>(module, "URL_Fopen")(server.url("/lines").c_str(), "r");
-    ASSERT_NE(stream, nullptr);
-    EXPECT_EQ(stream->magic, 0xe4e41644u);
-
-    UrlInfo info{0, -1, 0};
-    EXPECT_EQ(entry<decltype(URL_Info)>(module, "URL_Info")(stream, &info), kUrlFile);
-    EXPECT_EQ(info.size, 7);
-    EXPECT_EQ(ungetc('x', stream), EOF);
-    EXPECT_EQ(getc(stream), 'o');
-    EXPECT_EQ(ungetc('O', stream), 'O');
-    char buffer[8] = {};
-    EXPECT_EQ(read(buffer, 2, 10, stream), 3u);
-    EXPECT_STREQ(buffer, "One\ntw");
-    EXPECT_EQ(seek(stream, -3, SEEK_END), 0);
-    EXPECT_EQ(tell(stream), 4);
-    for (const auto& [offset, origin] : {std::pair{4L, SEEK_END}, {-5L, SEEK_CUR}, {-1L, SEEK_SET}})
-        EXPECT_NE(seek(stream, offset, origin), 0) << offset;
-    EXPECT_STREQ(entry<decltype(URL_Fgets)>(module, "URL_Fgets")(buffer, 8, stream), "two");
-    EXPECT_EQ(getc(stream), EOF);
-    EXPECT_EQ(entry<decltype(URL_Loop2)>(module, "URL_Loop2")(), 0);
-    EXPECT_EQ(entry<decltype(URL_Fclose)>(module, "URL_Fclose")(stream), 0);
 }
 
 } // namespace
