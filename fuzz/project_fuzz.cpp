@@ -51,14 +51,15 @@ void checkLists(std::string_view text, ProfileDocument& document) {
     require(document.keys("DesignInfo") == others);
 }
 
-void checkLibraries(ProfileDocument& document) {
-    std::vector<suite::LibraryEntry> libraries = suite::readLibraries(document);
+void checkLibraries(std::string_view text, ProfileDocument& document) {
+    std::vector<suite::LibraryEntry> libraries = suite::readLibraries(platform::ProfileView(text));
     std::ranges::reverse(libraries);
     if (!std::ranges::all_of(libraries, isStorable, &suite::LibraryEntry::location) ||
         !std::ranges::all_of(libraries, isStorable, &suite::LibraryEntry::alias))
         return;
     require(suite::writeLibraries(document, libraries));
-    const auto again = suite::readLibraries(ProfileDocument(document.text()));
+    const std::string written = document.text();
+    const auto again = suite::readLibraries(platform::ProfileView(written));
     require(std::ranges::equal(again, libraries, [](const auto& one, const auto& other) {
         return one.alias == other.alias && one.location == other.location && one.type == other.type;
     }));
@@ -85,6 +86,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (size % 2 == 0)
         checkLists(text, document);
     else
-        checkLibraries(document);
+        checkLibraries(text, document);
     return 0;
 }

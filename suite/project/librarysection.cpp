@@ -16,7 +16,7 @@ constexpr int kReadonly = 2;
 constexpr int kLastType = 3;
 
 /// What is no type is taken for the one that forbids most.
-int typeOf(const std::string& text) {
+int typeOf(std::string_view text) {
     int type = kReadonly;
     const char* end = text.data() + text.size();
     const auto parsed = std::from_chars(text.data(), end, type);
@@ -26,14 +26,14 @@ int typeOf(const std::string& text) {
 
 } // namespace
 
-std::vector<LibraryEntry> readLibraries(const platform::ProfileDocument& content) {
+std::vector<LibraryEntry> readLibraries(const platform::ProfileView& content) {
+    const auto locations = numberedEntries(content, kSection, kLocation);
+    const auto aliases = numberedEntries(content, kSection, kAlias);
+    const auto types = numberedEntries(content, kSection, kType);
     std::vector<LibraryEntry> libraries;
-    for (const std::string& location : readList(content, kSection, kLocation)) {
-        const auto value = [&](std::string_view name) {
-            return content.value(kSection, numberedKey(name, libraries.size())).value_or("");
-        };
-        libraries.push_back({value(kAlias), location, typeOf(value(kType))});
-    }
+    for (std::size_t i = 0; i < locations.size() && locations[i]; ++i)
+        libraries.push_back({std::string(aliases[i].value_or("")), std::string(*locations[i]),
+                             typeOf(types[i].value_or(""))});
     return libraries;
 }
 

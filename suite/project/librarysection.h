@@ -1,6 +1,7 @@
 #pragma once
 
 #include "details/platform/profiledocument.h"
+#include "details/platform/profileview.h"
 
 #include <string>
 #include <vector>
@@ -14,7 +15,7 @@ struct LibraryEntry {
     int type;
 };
 
-std::vector<LibraryEntry> readLibraries(const platform::ProfileDocument& content);
+std::vector<LibraryEntry> readLibraries(const platform::ProfileView& content);
 
 /// @return false if a text cannot be stored; the content may then be changed in part.
 [[nodiscard]] bool writeLibraries(platform::ProfileDocument& content,

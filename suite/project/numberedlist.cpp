@@ -38,6 +38,15 @@ std::vector<std::string> readList(const platform::ProfileDocument& content, std:
 
 std::vector<std::string> readList(const platform::ProfileView& content, std::string_view section,
                                   std::string_view name) {
+    const auto found = numberedEntries(content, section, name);
+    std::vector<std::string> texts;
+    for (std::size_t i = 0; i < found.size() && found[i]; ++i)
+        texts.emplace_back(*found[i]);
+    return texts;
+}
+
+std::vector<std::optional<std::string_view>>
+numberedEntries(const platform::ProfileView& content, std::string_view section, std::string_view name) {
     const auto entries = content.entries(section);
     const std::string prefix = std::string(name) + '#';
     std::vector<std::optional<std::string_view>> found(entries.size());
@@ -46,10 +55,7 @@ std::vector<std::string> readList(const platform::ProfileView& content, std::str
         if (number && *number < found.size() && !found[*number])
             found[*number] = value;
     }
-    std::vector<std::string> texts;
-    for (std::size_t i = 0; i < found.size() && found[i]; ++i)
-        texts.emplace_back(*found[i]);
-    return texts;
+    return found;
 }
 
 bool writeList(platform::ProfileDocument& content, std::string_view section, std::string_view name,

@@ -4,6 +4,7 @@
 #include "details/platform/profileview.h"
 
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -20,6 +21,10 @@ std::vector<std::string> readList(const platform::ProfileDocument& content, std:
 
 std::vector<std::string> readList(const platform::ProfileView& content, std::string_view section,
                                   std::string_view name);
+
+/// The entries by number, gaps included; the vector is as long as the section, at least.
+std::vector<std::optional<std::string_view>> numberedEntries(const platform::ProfileView& content,
+                                                             std::string_view section, std::string_view name);
 
 /// @return false if a text or name cannot be stored; the content may then be changed in part.
 [[nodiscard]] bool writeList(platform::ProfileDocument& content, std::string_view section,

@@ -68,7 +68,7 @@ bool CSymbolLibs::Load(const std::string& path, const Progress& progress) {
     const auto map = suite::LocationMap::ofProject(full);
     platform::RememberedDirectories directories;
     const platform::RememberedDirectories::Use use(directories);
-    std::vector<suite::LibraryEntry> entries = suite::readLibraries(platform::ProfileDocument(bytes));
+    std::vector<suite::LibraryEntry> entries = suite::readLibraries(platform::ProfileView(bytes));
     std::list<SymbolLibrary> loaded;
     for (suite::LibraryEntry& entry : entries) {
         if (progress && !progress(loaded.size(), entries.size()))
