@@ -3,6 +3,7 @@
 #include "orv/projectfiledata.h"
 #include "ovsettings/propdialogtemplate.h"
 #include "ovsettings/topleveldialogprovider.h"
+#include "tests/support/projecterrors.h"
 
 #include <QtWidgets/QAbstractItemView>
 
@@ -232,6 +233,30 @@ TEST_F(Designs, APageReportsItselfFromTheFirstDifferenceUntilItIsStored) {
                 row.reported ? std::set<std::string>{"MAIN"} : std::set<std::string>{};
             EXPECT_EQ(updater_.notifications, (std::vector{first, std::set<std::string>{}}));
         }
+    }
+}
+
+TEST_F(Designs, WhatCouldNotBeWrittenIsReportedAgainAndWrittenLater) {
+    const std::filesystem::path file = directory_ / "demo.prj", away = directory_ / "away.prj";
+    for (auto* provider :
+         {toplevelsettings::getTopLevelSettingsProvider(), toplevelsettings::getNetlistTopLevelProvider()}) {
+        openProject("TopBlock=ADC\n");
+        project_->configuration().topLevelProvider = provider;
+        updater_.notifications.clear();
+        const ProjectErrors told;
+        run([&](QDialog& dialog) {
+            choose(dialog, kBlock, "DAC");
+            std::filesystem::rename(file, away);
+            std::filesystem::create_directory(file);
+            press(dialog, "Apply");
+            std::filesystem::remove(file);
+            std::filesystem::rename(away, file);
+            press(dialog, "Apply");
+            press(dialog, "OK");
+        });
+        const std::set<std::string> named{"MAIN"};
+        EXPECT_EQ(updater_.notifications, (std::vector{named, named, {}}));
+        EXPECT_EQ(onDisk().GetTopBlock("main"), "DAC");
     }
 }
 

@@ -286,7 +286,7 @@ bool CBrowseLibDlg::checkAlias(const std::string& alias, bool remote) {
         ui_->alias->selectAll();
         return false;
     };
-    // Blanks have a rule of their own, below.
+    // Blanks have a rule of their own, below. That is meant.
     std::string withoutBlanks = alias;
     std::erase(withoutBlanks, ' ');
     if (!withoutBlanks.empty() && !ZECIsValidAlias(withoutBlanks))

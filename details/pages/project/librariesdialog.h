@@ -37,7 +37,8 @@ public:
         void setRows(const std::vector<LibraryRow>& rows);
         /// Appends rows. Those whose alias is taken get another one.
         void importRows(std::vector<LibraryRow> rows);
-        /// Shows the rows with the types that they are stored with.
+        /// Shows the rows with the types that they are stored with: what the next store begins from. That is
+        /// meant.
         void mendTypes();
 
     protected:

@@ -68,7 +68,7 @@ std::string pathOnDisk(const std::string& path, std::string_view projectDirector
     return existing && platform::isDirectory(*existing) ? platform::fullPath(*existing) : path;
 }
 
-/// Only whole names count: "/boards/v12" does not lie in "/boards/v1".
+/// Only whole names count, and that is meant: "/boards/v12" does not lie in "/boards/v1".
 bool liesIn(std::string_view directory, const std::string& path) {
     if (directory.empty() || !platform::platformPath(path).starts_with(platform::platformPath(directory)))
         return false;

@@ -14,7 +14,9 @@ bool isSeparator(char c) {
 
 std::string relativeTo(const std::string& base, const std::string& path) {
     std::size_t begin = 0;
-    bool isNamed = false; // the separators before all names are the root, which unrelated paths share too
+    // The separators before all names are the root, which unrelated paths share too: without it such a path
+    // would lead nowhere. That is meant.
+    bool isNamed = false;
     for (std::size_t at = 0; at < base.size() && at < path.size(); ++at) {
         const bool bothSeparate = isSeparator(base[at]) && isSeparator(path[at]);
         if (!bothSeparate && base[at] != path[at])

@@ -187,7 +187,7 @@ void CTopLevelSettingsDialog::onSchemeSelected(int chosen) {
 }
 
 /// Lists that the user has changed are the design's own from here on, and are kept as such when another
-/// scheme is chosen; nothing else changes with that.
+/// scheme is chosen; nothing else changes with that. That is meant.
 void CTopLevelSettingsDialog::onListChanged() {
     const int local = ui_->scheme->findText(kLocalShown, Qt::MatchExactly | Qt::MatchCaseSensitive);
     if (local < 0)
