@@ -79,6 +79,17 @@ std::vector<std::string> verdictRow(const Report& report, std::size_t field) {
     return {"in force", shown(report.property.values[field]), remark};
 }
 
+// The administrator's words on the lock, a row each.
+void appendLockNote(const Report& report, std::size_t field, std::vector<std::vector<std::string>>& rows) {
+    if (field >= report.origins.size())
+        return;
+    const Orv::LockNote& note = report.origins[field].lockNote;
+    if (!note.reason.empty())
+        rows.push_back({"reason", printable(note.reason), ""});
+    if (!note.contact.empty())
+        rows.push_back({"contact", printable(note.contact), ""});
+}
+
 // As many as any level has a word on, so that the entries of a list that another level cut short are seen
 // too.
 std::size_t fieldCount(const Report& report) {
@@ -98,6 +109,7 @@ void explain(std::ostream& out, const Report& report) {
         for (std::size_t level = 0; level < report.levels.size(); ++level)
             rows.push_back(levelRow(report, level, field));
         rows.push_back(verdictRow(report, field));
+        appendLockNote(report, field, rows);
         writeColumns(out, rows, "  ");
     }
 }

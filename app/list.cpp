@@ -78,12 +78,14 @@ QJsonValue textOrNull(const std::string& text) {
 }
 
 QJsonObject toJson(const Orv::PropertyReport& report) {
-    QJsonArray locks, origins, lockedBy;
+    QJsonArray locks, origins, lockedBy, lockReasons, lockContacts;
     for (const auto lock : report.property.readonly)
         locks.append(lock != 0);
     for (const Orv::FieldOrigin& origin : report.origins) {
         origins.append(textOrNull(origin.valueDirectory));
         lockedBy.append(textOrNull(origin.lockDirectory));
+        lockReasons.append(textOrNull(origin.lockNote.reason));
+        lockContacts.append(textOrNull(origin.lockNote.contact));
     }
     return {
         {"key", QString::fromStdString(report.property.name)},
@@ -95,6 +97,8 @@ QJsonObject toJson(const Orv::PropertyReport& report) {
         {"locks", locks},
         {"origins", origins},
         {"lockedBy", lockedBy},
+        {"lockReasons", lockReasons},
+        {"lockContacts", lockContacts},
     };
 }
 

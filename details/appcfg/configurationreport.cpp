@@ -75,7 +75,8 @@ PropertyReport withoutLevels(const iAppConfiguration& appConfig, const Catalogue
     report.builtInDefault = cutFields(row.defaultText);
     for (std::size_t i = 0; i < report.property.values.size(); ++i)
         report.origins.push_back({appConfig.valueDirectory(report.property.name, i),
-                                  appConfig.lockingDirectory(report.property.name, i)});
+                                  appConfig.lockingDirectory(report.property.name, i),
+                                  appConfig.lockNote(report.property.name, i)});
     report.changed = differs(row.kind, report.property.values, report.builtInDefault);
     return report;
 }

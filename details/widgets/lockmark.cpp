@@ -23,8 +23,14 @@ void lock(QWidget& widget, const QString& toolTip) {
 } // namespace
 
 QString lockToolTip(const Orv::iAppConfiguration& appConfig, const std::string& key, std::size_t field) {
-    return QCoreApplication::translate("ovsettings", "Locked by %1")
-        .arg(toQString(appConfig.lockingDirectory(key, field)));
+    QString text = QCoreApplication::translate("ovsettings", "Locked by %1")
+                       .arg(toQString(appConfig.lockingDirectory(key, field)));
+    const Orv::LockNote note = appConfig.lockNote(key, field);
+    if (!note.reason.empty())
+        text += '\n' + toQString(note.reason);
+    if (!note.contact.empty())
+        text += '\n' + QCoreApplication::translate("ovsettings", "Contact: %1").arg(toQString(note.contact));
+    return text;
 }
 
 void markLocked(QWidget& control, const Orv::iAppConfiguration& appConfig, const std::string& key,

@@ -14,7 +14,8 @@ namespace ovsettings {
 
 struct GridCellStyle;
 
-/// What a user is told of a locked field, as plain text: the directory that locks it.
+/// What a user is told of a locked field, as plain text: the directory that locks it and, a line each, the
+/// administrator's reason and whom to ask.
 /// @param field index from 0.
 QString lockToolTip(const Orv::iAppConfiguration& appConfig, const std::string& key, std::size_t field = 0);
 

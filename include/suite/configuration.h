@@ -109,6 +109,10 @@ public:
     /// Sets who is told of damaged files and failed writes. An empty handler restores the standard error
     /// stream.
     virtual void SetErrorHandler(ErrorHandler handler) = 0;
+
+    /// The path of what a directory's configuration is kept in, whether it is there or not: who watches the
+    /// configuration watches this. The directory itself, if a manager does not say.
+    virtual std::string FileOf(const std::string& directory) const { return directory; }
 };
 
 } // namespace Orv

@@ -83,6 +83,10 @@ void ConfigurationManager::SetErrorHandler(ErrorHandler handler) {
     log_.setHandler(std::move(handler));
 }
 
+std::string ConfigurationManager::FileOf(const std::string& directory) const {
+    return directory + kFileName;
+}
+
 } // namespace suite
 
 namespace Orv {

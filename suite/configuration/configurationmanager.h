@@ -18,6 +18,7 @@ public:
     Orv::IOvConfiguration* GetConfiguration(const std::string& directory, Access access) override;
     bool ReleaseConfiguration(Orv::IOvConfiguration* configuration) override;
     void SetErrorHandler(ErrorHandler handler) override;
+    std::string FileOf(const std::string& directory) const override;
 
 private:
     platform::LockPatience patienceWith(const std::string& path);

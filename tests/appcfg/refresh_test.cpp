@@ -1,6 +1,9 @@
 // What a running program takes over of what others write.
 
+#include "ovsettings/configurationwatcher.h"
 #include "tests/appcfg/storetest.h"
+
+#include <QtTest/QSignalSpy>
 
 #include <functional>
 
@@ -111,4 +114,18 @@ TEST_F(Refresh, DefaultsThatWereSetStandUntilTheNextLoad) {
     ASSERT_TRUE(store.load());
     EXPECT_EQ(value("UNDO_LEVEL"), "9");
     EXPECT_FALSE(Orv::iAppConfiguration().refresh().isDone) << "nothing was loaded";
+}
+
+TEST_F(Refresh, AWatcherTellsOfALevelThatAnotherProgramWrites) {
+    writeLevel(installation.user(), "");
+    ASSERT_TRUE(store.load());
+    ovsettings::CConfigurationWatcher watcher(store.workingDirectories());
+    QSignalSpy told(&watcher, &ovsettings::CConfigurationWatcher::changed);
+    Orv::iAppConfiguration other;
+    ASSERT_TRUE(other.load());
+    Orv::setValue(other, "GRID_HR", "7");
+    ASSERT_TRUE(other.save());
+    ASSERT_TRUE(told.wait());
+    EXPECT_EQ(store.refresh().changed, Texts{"GRID_HR"});
+    EXPECT_EQ(told.size(), 1) << "a save is a series of steps";
 }
