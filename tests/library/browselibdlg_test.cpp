@@ -299,6 +299,7 @@ TEST_F(BrowseLibDialog, CreatesNothingForWhatIsNoPlaceOfADirectory) {
         {"$libs/parts", unknown("$libs/parts")},
         {"%OV_TEST_SOFT%/new", unknown("%OV_TEST_SOFT%/new")},
         {"https:", remote("https:")},
+        {"  \"https:\"", remote("  \"https:\"")},
         {"\"https://host/lib\"", remote("\"https://host/lib\"")},
         {"HTTP:\\\\host\\lib", remote("HTTP:\\\\host\\lib")},
         {"\\\\host\\lib", remote("\\\\host\\lib")},

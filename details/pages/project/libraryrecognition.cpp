@@ -139,8 +139,9 @@ std::string plainPath(const std::string& typed) {
 }
 
 bool namesServer(std::string_view path) {
-    if (path.starts_with('"'))
-        path.remove_prefix(1);
+    constexpr std::string_view kAround = " \"";
+    path.remove_prefix(std::min(path.find_first_not_of(kAround), path.size()));
+    path = path.substr(0, path.find_last_not_of(kAround) + 1);
     if (path.starts_with("\\\\"))
         return true;
     constexpr std::size_t kShortestScheme = 2; // one letter is a drive

@@ -44,8 +44,8 @@ Recognition recogniseLibrary(const std::string& location, LibraryType selected);
 /// environment references and then its soft name replaced. A soft name without a mapping stays.
 std::string plainPath(const std::string& typed);
 
-/// Whether a plain path is written like a place on another machine: it begins with a scheme, whichever, or
-/// with two "\".
+/// Whether a plain path is written like a place on another machine: behind blanks and quotes it begins with a
+/// scheme, whichever, or with two "\".
 bool namesServer(std::string_view path);
 
 /// Where a relative path begins: at the project's directory, or at the current one without a project. For the
