@@ -7,6 +7,7 @@
 #include "app/outcome.h"
 #include "app/workspace.h"
 
+#include <orv/projectfiledata.h>
 #include <orv/updater.h>
 #include <ovsettings/showsettingsdialog.h>
 #include <ovsettings/updatehost.h>
@@ -17,7 +18,6 @@
 #include <QtWidgets/QMessageBox>
 
 #include <algorithm>
-#include <array>
 #include <cstdlib>
 #include <iostream>
 #include <set>
@@ -27,41 +27,21 @@ namespace app {
 
 namespace {
 
-// The names under which the product's pages report changes.
-constexpr std::array kPageNames{
-    "Pan and Zoom",
-    "Nets",
-    "Grid",
-    "PCB",
-    "Design",
-    "Advanced",
-    "New Object",
-    "Color Schemes",
-    "Font Mappings",
-    "New Sheet",
-    "Run on Startup",
-    "Global Nets",
-    "Special Components",
-    "Borders",
-    "Symbol Libraries",
-    "Display",
-    "Objects",
-    "Netlist Project",
-    "Fixed Functions",
-    "Metrics",
-    "NetNameDelimiter",
-    "PartBook",
-    "Empty",
-};
-
 bool equalsWithoutCase(const std::string& one, const std::string& other) {
     return QString::compare(QString::fromStdString(one), QString::fromStdString(other),
                             Qt::CaseInsensitive) == 0;
 }
 
-// A page of an add-in is expected to report under the key or the name of its category.
-std::vector<std::string> pageNames(const std::string& catalogue) {
-    std::vector<std::string> names(kPageNames.begin(), kPageNames.end());
+// The names under which pages report changes: the product's own, the designs', and what the catalogue names,
+// for a page of an add-in is expected to report under the key or the name of its category.
+std::vector<std::string> pageNames(const std::string& catalogue, Orv::CProjectConfiguration& project) {
+    std::vector<std::string> names;
+    if (project.projectFile)
+        project.projectFile->GetDesignNames(names);
+    for (const ovsettings::PageReport& page : ovsettings::kPageReports) {
+        if (page.reports)
+            names.emplace_back(page.name);
+    }
     QFile file(QString::fromStdString(installation() + "/standard/" + catalogue));
     if (!file.open(QIODevice::ReadOnly))
         return names;
@@ -159,10 +139,12 @@ StartPage::StartPage(Orv::iAppConfiguration& configuration, const Options& optio
 
 void openDialog(Orv::iAppConfiguration& configuration, Project& project, const Options& options,
                 std::ostream& out) {
-    const StartPage start(configuration, options);
     TroubleBox box;
     const ScopedErrorHandler handler([&box](const std::string& message) { box(message); });
-    CommitFollower follower(project, pageNames(options.catalogue), out);
+    for (const std::string& line : missingDirectories(configuration))
+        box(line);
+    const StartPage start(configuration, options); // behind the boxes: it waits for the dialog
+    CommitFollower follower(project, pageNames(options.catalogue, project.configuration()), out);
     ovsettings::showSettingsDialog(configuration, project.configuration(), options.catalogue, &follower);
     project.saveLibraries(); // a page may have stored its list and the commit gone no further
 }
@@ -184,6 +166,7 @@ int runDialog(const Options& options, Arguments) {
         return refuse(*failure);
     if (const auto obstacle = prepareToSave(configuration))
         return refuse(*obstacle);
+    tellMissingDirectories(configuration);
     Project project;
     if (const auto failure = project.open(options))
         return refuse(*failure);

@@ -120,7 +120,7 @@ int runExplain(const Options& options, Arguments arguments) {
     if (arguments.size() != 1)
         return misuse("explain takes one key");
     Orv::iAppConfiguration configuration;
-    if (!openConfiguration(options, configuration))
+    if (!openToRead(options, configuration))
         return kRefused;
 
     const std::optional<Report> report = Orv::reportProperty(configuration, arguments.front());

@@ -123,7 +123,7 @@ int runList(const Options& options, Arguments arguments) {
             return misuse("list takes --changed and --json, not " + argument);
     }
     Orv::iAppConfiguration configuration;
-    if (!openConfiguration(options, configuration))
+    if (!openToRead(options, configuration))
         return kRefused;
 
     std::vector<Orv::PropertyReport> reports = Orv::reportConfiguration(configuration);
@@ -140,7 +140,7 @@ int runGet(const Options& options, Arguments arguments) {
     if (arguments.size() != 1)
         return misuse("get takes one key");
     Orv::iAppConfiguration configuration;
-    if (!openConfiguration(options, configuration))
+    if (!openToRead(options, configuration))
         return kRefused;
 
     Orv::iAppConfiguration::Property property(arguments.front());

@@ -66,7 +66,7 @@ int runPrintColors(const Options& options, Arguments arguments) {
     if (!json && !arguments.empty())
         return misuse("print-colors takes --json and nothing else");
     Orv::iAppConfiguration configuration;
-    if (!openConfiguration(options, configuration))
+    if (!openToRead(options, configuration))
         return kRefused;
     const auto colors = objectColors(configuration);
     if (json)

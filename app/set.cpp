@@ -173,6 +173,7 @@ int runSet(const Options& options, Arguments arguments) {
         return refuse(*objection);
     if (const auto obstacle = prepareToSave(configuration))
         return refuse(*obstacle);
+    tellMissingDirectories(configuration);
     return store(configuration, present, values);
 }
 

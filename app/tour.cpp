@@ -224,6 +224,7 @@ int runTour(const Options& options, Arguments arguments) {
     const auto failure = loadConfiguration(configuration);
     if (failure || !copied)
         return refuse(failure.value_or("the working directories are not usable"));
+    tellMissingDirectories(configuration);
     Project project;
     if (const auto reason = project.open(options))
         return refuse(*reason);

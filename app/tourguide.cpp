@@ -1,6 +1,7 @@
 #include "app/tourguide.h"
 
 #include <ovsettings/propdialogtemplate.h>
+#include <ovsettings/showsettingsdialog.h>
 
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QAbstractButton>
@@ -8,6 +9,7 @@
 #include <QtWidgets/QDialog>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
 #include <QtWidgets/QRadioButton>
 #include <QtWidgets/QTreeWidgetItemIterator>
 
@@ -84,19 +86,33 @@ ovsettings::CPropDialogTemplate* shownPage(const QWidget& dialog) {
     return nullptr;
 }
 
-// The answer that changes least: the one that Escape gives, else No, else none at all.
+// The answer that changes least: the one that Escape gives, else No, else what Enter gives, else none at all.
 void decline(QWidget& modal) {
     if (auto* box = qobject_cast<QMessageBox*>(&modal)) {
-        QAbstractButton* answer = box->escapeButton() ? box->escapeButton() : box->button(QMessageBox::No);
-        if (answer) {
-            answer->click();
-            return;
+        for (QAbstractButton* answer : {box->escapeButton(), box->button(QMessageBox::No),
+                                        static_cast<QAbstractButton*>(box->defaultButton())}) {
+            if (answer) {
+                answer->click();
+                return;
+            }
         }
     }
     if (auto* dialog = qobject_cast<QDialog*>(&modal))
         dialog->reject();
     else
         modal.close();
+}
+
+// Unlike Escape, the button does not ask about what the tour has left behind on a page.
+void cancel(QWidget& dialog) {
+    for (auto* button : dialog.findChildren<QPushButton*>()) {
+        if (button->text().remove(QLatin1Char('&')) == QLatin1String("Cancel") &&
+            button->window() == &dialog) {
+            button->click();
+            return;
+        }
+    }
+    decline(dialog);
 }
 
 std::string textOf(const QWidget& modal) {
@@ -179,8 +195,8 @@ void TourGuide::visitNext() {
     if (!dialog_)
         return;
     if (visited_ < route_.size())
-        next_ = route_[visited_]->text(0).toStdString();
-    decline(*dialog_);
+        next_ = route_[visited_]->data(0, ovsettings::kCategoryNameRole).toString().toStdString();
+    cancel(*dialog_);
 }
 
 void TourGuide::meetDialog(QTreeWidget& tree) {

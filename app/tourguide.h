@@ -37,7 +37,8 @@ public:
 
     /// Where a page did not let itself be left, the dialog is cancelled, and the tour goes on in the next
     /// one.
-    /// @return caption of the category at which to open it, or nothing if no category is left.
+    /// @return name, as in the catalogue, of the category at which to open it, or nothing if no category is
+    /// left.
     std::optional<std::string> takeUp();
 
     /// Ends the tour; a dialog that comes later is left alone.
@@ -78,7 +79,7 @@ private:
     std::vector<QTreeWidgetItem*> route_;
     std::size_t visited_ = 0;
     std::optional<std::size_t> retried_; ///< where on the route the dialog was opened again
-    std::optional<std::string> next_;    ///< caption of the category to go on at, in another dialog
+    std::optional<std::string> next_;    ///< name of the category to go on at, in another dialog
     std::set<std::string> clinging_;
     std::vector<TourStop> stops_;
     std::vector<std::string> notes_;

@@ -133,6 +133,21 @@ std::optional<std::string> loadConfiguration(Orv::iAppConfiguration& configurati
     return "the configuration cannot be loaded: " + reasonOfFailedLoad();
 }
 
+std::vector<std::string> missingDirectories(const Orv::iAppConfiguration& configuration) {
+    std::vector<std::string> lines;
+    for (const std::string& directory : configuration.workingDirectories()) {
+        const bool isMade = directory.empty() || directory == userDirectory().string();
+        if (!isMade && !isDirectory(directory))
+            lines.push_back("WDIR names " + directory + ", which does not exist");
+    }
+    return lines;
+}
+
+void tellMissingDirectories(const Orv::iAppConfiguration& configuration) {
+    for (const std::string& line : missingDirectories(configuration))
+        refuse(line);
+}
+
 std::optional<std::string> prepareToSave(Orv::iAppConfiguration& configuration) {
     const std::vector<std::string> directories = configuration.workingDirectories();
     if (directories.empty())
@@ -186,6 +201,13 @@ bool openConfiguration(const Options& options, Orv::iAppConfiguration& configura
     if (failure)
         refuse(*failure);
     return !failure;
+}
+
+bool openToRead(const Options& options, Orv::iAppConfiguration& configuration) {
+    if (!openConfiguration(options, configuration))
+        return false;
+    tellMissingDirectories(configuration);
+    return true;
 }
 
 ScopedErrorHandler::ScopedErrorHandler(std::function<void(const std::string& message)> handler) {

@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace NProjectTools {
 class COpenProject;
@@ -26,6 +27,12 @@ std::string installation();
 
 /// Loads the configuration. @return why that failed, or nothing.
 std::optional<std::string> loadConfiguration(Orv::iAppConfiguration& configuration);
+
+/// A line for each working directory that does not exist, but for the user's directory of the platform, which
+/// is made when it is needed.
+std::vector<std::string> missingDirectories(const Orv::iAppConfiguration& configuration);
+/// Tells these lines on standard error.
+void tellMissingDirectories(const Orv::iAppConfiguration& configuration);
 
 /// Makes the user's directory of the platform if it is to be saved in and missing; the configuration is then
 /// loaded anew, so that it knows that nothing is there.
@@ -54,6 +61,8 @@ private:
 
 /// setUpEnvironment and loadConfiguration. A failure is told. @return true if the configuration is loaded.
 bool openConfiguration(const Options& options, Orv::iAppConfiguration& configuration);
+/// As openConfiguration; what only reads tells of the working directories that do not exist, too.
+bool openToRead(const Options& options, Orv::iAppConfiguration& configuration);
 
 /// Receives, until the end of its scope, what the reader and the writer of configuration files and the writer
 /// of project files have to complain about.

@@ -26,7 +26,8 @@ std::size_t countNodes(const CCategories::Nodes& nodes, const CCategoryNode* par
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     CCategories categories;
-    const CatalogueEnd end = readCatalogue(fuzz::textOf(data, size), categories);
+    std::string problem;
+    const CatalogueEnd end = readCatalogue(fuzz::textOf(data, size), categories, problem);
     const bool isRead = end != CatalogueEnd::noDocument && end != CatalogueEnd::noRoot;
     require(isRead || categories.roots().empty());
     require(countNodes(categories.roots(), nullptr, 0) * kShortestCategory <= size);

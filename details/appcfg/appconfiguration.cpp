@@ -120,6 +120,10 @@ bool iAppConfiguration::reset(const std::string& key, std::size_t field) {
     return true;
 }
 
+bool iAppConfiguration::lastSaveFailed() const noexcept {
+    return impl_->lastSaveFailed;
+}
+
 bool iAppConfiguration::getProperty(Property& property) const {
     const auto row = impl_->find(property.name);
     if (!row)

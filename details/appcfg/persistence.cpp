@@ -9,6 +9,7 @@
 #include "suite/wdirutils.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Orv {
 
@@ -98,6 +99,7 @@ bool loadStore(Impl& store, const std::string& projectPath) {
 }
 
 bool saveStore(Impl& store) {
+    store.lastSaveFailed = false;
     if (!prepareDirectories(store, store.lastProjectPath))
         return false;
     for (std::size_t row = 0; row < store.records.size(); ++row) {
@@ -108,7 +110,8 @@ bool saveStore(Impl& store) {
     if (!configuration)
         return false;
     auto rows = writeChanges(store, *configuration);
-    if (IOvConfigurationManager::Instance().ReleaseConfiguration(configuration.release()))
+    store.lastSaveFailed = !release(std::move(configuration));
+    if (!store.lastSaveFailed)
         settle(store, std::move(rows));
     return true;
 }

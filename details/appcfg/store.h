@@ -53,6 +53,7 @@ struct iAppConfiguration::Impl {
     /// The rows that a save has to look at: changed, or held by the user's level although it inherits the
     /// same.
     std::bitset<kCatalogueSize> pending;
+    bool lastSaveFailed = false;
     TypedValues typed;
     std::vector<iEventSink*> sinks; ///< not owned
 

@@ -41,7 +41,12 @@ const char* textOf(const xmlNode& element) {
 /// it would make a chain without end.
 constexpr std::size_t kDeepest = 255;
 
-bool readDialog(const xmlNode& dialog, CCategories& categories) {
+void note(std::string& problem, const xmlNode& place, const std::string& cause) {
+    if (problem.empty())
+        problem = "line " + std::to_string(xmlGetLineNo(&place)) + ": " + cause;
+}
+
+bool readDialog(const xmlNode& dialog, CCategories& categories, std::string& problem) {
     CCategoryNode* const parent = categories.top();
     CCategoryNode* node = nullptr;
     for (const xmlNode* child = dialog.children; child; child = child->next) {
@@ -52,18 +57,22 @@ bool readDialog(const xmlNode& dialog, CCategories& categories) {
         if (!value && !isNested)
             continue;
         if (!node) {
-            if (categories.openCount() == kDeepest)
+            if (categories.openCount() == kDeepest) {
+                note(problem, *child, "categories are nested too deeply");
                 return false;
+            }
             node = categories.newNode(parent);
             categories.push(node);
         }
         if (isNested) {
-            readDialog(*child, categories); // a failure in it does not fail this one
+            readDialog(*child, categories, problem); // a failure in it does not fail this one
             continue;
         }
         const char* text = textOf(*child);
-        if (!text)
+        if (!text) {
+            note(problem, *child, "the element " + std::string(nameOf(*child)) + " has no text");
             return false; // the chain of open categories stays as it is
+        }
         node->*(value->field) = text;
     }
     // Meant so: an element without content has opened nothing, and closes the category around it.
@@ -100,19 +109,23 @@ CCategories::Nodes CCategories::take() {
     return std::exchange(roots_, {});
 }
 
-CatalogueEnd readCatalogue(std::string_view bytes, CCategories& categories) {
-    const platform::XmlDocument document = platform::parseXml(bytes);
+CatalogueEnd readCatalogue(std::string_view bytes, CCategories& categories, std::string& problem) {
+    const platform::XmlDocument document = platform::parseXml(bytes, 0, &problem);
     if (!document)
         return CatalogueEnd::noDocument;
     const xmlNode* root = xmlDocGetRootElement(document.get());
-    if (!root)
+    if (!root) {
+        problem = "there is no element";
         return CatalogueEnd::noRoot;
+    }
     for (const xmlNode* child = root->children; child; child = child->next) {
         if (child->type != XML_ELEMENT_NODE)
             continue;
-        if (nameOf(*child) != "dialog")
+        if (nameOf(*child) != "dialog") {
+            note(problem, *child, "the element " + std::string(nameOf(*child)) + " is no category");
             return CatalogueEnd::foreignElement;
-        if (!readDialog(*child, categories))
+        }
+        if (!readDialog(*child, categories, problem))
             return CatalogueEnd::incomplete;
     }
     // The parser itself is left as it is: host and suite use the same one.

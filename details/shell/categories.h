@@ -53,7 +53,10 @@ enum class CatalogueEnd {
 };
 
 /// Adds what a catalogue says.
-/// @param bytes of the file.
-CatalogueEnd readCatalogue(std::string_view bytes, CCategories& categories);
+/// @param bytes   of the file.
+/// @param problem receives what is wrong with it, the first thing if there are several, with its line: "line
+/// 7:
+///                cause". It stays as it is where nothing is.
+CatalogueEnd readCatalogue(std::string_view bytes, CCategories& categories, std::string& problem);
 
 } // namespace ovsettings

@@ -7,7 +7,7 @@
 #include "orv/projectconfiguration.h"
 #include "ovsettings/settingspagecomponent.h"
 
-#include <optional>
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -21,38 +21,20 @@ bool isDesigns(const CCategoryNode& node) {
     return dynamic_cast<const CPropertyPageSupplierProjects*>(node.supplier) != nullptr;
 }
 
+/// Those of the dialogs that are open, the innermost last.
+std::vector<CPageManager*>& openManagers() {
+    static std::vector<CPageManager*> managers;
+    return managers;
+}
+
+} // namespace
+
 /// What a supplier has under a page key.
-struct Offer {
+struct CPageManager::Offer {
     CPropertyPageFactory* factory = nullptr;
     int kind = 0;
     bool hasPage = false;
 };
-
-/// Asks for a page. An add-in that throws is told and gives nothing: it must not keep the user from all other
-/// pages.
-std::optional<Offer> ask(CPropertyPageSupplier& supplier, const std::string& pageKey, CSettingsDialog& frame,
-                         CSettingsUpdater& updater) {
-    try {
-        Offer offer;
-        offer.factory = supplier.getFactory();
-        if (!offer.factory)
-            return offer;
-        updater.addUpdater(offer.factory->getUpdater());
-        offer.hasPage = offer.factory->hasPage(pageKey);
-        offer.kind = offer.hasPage ? offer.factory->factoryKind() : 0;
-        // An add-in may derive from the interface alone and say 2 all the same; only a real one can be given
-        // anything.
-        if (auto* configured = dynamic_cast<CFactoryEx*>(offer.factory);
-            configured && offer.kind == kFactoryWithConfigurations)
-            configured->setConfigurations(&frame.appConfiguration(), &frame.projectConfiguration());
-        return offer;
-    } catch (...) {
-        reportMissingPage(pageKey);
-        return std::nullopt;
-    }
-}
-
-} // namespace
 
 /// What the dialog took out of factories that live longer than it. They have it back at the end.
 class CPageManager::Removed {
@@ -82,9 +64,12 @@ private:
 
 CPageManager::CPageManager(CSettingsDialog& frame, CSettingsUpdater& updater)
     : frame_(frame), updater_(updater) {
+    openManagers().push_back(this);
 }
 
-CPageManager::~CPageManager() = default;
+CPageManager::~CPageManager() {
+    std::erase(openManagers(), this);
+}
 
 bool CPageManager::read(const std::string& path) {
     if (!reader_)
@@ -106,7 +91,7 @@ void CPageManager::buildNode(CCategoryNode& node, unsigned parentKey) {
         buildDesigns(*designs, parentKey);
         return;
     }
-    const std::optional<Offer> offer = ask(*node.supplier, node.classid, frame_, updater_);
+    const std::optional<Offer> offer = ask(*node.supplier, node.classid);
     if (!offer) // and it is not asked again when the dialog goes
         node.supplier = nullptr;
     if (!offer || !offer->hasPage)
@@ -115,6 +100,48 @@ void CPageManager::buildNode(CCategoryNode& node, unsigned parentKey) {
                                             parentKey, node.name, true);
     for (const auto& child : node.children)
         buildNode(*child, key);
+}
+
+/// Asks for a page. An add-in that throws is told and gives nothing: it must not keep the user from all other
+/// pages.
+std::optional<CPageManager::Offer> CPageManager::ask(CPropertyPageSupplier& supplier,
+                                                     const std::string& pageKey) {
+    try {
+        Offer offer;
+        offer.factory = supplier.getFactory();
+        if (!offer.factory)
+            return offer;
+        updater_.addUpdater(offer.factory->getUpdater());
+        offer.hasPage = offer.factory->hasPage(pageKey);
+        offer.kind = offer.hasPage ? offer.factory->factoryKind() : 0;
+        // An add-in may derive from the interface alone and say 2 all the same; only a real one can be given
+        // anything.
+        if (auto* configured = dynamic_cast<CFactoryEx*>(offer.factory);
+            configured && offer.kind == kFactoryWithConfigurations)
+            configure(*configured);
+        return offer;
+    } catch (...) {
+        reportMissingPage(pageKey);
+        return std::nullopt;
+    }
+}
+
+void CPageManager::configure(CFactoryEx& factory) {
+    configured_.insert(&factory);
+    factory.setConfigurations(&frame_.appConfiguration(), &frame_.projectConfiguration());
+}
+
+/// An add-in has one factory for all dialogs. One that was opened while another is up may work on a
+/// configuration that ends with it, and the other one still has pages to make.
+void CPageManager::handBackFactories() {
+    std::erase(openManagers(), this);
+    for (CFactoryEx* factory : std::exchange(configured_, {})) {
+        const auto outer = std::find_if(
+            openManagers().rbegin(), openManagers().rend(),
+            [factory](const CPageManager* manager) { return manager->configured_.contains(factory); });
+        if (outer != openManagers().rend())
+            (*outer)->configure(*factory);
+    }
 }
 
 void CPageManager::buildDesigns(CPropertyPageSupplierProjects& supplier, unsigned parentKey) {
@@ -157,6 +184,7 @@ std::unique_ptr<CPageStarter> CPageManager::makeStarter(CPropertyPageFactory& fa
 void CPageManager::release() {
     reader_.reset();
     const auto suppliers = std::exchange(suppliers_, {});
+    handBackFactories();
     Removed removed;
     for (const auto& root : take())
         releaseNode(*root, removed);

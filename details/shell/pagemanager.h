@@ -5,6 +5,8 @@
 
 #include <map>
 #include <memory>
+#include <optional>
+#include <set>
 #include <string>
 
 namespace ovsettings {
@@ -32,10 +34,14 @@ public:
 
 private:
     class Removed;
+    struct Offer;
 
     void buildNode(CCategoryNode& node, unsigned parentKey);
     void buildDesigns(CPropertyPageSupplierProjects& supplier, unsigned parentKey);
     void releaseNode(CCategoryNode& node, Removed& removed);
+    std::optional<Offer> ask(CPropertyPageSupplier& supplier, const std::string& pageKey);
+    void configure(CFactoryEx& factory);
+    void handBackFactories();
     CPropertyPageSupplier* supplierFor(const std::string& localization);
     std::unique_ptr<CPageStarter> makeStarter(CPropertyPageFactory& factory, const std::string& pageKey,
                                               int factoryKind);
@@ -44,6 +50,7 @@ private:
     CSettingsUpdater& updater_;
     std::unique_ptr<CSettingsXmlReader> reader_;
     std::map<std::string, std::unique_ptr<CPropertyPageSupplier>> suppliers_; ///< by `localization`
+    std::set<CFactoryEx*> configured_; ///< those that were given this dialog's configuration objects
 };
 
 } // namespace ovsettings

@@ -7,12 +7,14 @@
 #include "details/shell/pagestarter.h"
 #include "details/shell/settingsupdater.h"
 #include "details/shell/stringtable.h"
+#include "details/shell/unreportededits.h"
 #include "details/widgets/messagebox.h"
 #include "details/widgets/stringconversion.h"
 #include "details/widgets/waitcursor.h"
 #include "details/widgets/wheelguard.h"
 #include "orv/appconfiguration.h"
 #include "ovsettings/propdialogtemplate.h"
+#include "ovsettings/showsettingsdialog.h"
 #include "ui_settingsdialog.h"
 
 #include <QtCore/QScopedValueRollback>
@@ -21,6 +23,7 @@
 #include <QtGui/QScreen>
 #include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QScrollBar>
 
 #include <algorithm>
 #include <utility>
@@ -48,6 +51,12 @@ unsigned pageIndex(const QTreeWidgetItem* item) {
 void setShown(CPropDialogTemplate* page, bool shown) {
     if (page && page->hasWindow())
         page->setVisible(shown);
+}
+
+/// Edits that are lost where the dialog goes without storing them.
+bool hasEdits(const CPropDialogTemplate& page) {
+    const auto* silent = dynamic_cast<const IUnreportedEdits*>(&page);
+    return page.isModified() || (silent && silent->hasUnreportedEdits());
 }
 
 /// The controls of a page that Tab stops at, in order. A button of a radio group is one even while another
@@ -177,7 +186,7 @@ void CSettingsDialog::connectControls() {
     connect(ui_->okButton, &QPushButton::clicked, this, &CSettingsDialog::accept);
     connect(ui_->applyButton, &QPushButton::clicked, this,
             [this] { runCommand([this] { commit(Commit::apply); }); });
-    connect(ui_->cancelButton, &QPushButton::clicked, this, &CSettingsDialog::reject);
+    connect(ui_->cancelButton, &QPushButton::clicked, this, [this] { runCommand([this] { cancel(); }); });
     connect(ui_->helpButton, &QPushButton::clicked, this, &CSettingsDialog::showActivePageHelp);
 
     ui_->tree->setLeaveCheck([this](const QTreeWidgetItem* from, const QTreeWidgetItem* to) {
@@ -207,6 +216,7 @@ unsigned CSettingsDialog::addCategory(std::unique_ptr<CPageStarter> starter, uns
     const std::string caption = translate ? captions_.translate(name) : std::string();
     auto* item = new QTreeWidgetItem({toQString(caption.empty() ? name : caption)});
     item->setData(0, kPageIndexRole, pageCount_);
+    item->setData(0, kCategoryNameRole, toQString(name));
     const auto parent = items_.find(parentKey);
     if (parent == items_.end())
         ui_->tree->addTopLevelItem(item);
@@ -239,19 +249,25 @@ bool CSettingsDialog::mayLeave(const QTreeWidgetItem* from, const QTreeWidgetIte
 }
 
 void CSettingsDialog::switchToPage(unsigned index) {
+    const auto item = items_.find(index + 1);
+    if (item == items_.end())
+        return; // the catalogue has no category
     const WaitCursor cursor;
     CPropDialogTemplate* page = pageOf(index);
-    if (page == currentPage_) {
+    if (page == currentPage_ && (page || shownIndex_ == index)) {
         setShown(page, true); // a page that is served under two indices was hidden when it was handed over
         return;
     }
     setShown(currentPage_, false);
     currentPage_ = page;
+    shownIndex_ = index;
+    for (QScrollBar* bar : {ui_->pageArea->horizontalScrollBar(), ui_->pageArea->verticalScrollBar()})
+        bar->setValue(bar->minimum());
     if (page) {
         setShown(page, true);
         page->onEnter();
     }
-    const std::string& name = items_.at(index + 1).name;
+    const std::string& name = item->second.name;
     ui_->caption->setCaption(toQString(captions_.translate(name)));
     activePage_ = page;
     rememberPage(name);
@@ -297,19 +313,16 @@ void CSettingsDialog::accept() {
 
 void CSettingsDialog::reject() {
     runCommand([this] {
-        cancel();
-        done(applied_);
+        if (mayGiveUpEdits())
+            cancel();
     });
 }
 
 bool CSettingsDialog::commit(Commit kind) {
-    const auto store = [kind](CPropDialogTemplate& page) {
-        return kind == Commit::ok ? page.onOk() : page.onApply();
-    };
     gatherChangedPages();
     if (!activePage_ || !activePage_->isValid())
         return false;
-    const bool activeStored = store(*activePage_);
+    const bool activeStored = store(kind, *activePage_);
     if (kind == Commit::apply && !activeStored)
         return false; // OK goes on, and this is meant
     appConfig_.save();
@@ -319,14 +332,40 @@ bool CSettingsDialog::commit(Commit kind) {
         return false;
     }
     applied_ = 1;
-    bool allStored = true;
-    for (const auto& [index, page] : pages_) {
-        if (page && page != activePage_ && !store(*page))
-            allStored = false;
-    }
+    const bool othersStored = storeOthers(kind);
     appConfig_.save();
     updater_->notify();
+    const bool isKept = kind == Commit::ok && isKeptOpen(activeStored);
+    return othersStored && !isKept;
+}
+
+bool CSettingsDialog::store(Commit kind, CPropDialogTemplate& page) {
+    return kind == Commit::ok ? page.onOk() : page.onApply();
+}
+
+bool CSettingsDialog::storeOthers(Commit kind) {
+    bool allStored = true;
+    for (const auto& [index, page] : pages_) {
+        if (page && page != activePage_ && !store(kind, *page))
+            allStored = false;
+    }
     return allStored;
+}
+
+/// Whether OK would lose what could not be written: the edits of the active page, which has told the user, or
+/// the configuration.
+bool CSettingsDialog::isKeptOpen(bool activeStored) {
+    if (appConfig_.lastSaveFailed()) {
+        const auto directories = appConfig_.workingDirectories();
+        showMessage(
+            this,
+            tr("The settings could not be written to %1.\n\nThe dialog stays open, so that nothing is lost. "
+               "Cancel closes it all the same.")
+                .arg(toQString(directories.empty() ? std::string() : directories.front())),
+            windowTitle());
+        return true;
+    }
+    return !activeStored && activePage_ && activePage_->isModified();
 }
 
 void CSettingsDialog::gatherChangedPages() {
@@ -361,11 +400,30 @@ void CSettingsDialog::showRefusedPage(const CPropDialogTemplate& page) {
     switchToPage(index);
 }
 
+QStringList CSettingsDialog::categoriesWithEdits() const {
+    QStringList captions;
+    for (const auto& [index, page] : pages_) {
+        if (page && hasEdits(*page))
+            captions.append(items_.at(index + 1).item->text(0));
+    }
+    return captions;
+}
+
+bool CSettingsDialog::mayGiveUpEdits() {
+    const QStringList edited = categoriesWithEdits();
+    return edited.isEmpty() ||
+           !askEither(
+               this,
+               tr("There are changes that have not been saved:\n\n%1").arg(edited.join(QLatin1Char('\n'))),
+               windowTitle(), tr("Keep editing"), tr("Discard changes"));
+}
+
 void CSettingsDialog::cancel() {
     for (const auto& [index, page] : pages_) {
         if (page)
             page->onCancel();
     }
+    done(applied_);
 }
 
 void CSettingsDialog::notifyUpdaters() {

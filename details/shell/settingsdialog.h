@@ -8,6 +8,7 @@
 #include <exception>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 class QTreeWidgetItem;
@@ -73,6 +74,7 @@ public:
 
 public Q_SLOTS:
     void accept() override;
+    /// Escape and the close box: asks once where a page has edits that are not stored, then cancels.
     void reject() override;
 
 private:
@@ -89,9 +91,14 @@ private:
     void rememberPage(const std::string& name);
 
     bool commit(Commit kind);
+    static bool store(Commit kind, CPropDialogTemplate& page);
+    bool storeOthers(Commit kind);
+    bool isKeptOpen(bool activeStored);
     void gatherChangedPages();
     CPropDialogTemplate* firstInvalidPage() const;
     void showRefusedPage(const CPropDialogTemplate& page);
+    QStringList categoriesWithEdits() const;
+    bool mayGiveUpEdits();
     void cancel();
     void showActivePageHelp();
 
@@ -113,6 +120,7 @@ private:
     Orv::CProjectConfiguration& projectConfig_;
     unsigned pageCount_ = 0;
     unsigned itemCount_ = 0;
+    std::optional<unsigned> shownIndex_; ///< of the page on show, also of one that could not be made
     bool initialised_ = false;
     bool busy_ = false; ///< a command runs; a page may handle events in it, which must not start another
     QPointer<CPropDialogTemplate> currentPage_; ///< the page on show, which is asked on leaving

@@ -4,6 +4,7 @@
 #include "details/platform/readfile.h"
 #include "details/shell/pagemanager.h"
 #include "details/widgets/messagebox.h"
+#include "suite/configuration.h"
 
 #include <QtWidgets/QApplication>
 #include <libxml/parser.h>
@@ -12,12 +13,17 @@ namespace ovsettings {
 
 namespace {
 
-CatalogueEnd readFile(const std::string& path, CCategories& categories) {
+CatalogueEnd readFile(const std::string& path, CCategories& categories, std::string& problem) {
     const auto file = platform::resolveExisting(path);
     std::string bytes;
-    if (!file || platform::readFile(*file, bytes))
+    if (const auto failure = platform::readFile(file.value_or(path), bytes)) {
+        problem = failure->text();
         return CatalogueEnd::noDocument;
-    return readCatalogue(bytes, categories);
+    }
+    const CatalogueEnd end = readCatalogue(bytes, categories, problem);
+    if (!problem.empty())
+        problem.insert(0, path + ": ");
+    return end;
 }
 
 } // namespace
@@ -28,7 +34,11 @@ CSettingsXmlReader::CSettingsXmlReader(CPageManager& manager) : manager_(manager
 bool CSettingsXmlReader::read(const std::string& path) {
     if (!loaded_)
         xmlInitParser();
-    const CatalogueEnd end = readFile(path, manager_);
+    std::string problem;
+    const CatalogueEnd end = readFile(path, manager_, problem);
+    // The box says little; whoever maintains the file needs the place.
+    if (!problem.empty())
+        Orv::IOvConfigurationManager::Instance().ReportError(problem);
     if (end == CatalogueEnd::noDocument)
         showMessage(QApplication::activeWindow(), QStringLiteral("File not found\n"));
     if (end == CatalogueEnd::foreignElement)

@@ -1,7 +1,10 @@
 #include "details/widgets/messagebox.h"
 
+#include <QtGui/QCloseEvent>
 #include <QtGui/QGuiApplication>
+#include <QtGui/QKeyEvent>
 #include <QtWidgets/QAbstractSpinBox>
+#include <QtWidgets/QPushButton>
 
 namespace ovsettings {
 
@@ -25,15 +28,31 @@ private:
     const bool isWaiting_;
 };
 
-QMessageBox::StandardButton show(QWidget* parent, const QString& text, const QString& title,
-                                 QMessageBox::Icon icon, QMessageBox::StandardButtons buttons,
-                                 QMessageBox::StandardButton preset) {
-    // The page that asks may be hidden behind another one; its window is not.
-    QMessageBox box(icon, title, text, buttons, parent ? parent->window() : nullptr);
+/// A question whose answer can lose something. Escape and the close box, which a hand is quick to hit, answer
+/// nothing: only the buttons do.
+class Question : public QMessageBox {
+public:
+    using QMessageBox::QMessageBox;
+
+    void reject() override {}
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (!event->matches(QKeySequence::Cancel))
+            QMessageBox::keyPressEvent(event);
+    }
+    void closeEvent(QCloseEvent* event) override { event->ignore(); }
+};
+
+/// The page that asks may be hidden behind another one; its window is not.
+QWidget* windowOf(QWidget* parent) {
+    return parent ? parent->window() : nullptr;
+}
+
+int show(QMessageBox& box) {
     box.setTextFormat(Qt::PlainText);
-    box.setDefaultButton(preset);
     const PlainCursor cursor;
-    return static_cast<QMessageBox::StandardButton>(box.exec());
+    return box.exec();
 }
 
 } // namespace
@@ -43,12 +62,25 @@ QString applicationTitle() {
 }
 
 void showMessage(QWidget* parent, const QString& text, const QString& title, QMessageBox::Icon icon) {
-    show(parent, text, title, icon, QMessageBox::Ok, QMessageBox::Ok);
+    QMessageBox box(icon, title, text, QMessageBox::Ok, windowOf(parent));
+    show(box);
 }
 
 bool askYesNo(QWidget* parent, const QString& text, const QString& title, QMessageBox::Icon icon,
               QMessageBox::StandardButton preset) {
-    return show(parent, text, title, icon, QMessageBox::Yes | QMessageBox::No, preset) == QMessageBox::Yes;
+    Question box(icon, title, text, QMessageBox::Yes | QMessageBox::No, windowOf(parent));
+    box.setDefaultButton(preset);
+    return show(box) == QMessageBox::Yes;
+}
+
+bool askEither(QWidget* parent, const QString& text, const QString& title, const QString& safe,
+               const QString& other) {
+    Question box(QMessageBox::Question, title, text, QMessageBox::NoButton, windowOf(parent));
+    QPushButton* const preset = box.addButton(safe, QMessageBox::RejectRole);
+    box.addButton(other, QMessageBox::DestructiveRole);
+    box.setDefaultButton(preset);
+    show(box);
+    return box.clickedButton() == preset;
 }
 
 void refuseEntry(QAbstractSpinBox& field, const QString& text) {

@@ -122,8 +122,13 @@ public:
     /// lock of the first level, and values and lists whose first field is empty. Nothing is written if
     /// nothing changed.
     /// @return false if the directories are unusable or the first one has no configuration. A write that
-    ///         fails is told through IOvConfigurationManager::SetErrorHandler and leaves the old file whole.
+    ///         fails is told through IOvConfigurationManager::SetErrorHandler and leaves the old file whole;
+    ///         lastSaveFailed tells it from one that succeeds.
     bool save();
+    /// Whether the last save had something to write and could not, a full disk being in the way or a right
+    /// that is missing. The changes are still here, and the next save tries again. False before the first
+    /// save.
+    bool lastSaveFailed() const noexcept;
 
     /// Takes over what other programs have written into the working directories since the load. What is
     /// unsaved here stays, field by field, unless somebody locked it meanwhile; a level that cannot be read

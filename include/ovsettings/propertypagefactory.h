@@ -122,7 +122,9 @@ public:
     CPropDialogTemplate* createPage(const std::string& pageKey, QWidget* parent) override;
     int factoryKind() override;
 
-    /// Stores the two objects for all pages made afterwards. Neither is owned.
+    /// Stores the two objects for all pages made afterwards. Neither is owned. Each dialog calls it as it
+    /// builds its tree; one that was opened while another is up calls it again as it goes, with the objects
+    /// of the other.
     virtual void setConfigurations(Orv::iAppConfiguration* appConfig,
                                    Orv::CProjectConfiguration* projectConfig);
 

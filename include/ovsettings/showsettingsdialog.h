@@ -12,6 +12,10 @@ struct CProjectConfiguration;
 
 namespace ovsettings {
 
+/// Under this role, in column 0, each item of the dialog's tree has its category's name as the catalogue has
+/// it, whatever the language of its caption: for programs that go through the dialog by its widgets.
+inline constexpr int kCategoryNameRole = 0x0101;
+
 /// Opens the modal settings dialog and returns when it has closed.
 ///
 /// Call it on the user-interface thread. A host without a QApplication gets one for the length of the call.

@@ -87,6 +87,10 @@ std::string ConfigurationManager::FileOf(const std::string& directory) const {
     return directory + kFileName;
 }
 
+void ConfigurationManager::ReportError(const std::string& message) {
+    log_.announce(message);
+}
+
 } // namespace suite
 
 namespace Orv {

@@ -19,6 +19,7 @@ public:
     bool ReleaseConfiguration(Orv::IOvConfiguration* configuration) override;
     void SetErrorHandler(ErrorHandler handler) override;
     std::string FileOf(const std::string& directory) const override;
+    void ReportError(const std::string& message) override;
 
 private:
     platform::LockPatience patienceWith(const std::string& path);

@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace suite {
@@ -17,23 +18,48 @@ std::vector<long long> fileState(const std::string& path) {
             static_cast<long long>(status.st_mtim.tv_nsec)};
 }
 
+void writeLine(const std::string& message) {
+    std::fputs((message + "\n").c_str(), stderr);
+}
+
 } // namespace
 
 void ErrorLog::setHandler(Handler handler) {
-    const std::lock_guard guard(mutex_);
-    handler_ = std::move(handler);
+    {
+        const std::lock_guard guard(mutex_);
+        handler_ = handler;
+    }
+    // A program loads before it has a window to show anything in.
+    if (handler)
+        std::ranges::for_each(standingComplaints(), handler);
 }
 
 void ErrorLog::report(const std::string& message) {
-    Handler handler;
-    {
-        const std::lock_guard guard(mutex_);
-        handler = handler_;
-    }
-    if (handler)
-        handler(message);
+    if (const Handler told = handler())
+        told(message);
     else
-        std::fputs((message + "\n").c_str(), stderr);
+        writeLine(message);
+}
+
+void ErrorLog::announce(const std::string& message) {
+    writeLine(message);
+    if (const Handler told = handler())
+        told(message);
+}
+
+ErrorLog::Handler ErrorLog::handler() {
+    const std::lock_guard guard(mutex_);
+    return handler_;
+}
+
+std::vector<std::string> ErrorLog::standingComplaints() {
+    const std::lock_guard guard(mutex_);
+    std::vector<std::string> messages;
+    for (const auto& [path, known] : complaints_) {
+        if (!known.fileState.empty() && known.fileState == fileState(path))
+            messages.insert(messages.end(), known.messages.begin(), known.messages.end());
+    }
+    return messages;
 }
 
 void ErrorLog::reportOnce(const std::string& path, const std::string& message) {

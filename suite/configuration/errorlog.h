@@ -15,10 +15,13 @@ class ErrorLog {
 public:
     using Handler = Orv::IOvConfigurationManager::ErrorHandler;
 
-    /// An empty handler restores the standard error stream.
+    /// An empty handler restores the standard error stream. Any other is told at once what was complained of
+    /// before, of files that are as they were.
     void setHandler(Handler handler);
 
     void report(const std::string& message);
+    /// To the standard error stream, and to the handler if there is one.
+    void announce(const std::string& message);
 
     /// For a complaint about what a file holds: said once for each state of the file, however often it is
     /// read.
@@ -29,6 +32,9 @@ private:
         std::vector<long long> fileState;
         std::set<std::string> messages;
     };
+
+    Handler handler();
+    std::vector<std::string> standingComplaints();
 
     std::mutex mutex_;
     Handler handler_;

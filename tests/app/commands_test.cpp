@@ -297,6 +297,7 @@ TEST_F(Commands, FailedWriteGivesPathAndCauseAndLeavesTheFile) {
 
 TEST_F(Commands, DirectoriesThatAreNoUseAreToldWithTheReason) {
     const std::string standard = installation.standard().string();
+    const std::string user = installation.user().string();
     const CommandRow rows[] = {
         {{"--home", "", "list"}, 1, "", "RSR_HOME is empty"},
         {{"--home", "/nowhere", "list"}, 1, "", "RSR_HOME names /nowhere, which is no directory"},
@@ -304,7 +305,14 @@ TEST_F(Commands, DirectoriesThatAreNoUseAreToldWithTheReason) {
         {{"--wdir", standard, "list"}, 1, "", "at least two directories"},
         {{"--wdir", "/tmp;" + standard + ";/elsewhere", "list"}, 1, "", "/elsewhere, is not inside RSR_HOME"},
         {{"--wdir", "/nowhere;" + standard, "set", "BELL", "0"}, 1, "", "directory /nowhere does not exist"},
-        {{"--wdir=/nowhere/user;" + standard, "get", "GRID_HR"}, 0, "254000\n", ""},
+        {{"--wdir=/nowhere/user;" + standard, "get", "GRID_HR"},
+         0,
+         "254000\n",
+         "WDIR names /nowhere/user, which"},
+        {{"--wdir=" + user + ";/nowhere;" + standard, "set", "BELL", "0"},
+         0,
+         "",
+         "WDIR names /nowhere, which"},
     };
     for (const CommandRow& row : rows)
         expectOutcome(row);

@@ -58,6 +58,23 @@ TEST_F(Dialog, TroubleWithTheUsersFileIsShownOnceAndNotAtEveryPageSwitch) {
     EXPECT_TRUE(testsupport::contains(boxes.front(), installation.user().string()));
 }
 
+TEST_F(Dialog, WhatIsWrongWithTheLevelsIsShownBeforeIt) {
+    const testsupport::ScopedEnvironment wdir("WDIR", installation.user().string() + ";/nowhere;" +
+                                                          installation.site().string());
+    const fs::path damaged = installation.site() / "orvane.xml";
+    testsupport::writeFile(damaged, "<configuration>\n<value");
+    testing::internal::CaptureStderr();
+    ASSERT_TRUE(Orv::iAppConfiguration().load()) << "the host's error handler is not set yet";
+    EXPECT_TRUE(testsupport::contains(testing::internal::GetCapturedStderr(), damaged.string()));
+    ASSERT_TRUE(configuration.load("another project"));
+    std::vector<std::string> boxes;
+    testsupport::whenDialog([](QDialog& dialog) { press(dialog, "Cancel"); }, &boxes);
+    app::openDialog(configuration, project, options, out);
+    ASSERT_EQ(boxes.size(), 2u);
+    EXPECT_TRUE(testsupport::contains(boxes[0], damaged.string() + ":2: "));
+    EXPECT_EQ(boxes[1], "WDIR names /nowhere, which does not exist");
+}
+
 TEST_F(Dialog, PagesOfTheProjectAreThereAndTroubleWithItsFileIsShown) {
     const fs::path file = installation.user() / "board.prj";
     testsupport::writeFile(file, "[DesignInfo]\nDBCFile=old.dbc\n");
@@ -78,6 +95,10 @@ TEST_F(Dialog, PagesOfTheProjectAreThereAndTroubleWithItsFileIsShown) {
             if (!writable)
                 testsupport::answerNextMessageBox("OK", &told);
             press(dialog, "OK");
+            EXPECT_EQ(dialog.isVisible(), !writable)
+                << "what was typed is lost, or the dialog does not close";
+            if (!writable)
+                press(dialog, "Cancel");
         });
         app::openDialog(configuration, project, options, out);
         EXPECT_EQ(testsupport::readFile(file), "[DesignInfo]\nDBCFile=new.dbc\n");

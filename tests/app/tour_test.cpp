@@ -118,10 +118,10 @@ TEST_F(Tour, PageThatDoesNotLetItselfBeLeftIsNamedOnceAndTheOthersAreVisited) {
     writeFile(installation.user() / "orvane.xml",
               "<configuration><section path='Orvane/SETTINGS'>"
               "<value name='GRID_HR'>0</value></section></configuration>");
-    writeCatalogue({{"Bad", "Grid"}, {"A", "Empty"}, {"B", "Empty"}});
-    const Outcome outcome = runProgram({"tour", pictures.string()});
+    writeCatalogue({{"Grid", "Grid"}, {"Nets", "Empty"}, {"Units", "Empty"}});
+    const Outcome outcome = runProgram({"tour", pictures.string()}, {{{"LC_ALL", "ja_JP.UTF-8"}}});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_TRUE(contains(outcome.err, "the page of Bad does not let itself be left\n"));
+    EXPECT_TRUE(contains(outcome.err, "the page of グリッド does not let itself be left\n"));
     EXPECT_FALSE(contains(outcome.err, "could not be"));
     EXPECT_EQ(summary().at(2).at(2), "CEmptyDialog");
 }

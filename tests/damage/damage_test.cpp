@@ -182,7 +182,8 @@ const Kind kKinds[] = {
     {"standard/settings.xml",
      [](const Samples&, const std::string& path) {
          ovsettings::CCategories categories;
-         readCatalogue(readFile(path), categories);
+         std::string problem;
+         readCatalogue(readFile(path), categories, problem);
      }},
     {"standard/light.ovc",
      [](const Samples&, const std::string& path) {

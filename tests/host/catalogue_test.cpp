@@ -1,3 +1,5 @@
+#include "suite/configuration.h"
+#include "suite/openproject.h"
 #include "tests/host/hostdialog.h"
 
 #include <QtCore/QLocale>
@@ -18,10 +20,13 @@ struct CatalogueCase {
     std::string file; ///< whole text of settings.xml
     std::string tree;
     const char* box = nullptr; ///< the text of the one that comes
+    const char* told =
+        nullptr; ///< what the host's handler and standard error get behind the path, to begin with
 };
 
 const char* const kNotFound = "File not found\n";
 const char* const kParseError = "Error during XML parsing\n";
+const char* const kNoText = "line 1: the element name has no text\n";
 
 class Catalogue : public HostDialog {
 protected:
@@ -32,8 +37,8 @@ TEST_F(Catalogue, IsReadByItsRulesAndLosesNothingThatWasReadBefore) {
     const std::string a = category("A");
     const std::string noText = "<dialog><name/><classid>X</classid></dialog>";
     const CatalogueCase cases[] = {
-        {"empty file", "", "", kNotFound},
-        {"not well-formed", "<settings>" + a, "", kNotFound},
+        {"empty file", "", "", kNotFound, "line 1: "},
+        {"not well-formed", "<settings>" + a, "", kNotFound, "line 1: "},
         {"no category", document(""), ""},
         {"any document element", "<anything>" + a + "</anything>", "A"},
         {"nesting", document(category("A", "A", category("B") + category("C"))), "A(B,C)"},
@@ -45,10 +50,11 @@ TEST_F(Catalogue, IsReadByItsRulesAndLosesNothingThatWasReadBefore) {
         {"last of two names", document("<dialog><name>X</name>" + a.substr(8)), "A"},
         {"texts and comments between", document("text<!-- c -->" + a + "<!-- d -->text"), "A"},
         {"unknown element in a category", document("<dialog><note>n</note>" + a.substr(8)), "A"},
-        {"other element under the root", document(a + "<page/>" + category("B")), "A", kParseError},
-        {"value without text ends the reading", document(a + noText + category("B")), "A"},
+        {"other element under the root", document(a + "\n<page/>" + category("B")), "A", kParseError,
+         "line 2: the element page is no category\n"},
+        {"value without text ends the reading", document(a + noText + category("B")), "A", nullptr, kNoText},
         {"nested value without text leaves the chain open",
-         document(category("A", "A", noText + category("B")) + category("C")), "A(C)"},
+         document(category("A", "A", noText + category("B")) + category("C")), "A(C)", nullptr, kNoText},
         {"empty nested category closes its parent", document(category("A", "A", "<dialog/>" + category("B"))),
          "A,B"},
         {"unknown page drops its children", document(category("A", "Unknown", category("B")) + category("C")),
@@ -61,40 +67,51 @@ TEST_F(Catalogue, IsReadByItsRulesAndLosesNothingThatWasReadBefore) {
         {"entity is not a text",
          "<!DOCTYPE s [<!ENTITY e \"A\">]><s>" + a + "<dialog><name>&e;</name><classid>A</classid></dialog>" +
              category("B") + "</s>",
-         "A"},
+         "A", nullptr, kNoText},
         {"entities that grow",
          "<!DOCTYPE s [<!ENTITY a \"aaaaaaaaaa\"><!ENTITY b \"&a;&a;&a;&a;&a;&a;&a;&a;\">"
          "<!ENTITY c \"&b;&b;&b;&b;&b;&b;&b;&b;\"><!ENTITY d \"&c;&c;&c;&c;&c;&c;&c;&c;\">"
          "<!ENTITY e \"&d;&d;&d;&d;&d;&d;&d;&d;\">]><s>" +
              a + "<dialog><name>&e;</name></dialog></s>",
-         "", kNotFound},
+         "", kNotFound, "line 1: "},
         {"external entity is not fetched",
          "<!DOCTYPE s [<!ENTITY e SYSTEM \"file:///etc/hostname\">]><s>" + a +
              "<dialog><name>&e;</name></dialog></s>",
-         "A"},
+         "A", nullptr, kNoText},
         {"text up to a section",
          document("<dialog><name>A<![CDATA[B]]></name>" + a.substr(a.find("<classid>"))), "A"},
         {"section is not a text", document(a + "<dialog><name><![CDATA[B]]></name></dialog>" + category("B")),
-         "A"},
+         "A", nullptr, kNoText},
         {"failures that open one another",
          document(
              category("A", "A",
                       repeat("<dialog><localization>internal</localization><classid>Empty</classid><name/>"
                              "</dialog>",
                              40000))),
-         "A" + repeat("(", 254) + repeat(")", 254)},
-        {"nesting without end", repeat("<dialog>", 10000) + repeat("</dialog>", 10000), "", kNotFound},
+         "A" + repeat("(", 254) + repeat(")", 254), nullptr, kNoText},
+        {"nesting without end", repeat("<dialog>", 10000) + repeat("</dialog>", 10000), "", kNotFound,
+         "line 1: "},
     };
+    const std::string path = (installation_.standard() / "settings.xml").string();
+    std::string told;
+    Orv::IOvConfigurationManager::Instance().SetErrorHandler(
+        [&told](const std::string& message) { told += message + '\n'; });
     for (const CatalogueCase& c : cases) {
         SCOPED_TRACE(c.what);
         boxes_.clear();
+        told.clear();
         writeFile(installation_.standard() / "settings.xml", c.file);
+        testing::internal::CaptureStderr();
         run([&c](QDialog& dialog) {
             EXPECT_EQ(treeText(dialog), c.tree);
             press(dialog, "Cancel");
         });
+        EXPECT_EQ(told.empty(), !c.told);
+        EXPECT_TRUE(!c.told || told.starts_with(path + ": " + c.told)) << told;
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), told);
         EXPECT_EQ(boxes_, c.box ? std::vector<std::string>{c.box} : std::vector<std::string>());
     }
+    Orv::IOvConfigurationManager::Instance().SetErrorHandler({});
 }
 
 TEST_F(Catalogue, MissingFileOrDirectoryInItsPlaceLeavesADialogThatOnlyCancels) {
@@ -146,14 +163,20 @@ TEST_F(Catalogue, TenThousandCategoriesMakeOnePage) {
 }
 
 TEST_F(Catalogue, CaptionsFollowTheUsersLanguageAndTheStoreDoesNot) {
-    catalogue(category("GRID", "A") + category("Own words", "B"));
+    catalogue(category("GRID", "A") + category("Own words", "B") + entry("designs", "projects"));
+    const std::string file = (installation_.user() / "board.prj").string();
+    writeFile(file, "[Designs]\nDesign#0=GRID\n"); // a name of the user's, which is not translated
+    std::string error;
+    const auto opened = NProjectTools::COpenProject::open(file, error);
+    ASSERT_TRUE(opened) << error;
+    project_ = opened->configuration();
     const struct {
         QLocale locale;
         const char* tree;
     } cases[] = {
-        {QLocale(QLocale::English), "Grid,Own words"},
-        {QLocale(QLocale::Japanese), "グリッド,Own words"},
-        {QLocale(QLocale::Finnish), "GRID,Own words"},
+        {QLocale(QLocale::English), "Grid,Own words,GRID"},
+        {QLocale(QLocale::Japanese), "グリッド,Own words,GRID"},
+        {QLocale(QLocale::Finnish), "GRID,Own words,GRID"},
     };
     const QLocale before;
     for (const auto& c : cases) {

@@ -1,9 +1,11 @@
 #include "ovsettings/showsettingsdialog.h"
+#include "suite/configuration.h"
 #include "tests/host/hostdialog.h"
 
 #include <QtGui/QMouseEvent>
 #include <QtGui/QWindow>
 #include <QtWidgets/QScrollArea>
+#include <QtWidgets/QScrollBar>
 
 #include <algorithm>
 #include <stdexcept>
@@ -106,6 +108,116 @@ TEST_F(Frame, RefusedPageIsShownWhileTheTreeHighlightsTheOneBefore) {
     EXPECT_EQ(storedLastPage(), "C");
 }
 
+TEST_F(Frame, RefusedPageIsShownAlsoWhenTheOneOnShowDoesNotLetItselfBeLeft) {
+    recorder().answers["C.isValid"] = false;
+    run([](QDialog& dialog) {
+        visit(dialog, {"C", "A"});
+        recorder().answers["A.onLeave"] = false;
+        press(dialog, "OK");
+        EXPECT_EQ(selectedCategory(dialog) + pageCaption(dialog), "AC");
+        press(dialog, "Cancel");
+    });
+}
+
+TEST_F(Frame, EachStepOfACommitFindsOnDiskWhatTheStepsBeforeHaveStored) {
+    const auto stores = [this](const char* key, const std::string& value) {
+        return [this, key, value] {
+            Orv::iAppConfiguration::Property property(key);
+            property.values = {value};
+            configuration_.setProperty(property);
+        };
+    };
+    std::string seen;
+    class Reader : public Orv::IUpdater {
+    public:
+        explicit Reader(std::string& seen) : seen_(seen) {}
+        bool updateSettings(ovsettings::IUpdateHost*) override {
+            seen_ += " then " + stored("BOXSIZE_HR");
+            return true;
+        }
+
+    private:
+        std::string& seen_;
+    } updater(seen);
+    recorder().acts["B.isValid"] = [&seen] {
+        seen = stored("GRID_HR");
+    };
+    run(&updater, [&](QDialog& dialog) {
+        visit(dialog, {"B", "A"});
+        for (const std::string operation : {"onApply", "onOk"}) {
+            recorder().acts["A." + operation] = stores("GRID_HR", operation == "onOk" ? "508000" : "635000");
+            recorder().acts["B." + operation] = stores("BOXSIZE_HR", operation == "onOk" ? "508" : "635");
+        }
+        press(dialog, "Apply");
+        EXPECT_EQ(seen, "635000 then 635");
+        press(dialog, "OK");
+        EXPECT_EQ(seen, "508000 then 508");
+    });
+}
+
+TEST_F(Frame, OkKeepsTheDialogOpenWhileSomethingCannotBeWritten) {
+    // A lock that cannot be had makes every write fail.
+    const auto lock = installation_.user() / ".orvane.xml.lock";
+    Orv::IOvConfigurationManager::Instance().SetErrorHandler([](const std::string&) {});
+    const int result = run([&](QDialog& dialog) {
+        recorder().answers["A.onOk"] = false;
+        recorder().answers["A.isModified"] = true;
+        press(dialog, "OK");
+        EXPECT_TRUE(dialog.isVisible()) << "the page could not store and still has its edits";
+        recorder().answers.clear();
+
+        recorder().acts["A.onOk"] = [this] {
+            configuration_.setNumber("GRID_HR", 508000.0F);
+        };
+        std::filesystem::remove(lock);
+        std::filesystem::create_directory(lock);
+        EXPECT_TRUE(testsupport::contains(testsupport::messageDuring([&] { press(dialog, "OK"); }),
+                                          installation_.user().string()));
+        EXPECT_TRUE(dialog.isVisible() && configuration_.lastSaveFailed());
+        recorder().acts.clear();
+        std::filesystem::remove(lock);
+        press(dialog, "OK");
+        EXPECT_FALSE(dialog.isVisible() || configuration_.lastSaveFailed());
+    });
+    EXPECT_EQ(result, 1);
+    EXPECT_EQ(stored("GRID_HR"), "508000");
+    Orv::IOvConfigurationManager::Instance().SetErrorHandler({});
+}
+
+TEST_F(Frame, EscapeAndTheCloseBoxAskBeforeTheyGiveUpEditsAndCancelDoesNot) {
+    const std::function<void(QDialog&)> escape = [](QDialog& dialog) {
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    };
+    const std::function<void(QDialog&)> closeBox = [](QDialog& dialog) {
+        dialog.close();
+    };
+    for (const auto& leave : {escape, closeBox}) {
+        run([&](QDialog& dialog) {
+            visit(dialog, {"C", "B", "A"});
+            recorder().answers["B.isModified"] = recorder().answers["C.isModified"] = true;
+            std::string question;
+            testsupport::whenModal([&question](QWidget& box) {
+                question = dynamic_cast<QMessageBox&>(box).text().toStdString();
+                QTest::keyClick(&box, Qt::Key_Escape);
+                EXPECT_TRUE(box.isVisible()) << "one Escape too many";
+                QTest::keyClick(&box, Qt::Key_Return);
+            });
+            leave(dialog);
+            EXPECT_EQ(question, "There are changes that have not been saved:\n\nB\nC");
+            EXPECT_TRUE(dialog.isVisible());
+            EXPECT_EQ(recorder().calls, Calls{});
+            testsupport::answerNextMessageBox("Discard changes");
+            leave(dialog);
+            EXPECT_FALSE(dialog.isVisible());
+            EXPECT_EQ(recorder().calls, (Calls{"A.onCancel", "B.onCancel", "C.onCancel"}));
+        });
+    }
+    run([](QDialog& dialog) {
+        press(dialog, "Cancel");
+        EXPECT_FALSE(dialog.isVisible());
+    });
+}
+
 TEST_F(Frame, RefusedPageIsNotEnteredAfterAFailureOnTheWayToIt) {
     recorder().answers["C.isValid"] = false;
     EXPECT_THROW(run([](QDialog& dialog) {
@@ -183,11 +295,14 @@ TEST_F(Frame, LastPageIsRememberedAtEachSwitchAndShownNextTime) {
 }
 
 TEST_F(Frame, PageThatCannotBeMadeLeavesTheAreaEmpty) {
-    catalogue(category("A") + category("Null") + category("NoWindow") + category("B"));
+    catalogue(category("A") + category("Null") + category("None", "Null") + category("NoWindow") +
+              category("B"));
     run([](QDialog& dialog) {
         visit(dialog, {"A"});
         selectCategory(dialog, "Null");
         EXPECT_EQ(pageCaption(dialog), "Null");
+        selectCategory(dialog, "None");
+        EXPECT_EQ(pageCaption(dialog) + storedLastPage(), "NoneNone");
         EXPECT_EQ(dialog.findChild<QScrollArea*>()->findChildren<QLineEdit*>().size(), 1);
         EXPECT_FALSE(dialog.findChild<QScrollArea*>()->findChild<QLineEdit*>()->isVisible());
         press(dialog, "OK"); // with no page there is nothing to commit
@@ -240,7 +355,8 @@ TEST_F(Frame, ExceptionReachesTheHostAfterTheLoopHasEnded) {
 }
 
 TEST_F(Frame, WhatAnAddInThrowsWhileTheDialogGoesReachesTheHostAsWell) {
-    recorder().acts["A.removed"] = [] {
+    catalogue(category("By name", "A"));
+    recorder().acts["By name.removed"] = [] {
         throw std::range_error("at the end");
     };
     EXPECT_THROW(run([](QDialog& dialog) { press(dialog, "Cancel"); }), std::range_error);
@@ -374,7 +490,17 @@ TEST_F(Frame, AddInThatNobodyLinksGetsTheConfigurationAndMayLeaveThingsBehind) {
     for (int call = 0; call < 2; ++call) {
         run([this](QDialog& dialog) {
             EXPECT_EQ(treeText(dialog), "Configured,Plain"); // the third is one that the add-in takes away
-            run([](QDialog& inner) { press(inner, "Cancel"); });
+            {
+                Orv::iAppConfiguration other; // and is gone before the page is made
+                other.load();
+                other.setNumber("GRID_HR", 508000.0F);
+                testsupport::whenDialog([](QDialog& inner) {
+                    selectCategory(inner, "Configured");
+                    EXPECT_TRUE(testsupport::controlByCaption(inner, "GRID_HR = 508000"));
+                    press(inner, "Cancel");
+                });
+                ovsettings::showSettingsDialog(other, project_, nullptr);
+            }
             selectCategory(dialog, "Configured");
             EXPECT_TRUE(testsupport::controlByCaption(dialog, "GRID_HR = 254000"));
             selectCategory(dialog, "Plain");
@@ -438,6 +564,13 @@ TEST_F(Frame, DialogFitsASmallScreenAndScrollsToTheFocus) {
         EXPECT_EQ(dialog.focusWidget(), field);
         EXPECT_FALSE(field->visibleRegion().isEmpty());
         EXPECT_FALSE(testsupport::controlByCaption(dialog, "Help")->visibleRegion().isEmpty());
+        auto* bar = dialog.findChild<QScrollArea*>()->verticalScrollBar();
+        bar->setValue(bar->maximum());
+        selectCategory(dialog, "B");
+        dialog.findChild<QScrollArea*>()->findChildren<QLineEdit*>().back()->parentWidget()->setMinimumHeight(
+            2000);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        EXPECT_EQ(bar->value(), 0) << "a page begins at its top";
         press(dialog, "Cancel");
     });
 }

@@ -14,9 +14,9 @@ int HostDialog::run(Orv::IUpdater* updater, const std::function<void(QDialog&)>&
     return ovsettings::showSettingsDialog(configuration_, project_, updater);
 }
 
-std::string HostDialog::storedLastPage() {
+std::string HostDialog::stored(const char* key) {
     Orv::iAppConfiguration fresh;
-    Orv::iAppConfiguration::Property property("MRU_SETTINGS");
+    Orv::iAppConfiguration::Property property(key);
     if (!fresh.load() || !fresh.getProperty(property) || property.values.empty())
         return "(none)";
     return property.values.front();

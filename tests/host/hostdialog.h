@@ -30,7 +30,9 @@ protected:
     int run(Orv::IUpdater* updater, const std::function<void(QDialog&)>& script);
     int run(const std::function<void(QDialog&)>& script) { return run(nullptr, script); }
 
-    std::string storedLastPage();
+    /// The first value of a key as a program finds it that loads the configuration now.
+    static std::string stored(const char* key);
+    static std::string storedLastPage() { return stored("MRU_SETTINGS"); }
 
     testsupport::Installation installation_;
     Orv::iAppConfiguration configuration_;

@@ -9,6 +9,8 @@
 #include "suite/openproject.h"
 #include "tests/support/widgets.h"
 
+#include <gtest/gtest-spi.h>
+
 using namespace ovsettings;
 
 namespace {
@@ -23,6 +25,26 @@ TEST(MessageBox, ShowsNoWaitCursorWhileItAsks) {
     showMessage(nullptr, QStringLiteral("text"));
     EXPECT_EQ(shape, Qt::ArrowCursor);
     EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+}
+
+TEST(MessageBox, QuestionIsEndedByItsTwoButtonsAlone) {
+    for (const bool yes : {true, false}) {
+        testsupport::whenModal([yes](QWidget& box) {
+            QTest::keyClick(&box, Qt::Key_Escape);
+            box.close();
+            dynamic_cast<QDialog&>(box).reject();
+            EXPECT_TRUE(box.isVisible());
+            testsupport::press(box, yes ? "Yes" : "No");
+        });
+        EXPECT_EQ(askYesNo(nullptr, QStringLiteral("text"), QStringLiteral("title")), yes);
+    }
+}
+
+TEST(MessageBox, NobodyAnswersFailsTheTestAndDoesNotHangIt) {
+    bool answer = true;
+    EXPECT_NONFATAL_FAILURE(answer = askYesNo(nullptr, QStringLiteral("Anyone?"), QString()),
+                            "nobody answered the message box: Anyone?");
+    EXPECT_FALSE(answer);
 }
 
 TEST(StringTables, HaveEveryCaptionInEveryLanguage) {

@@ -105,7 +105,11 @@ void whenModal(const std::function<void(QWidget&)>& script) {
         script(*modal);
         if (opened && opened->isVisible()) {
             ADD_FAILURE() << "the script left a " << opened->metaObject()->className() << " open";
-            opened->close();
+            // A dialog may ask before it closes, and a question does not close at all.
+            if (auto* dialog = qobject_cast<QDialog*>(opened.data()))
+                dialog->done(QDialog::Rejected);
+            else
+                opened->close();
         }
     });
     timer->start();
@@ -234,6 +238,31 @@ void showUnlessOffscreenNoise(QtMsgType, const QMessageLogContext&, const QStrin
         std::fprintf(stderr, "%s\n", qPrintable(message));
 }
 
+/// A message box that nobody answers fails the test and is closed. It is given so many turns of the event
+/// loop, and not a time, since a machine may be slow.
+class Watchdog : public QObject {
+public:
+    Watchdog() { startTimer(kTurn); }
+
+protected:
+    void timerEvent(QTimerEvent*) override {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        turns_ = box == box_ ? turns_ + 1 : 0;
+        box_ = box;
+        if (!box || turns_ < kMostTurns)
+            return;
+        ADD_FAILURE() << "nobody answered the message box: " << box->text().toStdString();
+        box->done(QMessageBox::NoButton); // not by a button: it might do what the test looks at
+    }
+
+private:
+    static constexpr int kTurn = 100; // ms
+    static constexpr int kMostTurns = 20;
+
+    QPointer<QMessageBox> box_;
+    int turns_ = 0;
+};
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -242,5 +271,6 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
+    const Watchdog watchdog;
     return RUN_ALL_TESTS();
 }

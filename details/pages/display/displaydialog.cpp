@@ -68,10 +68,16 @@ bool CDisplayDialog::OnInitDialog() {
     if (!appConfig_)
         return false;
     CPropDialogTemplateEx::OnInitDialog();
+    fill();
+    kept_ = marks();
+    return true;
+}
+
+void CDisplayDialog::fill() {
     std::vector<std::string> attribute;
     Orv::getValues(*appConfig_, "ATTRIBUTE", attribute);
     if (attribute.empty())
-        return true;
+        return;
     if (attribute[kVisible] == "0") {
         ui_->commonProperties->setChecked(false);
         ui_->pinNumbers->setChecked(false);
@@ -86,7 +92,7 @@ bool CDisplayDialog::OnInitDialog() {
     std::vector<std::string> label;
     Orv::getValues(*appConfig_, "LABEL", label);
     if (label.empty())
-        return true;
+        return;
     showText(*ui_->names, label[kVisible]);
     showFlag(*ui_->symbolText, *appConfig_, "COMPTEXTON");
     // Again, so that the two may be checked while they are disabled. That is meant.
@@ -96,7 +102,7 @@ bool CDisplayDialog::OnInitDialog() {
     std::vector<std::string> text;
     Orv::getValues(*appConfig_, "TEXT", text);
     if (text.empty())
-        return true;
+        return;
     showText(*ui_->graphicalText, text[kVisible]);
     showFlag(*ui_->border, *appConfig_, "BORDERON");
     for (const FlagBox& tooltip : kTooltips)
@@ -105,7 +111,6 @@ bool CDisplayDialog::OnInitDialog() {
     std::vector<std::string> properties;
     Orv::getValues(*appConfig_, "PROPERTIES_TOOLTIP", properties);
     tooltipProperties_ = joinProperties(properties);
-    return true;
 }
 
 bool CDisplayDialog::onApply() {
@@ -121,7 +126,19 @@ bool CDisplayDialog::onApply() {
     Orv::setValue(*appConfig_, "BORDERON", textOf(*ui_->border));
     for (const FlagBox& tooltip : kTooltips)
         Orv::setValue(*appConfig_, tooltip.key, textOf(*(*ui_.*tooltip.box)));
+    kept_ = marks();
     return true;
+}
+
+bool CDisplayDialog::hasUnreportedEdits() const {
+    return appConfig_ && marks() != kept_;
+}
+
+std::vector<bool> CDisplayDialog::marks() const {
+    std::vector<bool> marks;
+    for (const QCheckBox* box : findChildren<QCheckBox*>())
+        marks.push_back(box->isChecked());
+    return marks;
 }
 
 void CDisplayDialog::enableNumbers(bool enabled) {

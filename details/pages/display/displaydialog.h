@@ -1,6 +1,7 @@
 #pragma once
 
 #include "details/pages/page.h"
+#include "details/shell/unreportededits.h"
 
 #include <memory>
 #include <string>
@@ -15,7 +16,7 @@ class CDisplayDialog;
 
 /// The page "Display": which classes of object the schematic editor shows, and which have tool tips. Nothing
 /// on it is disabled for a locked key: the store keeps what is locked.
-class CDisplayDialog : public CPage {
+class CDisplayDialog : public CPage, public IUnreportedEdits {
     Q_OBJECT
 
 public:
@@ -25,6 +26,7 @@ public:
     bool buildTemplate() override;
     bool OnInitDialog() override;
     bool onApply() override;
+    bool hasUnreportedEdits() const override;
 
     /// The names of properties that have tool tips, as one text and back. A text is split at every comma; the
     /// pieces lose the blanks around them, but for the last one, and empty pieces are dropped.
@@ -32,11 +34,14 @@ public:
     static std::vector<std::string> splitProperties(std::string_view text);
 
 private:
+    void fill();
     void enableNumbers(bool enabled);
+    std::vector<bool> marks() const;
 
     std::unique_ptr<Ui::CDisplayDialog> ui_;
     /// Read as the page is filled; no control shows it.
     std::string tooltipProperties_;
+    std::vector<bool> kept_; ///< the marks of the boxes when the page was filled or last stored
 };
 
 } // namespace ovsettings

@@ -44,7 +44,7 @@ bool CNetNameDelimiter::OnInitDialog() {
         const std::string stored = projectConfig_->projectFile->GetNetNameDelimiter();
         for (std::size_t index = 0; index < kDelimiters.size(); ++index) {
             if (stored == kDelimiters[index].stored)
-                chosen_ = loaded_ = index;
+                chosen_ = loaded_ = stored_ = index;
         }
     }
     checkRadioButton(*(ui_.get()->*kDelimiters[chosen_].button));
@@ -57,7 +57,12 @@ bool CNetNameDelimiter::OnInitDialog() {
 bool CNetNameDelimiter::onApply() {
     if (chosen_ != loaded_ && projectConfig_ && projectConfig_->projectFile)
         projectConfig_->projectFile->SetNetNameDelimiter(kDelimiters[chosen_].stored);
+    stored_ = chosen_;
     return true;
+}
+
+bool CNetNameDelimiter::isModified() const {
+    return chosen_ != stored_;
 }
 
 void CNetNameDelimiter::readButtons() {

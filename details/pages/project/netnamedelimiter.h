@@ -24,6 +24,7 @@ public:
     bool buildTemplate() override;
     bool OnInitDialog() override;
     bool onApply() override;
+    bool isModified() const override;
 
 private:
     void readButtons();
@@ -31,6 +32,7 @@ private:
     std::unique_ptr<Ui::CNetNameDelimiter> ui_;
     std::size_t chosen_ = 0;
     std::size_t loaded_ = 0;
+    std::size_t stored_ = 0; ///< the choice at the last store, or else as it was loaded
 };
 
 } // namespace ovsettings

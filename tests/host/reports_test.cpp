@@ -1,0 +1,139 @@
+// Which pages report themselves to the host, and under which names.
+
+#include "ovsettings/showsettingsdialog.h"
+#include "ovsettings/updatehost.h"
+#include "suite/openproject.h"
+#include "tests/host/hostdialog.h"
+
+#include <QtWidgets/QTableView>
+
+#include <algorithm>
+
+using ovsettings::kPageReports;
+using ovsettings::PageReport;
+using testsupport::find;
+
+namespace {
+
+void pressKey(QWidget& control, Qt::Key key) {
+    control.setFocus();
+    QTest::keyClick(&control, key);
+}
+
+/// The first line of a list, or whatever is in the second column of a grid.
+void deleteEntry(QDialog& dialog) {
+    QWidget& area = *dialog.findChild<QWidget*>(QStringLiteral("pageHost"));
+    if (auto* list = area.findChild<QListWidget*>()) {
+        list->setCurrentRow(0);
+        return pressKey(*list, Qt::Key_Delete);
+    }
+    auto* grid = area.findChild<QTableView*>();
+    for (int row = 0; row < grid->model()->rowCount(); ++row) {
+        grid->setCurrentIndex(grid->model()->index(row, 1));
+        pressKey(*grid, Qt::Key_Delete);
+    }
+}
+
+void renameEntry(QDialog& dialog) {
+    auto* list = dialog.findChild<QWidget*>(QStringLiteral("pageHost"))->findChild<QListWidget*>();
+    list->setCurrentRow(0);
+    pressKey(*list, Qt::Key_F2);
+    testsupport::type(*QApplication::focusWidget(), "own:PORT");
+}
+
+struct Edit {
+    const char* pageKey;
+    std::function<void(QDialog&)> make;
+};
+
+Edit pressing(const char* pageKey, const char* caption) {
+    return {pageKey, [caption](QDialog& dialog) {
+                press(dialog, caption);
+            }};
+}
+
+Edit choosingNext(const char* pageKey, const char* caption) {
+    return {pageKey, [caption](QDialog& dialog) {
+                pressKey(*find<QComboBox>(dialog, caption), Qt::Key_Down);
+            }};
+}
+
+const Edit kEdits[] = {
+    pressing("Pan and Zoom", "Lorvik Pan and Zoom"),
+    choosingNext("Metrics", "Unit"),
+    pressing("Grid", "Display"),
+    pressing("Nets", "Snap Nets To Pin"),
+    pressing("New Sheet", "Portrait"),
+    choosingNext("New Object", "Default Text Origin"),
+    pressing("NetNameDelimiter", "Round Brackets \"()\""),
+    pressing("Display", "Border"),
+    {"Run on Startup", deleteEntry},
+    {"Special Components", renameEntry},
+    {"Symbol Libraries", deleteEntry},
+    {"Fixed Functions", deleteEntry},
+    {"Borders", deleteEntry},
+    {"PartBookDialog",
+     [](QDialog& dialog) {
+         testsupport::type(*find<QLineEdit>(dialog, "OvPartBook configuration"), "a.dbc");
+     }},
+    {"Advanced",
+     [](QDialog& dialog) {
+         auto* grid = dialog.findChild<QTableView*>();
+         testsupport::clickCell(*grid, 1, 2);
+         pressKey(*grid, Qt::Key_Space);
+     }},
+};
+
+class Reports : public HostDialog {
+protected:
+    Reports() {
+        std::filesystem::copy(OV_SAMPLES, samples_.path(), std::filesystem::copy_options::recursive);
+        testsupport::writeFile(installation_.user() / "scripts.ini", "[PlanDraw]\nForm#0=a\n");
+        std::string error;
+        opened_ = NProjectTools::COpenProject::open(
+            (samples_ / "motorcontroller/motorcontroller.prj").string(), error);
+        EXPECT_TRUE(opened_) << error;
+        std::string dialogs;
+        for (const PageReport& page : kPageReports)
+            dialogs += entry(page.pageKey, "internal");
+        catalogue(dialogs);
+    }
+
+    /// Opens the dialog at a page and works on it. @return the names that OK reports.
+    std::set<std::string> reportedAfter(const Edit& edit) {
+        std::vector<std::string> names;
+        for (const PageReport& page : kPageReports)
+            names.emplace_back(page.name);
+        AskingUpdater updater(names);
+        Orv::iAppConfiguration::Property last("MRU_SETTINGS");
+        last.values = {edit.pageKey};
+        configuration_.setProperty(last);
+        testsupport::whenDialog(
+            [&edit](QDialog& dialog) {
+                EXPECT_EQ(selectedCategory(dialog), edit.pageKey);
+                edit.make(dialog);
+                press(dialog, "OK");
+                if (dialog.isVisible())
+                    press(dialog, "Cancel");
+            },
+            &boxes_);
+        ovsettings::showSettingsDialog(configuration_, opened_->configuration(), &updater);
+        EXPECT_EQ(updater.notifications.size(), 1u);
+        return updater.notifications.empty() ? std::set<std::string>() : updater.notifications.front();
+    }
+
+    testsupport::TemporaryDirectory samples_;
+    std::unique_ptr<NProjectTools::COpenProject> opened_;
+};
+
+TEST_F(Reports, PageIsReportedUnderItsNameIfTheTableSaysSo) {
+    for (const Edit& edit : kEdits) {
+        SCOPED_TRACE(edit.pageKey);
+        const auto* page = std::ranges::find(kPageReports, std::string(edit.pageKey), &PageReport::pageKey);
+        ASSERT_NE(page, std::end(kPageReports));
+        EXPECT_EQ(reportedAfter(edit),
+                  page->reports ? std::set<std::string>{page->name} : std::set<std::string>());
+    }
+}
+
+} // namespace
