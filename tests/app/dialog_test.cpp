@@ -95,10 +95,6 @@ TEST_F(Dialog, PagesOfTheProjectAreThereAndTroubleWithItsFileIsShown) {
             if (!writable)
                 testsupport::answerNextMessageBox("OK", &told);
             press(dialog, "OK");
-            EXPECT_EQ(dialog.isVisible(), !writable)
-                << "what was typed is lost, or the dialog does not close";
-            if (!writable)
-                press(dialog, "Cancel");
         });
         app::openDialog(configuration, project, options, out);
         EXPECT_EQ(testsupport::readFile(file), "[DesignInfo]\nDBCFile=new.dbc\n");

@@ -119,7 +119,7 @@ TEST_F(Tour, PageThatDoesNotLetItselfBeLeftIsNamedOnceAndTheOthersAreVisited) {
               "<configuration><section path='Orvane/SETTINGS'>"
               "<value name='GRID_HR'>0</value></section></configuration>");
     writeCatalogue({{"Grid", "Grid"}, {"Nets", "Empty"}, {"Units", "Empty"}});
-    const Outcome outcome = runProgram({"tour", pictures.string()}, {{{"LC_ALL", "ja_JP.UTF-8"}}});
+    const Outcome outcome = runProgram({"tour", pictures.string()}, {{{"LC_ALL", "ja_JP.UTF-8"}}, false, {}});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_TRUE(contains(outcome.err, "the page of グリッド does not let itself be left\n"));
     EXPECT_FALSE(contains(outcome.err, "could not be"));
@@ -130,7 +130,9 @@ TEST_F(Tour, CatalogueThatCannotBeReadIsNotedAndDoesNotHang) {
     const Outcome outcome = runProgram({"--catalogue", "missing.xml", "tour", pictures.string()});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_TRUE(contains(outcome.err, "the dialog has no categories"));
-    EXPECT_EQ(readFile(pictures / "summary.txt"), "note: message box: File not found\n");
+    EXPECT_EQ(readFile(pictures / "summary.txt"),
+              "note: " + (installation.standard() / "missing.xml").string() +
+                  ": cannot read: No such file or directory\nnote: message box: File not found\n");
 }
 
 TEST_F(Tour, PictureThatCannotBeWrittenIsAFailure) {

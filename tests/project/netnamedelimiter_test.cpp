@@ -42,10 +42,15 @@ TEST_F(NetNameDelimiter, ShowsTheStoredOneAndStoresAnotherOnly) {
 TEST_F(NetNameDelimiter, ChoiceIsComparedWithWhatWasLoadedEvenAfterApply) {
     openProject();
     auto& page = openPage("NetNameDelimiter");
+    EXPECT_FALSE(page.isModified());
     testsupport::press(window_, kRound);
+    EXPECT_TRUE(page.isModified());
     page.onApply();
+    EXPECT_FALSE(page.isModified());
     testsupport::press(window_, kNone);
+    EXPECT_TRUE(page.isModified());
     page.onApply();
+    EXPECT_FALSE(page.isModified());
     EXPECT_EQ(onDisk()->GetNetNameDelimiter(), "()");
 }
 
