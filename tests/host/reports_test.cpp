@@ -112,6 +112,10 @@ protected:
             [&edit](QDialog& dialog) {
                 EXPECT_EQ(selectedCategory(dialog), edit.pageKey);
                 edit.make(dialog);
+                std::string question;
+                testsupport::answerNextMessageBox("Keep editing", &question);
+                QTest::keyClick(&dialog, Qt::Key_Escape);
+                EXPECT_TRUE(question.ends_with(edit.pageKey)) << question;
                 press(dialog, "OK");
                 if (dialog.isVisible())
                     press(dialog, "Cancel");
@@ -126,7 +130,7 @@ protected:
     std::unique_ptr<NProjectTools::COpenProject> opened_;
 };
 
-TEST_F(Reports, PageIsReportedUnderItsNameIfTheTableSaysSo) {
+TEST_F(Reports, EveryPageAsksBeforeItsEditsAreGivenUpAndReportsThemIfTheTableSaysSo) {
     for (const Edit& edit : kEdits) {
         SCOPED_TRACE(edit.pageKey);
         const auto* page = std::ranges::find(kPageReports, std::string(edit.pageKey), &PageReport::pageKey);

@@ -40,6 +40,7 @@ bool CGeneralDialog::OnInitDialog() {
     grid_ = ui_->grid;
     grid_->setAppConfiguration(appConfig_);
     grid_->onInitialUpdate();
+    kept_ = texts();
     return true;
 }
 
@@ -50,6 +51,7 @@ bool CGeneralDialog::onApply() {
         return false;
     for (const auto& row : grid_->rows())
         storeRow(*row);
+    kept_ = texts();
     return true;
 }
 
@@ -57,9 +59,15 @@ bool CGeneralDialog::onEnter() {
     if (!grid_)
         return true;
     const Orv::Metrics::Unit unit = Orv::getConfiguredUnit(*appConfig_);
+    const std::vector<QString> before = texts();
     for (const auto& row : grid_->rows()) {
         if (auto* length = dynamic_cast<CGeneralRowUnitValueEdit*>(row.get()))
             length->onUnitChanged(unit);
+    }
+    const std::vector<QString> after = texts();
+    for (std::size_t row = 0; row < kept_.size(); ++row) {
+        if (kept_[row] == before[row])
+            kept_[row] = after[row];
     }
     return true;
 }
@@ -70,6 +78,19 @@ bool CGeneralDialog::onLeave() {
 
 bool CGeneralDialog::isValid() {
     return validate();
+}
+
+bool CGeneralDialog::hasUnreportedEdits() const {
+    return texts() != kept_;
+}
+
+std::vector<QString> CGeneralDialog::texts() const {
+    std::vector<QString> texts;
+    if (grid_) {
+        for (const auto& row : grid_->rows())
+            texts.push_back(row->valueText());
+    }
+    return texts;
 }
 
 bool CGeneralDialog::validate() {

@@ -1,8 +1,12 @@
 #pragma once
 
 #include "details/pages/page.h"
+#include "details/shell/unreportededits.h"
+
+#include <QtCore/QString>
 
 #include <memory>
+#include <vector>
 
 namespace ovsettings {
 
@@ -15,7 +19,7 @@ class CGeneralDialog;
 
 /// The page "Advanced": a property sheet of the settings that have no page of their own. Its changes are not
 /// reported to the host by name, and that is meant: the host reads these settings when it needs them.
-class CGeneralDialog : public CPage {
+class CGeneralDialog : public CPage, public IUnreportedEdits {
     Q_OBJECT
 
 public:
@@ -29,14 +33,17 @@ public:
     bool onEnter() override;
     bool onLeave() override;
     bool isValid() override;
+    bool hasUnreportedEdits() const override;
 
 private:
+    std::vector<QString> texts() const;
     bool validate();
     void storeRow(CGeneralRow& row);
 
     std::unique_ptr<Ui::CGeneralDialog> ui_;
     /// Null until the page is filled, and a page that is not has nothing to refuse.
     CGeneralGrid* grid_ = nullptr;
+    std::vector<QString> kept_; ///< the texts of the rows as they were filled or last stored
 };
 
 } // namespace ovsettings
