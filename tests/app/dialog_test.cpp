@@ -29,7 +29,8 @@ protected:
 };
 
 TEST_F(Dialog, EachPageThatTheUserChangedIsNamedAtEachCommit) {
-    options.page = "Units";
+    fs::copy_file(fs::path(OV_INSTALLATION) / "standard/orvane.xml", installation.standard() / "orvane.xml");
+    ASSERT_TRUE(configuration.load()); // it names the page of the first start
     testsupport::whenModal([](QWidget& dialog) {
         EXPECT_EQ(dialog.findChild<QTreeWidget*>()->currentItem()->text(0), "Units");
         auto* units = testsupport::find<QComboBox>(dialog, "Unit");
