@@ -53,24 +53,29 @@ function(ov_target target)
     target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR})
 endfunction()
 
-# A target with widgets: meta-object compiler, forms of resources/dialogs, precompiled Qt headers.
+# ov_qt_target(TARGET [HEADERS]): a target with widgets: meta-object compiler, forms of resources/dialogs, precompiled
+# headers of ov_precompile, Qt's if none are named.
 function(ov_qt_target target)
+    set(headers ovqtheaders)
+    if(ARGC GREATER 1)
+        set(headers ${ARGV1})
+    endif()
     ov_target(${target})
     target_link_libraries(${target} PUBLIC Qt6::Widgets)
     target_compile_definitions(${target} PRIVATE QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII)
     set_target_properties(${target} PROPERTIES
         AUTOMOC ON AUTOUIC ON AUTORCC ON
         AUTOUIC_SEARCH_PATHS ${PROJECT_SOURCE_DIR}/resources/dialogs)
-    target_precompile_headers(${target} REUSE_FROM ovqtheaders)
+    target_precompile_headers(${target} REUSE_FROM ${headers})
 endfunction()
 
-# The precompiled Qt headers of all targets: one costs as much as twenty sources. A target that uses them may define more
-# macros than this one, and none otherwise.
-function(ov_precompile_qt)
-    file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/ovqtheaders.cpp CONTENT "")
-    add_library(ovqtheaders STATIC ${CMAKE_BINARY_DIR}/ovqtheaders.cpp)
-    ov_target(ovqtheaders)
-    target_link_libraries(ovqtheaders PUBLIC Qt6::Widgets)
-    target_compile_definitions(ovqtheaders PRIVATE QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII)
-    target_precompile_headers(ovqtheaders PRIVATE ${OV_PCH_QT})
+# ov_precompile(NAME [HEADER...]): Qt's headers and some more, precompiled once for all targets that use them: that costs as
+# much as twenty sources. Such a target may define more macros than this one, and has to define all that this one does.
+function(ov_precompile name)
+    file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/${name}.cpp CONTENT "")
+    add_library(${name} STATIC ${CMAKE_BINARY_DIR}/${name}.cpp)
+    ov_target(${name})
+    target_link_libraries(${name} PUBLIC Qt6::Widgets)
+    target_compile_definitions(${name} PRIVATE QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII)
+    target_precompile_headers(${name} PRIVATE ${OV_PCH_QT} ${ARGN})
 endfunction()
