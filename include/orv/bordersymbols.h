@@ -29,6 +29,9 @@ public:
     virtual std::vector<Property>& GetProperties() = 0;
     /// The names of the properties that may be given a value, in the order in which they are offered.
     virtual std::vector<std::string> GetPropertyNames() = 0;
+    /// Why the last Save failed, as one line with path and cause, UTF-8; empty if it worked. The page that
+    /// saved shows it and keeps its edits. An object that does not override it says that every Save works.
+    virtual std::string GetSaveError() { return {}; }
 
 protected:
     ~IBorderSymbols() = default;

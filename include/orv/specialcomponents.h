@@ -23,6 +23,9 @@ public:
     ///              7 on sheet, 8 off sheet, 9 power, 10 ground, 11 ripper bus-net, 12 ripper bus-bus; any
     ///              other one gives a list that is nobody's and is not saved.
     virtual std::vector<std::string>& GetCategory(int index) = 0;
+    /// Why the last Save failed, as one line with path and cause, UTF-8; empty if it worked. The page that
+    /// saved shows it and keeps its edits. An object that does not override it says that every Save works.
+    virtual std::string GetSaveError() { return {}; }
 
 protected:
     ~ISpecialComponents() = default;

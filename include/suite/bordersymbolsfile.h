@@ -27,6 +27,7 @@ public:
     Table& GetTable() override;
     std::vector<Property>& GetProperties() override;
     std::vector<std::string> GetPropertyNames() override;
+    std::string GetSaveError() override;
 
 private:
     struct Impl;

@@ -25,6 +25,7 @@ public:
     void Save(const std::string& path) override;
     /// The lists stay where they are for the life of this object.
     std::vector<std::string>& GetCategory(int index) override;
+    std::string GetSaveError() override;
 
 private:
     struct Impl;

@@ -31,6 +31,7 @@ struct CBorderSymbolsFile::Impl {
     std::vector<std::string> names;
     std::vector<Entry> storedTable; ///< these two as the file has them
     std::vector<Entry> storedProperties;
+    std::string saveError;
 
     std::optional<std::string> store(platform::ProfileDocument& content, bool isOrigin) const {
         const std::vector<Entry> none;
@@ -71,7 +72,8 @@ void CBorderSymbolsFile::Save(const std::string& path) {
     const auto store = [this](platform::ProfileDocument& content, bool isOrigin) {
         return impl_->store(content, isOrigin);
     };
-    if (impl_->file.save(path, store)) {
+    impl_->saveError = impl_->file.save(path, store).value_or("");
+    if (impl_->saveError.empty()) {
         impl_->storedTable = entriesOf(impl_->table);
         impl_->storedProperties = impl_->properties;
     }
@@ -87,6 +89,10 @@ std::vector<CBorderSymbolsFile::Property>& CBorderSymbolsFile::GetProperties() {
 
 std::vector<std::string> CBorderSymbolsFile::GetPropertyNames() {
     return impl_->names;
+}
+
+std::string CBorderSymbolsFile::GetSaveError() {
+    return impl_->saveError;
 }
 
 } // namespace NProjectTools

@@ -12,6 +12,7 @@
 #include <iterator>
 #include <map>
 #include <set>
+#include <utility>
 
 namespace suite {
 
@@ -70,21 +71,24 @@ std::optional<ProfileDocument> DataFile::reload(const std::string& path) {
     return ProfileDocument(bytes);
 }
 
-bool DataFile::save(const std::string& path, const Edit& edit) {
-    if (path.empty()) {
-        projectLog().report("cannot save: no file is named");
-        return false;
-    }
+std::optional<std::string> DataFile::save(const std::string& path, const Edit& edit) {
+    auto error = trySave(path, edit);
+    if (error)
+        projectLog().report(*error);
+    return error;
+}
+
+std::optional<std::string> DataFile::trySave(const std::string& path, const Edit& edit) {
+    if (path.empty())
+        return "cannot save: no file is named";
     ProjectDocument document;
     document.openForChanges(path);
     const std::string& full = document.path();
-    if (!platform::isDirectory(std::filesystem::path(full).parent_path().string())) {
-        projectLog().report(full + ": cannot save: its directory is not there");
-        return false;
-    }
+    if (!platform::isDirectory(std::filesystem::path(full).parent_path().string()))
+        return full + ": cannot save: its directory is not there";
     std::optional<std::string> unheld;
     std::string written;
-    const auto error = document.tryChange([&](ProfileDocument& content) {
+    auto error = document.tryChange([&](ProfileDocument& content) {
         // In a file without a line there is nothing to lose, and everything to write.
         const bool hasContent = !content.text().empty();
         unheld = hasContent && !isSameFile(full, origin_)
@@ -96,13 +100,11 @@ bool DataFile::save(const std::string& path, const Edit& edit) {
     });
     // What the file cannot hold does not wait: it would be in the way of every later save.
     unsaved_ = error && !unheld;
-    if (error) {
-        projectLog().report(unheld ? full + ": " + *unheld : *error);
-        return false;
-    }
+    if (error)
+        return unheld ? full + ": " + *unheld : std::move(error);
     origin_ = full;
     bytes_ = written;
-    return true;
+    return std::nullopt;
 }
 
 std::vector<Entry> readEntries(const ProfileDocument& content, std::string_view section) {

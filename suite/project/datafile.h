@@ -29,10 +29,12 @@ public:
 
     /// Saves to a file, which is made if it is missing. The edit must depend on its arguments alone. A file
     /// that has content and was not read is not written: nobody has seen what it would lose.
-    /// @return false, with the file as it was, after a failure; the project log was told.
-    bool save(const std::string& path, const Edit& edit);
+    /// @return why it failed, in one line; then the file is as it was, and the project log was told.
+    std::optional<std::string> save(const std::string& path, const Edit& edit);
 
 private:
+    std::optional<std::string> trySave(const std::string& path, const Edit& edit);
+
     std::string origin_;   ///< the file that has the content, once read or saved
     std::string bytes_;    ///< what that file held then
     bool unsaved_ = false; ///< the last save failed

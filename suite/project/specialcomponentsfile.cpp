@@ -34,6 +34,7 @@ struct CSpecialComponentsFile::Impl {
     Categories categories;
     Categories stored; ///< as the file has them
     std::vector<std::string> nobodys;
+    std::string saveError;
 
     std::optional<std::string> store(platform::ProfileDocument& content, bool isOrigin) const {
         const Categories former = isOrigin ? stored : Categories();
@@ -63,7 +64,8 @@ void CSpecialComponentsFile::Save(const std::string& path) {
     const auto store = [this](platform::ProfileDocument& content, bool isOrigin) {
         return impl_->store(content, isOrigin);
     };
-    if (impl_->file.save(path, store))
+    impl_->saveError = impl_->file.save(path, store).value_or("");
+    if (impl_->saveError.empty())
         impl_->stored = impl_->categories;
 }
 
@@ -72,6 +74,10 @@ std::vector<std::string>& CSpecialComponentsFile::GetCategory(int index) {
         return impl_->categories[static_cast<std::size_t>(index)];
     impl_->nobodys.clear();
     return impl_->nobodys;
+}
+
+std::string CSpecialComponentsFile::GetSaveError() {
+    return impl_->saveError;
 }
 
 } // namespace NProjectTools

@@ -162,6 +162,7 @@ TEST_F(NamedFiles, WhatALineCanHoldSurvivesAndTheRestIsRefused) {
         content = changed;
         file.Save(path());
         EXPECT_EQ(errors.empty(), holds) << what.substr(0, 20);
+        EXPECT_EQ(file.GetSaveError(), holds ? "" : errors.at(0));
         if (!holds) {
             EXPECT_EQ(readFile(path()), text);
             EXPECT_TRUE(errors.size() == 1 && errors[0].find(path()) == 0 &&
