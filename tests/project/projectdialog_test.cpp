@@ -1,6 +1,7 @@
 #include "details/pages/project/projectdialog.h"
 
 #include "ovsettings/showsettingsdialog.h"
+#include "suite/projectfile.h"
 #include "tests/project/projectfixture.h"
 
 #include <QtWidgets/QDialogButtonBox>
@@ -35,6 +36,39 @@ protected:
     QComboBox& tools() { return control<QComboBox>("Layout Tool"); }
     QCheckBox& box(const std::string& caption) { return control<QCheckBox>(caption); }
     std::string inDirectory(const std::string& name) const { return (directory() / name).string(); }
+};
+
+/// A project that writes down what is stored in it.
+struct RecordedProject : NProjectTools::CProjectFileUtilitiesLight {
+    explicit RecordedProject(const std::string& path) : CProjectFileUtilitiesLight(path.c_str()) {}
+    void SetServerName(const std::string& name) override {
+        calls.push_back("server " + name);
+        CProjectFile::SetServerName(name);
+    }
+    void SetLayoutTool(const std::string& name) override {
+        calls.push_back("tool " + name);
+        CProjectFile::SetLayoutTool(name);
+    }
+    void SetConstraintsFile(const std::string& name) override {
+        calls.push_back("CnsFileName cleared" + name);
+        CProjectFile::SetConstraintsFile(name);
+    }
+    void SetPcbConfigFile(const std::string& name) override {
+        calls.push_back("PcbCfgFileName cleared" + name);
+        CProjectFile::SetPcbConfigFile(name);
+    }
+    void SetValue(const std::string& section, const std::string& key, const std::string& value) override {
+        calls.push_back(key);
+        CProjectFile::SetValue(section, key, value);
+    }
+    std::vector<std::string> calls;
+};
+
+struct RecordedFile : Orv::IProjectFileConsumer {
+    RecordedFile(RecordedProject& in, const char* as) : project(in), name(as) {}
+    void Reload(const std::string& path) override { project.calls.push_back(name + ' ' + path); }
+    RecordedProject& project;
+    std::string name;
 };
 
 } // namespace
@@ -145,23 +179,122 @@ TEST_F(NetlistProjectPage, AClearedBoxClearsTheProjectButNotTheField) {
 TEST_F(NetlistProjectPage, WritesEverythingInItsOrder) {
     CProjectDialog& page = open();
     EXPECT_EQ(shown("Property Definitions"), std::string(kStandard) + "netlist.prp");
+    RecordedProject recorded(projectPath().string());
+    project().projectFile = &recorded;
+    RecordedFile borders{recorded, "borders"}, components{recorded, "components"}, buses{recorded, "buses"};
+    project().borderSymbols = &borders;
+    project().pinComponents = &components;
+    project().busContents = &buses;
     for (const char* caption : {"Special Components", "Border Symbols", "Bus Contents"})
         type(caption, inDirectory(std::string(caption) + ".ini"));
     QTest::keyClick(&box("Use Remote Server Configuration Manager"), Qt::Key_Space);
     type("Server Name", "host");
     QTest::keyClick(&tools(), Qt::Key_End);
-    for (const char* caption : {"Use Custom Constraints File", "Use Custom Configuration File"})
-        QTest::keyClick(&box(caption), Qt::Key_Space);
-    EXPECT_TRUE(page.onOk());
+    for (const bool custom : {true, false}) {
+        for (const char* caption : {"Use Custom Constraints File", "Use Custom Configuration File"})
+            QTest::keyClick(&box(caption), Qt::Key_Space);
+        recorded.calls.clear();
+        EXPECT_TRUE(page.onOk());
+        std::vector<std::string> expected{"server host",
+                                          "Bus_Contents",
+                                          "buses " + inDirectory("Bus Contents.ini"),
+                                          "PinComponents",
+                                          "components " + inDirectory("Special Components.ini"),
+                                          "BorderSymbols",
+                                          "borders " + inDirectory("Border Symbols.ini"),
+                                          "PropertyDefinitions",
+                                          "tool last"};
+        for (const char* file : {"CnsFileName", "PcbCfgFileName"})
+            expected.push_back(custom ? file : std::string(file) + " cleared");
+        EXPECT_EQ(recorded.calls, expected);
+    }
     EXPECT_EQ(stored("PropertyDefinitions"), std::string(kStandard) + "netlist.prp") << "though not there";
-    // New keys come behind those there are.
-    const std::vector<std::string> order{"Bus_Contents",        "PinComponents", "BorderSymbols",
-                                         "PropertyDefinitions", "CnsFileName",   "PcbCfgFileName"};
-    std::vector<std::string> seen;
-    std::ranges::copy_if(keysInFile(), std::back_inserter(seen), [&](const std::string& key) {
-        return std::ranges::find(order, key) != order.end();
-    });
-    EXPECT_EQ(seen, order);
+}
+
+TEST_F(NetlistProjectPage, IsModifiedFromTheFirstDifferenceUntilItIsStored) {
+    // Of two tools with one name the project has the one that would not be stored: that is no difference yet.
+    const std::string text = "ServerName=host\nPcbCfgFileName=own.cfg\n";
+    for (const std::string key : {"Netlist Project", "Central Library"}) {
+        const bool isProject = key == "Netlist Project";
+        open("beta", text);
+        auto& page = openPage(key);
+        EXPECT_FALSE(page.isModified());
+        const auto typed = [&](const char* caption, const std::string& value) {
+            return [=, this] {
+                type(caption, value);
+            };
+        };
+        const auto pressed = [&](const char* caption) {
+            return [=, this] {
+                QTest::keyClick(&box(caption), Qt::Key_Space);
+            };
+        };
+        using Change = std::function<void()>;
+        std::vector<std::pair<Change, Change>> changes{
+            {typed("Special Components", "/a.ini"), typed("Special Components", "")},
+            {typed("Border Symbols", "/a.ini"), typed("Border Symbols", "")},
+            {typed("Bus Contents", "/a.ini"), typed("Bus Contents", "")},
+            {typed("Server Name", "h"), typed("Server Name", "host")},
+            {pressed("Use Remote Server Configuration Manager"),
+             pressed("Use Remote Server Configuration Manager")},
+        };
+        if (!isProject) {
+            changes.emplace_back(typed("Central Library Path", "/a.lmc"), typed("Central Library Path", ""));
+        } else {
+            testsupport::writeFile(directory() / "own.prp", "x");
+            changes.emplace_back(typed("Property Definitions", inDirectory("own.prp")),
+                                 typed("Property Definitions", std::string(kStandard) + "netlist.prp"));
+            changes.emplace_back(typed("PCB Configuration", "x.cfg"), typed("PCB Configuration", "own.cfg"));
+            changes.emplace_back(pressed("Use Custom Constraints File"),
+                                 pressed("Use Custom Constraints File"));
+            changes.emplace_back([this] { tools().setCurrentIndex(3); },
+                                 [=, this] {
+                                     tools().setCurrentIndex(0);
+                                     pressed("Use Custom Configuration File")();
+                                     type("PCB Configuration", "own.cfg");
+                                 });
+        }
+        for (std::size_t i = 0; i < changes.size(); ++i) {
+            changes[i].first();
+            EXPECT_TRUE(page.isModified()) << key << i;
+            changes[i].second();
+            EXPECT_FALSE(page.isModified()) << key << i;
+            changes[i].first();
+            EXPECT_TRUE(page.onApply());
+            EXPECT_FALSE(page.isModified()) << key << i;
+            EXPECT_TRUE(page.onLeave()) << "nothing is asked after a store";
+            changes[i].second();
+            EXPECT_TRUE(page.onApply());
+        }
+    }
+}
+
+TEST_F(NetlistProjectPage, WhatAnotherProgramStoresIsNoChangeOfTheUsers) {
+    for (const char* key : {"Netlist Project", "Central Library"}) {
+        openProject("[DesignInfo]\nBorderSymbols=/before.ini\nServerName=before\n");
+        auto& page = openPage(key);
+        const auto otherProgramStores = [&](const std::string& name) {
+            onDisk()->SetValue("DesignInfo", "BorderSymbols", "/" + name + ".ini");
+            onDisk()->SetServerName(name);
+        };
+        otherProgramStores("theirs");
+        EXPECT_TRUE(page.onApply());
+        EXPECT_EQ(shown("Border Symbols") + shown("Server Name"), "/theirs.initheirs");
+        EXPECT_TRUE(page.onLeave()) << "without a question";
+
+        // What the user declines to save is not written either, now or later.
+        page.onEnter();
+        type("Border Symbols", "/mine.ini");
+        otherProgramStores("again");
+        EXPECT_EQ(boxDuring([&] { EXPECT_TRUE(page.onLeave()); }, "No"), kSaveQuestion);
+        EXPECT_TRUE(page.onApply());
+        EXPECT_EQ(stored("BorderSymbols") + onDisk()->GetServerName(), "/again.iniagain") << key;
+
+        type("Border Symbols", "/mine.ini");
+        otherProgramStores("more");
+        EXPECT_TRUE(page.onApply());
+        EXPECT_EQ(stored("BorderSymbols") + onDisk()->GetServerName(), "/mine.inimore") << key;
+    }
 }
 
 TEST_F(NetlistProjectPage, TellsTheFirstFieldThatItRefuses) {

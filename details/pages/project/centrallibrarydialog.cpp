@@ -74,16 +74,16 @@ bool CCentralLibraryDialog::onApply() {
         return false;
     for (const ProjectFile file :
          {ProjectFile::specialComponents, ProjectFile::borderSymbols, ProjectFile::busContents}) {
-        if (fields_->files[file].differsFromLoaded())
+        if (fields_->files[file].isEdited())
             fields_->files.store(file);
     }
     if (!fields_->server.store(*this))
         return false;
-    if (fields_->library.differsFromLoaded()) {
+    if (fields_->library.isEdited()) {
         const std::string path = fields_->library.text();
         projectConfig_->projectFile->SetCentralLibraryPath(path);
         projectConfig_->projectFile->SetValue(kDesignInfo, kLibraryKey, path);
-        fields_->library.keepAsLoaded(projectConfig_->projectFile->GetValue(kDesignInfo, kLibraryKey));
+        fields_->library.noteStored(projectConfig_->projectFile->GetValue(kDesignInfo, kLibraryKey));
     }
     return true;
 }
@@ -92,7 +92,7 @@ bool CCentralLibraryDialog::onEnter() {
     if (fields_) {
         followProject();
         for (ProjectFileField* field : fields_->guarded)
-            field->takeSnapshot();
+            field->enter();
     }
     return true;
 }
@@ -103,6 +103,11 @@ bool CCentralLibraryDialog::onLeave() {
     if (!fields_->files.check(*this, Refused::location) || !checkLibraryVersion())
         return false;
     return mayLeave(*this, fields_->guarded, [this] { return onApply(); });
+}
+
+bool CCentralLibraryDialog::isModified() const {
+    return fields_ &&
+           (fields_->library.isEdited() || fields_->files.isEdited() || fields_->server.isEdited());
 }
 
 /// Other pages store the same fields.

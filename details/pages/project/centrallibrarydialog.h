@@ -23,6 +23,7 @@ public:
     bool onApply() override;
     bool onEnter() override;
     bool onLeave() override;
+    bool isModified() const override;
 
 private:
     struct Fields;

@@ -58,34 +58,30 @@ public:
                     QLineEdit& edit, QAbstractButton& browse)
         : kind_(kind),
           project_(project),
-          use_(use),
-          file_(edit, browse, kind.chooser, projectDirectory(project)) {
-        enableWith(use, {&edit, &browse});
-    }
+          file_(edit, browse, kind.chooser, projectDirectory(project)),
+          custom_(use, file_, {&edit, &browse}) {}
 
-    void load(const LayoutTool& tool) {
-        const std::string custom = project_.projectFile->GetValue(kDesignInfo, kind_.key);
-        use_.setChecked(!custom.empty());
-        file_.load(custom.empty() ? tool.*kind_.defaultPath : custom);
-    }
+    bool isEdited() const { return custom_.isEdited(); }
 
-    void showDefault(const LayoutTool& tool) {
-        file_.load(tool.*kind_.defaultPath);
-        use_.setChecked(false);
-    }
+    void load(const LayoutTool& tool) { custom_.load(customOfProject(), tool.*kind_.defaultPath); }
+
+    void showDefault(const LayoutTool& tool) { custom_.switchOff(tool.*kind_.defaultPath); }
 
     void store() {
-        if (use_.isChecked())
-            project_.projectFile->SetValue(kDesignInfo, kind_.key, file_.text());
+        if (custom_.isOn())
+            project_.projectFile->SetValue(kDesignInfo, kind_.key, custom_.text());
         else
             (project_.projectFile->*kind_.setFile)("");
+        custom_.noteStored(customOfProject());
     }
 
 private:
+    std::string customOfProject() const { return project_.projectFile->GetValue(kDesignInfo, kind_.key); }
+
     const CustomFileKind& kind_;
     Orv::CProjectConfiguration& project_;
-    QCheckBox& use_;
     ProjectFileField file_;
+    SwitchedText custom_;
 };
 
 } // namespace
@@ -102,6 +98,7 @@ struct CProjectDialog::Fields {
 
     ProjectFileFields files;
     ProjectFileField properties;
+    std::string uncheckedProperties; ///< as loaded; it stands without a test of the file
     ServerFields server;
     CustomFileField constraints;
     CustomFileField configuration;
@@ -134,6 +131,7 @@ bool CProjectDialog::OnInitDialog() {
     fields_->files.load();
     fields_->server.load();
     fields_->properties.load(propertiesOfProject());
+    fields_->uncheckedProperties = fields_->properties.text();
     loadLayoutTool();
     connect(ui_->layoutTool, &QComboBox::currentIndexChanged, this, &CProjectDialog::chooseLayoutTool);
     return true;
@@ -148,7 +146,8 @@ std::string CProjectDialog::propertiesOfProject() const {
 void CProjectDialog::followProject() {
     fields_->files.follow();
     fields_->server.follow();
-    fields_->properties.follow(propertiesOfProject());
+    if (fields_->properties.follow(propertiesOfProject()))
+        fields_->uncheckedProperties = fields_->properties.text();
 }
 
 void CProjectDialog::loadLayoutTool() {
@@ -158,7 +157,8 @@ void CProjectDialog::loadLayoutTool() {
     fields_->configuration.load(tool);
     const auto& offered = tools_.offered();
     const auto found = std::ranges::find(offered, tool.displayName);
-    ui_->layoutTool->setCurrentIndex(found == offered.end() ? -1 : static_cast<int>(found - offered.begin()));
+    toolIndex_ = found == offered.end() ? -1 : static_cast<int>(found - offered.begin());
+    ui_->layoutTool->setCurrentIndex(toolIndex_);
 }
 
 void CProjectDialog::chooseLayoutTool(int index) {
@@ -183,7 +183,7 @@ bool CProjectDialog::onApply() {
         fields_->files.store(file);
     projectConfig_->projectFile->SetValue(kDesignInfo, kPropertiesKey, fields_->properties.text());
     fields_->properties.noteStored(propertiesOfProject());
-    projectConfig_->projectFile->SetLayoutTool(chosenLayoutTool());
+    storeLayoutTool();
     fields_->constraints.store();
     fields_->configuration.store();
     return true;
@@ -193,7 +193,7 @@ bool CProjectDialog::onEnter() {
     if (fields_) {
         followProject();
         for (ProjectFileField* field : fields_->guarded)
-            field->takeSnapshot();
+            field->enter();
     }
     return true;
 }
@@ -205,16 +205,29 @@ bool CProjectDialog::onLeave() {
            mayLeave(*this, fields_->guarded, [this] { return onApply(); });
 }
 
+bool CProjectDialog::isModified() const {
+    return fields_ && (fields_->files.isEdited() || fields_->properties.isEdited() ||
+                       fields_->server.isEdited() || ui_->layoutTool->currentIndex() != toolIndex_ ||
+                       fields_->constraints.isEdited() || fields_->configuration.isEdited());
+}
+
 /// The text as it was loaded is not checked: the default stands although the file may be elsewhere. Call it
 /// after the check of the other files, which prepares the location map.
 bool CProjectDialog::checkPropertyDefinitions() {
-    if (!fields_->properties.differsFromLoaded())
+    if (fields_->properties.text() == fields_->uncheckedProperties)
         return true;
     const std::string path = ResolvePagePath(fields_->properties.text(), *projectConfig_->projectFile);
     if (platform::opensForReading(path))
         return true;
     refuse(*this, *ui_->properties, tr("Invalid Property Definitions file."));
     return false;
+}
+
+void CProjectDialog::storeLayoutTool() {
+    const std::string key = chosenLayoutTool();
+    projectConfig_->projectFile->SetLayoutTool(key);
+    if (projectConfig_->projectFile->GetLayoutTool() == key)
+        toolIndex_ = ui_->layoutTool->currentIndex();
 }
 
 /// The key of the first tool with the selected name. A tool that the list does not show stays the project's

@@ -26,6 +26,7 @@ public:
     bool onApply() override;
     bool onEnter() override;
     bool onLeave() override;
+    bool isModified() const override;
 
 private:
     struct Fields;
@@ -34,6 +35,7 @@ private:
     void followProject();
     void loadLayoutTool();
     void chooseLayoutTool(int index);
+    void storeLayoutTool();
     std::string chosenLayoutTool() const;
     bool checkPropertyDefinitions();
 
@@ -41,6 +43,7 @@ private:
     std::unique_ptr<Fields> fields_; ///< null while no project is open: there is nothing to check and store
     LayoutTools tools_;
     std::string toolKey_; ///< the project's when it was loaded; the list may not show it
+    int toolIndex_ = -1;  ///< in the list, of the tool that the project has
 };
 
 } // namespace ovsettings

@@ -91,42 +91,48 @@ void refuse(QWidget& page, QLineEdit& field, const QString& text) {
     field.selectAll();
 }
 
-void enableWith(QCheckBox& box, std::initializer_list<QWidget*> controls) {
-    for (QWidget* control : controls) {
-        control->setEnabled(box.isChecked());
-        QObject::connect(&box, &QCheckBox::toggled, control, &QWidget::setEnabled);
-    }
+ProjectText::ProjectText(QLineEdit& edit) : edit_(edit) {
+    QObject::connect(&edit, &QLineEdit::textChanged, &edit, [this] { takeTyped(); });
 }
 
 void ProjectText::load(const std::string& value) {
-    loaded_ = value;
-    known_ = value;
-    edit_.setText(toQString(value));
-    shown_ = edit_.text();
+    state_.loaded(value);
+    show();
 }
 
-void ProjectText::follow(const std::string& value) {
-    if (value != known_ && !differsFromLoaded())
-        load(value);
+void ProjectText::change(const std::string& text) {
+    state_.edited(text);
+    show();
 }
 
-std::string ProjectText::text() const {
-    if (edit_.text() == shown_)
-        return loaded_;
-    const std::string typed = toUtf8(edit_.text());
-    return typed.substr(0, typed.find_first_of("\r\n"));
+bool ProjectText::follow(const std::string& value) {
+    const std::string before = text();
+    state_.followed(value);
+    if (text() == before)
+        return false;
+    show();
+    return true;
 }
 
-bool ProjectText::differsFromLoaded() const {
-    return text() != loaded_;
+void ProjectText::decline() {
+    state_.declined();
+    show();
 }
 
-void ProjectText::keepAsLoaded(const std::string& stored) {
-    noteStored(stored);
-    if (stored != text())
+void ProjectText::show() {
+    edit_.setText(toQString(text()));
+}
+
+/// What was pasted behind a line break does not count.
+void ProjectText::takeTyped() {
+    const auto isShown = [this](const std::string& value) {
+        return edit_.text() == toQString(value).left(edit_.maxLength());
+    };
+    if (isShown(text()))
         return;
-    loaded_ = stored;
-    shown_ = edit_.text();
+    const std::string typed = toUtf8(edit_.text());
+    state_.edited(isShown(state_.project()) ? state_.project()
+                                            : typed.substr(0, typed.find_first_of("\r\n")));
 }
 
 ProjectFileField::ProjectFileField(QLineEdit& edit, QAbstractButton& browse, const FileChooserTexts& chooser,
@@ -140,25 +146,55 @@ ProjectFileField::ProjectFileField(QLineEdit& edit, QAbstractButton& browse, con
     QObject::connect(&browse, &QAbstractButton::clicked, &edit, [this] { file_.browse(); });
 }
 
-void ProjectFileField::takeSnapshot() {
-    snapshot_ = edit().text();
+SwitchedText::SwitchedText(QCheckBox& use, ProjectText& text, std::initializer_list<QWidget*> controls)
+    : use_(use), text_(text) {
+    for (QWidget* control : controls) {
+        control->setEnabled(use.isChecked());
+        QObject::connect(&use, &QCheckBox::toggled, control, &QWidget::setEnabled);
+    }
 }
 
-bool ProjectFileField::differsFromSnapshot() const {
-    return edit().text() != snapshot_;
+void SwitchedText::load(const std::string& value, const std::string& shownWithout) {
+    wasOn_ = !value.empty();
+    use_.setChecked(wasOn_);
+    text_.load(wasOn_ ? value : shownWithout);
 }
 
-void ProjectFileField::restoreSnapshot() {
-    edit().setText(snapshot_);
+void SwitchedText::switchOff(const std::string& shown) {
+    text_.change(shown);
+    use_.setChecked(false);
+}
+
+void SwitchedText::follow(const std::string& value) {
+    const std::string known = wasOn_ ? text_.state().project() : std::string();
+    if (value != known && !isEdited())
+        load(value);
+}
+
+void SwitchedText::noteStored(const std::string& value) {
+    wasOn_ = !value.empty();
+    if (isOn())
+        text_.noteStored(value);
+}
+
+bool SwitchedText::isOn() const {
+    return use_.isChecked();
+}
+
+bool SwitchedText::isEdited() const {
+    return isOn() != wasOn_ || (isOn() && text_.isEdited());
 }
 
 bool mayLeave(QWidget& page, std::span<ProjectFileField* const> fields, const std::function<bool()>& store) {
-    if (std::ranges::none_of(fields, &ProjectFileField::differsFromSnapshot))
+    const auto isEdited = [](const ProjectFileField* field) {
+        return field->state().isEditedSinceEntered();
+    };
+    if (std::ranges::none_of(fields, isEdited))
         return true;
     if (asksToSave(page))
         return store();
     for (ProjectFileField* field : fields)
-        field->restoreSnapshot();
+        field->decline();
     return true;
 }
 
@@ -184,6 +220,10 @@ void ProjectFileFields::follow() {
         (*this)[file].follow(project_.projectFile->GetValue(kDesignInfo, kindOf(file).key));
 }
 
+bool ProjectFileFields::isEdited() const {
+    return std::ranges::any_of(fields_, &ProjectFileField::isEdited);
+}
+
 bool ProjectFileFields::check(QWidget& page, Refused refused) {
     // The map is the process's, and may be another project's by now.
     InitLocationMap(project_.projectFile->GetFilePath().c_str(), 0);
@@ -206,41 +246,32 @@ void ProjectFileFields::store(ProjectFile file) {
     const Kind& kind = kindOf(file);
     ProjectFileField& field = (*this)[file];
     project_.projectFile->SetValue(kDesignInfo, kind.key, field.text());
-    field.keepAsLoaded(project_.projectFile->GetValue(kDesignInfo, kind.key));
+    field.noteStored(project_.projectFile->GetValue(kDesignInfo, kind.key));
     const std::string path = (project_.projectFile->*kind.path)(1);
     if (Orv::IProjectFileConsumer* consumer = project_.*kind.consumer)
         consumer->Reload(path);
 }
 
 ServerFields::ServerFields(Orv::CProjectConfiguration& project, QCheckBox& use, QLineEdit& name)
-    : project_(project), use_(use), name_(name) {
-    enableWith(use, {&name});
+    : project_(project), name_(name), server_(use, name_, {&name}) {
 }
 
 void ServerFields::load() {
-    loaded_ = project_.projectFile->GetServerName();
-    use_.setChecked(!loaded_.empty());
-    name_.load(loaded_);
+    server_.load(project_.projectFile->GetServerName());
 }
 
 void ServerFields::follow() {
-    if (project_.projectFile->GetServerName() != loaded_ && chosen() == loaded_)
-        load();
-}
-
-std::string ServerFields::chosen() const {
-    return use_.isChecked() ? name_.text() : std::string();
+    server_.follow(project_.projectFile->GetServerName());
 }
 
 bool ServerFields::store(QWidget& page) {
-    if (use_.isChecked() && name_.text().empty()) {
+    if (server_.isOn() && name_.text().empty()) {
         refuse(page, name_.edit(),
                translated(QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields", "Server name is empty.")));
         return false;
     }
-    project_.projectFile->SetServerName(chosen());
-    loaded_ = project_.projectFile->GetServerName();
-    name_.keepAsLoaded(loaded_);
+    project_.projectFile->SetServerName(server_.isOn() ? name_.text() : std::string());
+    server_.noteStored(project_.projectFile->GetServerName());
     return true;
 }
 

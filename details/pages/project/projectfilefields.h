@@ -1,5 +1,6 @@
 #pragma once
 
+#include "details/pages/project/projecttextstate.h"
 #include "details/shell/projectaccess.h"
 #include "details/widgets/propfile.h"
 #include "orv/projectconfiguration.h"
@@ -36,36 +37,37 @@ std::string projectDirectory(const Orv::CProjectConfiguration& project);
 /// Tells why a page refuses a field, and leads to it.
 void refuse(QWidget& page, QLineEdit& field, const QString& text);
 
-/// Enables the controls exactly while the box is checked, from now on.
-void enableWith(QCheckBox& box, std::initializer_list<QWidget*> controls);
-
 /// A text of the project in an edit control. Until the user edits it, it is what was loaded, to the byte:
 /// that may be no UTF-8, or longer than the control takes.
 class ProjectText {
 public:
     /// @param edit not owned, must outlive this object.
-    explicit ProjectText(QLineEdit& edit) : edit_(edit) {}
+    explicit ProjectText(QLineEdit& edit);
+    ProjectText(const ProjectText&) = delete;
+    ProjectText& operator=(const ProjectText&) = delete;
 
     QLineEdit& edit() const { return edit_; }
+    const ProjectTextState& state() const { return state_; }
+    const std::string& text() const { return state_.text(); }
+    bool isEdited() const { return state_.isEdited(); }
+
     /// Shows a value of the project.
     void load(const std::string& value);
-    /// Shows what the project has by now, unless the user has edited the text: another page may have stored
-    /// it.
-    void follow(const std::string& value);
-    /// After a store: what the project has is of this page's own making, and nothing to follow.
-    void noteStored(const std::string& stored) { known_ = stored; }
-    /// The control's text, without what was pasted behind a line break.
-    std::string text() const;
-    bool differsFromLoaded() const;
-    /// From now on the text counts as the one loaded, if that is what the project has for it: what could not
-    /// be written is still to be written.
-    void keepAsLoaded(const std::string& stored);
+    /// Shows another text, as the user would.
+    void change(const std::string& text);
+    /// Takes over what the project has by now. @return whether another text is shown for it.
+    bool follow(const std::string& value);
+    /// After a store: what the project has now.
+    void noteStored(const std::string& value) { state_.stored(value); }
+    void enter() { state_.entered(); }
+    void decline();
 
 private:
+    void show();
+    void takeTyped();
+
     QLineEdit& edit_;
-    std::string loaded_;
-    std::string known_; ///< of the project's values the last that this page had a part in
-    QString shown_;
+    ProjectTextState state_;
 };
 
 /// A field that names a file of the project, with the button that browses for one. The chooser takes any
@@ -75,20 +77,38 @@ public:
     /// @param edit, browse not owned, must outlive this object.
     ProjectFileField(QLineEdit& edit, QAbstractButton& browse, const FileChooserTexts& chooser,
                      const std::string& initialDirectory);
-    ProjectFileField(const ProjectFileField&) = delete;
-    ProjectFileField& operator=(const ProjectFileField&) = delete;
-
-    void takeSnapshot();
-    bool differsFromSnapshot() const;
-    void restoreSnapshot();
 
 private:
     CPropFile file_;
-    QString snapshot_;
 };
 
-/// The guard on leaving a page with file fields: if any differs from its snapshot, asks whether to save. With
-/// Yes the result of `store` counts, with No the snapshots come back.
+/// A text of the project that a check box switches on: without the mark the project has none.
+class SwitchedText {
+public:
+    /// The box enables the controls exactly while it is checked, from now on. What is given must outlive this
+    /// object.
+    SwitchedText(QCheckBox& use, ProjectText& text, std::initializer_list<QWidget*> controls);
+
+    /// @param shownWithout what the field shows where the project has no value.
+    void load(const std::string& value, const std::string& shownWithout = {});
+    /// Clears the mark, and shows a text that is not in use.
+    void switchOff(const std::string& shown);
+    /// Loads what the project has by now, unless the user has edited it.
+    void follow(const std::string& value);
+    void noteStored(const std::string& value);
+
+    bool isOn() const;
+    const std::string& text() const { return text_.text(); }
+    bool isEdited() const;
+
+private:
+    QCheckBox& use_;
+    ProjectText& text_;
+    bool wasOn_ = false; ///< the project has a value
+};
+
+/// The guard on leaving a page with file fields: if any was edited since the page was entered, asks whether
+/// to save. With Yes the result of `store` counts, with No the fields have again what they had then.
 bool mayLeave(QWidget& page, std::span<ProjectFileField* const> fields, const std::function<bool()>& store);
 
 /// The files that every kind of project has.
@@ -110,10 +130,10 @@ public:
     ProjectFileField& operator[](ProjectFile file);
     void load();
     void follow();
+    bool isEdited() const;
     /// Checks the fields that are not empty, in order, and tells the first that is refused.
     bool check(QWidget& page, Refused refused);
-    /// Writes the field's text, which from then on is the one loaded, and has the host read the file that it
-    /// names.
+    /// Writes the field's text and has the host read the file that it names.
     void store(ProjectFile file);
 
 private:
@@ -124,22 +144,18 @@ private:
 /// The remote server: whether there is one, and its name.
 class ServerFields {
 public:
-    /// The check box enables the name from here on.
     ServerFields(Orv::CProjectConfiguration& project, QCheckBox& use, QLineEdit& name);
 
     void load();
     void follow();
+    bool isEdited() const { return server_.isEdited(); }
     /// Writes the name, or none; a server without a name is told and refused.
     bool store(QWidget& page);
 
 private:
-    /// What a store writes.
-    std::string chosen() const;
-
     Orv::CProjectConfiguration& project_;
-    QCheckBox& use_;
     ProjectText name_;
-    std::string loaded_;
+    SwitchedText server_;
 };
 
 } // namespace ovsettings
