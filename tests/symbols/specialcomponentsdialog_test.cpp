@@ -182,50 +182,57 @@ TEST_F(SpecialComponents, LeavingAsksOnlyForAChangeWithinTheShorterList) {
     EXPECT_EQ(inFile(kOffSheet), Names{"lib:OFF"});
 }
 
-TEST_F(SpecialComponents, WithoutAFileOrItsObjectNothingIsWritten) {
-    CSpecialComponentsDialog& unnamed = open("");
-    addRow("port");
-    EXPECT_TRUE(unnamed.onApply());
-    EXPECT_EQ(rows(), Names{"lib:PORT"});
-    EXPECT_EQ(inFile(kPortIn), Names{});
-
+TEST_F(SpecialComponents, WithoutAFileOrItsObjectThereIsNothingToEdit) {
     struct AnotherClass : Orv::IProjectFileConsumer {
         void Reload(const std::string&) override {}
     } anotherClass;
+    open();
+    Orv::IProjectFileConsumer* const held = project().pinComponents;
+    const std::string text = testsupport::readFile(path());
     for (Orv::IProjectFileConsumer* object :
-         std::array<Orv::IProjectFileConsumer*, 2>{nullptr, &anotherClass}) {
-        open();
-        const std::string text = testsupport::readFile(path());
-        closePage();
+         std::array<Orv::IProjectFileConsumer*, 3>{nullptr, &anotherClass, held}) {
         project().pinComponents = object;
+        if (object == held)
+            project().projectFile->SetValue("DesignInfo", "PinComponents", "");
         auto& page = openPage<CSpecialComponentsDialog>("Special Components");
-        show("Ground");
-        EXPECT_EQ(rows(), Names{});
-        addRow("earth");
-        EXPECT_TRUE(page.onApply());
+        for (const char* caption : {"Category", "Symbols", "New"})
+            EXPECT_FALSE(control<QWidget>(caption).isEnabled()) << caption;
+        EXPECT_TRUE(page.onLeave() && page.onApply());
         EXPECT_EQ(testsupport::readFile(path()), text);
     }
+    project().projectFile->SetValue("DesignInfo", "PinComponents", path());
+    page_->onEnter();
+    EXPECT_TRUE(control<QListWidget>("Symbols").isEnabled());
 }
 
-TEST_F(SpecialComponents, TheListsOfOneFileNeverGetIntoAnother) {
-    testsupport::writeFile(path("other.pin"), "[Ground]\nSymbol#0=other:GND\n");
+TEST_F(SpecialComponents, TheListsOfOneFileNeverGetIntoAnotherButWhatWasChangedDoes) {
+    testsupport::writeFile(path("other.pin"), "[Ground]\nSymbol#0=other:GND\nSymbol#1=s:AGND\n");
     CSpecialComponentsDialog& page = open();
+    const auto name = [&](const char* file) {
+        project().projectFile->SetValue("DesignInfo", "PinComponents", path(file));
+        project().pinComponents->Reload(path(file));
+    };
     show("Ground");
     addRow("earth");
-    project().projectFile->SetValue("DesignInfo", "PinComponents", path("other.pin"));
-    project().pinComponents->Reload(path("other.pin"));
+    key(2, Qt::Key_Delete);
+    name("other.pin");
     EXPECT_TRUE(page.onOk());
-    EXPECT_EQ(inFile(kGround, "other.pin"), Names{"other:GND"});
+    EXPECT_EQ(inFile(kGround, "other.pin"), (Names{"lib:EARTH", "other:GND"}));
     EXPECT_EQ(inFile(kGround), (Names{"s:GND", "s:AGND", "s:PGND"}));
+    EXPECT_EQ(rows(), (Names{"lib:EARTH", "other:GND"}));
+
+    // Without a change the page shows the new file from its first category on.
+    name("special.pin");
+    page.onEnter();
     EXPECT_EQ(control<QComboBox>("Category").currentIndex(), 0);
     show("Ground");
-    EXPECT_EQ(rows(), Names{"other:GND"});
+    EXPECT_EQ(rows(), (Names{"s:GND", "s:AGND", "s:PGND"}));
 
     // Without an object that was reloaded, the lists are the ones that the new file is to get.
     addRow("earth");
     project().projectFile->SetValue("DesignInfo", "PinComponents", path("new.pin"));
     EXPECT_TRUE(page.onApply());
-    EXPECT_EQ(inFile(kGround, "new.pin"), (Names{"lib:EARTH", "other:GND"}));
+    EXPECT_EQ(inFile(kGround, "new.pin"), (Names{"lib:EARTH", "s:GND", "s:AGND", "s:PGND"}));
 }
 
 TEST_F(SpecialComponents, ASymbolThatIsNoUtf8IsStoredAsItWas) {

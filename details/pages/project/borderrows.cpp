@@ -63,6 +63,7 @@ std::string& symbolOf(BorderRow& row, BorderSheet sheet) {
 } // namespace
 
 void CBorderRows::load(const Orv::IBorderSymbols::Table& table) {
+    loaded_ = table;
     rows_.clear();
     removed_.clear();
     for (const StandardSize& size : kStandardSizes)
@@ -73,18 +74,34 @@ void CBorderRows::load(const Orv::IBorderSymbols::Table& table) {
     }
 }
 
-void CBorderRows::store(Orv::IBorderSymbols::Table& table) {
+void CBorderRows::store(Orv::IBorderSymbols::Table& table) const {
     for (const std::string& key : removed_)
         table.erase(key);
-    removed_.clear();
+    const auto write = [&](const std::string& key, const std::string& symbol) {
+        if (!symbol.empty() && (symbol != symbolIn(loaded_, key) || std::ranges::count(removed_, key) > 0))
+            table[key] = symbol;
+    };
     for (const BorderRow& row : rows_) {
-        if (row.first.empty() && row.next.empty())
-            continue;
-        if (!row.next.empty())
-            table[row.key] = row.next;
-        if (!row.first.empty())
-            table[firstSheetKey(row.key)] = row.first;
+        write(row.key, row.next);
+        write(firstSheetKey(row.key), row.first);
     }
+}
+
+void CBorderRows::noteStored(const Orv::IBorderSymbols::Table& table) {
+    loaded_ = table;
+    removed_.clear();
+}
+
+bool CBorderRows::follow(const Orv::IBorderSymbols::Table& table) {
+    if (table == loaded_)
+        return false;
+    Orv::IBorderSymbols::Table changed = table;
+    store(changed);
+    std::vector<std::string> removed = std::move(removed_);
+    load(changed);
+    loaded_ = table;
+    removed_ = std::move(removed);
+    return true;
 }
 
 std::size_t CBorderRows::indexOf(std::string_view key) const {

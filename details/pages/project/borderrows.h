@@ -30,9 +30,14 @@ enum class BorderSheet { first, next };
 class CBorderRows {
 public:
     void load(const Orv::IBorderSymbols::Table& table);
-    /// Takes the sizes that were removed out of the table, then writes the symbols there are. A size without
-    /// a symbol leaves the table's as it is, and that is meant: a symbol can be replaced, not taken off.
-    void store(Orv::IBorderSymbols::Table& table);
+    /// Takes the sizes that were removed out of a table, then writes the symbols that were changed since the
+    /// load. A size without a symbol leaves the table's as it is, and that is meant: a symbol can be
+    /// replaced, not taken off.
+    void store(Orv::IBorderSymbols::Table& table) const;
+    /// The table holds by now what was changed.
+    void noteStored(const Orv::IBorderSymbols::Table& table);
+    /// Loads another table with the changes laid over it. @return false if it is the one that was loaded.
+    bool follow(const Orv::IBorderSymbols::Table& table);
 
     /// Indices count from 0.
     std::size_t count() const { return rows_.size(); }
@@ -50,6 +55,7 @@ public:
     std::size_t remove(std::size_t index);
 
 private:
+    Orv::IBorderSymbols::Table loaded_;
     std::vector<BorderRow> rows_;
     std::vector<std::string> removed_;
 };

@@ -3,14 +3,15 @@
 #include "details/appcfg/unitglue.h"
 #include "details/pages/project/attributedialog.h"
 #include "details/pages/project/customborderdialog.h"
+#include "details/pages/project/savequestion.h"
+#include "details/shell/projectaccess.h"
 #include "details/widgets/messagebox.h"
 #include "details/widgets/progress.h"
 #include "details/widgets/stringconversion.h"
-#include "orv/projectconfiguration.h"
+#include "orv/projectfiledata.h"
 #include "orv/symbolreader.h"
 #include "ui_bordersdialog.h"
 
-#include <map>
 #include <set>
 
 namespace ovsettings {
@@ -50,51 +51,56 @@ bool CBordersDialog::buildTemplate() {
 
 bool CBordersDialog::OnInitDialog() {
     load();
+    enableControls();
     return true;
 }
 
+/// A page without changes stores nothing: by now the object may stand for another file. What is changed is
+/// laid onto what the object holds by now, which stays as it is where it cannot be saved.
 bool CBordersDialog::onApply() {
-    if (!borderSymbols())
+    Orv::IBorderSymbols* symbols = borderSymbols();
+    const std::string path = storedPath();
+    if (!dirty_ || !symbols || path.empty())
         return true;
-    const std::string path =
-        projectConfig_->projectFile ? projectConfig_->projectFile->GetBorderSymbolsPath(1) : std::string();
-    // A page without changes stores nothing: by now the object may stand for another file. But a save may
-    // have failed, and is tried again; one that succeeded has left nothing to write.
-    if (!dirty_ && path != storedIn_)
-        return true;
-    if (dirty_)
-        rows_.store(borderSymbols()->GetTable());
-    if (!path.empty())
-        borderSymbols()->Save(path);
-    propertiesBefore_.reset();
+    const Orv::IBorderSymbols::Table table = symbols->GetTable();
+    const CBorderProperties::Properties properties = symbols->GetProperties();
+    rows_.store(symbols->GetTable());
+    symbols->GetProperties() = properties_.laidOver(properties);
+    symbols->Save(path);
+    if (const std::string cause = symbols->GetSaveError(); !cause.empty()) {
+        symbols->GetTable() = table;
+        symbols->GetProperties() = properties;
+        tellFailedSave(*this, cause);
+        return false;
+    }
+    rows_.noteStored(symbols->GetTable());
+    properties_.clear();
     dirty_ = false;
-    storedIn_ = path;
     return true;
 }
 
-bool CBordersDialog::onCancel() {
-    giveBackProperties();
-    return true;
-}
-
-/// Another page may have given the project another border symbols file.
+/// Another page may have given the project another border symbols file, or have had it read again.
 bool CBordersDialog::onEnter() {
     if (!dirty_)
         load();
+    else if (borderSymbols() && rows_.follow(borderSymbols()->GetTable()))
+        ui_->grid->showRows(rows_);
+    enableControls();
     return true;
 }
 
+/// What is not saved stays on the page.
 bool CBordersDialog::onLeave() {
-    if (!dirty_)
-        return true;
-    if (askYesNo(this, tr("Do you want to save the changes you've made in this page?"), tr("Borders"))) {
+    if (dirty_ &&
+        askYesNo(this, tr("Do you want to save the changes you've made in this page?"), tr("Borders")))
         onApply();
-    } else {
-        // Otherwise a later OK would store what the user has just declined to save.
-        giveBackProperties();
-        load();
-    }
     return true;
+}
+
+/// Whether the page can be saved shows when it is tried. OK does not look at what the page on show answers to
+/// the store, and would close over the edits; so this page is stored when it is asked.
+bool CBordersDialog::isValid() {
+    return !isVisible() || onApply();
 }
 
 bool CBordersDialog::isModified() const {
@@ -105,18 +111,25 @@ Orv::IBorderSymbols* CBordersDialog::borderSymbols() const {
     return projectConfig_ ? dynamic_cast<Orv::IBorderSymbols*>(projectConfig_->borderSymbols) : nullptr;
 }
 
+std::string CBordersDialog::storedPath() const {
+    return hasProject(projectConfig_) ? projectConfig_->projectFile->GetBorderSymbolsPath(1) : std::string();
+}
+
 void CBordersDialog::load() {
-    if (!ui_->grid)
-        return;
-    const bool hasFile = borderSymbols() != nullptr;
-    for (QWidget* control : std::initializer_list<QWidget*>{ui_->grid, ui_->properties, ui_->addCustom})
-        control->setEnabled(hasFile);
-    ui_->deleteCustom->setEnabled(false);
-    if (!hasFile)
+    if (!ui_->grid || !borderSymbols())
         return;
     rows_.load(borderSymbols()->GetTable());
     ui_->grid->showRows(rows_);
+    properties_.clear();
     dirty_ = false;
+}
+
+void CBordersDialog::enableControls() {
+    if (!ui_->grid)
+        return;
+    const bool hasFile = borderSymbols() && !storedPath().empty();
+    for (QWidget* control : std::initializer_list<QWidget*>{ui_->grid, ui_->properties, ui_->addCustom})
+        control->setEnabled(hasFile);
     enableDelete();
 }
 
@@ -174,7 +187,7 @@ bool CBordersDialog::isCustomRow() const {
 }
 
 void CBordersDialog::enableDelete() {
-    ui_->deleteCustom->setEnabled(isCustomRow());
+    ui_->deleteCustom->setEnabled(ui_->grid->isEnabled() && isCustomRow());
 }
 
 void CBordersDialog::editProperties() {
@@ -189,10 +202,11 @@ void CBordersDialog::editProperties() {
                       "available properties from drop-down list in the last row.  The values assigned here "
                       "will later be applied to properties on the default border symbol being used."));
     dialog.setKnownValues(*known);
-    dialog.setAttributes(symbols.GetProperties());
+    dialog.setAttributes(properties_.laidOver(symbols.GetProperties()));
     dialog.setNames(symbols.GetPropertyNames());
-    if (dialog.DoModal() == QDialog::Accepted)
-        mergeProperties(dialog.attributes());
+    if (dialog.DoModal() == QDialog::Accepted &&
+        properties_.take(symbols.GetProperties(), dialog.attributes()))
+        dirty_ = true;
 }
 
 std::vector<std::string> CBordersDialog::symbolsOfRows() const {
@@ -235,39 +249,6 @@ std::optional<KnownValues> CBordersDialog::knownValues() {
                       [&](std::size_t step) { ask(symbols[step]); }))
         return std::nullopt;
     return known;
-}
-
-/// Replaces and adds; a property that was taken out of the list keeps its stored value, and this is meant.
-void CBordersDialog::mergeProperties(const Attributes& edited) {
-    std::vector<Orv::IBorderSymbols::Property>& stored = borderSymbols()->GetProperties();
-    std::vector<Orv::IBorderSymbols::Property> merged = stored;
-    // What was shown may differ from the bytes that are stored, and is no change of them.
-    std::multimap<std::string, std::size_t> indices;
-    for (std::size_t index = 0; index < merged.size(); ++index)
-        indices.emplace(toUtf8(toQString(merged[index].first)), index);
-    for (const auto& [propertyName, value] : edited) {
-        const auto found = indices.lower_bound(propertyName);
-        if (found == indices.end() || found->first != propertyName) {
-            merged.emplace_back(propertyName, value);
-            continue;
-        }
-        std::string& present = merged[found->second].second;
-        if (toUtf8(toQString(present)) != value)
-            present = value;
-        indices.erase(found);
-    }
-    if (merged == stored)
-        return;
-    if (!propertiesBefore_)
-        propertiesBefore_ = stored;
-    stored = std::move(merged);
-    dirty_ = true;
-}
-
-void CBordersDialog::giveBackProperties() {
-    if (propertiesBefore_ && borderSymbols())
-        borderSymbols()->GetProperties() = std::move(*propertiesBefore_);
-    propertiesBefore_.reset();
 }
 
 } // namespace ovsettings

@@ -2,6 +2,7 @@
 
 #include "details/pages/page.h"
 #include "details/pages/project/attributesgrid.h"
+#include "details/pages/project/borderproperties.h"
 #include "details/pages/project/borderrows.h"
 #include "details/pages/project/symbolsfeeder.h"
 
@@ -35,15 +36,17 @@ public:
     bool buildTemplate() override;
     bool OnInitDialog() override;
     bool onApply() override;
-    bool onCancel() override;
     bool onEnter() override;
     bool onLeave() override;
+    bool isValid() override;
     bool isModified() const override;
 
 private:
     /// The file object of the project; null if it has none.
     Orv::IBorderSymbols* borderSymbols() const;
+    std::string storedPath() const;
     void load();
+    void enableControls();
     void chooseSymbol(std::size_t index, BorderSheet sheet);
     void setSymbol(std::size_t index, BorderSheet sheet, const std::string& symbol);
     void dropSymbol(std::size_t index, BorderSheet sheet);
@@ -56,15 +59,11 @@ private:
     std::vector<std::string> symbolsOfRows() const;
     /// What the symbols say of their properties; nothing if the user has stopped the reading.
     std::optional<KnownValues> knownValues();
-    void mergeProperties(const Attributes& edited);
-    void giveBackProperties();
 
     std::unique_ptr<Ui::CBordersDialog> ui_;
     CBorderRows rows_;
+    CBorderProperties properties_;
     bool dirty_ = false;
-    std::optional<std::string> storedIn_; ///< the file of the last store
-    /// What the file object held before the properties were edited, until a store.
-    std::optional<std::vector<Orv::IBorderSymbols::Property>> propertiesBefore_;
 };
 
 } // namespace ovsettings

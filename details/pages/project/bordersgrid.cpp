@@ -40,8 +40,11 @@ void CBordersGrid::showRows(const CBorderRows& rows) {
 
 void CBordersGrid::showRow(std::size_t index, const BorderRow& shown) {
     const int row = static_cast<int>(index) + 1;
-    if (row > rowCount())
+    if (row > rowCount()) {
         setRowCount(row);
+        // Otherwise the view would scroll to the new row within the range that it had without it.
+        executeDelayedItemsLayout();
+    }
     setCellText(row, kSizeColumn,
                 shown.isCustom() ? toQString(shown.key)
                                  : QCoreApplication::translate("ovsettings", shown.caption));

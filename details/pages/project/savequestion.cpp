@@ -1,20 +1,31 @@
 #include "details/pages/project/savequestion.h"
 
 #include "details/widgets/messagebox.h"
+#include "details/widgets/stringconversion.h"
 
 #include <QtCore/QCoreApplication>
 
 namespace ovsettings {
 
+namespace {
+
+QString translated(const char* text) {
+    return QCoreApplication::translate("ovsettings::ProjectPage", text);
+}
+
+} // namespace
+
 bool asksToSave(QWidget& page) {
-    const auto translated = [](const char* text) {
-        return QCoreApplication::translate("ovsettings::ProjectPage", text);
-    };
     return askYesNo(
         &page,
         translated(QT_TRANSLATE_NOOP("ovsettings::ProjectPage",
                                      "Do you want to save the changes you've made in this page?")),
         translated(QT_TRANSLATE_NOOP("ovsettings::ProjectPage", "Project Settings")), QMessageBox::Question);
+}
+
+void tellFailedSave(QWidget& page, const std::string& cause) {
+    showMessage(&page, toQString(cause), translated(QT_TRANSLATE_NOOP("ovsettings::ProjectPage", "Error")),
+                QMessageBox::Critical);
 }
 
 } // namespace ovsettings

@@ -61,6 +61,27 @@ constexpr std::array<Category, Orv::ISpecialComponents::kCategories> kCategories
      &IDataSource::GetRipperBusBusSymbols},
 }};
 
+using Symbols = std::vector<std::string>;
+
+Symbols without(Symbols symbols, const Symbols& taken) {
+    for (const std::string& symbol : taken) {
+        if (const auto found = std::ranges::find(symbols, symbol); found != symbols.end())
+            symbols.erase(found);
+    }
+    return symbols;
+}
+
+/// A list with what was changed from one list to another: what was taken out goes, what was added comes
+/// first.
+Symbols withChanges(const Symbols& list, const Symbols& from, const Symbols& to) {
+    if (list == from)
+        return to;
+    Symbols changed = without(to, from);
+    const Symbols rest = without(without(list, without(from, to)), changed);
+    changed.insert(changed.end(), rest.begin(), rest.end());
+    return changed;
+}
+
 } // namespace
 
 CSpecialComponentsDialog::CSpecialComponentsDialog(QWidget* parent)
@@ -86,42 +107,61 @@ bool CSpecialComponentsDialog::buildTemplate() {
 
 bool CSpecialComponentsDialog::OnInitDialog() {
     load();
+    enableControls();
     return true;
 }
 
+/// What the file object holds stays as it is where it cannot be saved. That is no matter of a page on which
+/// nothing was changed: there is nothing to lose, and the user may not be able to mend it.
 bool CSpecialComponentsDialog::onApply() {
-    if (!isBuilt() || storedPath().empty())
+    const std::string path = storedPath();
+    Orv::ISpecialComponents* file = components();
+    if (!isBuilt() || !file || path.empty())
         return true;
     takeRows();
-    Orv::ISpecialComponents* file = components();
-    if (!file || resetIfOutdated())
+    followFile();
+    if (saved_ && working_ == loaded_)
         return true;
-    for (int index = 0; index < kOffered; ++index)
-        file->GetCategory(index) = working_[static_cast<std::size_t>(index)];
-    file->Save(storedPath());
-    path_ = storedPath();
+    putIntoFile(working_);
+    file->Save(path);
+    const std::string cause = file->GetSaveError();
+    if (!cause.empty() && working_ != loaded_) {
+        putIntoFile(loaded_);
+        tellFailedSave(*this, cause);
+        return false;
+    }
     loaded_ = working_;
-    ui_->symbols->clearChanged();
+    saved_ = cause.empty();
     return true;
 }
 
 bool CSpecialComponentsDialog::onEnter() {
-    if (isBuilt())
-        resetIfOutdated();
+    if (!isBuilt())
+        return true;
+    takeRows();
+    followFile();
+    enableControls();
     return true;
 }
 
-/// A list that only grew or shrank at its end is no reason to ask; it stays, to be stored.
+/// A list that only grew or shrank at its end is no reason to ask; it stays, to be stored. So does what could
+/// not be saved.
 bool CSpecialComponentsDialog::onLeave() {
     if (!isBuilt())
         return true;
     takeRows();
     if (!isModified())
         return true;
-    if (asksToSave(*this))
-        onApply();
+    if (asksToSave(*this) && !onApply())
+        return true;
     load();
     return true;
+}
+
+/// Whether the page can be saved shows when it is tried. OK does not look at what the page on show answers to
+/// the store, and would close over the edits; so this page is stored when it is asked.
+bool CSpecialComponentsDialog::isValid() {
+    return !isVisible() || onApply();
 }
 
 /// Lists are compared as far as both go: one that only grew or shrank at its end is not a change. That is
@@ -178,6 +218,11 @@ CSpecialComponentsDialog::Lists CSpecialComponentsDialog::listsInFile() const {
     return lists;
 }
 
+void CSpecialComponentsDialog::putIntoFile(const Lists& lists) {
+    for (int index = 0; index < kOffered; ++index)
+        components()->GetCategory(index) = lists[static_cast<std::size_t>(index)];
+}
+
 /// Each once, in the order of the file's categories.
 QStringList CSpecialComponentsDialog::knownSymbols() const {
     QStringList symbols;
@@ -192,11 +237,10 @@ QStringList CSpecialComponentsDialog::knownSymbols() const {
 }
 
 void CSpecialComponentsDialog::load() {
-    path_ = storedPath();
     loaded_ = listsInFile();
     working_ = loaded_;
+    saved_ = false;
     showRows();
-    ui_->symbols->clearChanged();
 }
 
 void CSpecialComponentsDialog::showRows() {
@@ -216,15 +260,28 @@ void CSpecialComponentsDialog::selectCategory(int category) {
     showRows();
 }
 
-/// Another page may have given the project another file: the lists of the old one must not get into it.
-bool CSpecialComponentsDialog::resetIfOutdated() {
-    if (listsInFile() == loaded_ || (path_ == storedPath() && ui_->symbols->isChanged()))
-        return false;
-    if (storedPath().empty())
-        load();
-    else
-        reset();
-    return true;
+/// Another page may have given the project another file, or have had it read again: the lists of the former
+/// content must not get into it, but what the user has changed in them is still to be stored.
+void CSpecialComponentsDialog::followFile() {
+    const Lists present = listsInFile();
+    if (present == loaded_)
+        return;
+    if (working_ == loaded_) {
+        storedPath().empty() ? load() : reset();
+        return;
+    }
+    for (std::size_t index = 0; index < present.size(); ++index)
+        working_[index] = withChanges(present[index], loaded_[index], working_[index]);
+    loaded_ = present;
+    saved_ = false;
+    showRows();
+}
+
+/// Without a file there is nothing to save to.
+void CSpecialComponentsDialog::enableControls() {
+    const bool hasFile = components() && !storedPath().empty();
+    ui_->category->setEnabled(hasFile);
+    ui_->symbols->setEnabled(hasFile);
 }
 
 void CSpecialComponentsDialog::CComboBoxEx::setKnownSymbols(const QStringList& symbols) {
@@ -249,7 +306,6 @@ void CSpecialComponentsDialog::CListBoxEditorEx::newLine() {
         return;
     insertString(*this, 0, symbol);
     setCurrentRow(0);
-    setChanged();
 }
 
 QWidget* CSpecialComponentsDialog::CListBoxEditorEx::createLineEditor(QWidget* parent, int row) {

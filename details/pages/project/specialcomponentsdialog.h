@@ -1,7 +1,7 @@
 #pragma once
 
 #include "details/pages/page.h"
-#include "details/widgets/watchedlistboxeditor.h"
+#include "details/widgets/listboxeditor.h"
 
 #include <QtWidgets/QComboBox>
 
@@ -37,9 +37,9 @@ public:
     };
 
     /// Has a new line chosen instead of typed.
-    class CListBoxEditorEx : public CWatchedListBoxEditor {
+    class CListBoxEditorEx : public CListBoxEditor {
     public:
-        using CWatchedListBoxEditor::CWatchedListBoxEditor;
+        using CListBoxEditor::CListBoxEditor;
 
         /// @param browse       gives the text of a new line; an empty one adds none.
         /// @param knownSymbols gives what editing in place offers.
@@ -62,6 +62,7 @@ public:
     bool onApply() override;
     bool onEnter() override;
     bool onLeave() override;
+    bool isValid() override;
     bool isModified() const override;
 
     /// Drops what was changed, and shows the first category as the file holds it.
@@ -78,19 +79,22 @@ private:
     Orv::ISpecialComponents* components() const;
     std::string storedPath() const;
     Lists listsInFile() const;
+    void putIntoFile(const Lists& lists);
     QStringList knownSymbols() const;
     void load();
     void showRows();
     /// The rows on show are the truth for their category; an edit that is open counts.
     void takeRows();
     void selectCategory(int category);
-    bool resetIfOutdated();
+    void followFile();
+    void enableControls();
 
     std::unique_ptr<Ui::CSpecialComponentsDialog> ui_;
-    std::string path_; ///< of the file that the lists were loaded from
     Lists working_;
     Lists loaded_;
     int shown_ = 0; ///< index of the category on show
+    /// The file object has the lists, and has saved them for this page.
+    bool saved_ = false;
 };
 
 } // namespace ovsettings

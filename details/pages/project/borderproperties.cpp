@@ -1,0 +1,63 @@
+#include "details/pages/project/borderproperties.h"
+
+#include "details/widgets/stringconversion.h"
+
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+
+namespace ovsettings {
+
+namespace {
+
+using Properties = CBorderProperties::Properties;
+
+/// What was shown may differ from the bytes that are stored, and is no change of them.
+std::string shown(const std::string& text) {
+    return toUtf8(toQString(text));
+}
+
+Properties merged(Properties stored, const Attributes& edited) {
+    std::multimap<std::string, std::size_t> indices;
+    for (std::size_t index = 0; index < stored.size(); ++index)
+        indices.emplace(shown(stored[index].first), index);
+    for (const auto& [name, value] : edited) {
+        const auto found = indices.lower_bound(name);
+        if (found == indices.end() || found->first != name) {
+            stored.emplace_back(name, value);
+            continue;
+        }
+        std::string& present = stored[found->second].second;
+        if (shown(present) != value)
+            present = value;
+        indices.erase(found);
+    }
+    return stored;
+}
+
+} // namespace
+
+Properties CBorderProperties::laidOver(Properties stored) const {
+    return merged(std::move(stored), changes_);
+}
+
+bool CBorderProperties::take(const Properties& stored, const Attributes& edited) {
+    const Properties before = laidOver(stored);
+    const Properties after = merged(before, edited);
+    if (after == before)
+        return false;
+    std::set<std::string> changed;
+    for (std::size_t index = 0; index < after.size(); ++index) {
+        if (index >= stored.size() || after[index] != stored[index])
+            changed.insert(shown(after[index].first));
+    }
+    changes_.clear();
+    for (const auto& [name, value] : after) {
+        if (changed.contains(shown(name)))
+            changes_.emplace_back(shown(name), value);
+    }
+    return true;
+}
+
+} // namespace ovsettings

@@ -1,0 +1,163 @@
+// The pages that write a file which the project names, in the dialog: a save that fails, and a store of
+// another page while they hold edits.
+
+#include "details/pages/project/attributesgrid.h"
+#include "details/pages/project/bordersgrid.h"
+#include "details/pages/project/projectdialog.h"
+#include "ovsettings/showsettingsdialog.h"
+#include "suite/bordersymbolsfile.h"
+#include "suite/specialcomponentsfile.h"
+#include "tests/project/projectfixture.h"
+
+using namespace testsupport;
+
+namespace {
+
+namespace fs = std::filesystem;
+using Names = std::vector<std::string>;
+using Table = Orv::IBorderSymbols::Table;
+
+constexpr int kPortIn = 0;
+constexpr int kGround = 10;
+
+class NamedFilePages : public ProjectPages {
+protected:
+    NamedFilePages() {
+        installation_.writeCatalogue(installation_.category("Elsewhere", "Advanced") +
+                                     installation_.category("Borders", "Borders") +
+                                     installation_.category("Special Components", "Special Components") +
+                                     installation_.category("Project", "Netlist Project"));
+        EXPECT_TRUE(appConfig_.load());
+        openNew();
+    }
+    void openNew() {
+        writeFile(directory() / "lib.lmc", "[CentralLibrary]\n[Partitions.Symbols]\nb=b\n"
+                                           "[SpecialSymbols.Border]\nSymbol#0=b:NEW\n"
+                                           "[SpecialSymbols.Port]\nSymbol#0=b:PORT\n");
+        for (const std::string name : {"mine", "other"}) {
+            writeFile(directory() / (name + ".ini"),
+                      "[Borders]\nASHEETL=b:" + name + "\n[Properties]\nTITLE=" + name + "\n");
+            writeFile(directory() / (name + ".pin"), "[Ground]\nSymbol#0=b:" + name + "\n");
+        }
+        openProject("[DesignInfo]\nBorderSymbols=" + path("mine.ini") +
+                    "\nPinComponents=" + path("mine.pin") + "\nCentralLibrary=" + path("lib.lmc") + "\n");
+    }
+
+    std::string path(const std::string& name) const { return (directory() / name).string(); }
+
+    void run(const std::function<void(QDialog& dialog)>& script) {
+        whenDialog(script);
+        ovsettings::showSettingsDialog(appConfig_, project(), nullptr);
+    }
+    static void chooseFirstSymbol() {
+        whenDialog([](QDialog& chooser) {
+            QTest::keyClick(chooser.focusWidget(), Qt::Key_Down);
+            press(chooser, "OK");
+        });
+    }
+    /// Gives the portrait of size A a symbol, and the title another value.
+    static void editBorders(QDialog& dialog) {
+        selectCategory(dialog, "Borders");
+        chooseFirstSymbol();
+        clickCell(*dialog.findChild<ovsettings::CBordersGrid*>(), 2, 3);
+        whenDialog([](QDialog& properties) {
+            auto& grid = *properties.findChild<ovsettings::CAttributesGrid*>();
+            grid.setCurrentCell(1, 2);
+            QTest::keyClicks(&grid, "n");
+            press(properties, "OK");
+        });
+        press(dialog, "Properties");
+    }
+    /// Adds a symbol to a list that is empty.
+    static void editComponents(QDialog& dialog) {
+        selectCategory(dialog, "Special Components");
+        chooseFirstSymbol();
+        press(dialog, "New");
+    }
+
+    void expectStored(const std::string& name) const {
+        NProjectTools::CBorderSymbolsFile borders;
+        borders.Reload(path(name + ".ini"));
+        EXPECT_EQ(borders.GetTable(), (Table{{"ASHEETL", "b:" + name}, {"ASHEETP", "b:NEW"}}));
+        EXPECT_EQ(borders.GetProperties().at(0).second, "n");
+        NProjectTools::CSpecialComponentsFile components;
+        components.Reload(path(name + ".pin"));
+        EXPECT_EQ(components.GetCategory(kPortIn), Names{"b:PORT"});
+        EXPECT_EQ(components.GetCategory(kGround), Names{"b:" + name});
+    }
+};
+
+TEST_F(NamedFilePages, AFailedSaveIsToldAndKeepsTheEditsInTheOpenDialog) {
+    const ProjectErrors quiet;
+    struct {
+        const char* file;
+        void (*edit)(QDialog& dialog);
+    } const rows[] = {{"mine.ini", &editBorders}, {"mine.pin", &editComponents}};
+    run([&](QDialog& dialog) {
+        for (const auto& row : rows) {
+            row.edit(dialog);
+            const std::string text = readFile(path(row.file));
+            fs::remove(path(row.file));
+            fs::create_directory(path(row.file));
+            const auto refused = [&](const char* button) {
+                const SeenBox box = boxDuring([&] { press(dialog, button); });
+                EXPECT_EQ(box.icon, QMessageBox::Critical);
+                EXPECT_TRUE(box.text.starts_with(path(row.file) + ": ")) << box.text;
+                QApplication::processEvents();
+                EXPECT_TRUE(dialog.isVisible()) << button;
+            };
+            for (const char* button : {"OK", "OK", "Apply", "OK"})
+                refused(button);
+            if (row.edit == &editBorders)
+                boxDuring([&] { selectCategory(dialog, "Elsewhere"); }, "No");
+            else
+                selectCategory(dialog, "Elsewhere");
+            refused("OK");
+            // What is not saved is not the host's: it has what stands in the files.
+            auto& borders = dynamic_cast<Orv::IBorderSymbols&>(*project().borderSymbols);
+            EXPECT_EQ(borders.GetTable().contains("ASHEETP"), row.edit == &editComponents);
+            EXPECT_EQ(borders.GetProperties().at(0).second, row.edit == &editComponents ? "n" : "mine");
+            auto& components = dynamic_cast<Orv::ISpecialComponents&>(*project().pinComponents);
+            EXPECT_TRUE(components.GetCategory(kPortIn).empty());
+            fs::remove(path(row.file));
+            writeFile(path(row.file), text);
+        }
+        press(dialog, "OK");
+    });
+    expectStored("mine");
+}
+
+TEST_F(NamedFilePages, AnotherPagesStoreLeavesUnsavedEditsToBeStored) {
+    for (const std::string name : {"mine", "other"}) { // the file there is, and another one
+        openNew();
+        run([&](QDialog& dialog) {
+            editBorders(dialog);
+            boxDuring([&] { editComponents(dialog); }, "No");
+            selectCategory(dialog, "Project");
+            auto& page = *dialog.findChild<ovsettings::CProjectDialog*>();
+            testsupport::type(*find<QLineEdit>(page, "Border Symbols"), path(name + ".ini"));
+            testsupport::type(*find<QLineEdit>(page, "Special Components"), path(name + ".pin"));
+            press(dialog, "Apply");
+            press(dialog, "OK");
+        });
+        expectStored(name);
+    }
+}
+
+TEST_F(NamedFilePages, ANewBorderSizeIsScrolledToWhole) {
+    run([&](QDialog& dialog) {
+        selectCategory(dialog, "Borders");
+        whenDialog([](QDialog& size) {
+            QTest::keyClicks(controlByCaption(size, "Width"), "3");
+            QTest::keyClicks(controlByCaption(size, "Height"), "7");
+            press(size, "OK");
+        });
+        press(dialog, "Add Custom");
+        auto& grid = *dialog.findChild<ovsettings::CBordersGrid*>();
+        EXPECT_EQ(grid.currentRow(), grid.rowCount());
+        EXPECT_TRUE(grid.viewport()->rect().contains(grid.visualRect(grid.currentIndex())));
+        press(dialog, "Cancel");
+    });
+}
+
+} // namespace
