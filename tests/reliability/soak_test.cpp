@@ -114,7 +114,7 @@ protected:
         if (!dialog || !modal || modal == dialog || !modal->isVisible())
             return;
         ++boxesGivenUp;
-        modal->reject();
+        modal->done(QDialog::Rejected); // which ends a question, too
     }
 
     void openEditors(QWidget& page) {

@@ -143,7 +143,7 @@ void answerNextMessageBox(const std::string& button, std::string* seen) {
                 return;
             }
         }
-        box->reject();
+        box->done(QDialog::Rejected);
         FAIL() << "no button " << button << " in the box: " << box->text().toStdString();
     });
 }
