@@ -365,7 +365,7 @@ bool CSettingsDialog::isKeptOpen(bool activeStored) {
             windowTitle());
         return true;
     }
-    return !activeStored && activePage_ && activePage_->isModified();
+    return !activeStored && activePage_ && hasEdits(*activePage_);
 }
 
 void CSettingsDialog::gatherChangedPages() {

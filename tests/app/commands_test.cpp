@@ -341,7 +341,7 @@ TEST(Defaults, TheSampleInstallationAndTheUsersOwnDirectoryServeWhereNothingIsSa
     ASSERT_EQ(set.status, 0) << set.err;
     const std::string saved = readFile(root / "a/b/orvane/orvane.xml");
     EXPECT_TRUE(contains(saved, "508000"));
-    EXPECT_TRUE(contains(saved, "NET_LENGTH_HR")) << "as in a directory that was there";
+    EXPECT_FALSE(contains(saved, "NET_LENGTH_HR")) << "what is inherited is not written down";
     const std::string route = squeezed(runProgram({"explain", "ROUTE"}, bare).out);
     EXPECT_TRUE(
         contains(route, " in force 1 from " OV_INSTALLATION "/site, locked by " OV_INSTALLATION "/site\n"));

@@ -58,6 +58,12 @@ Edit choosingNext(const char* pageKey, const char* caption) {
             }};
 }
 
+Edit typing(const char* pageKey, const char* caption, const char* text) {
+    return {pageKey, [caption, text](QDialog& dialog) {
+                testsupport::type(*find<QLineEdit>(dialog, caption), text);
+            }};
+}
+
 const Edit kEdits[] = {
     pressing("Pan and Zoom", "Lorvik Pan and Zoom"),
     choosingNext("Metrics", "Unit"),
@@ -67,15 +73,35 @@ const Edit kEdits[] = {
     choosingNext("New Object", "Default Text Origin"),
     pressing("NetNameDelimiter", "Round Brackets \"()\""),
     pressing("Display", "Border"),
+    typing("Netlist Project", "PCB Configuration", "own.cfg"),
+    {"Central Library",
+     [](QDialog& dialog) {
+         press(dialog, "Use Remote Server Configuration Manager");
+         testsupport::type(*find<QLineEdit>(dialog, "Server Name"), "host");
+     }},
+    {"Font Mappings",
+     [](QDialog& dialog) {
+         pressKey(*find<QAbstractSpinBox>(dialog, "Scale factor"), Qt::Key_Up);
+     }},
+    {"Objects",
+     [](QDialog& dialog) {
+         auto* grid = dialog.findChild<QTableView*>();
+         const auto& model = *grid->model();
+         const auto bus = model.match(model.index(0, 0), Qt::DisplayRole, QStringLiteral("Bus")).value(0);
+         grid->setFocus();
+         grid->setCurrentIndex(bus.siblingAtColumn(4));
+         QTest::keyClick(grid, Qt::Key_Space);
+         auto* styles = QApplication::activePopupWidget()->findChild<QAbstractItemView*>();
+         pressKey(*styles, Qt::Key_Down);
+         pressKey(*styles, Qt::Key_Return);
+         QApplication::processEvents();
+     }},
     {"Run on Startup", deleteEntry},
     {"Special Components", renameEntry},
     {"Symbol Libraries", deleteEntry},
     {"Fixed Functions", deleteEntry},
     {"Borders", deleteEntry},
-    {"PartBookDialog",
-     [](QDialog& dialog) {
-         testsupport::type(*find<QLineEdit>(dialog, "OvPartBook configuration"), "a.dbc");
-     }},
+    typing("PartBookDialog", "OvPartBook configuration", "a.dbc"),
     {"Advanced",
      [](QDialog& dialog) {
          auto* grid = dialog.findChild<QTableView*>();

@@ -89,7 +89,7 @@ const std::string kLongComment(20'000, 'c');
 } // namespace
 
 const std::array<Kind, 3> kKinds{
-    Kind{"Store", "orvane.xml", "<configuration><!-- ", " --></configuration>\n",
+    Kind{"Store", "orvane.xml", "<configuration></configuration><!-- ", " -->\n",
          [](const std::string&) -> std::unique_ptr<Saver> {
              return std::make_unique<StoreSaver>();
          }},

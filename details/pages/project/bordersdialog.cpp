@@ -97,12 +97,6 @@ bool CBordersDialog::onLeave() {
     return true;
 }
 
-/// Whether the page can be saved shows when it is tried. OK does not look at what the page on show answers to
-/// the store, and would close over the edits; so this page is stored when it is asked.
-bool CBordersDialog::isValid() {
-    return !isVisible() || onApply();
-}
-
 bool CBordersDialog::isModified() const {
     return dirty_;
 }

@@ -38,7 +38,6 @@ public:
     bool onApply() override;
     bool onEnter() override;
     bool onLeave() override;
-    bool isValid() override;
     bool isModified() const override;
 
 private:

@@ -158,24 +158,24 @@ bool CSpecialComponentsDialog::onLeave() {
     return true;
 }
 
-/// Whether the page can be saved shows when it is tried. OK does not look at what the page on show answers to
-/// the store, and would close over the edits; so this page is stored when it is asked.
-bool CSpecialComponentsDialog::isValid() {
-    return !isVisible() || onApply();
-}
-
 /// Lists are compared as far as both go: one that only grew or shrank at its end is not a change. That is
 /// meant.
 bool CSpecialComponentsDialog::isModified() const {
-    if (!isBuilt())
-        return false;
-    Lists working = working_;
-    ui_->symbols->finishEditing();
-    working[static_cast<std::size_t>(shown_)] = stringsOf(*ui_->symbols);
-    return !std::ranges::equal(working, loaded_, [](const auto& now, const auto& before) {
+    return isBuilt() && !std::ranges::equal(editedLists(), loaded_, [](const auto& now, const auto& before) {
         const auto common = static_cast<std::ptrdiff_t>(std::min(now.size(), before.size()));
         return std::equal(now.begin(), now.begin() + common, before.begin());
     });
+}
+
+bool CSpecialComponentsDialog::hasUnreportedEdits() const {
+    return isBuilt() && editedLists() != loaded_;
+}
+
+CSpecialComponentsDialog::Lists CSpecialComponentsDialog::editedLists() const {
+    ui_->symbols->finishEditing();
+    Lists lists = working_;
+    lists[static_cast<std::size_t>(shown_)] = stringsOf(*ui_->symbols);
+    return lists;
 }
 
 void CSpecialComponentsDialog::reset() {

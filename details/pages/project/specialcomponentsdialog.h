@@ -1,6 +1,7 @@
 #pragma once
 
 #include "details/pages/page.h"
+#include "details/shell/unreportededits.h"
 #include "details/widgets/listboxeditor.h"
 
 #include <QtWidgets/QComboBox>
@@ -23,7 +24,7 @@ class CSpecialComponentsDialog;
 
 /// The page "Special Components": the symbols that stand for ports, connectors between sheets, power and
 /// ground, category by category.
-class CSpecialComponentsDialog : public CPage {
+class CSpecialComponentsDialog : public CPage, public IUnreportedEdits {
     Q_OBJECT
 
 public:
@@ -62,8 +63,8 @@ public:
     bool onApply() override;
     bool onEnter() override;
     bool onLeave() override;
-    bool isValid() override;
     bool isModified() const override;
+    bool hasUnreportedEdits() const override;
 
     /// Drops what was changed, and shows the first category as the file holds it.
     void reset();
@@ -76,6 +77,8 @@ private:
     using Lists = std::array<std::vector<std::string>, kOffered>;
 
     bool isBuilt() const;
+    /// The lists as they stand on the page.
+    Lists editedLists() const;
     Orv::ISpecialComponents* components() const;
     std::string storedPath() const;
     Lists listsInFile() const;
