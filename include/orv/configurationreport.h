@@ -26,7 +26,7 @@ struct OVSETTINGS_API FieldOrigin {
     std::string valueDirectory; ///< the directory that gave the value; empty for the built-in default and for
                                 ///< a value changed since the load
     std::string lockDirectory;  ///< the directory that locked the field first; empty if it is not locked
-    LockNote lockNote;         ///< the words beside that lock; empty if there are none
+    LockNote lockNote;          ///< the words beside that lock; empty if there are none
 };
 
 /// One property with everything that had a say in it.

@@ -162,9 +162,9 @@ bool CSpecialComponentsDialog::onLeave() {
 /// meant.
 bool CSpecialComponentsDialog::isModified() const {
     return isBuilt() && !std::ranges::equal(editedLists(), loaded_, [](const auto& now, const auto& before) {
-        const auto common = static_cast<std::ptrdiff_t>(std::min(now.size(), before.size()));
-        return std::equal(now.begin(), now.begin() + common, before.begin());
-    });
+               const auto common = static_cast<std::ptrdiff_t>(std::min(now.size(), before.size()));
+               return std::equal(now.begin(), now.begin() + common, before.begin());
+           });
 }
 
 bool CSpecialComponentsDialog::hasUnreportedEdits() const {
