@@ -133,10 +133,12 @@ int store(Orv::iAppConfiguration& configuration, const Property& present, Argume
     configuration.getProperty(wanted);
 
     std::set<std::string> complaints;
-    const ScopedErrorHandler handler([&complaints](const std::string& message) {
-        if (complaints.insert(message).second)
+    bool isKnown = true; // what the load found was told then, and comes again as the handler is set
+    const ScopedErrorHandler handler([&](const std::string& message) {
+        if (complaints.insert(message).second && !isKnown)
             refuse(message);
     });
+    isKnown = false;
     const bool saved = configuration.save();
     const std::vector<std::string> stored = storedValues(present.name);
     if (!saved || !sameValues(wanted, stored)) {

@@ -105,14 +105,11 @@ void decline(QWidget& modal) {
 
 // Unlike Escape, the button does not ask about what the tour has left behind on a page.
 void cancel(QWidget& dialog) {
-    for (auto* button : dialog.findChildren<QPushButton*>()) {
-        if (button->text().remove(QLatin1Char('&')) == QLatin1String("Cancel") &&
-            button->window() == &dialog) {
-            button->click();
-            return;
-        }
-    }
-    decline(dialog);
+    // By its name: its caption is in the user's language.
+    if (auto* button = dialog.findChild<QPushButton*>(QStringLiteral("cancelButton")))
+        button->click();
+    else
+        decline(dialog);
 }
 
 std::string textOf(const QWidget& modal) {

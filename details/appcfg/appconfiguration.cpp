@@ -111,7 +111,9 @@ bool iAppConfiguration::reset(const std::string& key, std::size_t field) {
     Record wanted = impl_->records[*row];
     inherit(wanted, field, impl_->levels);
     impl_->notify(key, notificationValue(wanted.property.values));
-
+    // A sink may have changed the property, or loaded.
+    if (!mayReset(impl_->records[*row], field))
+        return false;
     impl_->aboutToChange(*row);
     auto& record = impl_->records[*row];
     inherit(record, field, impl_->levels);
@@ -172,7 +174,9 @@ bool iAppConfiguration::setPropertyDefaults(const std::string& key, const std::v
         // back.
         record.isFlushed = true;
         impl_->notify(key, floatFromText(values.front()));
-        impl_->refreshCache(*row);
+        // Unless a sink has set another one.
+        if (impl_->records[*row].isFlushed)
+            impl_->refreshCache(*row);
     }
     return true;
 }

@@ -11,7 +11,8 @@ namespace Orv {
 /// a number out of range as the nearest limit. Infinities and "nan" are no numbers.
 
 float floatFromText(std::string_view text);
-/// General format with six significant digits, such as "0.5", "254000", "1.016e+06".
+/// General format with six significant digits, which is meant: every reader of a length expects that. Such as
+/// "0.5", "254000", "1.016e+06".
 std::string floatToText(float number);
 
 double doubleFromText(std::string_view text);

@@ -54,7 +54,8 @@ bool prepareDirectories(Impl& store, const std::string& projectPath) {
         return true;
     store.lastProjectPath = projectPath;
     if (!findDirectories(store, projectPath)) {
-        // A list that is not fit for use must not be found by the next call.
+        // A list that is not fit for use must not be found by the next call; the one before it is forgotten,
+        // too. That is meant.
         store.directories.clear();
         store.writeDirectory.clear();
         return false;
@@ -98,8 +99,24 @@ bool loadStore(Impl& store, const std::string& projectPath) {
     return true;
 }
 
+namespace {
+
+/// Whether the file that the user's level was read from is damaged by now, so that it yields an empty
+/// configuration for writing and none for reading. One that somebody emptied or took away yields both.
+bool lostWhatItHeld(const Impl& store, const IOvConfiguration& configuration) {
+    if (!store.knowsWrittenLevel() || store.levels.front().statements.empty())
+        return false;
+    StatementReader reader(configuration);
+    const bool saysNothing = std::ranges::none_of(
+        store.levels.front().statements, [&](const auto& held) { return reader.read(held.row).has_value(); });
+    return saysNothing && !openConfiguration(store.writeDirectory, Access::read);
+}
+
+} // namespace
+
 bool saveStore(Impl& store) {
-    store.lastSaveFailed = false;
+    // Until it has worked; where nothing is to be saved, nothing can fail.
+    store.lastSaveFailed = store.pending.any();
     if (!prepareDirectories(store, store.lastProjectPath))
         return false;
     for (std::size_t row = 0; row < store.records.size(); ++row) {
@@ -109,6 +126,8 @@ bool saveStore(Impl& store) {
     auto configuration = openConfiguration(store.writeDirectory, Access::write);
     if (!configuration)
         return false;
+    if (lostWhatItHeld(store, *configuration))
+        restoreLevel(store.levels.front(), *configuration);
     auto rows = writeChanges(store, *configuration);
     store.lastSaveFailed = !release(std::move(configuration));
     if (!store.lastSaveFailed)

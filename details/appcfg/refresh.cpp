@@ -6,6 +6,7 @@
 #include "details/appcfg/transfer.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Orv {
 
@@ -27,30 +28,28 @@ void noteDifferences(const Level& before, const Level& now, Rows& rows) {
     noteMissing(now, before);
 }
 
-/// Reads all levels anew. @return the rows that may be affected.
-Rows rereadLevels(Impl& store) {
-    Rows rows;
-    for (auto& level : store.levels) {
-        auto now = readLevel(level.directory);
-        if (!now)
-            continue;
-        noteDifferences(level, *now, rows);
-        level = std::move(*now);
-    }
-    return rows;
+/// Reads all levels anew. One that cannot be read keeps what it said.
+std::vector<Level> rereadLevels(const std::vector<Level>& levels) {
+    std::vector<Level> now;
+    for (const auto& level : levels)
+        now.push_back(readLevel(level.directory).value_or(level));
+    return now;
 }
 
-bool isList(const Record& record) {
-    return kindTraits(record.property.kind).storage == Storage::list;
+bool isGroup(const Record& record) {
+    return kindTraits(record.property.kind).storage == Storage::group;
 }
 
-/// Whether a lock came over a field since it was changed. A list is changed as a whole.
-bool becameLocked(const Record& before, const Record& now, std::size_t field) {
+bool isLocked(const Record& record, std::size_t field) {
+    return field < record.property.readonly.size() && record.property.readonly[field] != 0;
+}
+
+/// Whether a lock came over a field. A value or list is changed as a whole.
+bool becameLocked(const Record& former, const Record& now, std::size_t field) {
     const auto isNewlyLocked = [&](std::size_t i) {
-        const auto& flags = before.property.readonly;
-        return now.property.readonly[i] != 0 && (i >= flags.size() || flags[i] == 0);
+        return isLocked(now, i) && !isLocked(former, i);
     };
-    if (!isList(now))
+    if (isGroup(now))
         return isNewlyLocked(field);
     for (std::size_t i = 0; i < now.property.readonly.size(); ++i) {
         if (isNewlyLocked(i))
@@ -59,26 +58,32 @@ bool becameLocked(const Record& before, const Record& now, std::size_t field) {
     return false;
 }
 
-void carryList(const Record& before, Record& now) {
-    const auto count = before.property.values.size();
-    now.property.values = before.property.values;
+/// What is locked in a list has the value that the levels give it by now.
+void carryList(const Record& unsaved, Record& now) {
+    const auto read = now.property.values;
+    const auto count = unsaved.property.values.size();
+    now.property.values = unsaved.property.values;
     now.property.readonly.resize(count);
     now.origins.resize(count);
-    for (auto& origin : now.origins)
-        origin.value.reset();
+    for (std::size_t i = 0; i < count; ++i) {
+        if (isLocked(now, i))
+            now.property.values[i] = read[i];
+        else
+            now.origins[i].value.reset();
+    }
 }
 
 /// Lays a field that is unsaved over what the levels say by now.
-void carryOver(const Record& before, Record& now, std::size_t field, const std::vector<Level>& levels) {
+void carryOver(const Record& unsaved, Record& now, std::size_t field, const std::vector<Level>& levels) {
     const auto bit = fieldBit(now.property.kind, field);
-    if ((before.withdrawn & bit) != 0) {
+    if ((unsaved.withdrawn & bit) != 0) {
         now.withdrawn |= bit;
         inherit(now, field, levels); // which may be another value by now
-    } else if (isList(now)) {
-        carryList(before, now);
-    } else {
-        now.property.values[field] = before.property.values[field];
+    } else if (isGroup(now)) {
+        now.property.values[field] = unsaved.property.values[field];
         now.origins[field].value.reset();
+    } else {
+        carryList(unsaved, now);
     }
 }
 
@@ -91,7 +96,9 @@ std::vector<std::string> inNormalForm(const Record& record) {
 /// What becomes of one row when its levels were read anew.
 class RowRefresh {
 public:
-    RowRefresh(Impl& store, std::size_t row) : store_(store), row_(row) {}
+    /// @param former the levels before; the store has the new ones.
+    RowRefresh(Impl& store, std::size_t row, const std::vector<Level>& former)
+        : store_(store), row_(row), former_(recordOf(row, former)) {}
 
     /// @return whether the values in force are others than before.
     bool run(RefreshResult& result) {
@@ -113,11 +120,11 @@ private:
         Record now = recordOf(row_, store_.levels);
         const Record read = now;
         const std::size_t fields =
-            isList(now) ? 1 : std::min(before.property.values.size(), now.property.values.size());
+            isGroup(now) ? std::min(before.property.values.size(), now.property.values.size()) : 1;
         for (std::size_t field = 0; field < fields; ++field) {
             if (!isUnsaved(before, field))
                 continue;
-            if (becameLocked(before, now, field)) {
+            if (becameLocked(former_, now, field)) {
                 result.dropped.push_back({now.property.name, field});
                 continue;
             }
@@ -129,6 +136,7 @@ private:
 
     Impl& store_;
     const std::size_t row_;
+    const Record former_;
 };
 
 } // namespace
@@ -138,11 +146,15 @@ RefreshResult refreshStore(Impl& store) {
     if (store.isNotifying() || store.levels.empty())
         return result;
     result.isDone = true;
-    const Rows rows = rereadLevels(store);
+    const auto former = std::exchange(store.levels, rereadLevels(store.levels));
+    // What others wrote beside a save stands in the level since then, and in no record.
+    Rows rows = std::exchange(store.settled, Rows());
+    for (std::size_t place = 0; place < former.size(); ++place)
+        noteDifferences(former[place], store.levels[place], rows);
     Rows changed;
     for (std::size_t row = 0; row < rows.size(); ++row) {
         if (rows[row] && !store.records[row].hasOwnDefaults)
-            changed[row] = RowRefresh(store, row).run(result);
+            changed[row] = RowRefresh(store, row, former).run(result);
     }
     // By the row's number: a sink may load again.
     for (std::size_t row = 0; row < rows.size(); ++row) {

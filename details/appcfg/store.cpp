@@ -73,6 +73,7 @@ void iAppConfiguration::Impl::registerCatalogue() {
     records = defaultRecords();
     levels.clear();
     pending.reset();
+    settled.reset();
 }
 
 void iAppConfiguration::Impl::aboutToChange(std::size_t row) {

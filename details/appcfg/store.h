@@ -53,6 +53,9 @@ struct iAppConfiguration::Impl {
     /// The rows that a save has to look at: changed, or held by the user's level although it inherits the
     /// same.
     std::bitset<kCatalogueSize> pending;
+    /// The rows that were saved since the load or the last refresh: the level has what the file then said of
+    /// them, the record only what this store changed.
+    std::bitset<kCatalogueSize> settled;
     bool lastSaveFailed = false;
     TypedValues typed;
     std::vector<iEventSink*> sinks; ///< not owned

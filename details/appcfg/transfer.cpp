@@ -64,10 +64,12 @@ public:
     }
 
     bool isRedundant(std::size_t field) const {
-        if (!held_ || isLocked(record_, field))
+        if (!held_)
             return false;
         if (traits_.storage != Storage::group)
-            return isKeyRedundant();
+            return !isAllLockedFromAbove() && isKeyRedundant();
+        if (isLocked(record_, field))
+            return false;
         return field < held_->texts.size() && held_->texts[field] && isInherited(field) &&
                heldInNormalForm()[field] == defaults_[field];
     }
@@ -217,10 +219,32 @@ std::vector<Transferred> writeChanges(const iAppConfiguration::Impl& store, IOvC
     return rows;
 }
 
+void restoreLevel(const Level& level, IOvConfiguration& configuration) {
+    for (const auto& statement : level.statements) {
+        const auto& row = catalogue()[statement.row];
+        const auto& traits = kindTraits(row.kind);
+        const std::string key(row.key);
+        std::vector<std::string> texts;
+        for (std::size_t i = 0; i < statement.texts.size(); ++i) {
+            if (!statement.texts[i])
+                continue;
+            texts.push_back(*statement.texts[i]);
+            if (traits.storage == Storage::group)
+                configuration.writeAttribute(traits.path, traits.typeWord, key, traits.fieldNames[i],
+                                             texts.back());
+        }
+        if (traits.storage == Storage::list)
+            configuration.writeList(pathOf(row.kind, key), key, texts);
+        else if (traits.storage == Storage::value && !texts.empty())
+            configuration.writeValue(pathOf(row.kind, key), key, texts.front());
+    }
+}
+
 void settle(iAppConfiguration::Impl& store, std::vector<Transferred> rows) {
     for (auto& [row, statement, refused] : rows) {
         auto& record = store.records[row];
         record.withdrawn = 0;
+        store.settled.set(row);
         if (store.knowsWrittenLevel())
             store.levels.front().replace(row, std::move(statement));
         if (refused.empty()) {

@@ -27,6 +27,9 @@ bool isRedundant(const Record& record, const Statement* statement);
 /// an empty value or list, and a value under a lock of its own.
 std::vector<Transferred> writeChanges(const iAppConfiguration::Impl& store, IOvConfiguration& configuration);
 
+/// Writes all that a level said into a configuration that says nothing. Lock marks cannot be written.
+void restoreLevel(const Level& level, IOvConfiguration& configuration);
+
 /// Notes that these rows are in the file.
 void settle(iAppConfiguration::Impl& store, std::vector<Transferred> rows);
 

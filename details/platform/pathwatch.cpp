@@ -20,6 +20,8 @@ constexpr std::uint32_t kEvents = IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOV
                                   IN_ATTRIB | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
 /// As many links as the system itself follows.
 constexpr int kMostLinks = 40;
+/// Somebody may lay the way anew all the time.
+constexpr int kMostWalks = 10;
 
 void prepend(std::deque<fs::path>& parts, const fs::path& path) {
     parts.insert(parts.begin(), path.begin(), path.end());
@@ -64,10 +66,24 @@ void PathWatch::addTrail(const std::string& path, Names& names) {
     }
 }
 
+PathWatch::Names PathWatch::trails() const {
+    Names names;
+    for (const auto& path : paths_)
+        addTrail(path, names);
+    return names;
+}
+
+/// What appears on a way between the walk and the watch is told by nobody, so the way is walked again.
 void PathWatch::watchAnew() {
     Names wanted;
-    for (const auto& path : paths_)
-        addTrail(path, wanted);
+    int walks = 0;
+    for (auto now = trails(); now != wanted && walks < kMostWalks; now = trails(), ++walks) {
+        wanted = now;
+        watch(std::move(now));
+    }
+}
+
+void PathWatch::watch(Names wanted) {
     std::map<int, std::set<std::string>> now;
     for (auto& [directory, names] : wanted) {
         const int watch = inotify_add_watch(notifier_.get(), directory.c_str(), kEvents);

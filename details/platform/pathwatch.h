@@ -30,7 +30,9 @@ private:
     using Names = std::map<std::string, std::set<std::string>>;
 
     static void addTrail(const std::string& path, Names& names);
+    Names trails() const;
     void watchAnew();
+    void watch(Names wanted);
     bool concerns(int watch, const std::string& name) const;
 
     const std::vector<std::string> paths_;

@@ -75,7 +75,7 @@ bool readDialog(const xmlNode& dialog, CCategories& categories, std::string& pro
         }
         node->*(value->field) = text;
     }
-    // Meant so: an element without content has opened nothing, and closes the category around it.
+    // This is meant: an element without content has opened nothing, and closes the category around it.
     categories.pop();
     return true;
 }

@@ -22,8 +22,8 @@ CConfigurationWatcher::CConfigurationWatcher(const std::vector<std::string>& dir
     connect(calm_, &QTimer::timeout, this, &CConfigurationWatcher::changed);
     if (watch_->descriptor() < 0)
         return;
-    auto* notifier = new QSocketNotifier(watch_->descriptor(), QSocketNotifier::Read, this);
-    connect(notifier, &QSocketNotifier::activated, this, [this] {
+    notifier_ = std::make_unique<QSocketNotifier>(watch_->descriptor(), QSocketNotifier::Read);
+    connect(notifier_.get(), &QSocketNotifier::activated, this, [this] {
         // From the first sign on, and not from the last: a file that is written all the time is told of, too.
         if (watch_->takeChanges() && !calm_->isActive())
             calm_->start();

@@ -184,10 +184,10 @@ std::unique_ptr<CPageStarter> CPageManager::makeStarter(CPropertyPageFactory& fa
 void CPageManager::release() {
     reader_.reset();
     const auto suppliers = std::exchange(suppliers_, {});
-    handBackFactories();
     Removed removed;
     for (const auto& root : take())
         releaseNode(*root, removed);
+    handBackFactories(); // last, for an add-in may throw here
 }
 
 void CPageManager::releaseNode(CCategoryNode& node, Removed& removed) {

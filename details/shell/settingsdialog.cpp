@@ -357,12 +357,14 @@ bool CSettingsDialog::storeOthers(Commit kind) {
 bool CSettingsDialog::isKeptOpen(bool activeStored) {
     if (appConfig_.lastSaveFailed()) {
         const auto directories = appConfig_.workingDirectories();
-        showMessage(
-            this,
-            tr("The settings could not be written to %1.\n\nThe dialog stays open, so that nothing is lost. "
-               "Cancel closes it all the same.")
-                .arg(toQString(directories.empty() ? std::string() : directories.front())),
-            windowTitle());
+        const QString failure =
+            directories.empty() || directories.front().empty()
+                ? tr("The settings could not be written: there is no directory of the user.")
+                : tr("The settings could not be written to %1.").arg(toQString(directories.front()));
+        showMessage(this,
+                    failure + tr("\n\nThe dialog stays open, so that nothing is lost. Cancel closes it all "
+                                 "the same."),
+                    windowTitle());
         return true;
     }
     return !activeStored && activePage_ && hasEdits(*activePage_);
@@ -391,7 +393,8 @@ void CSettingsDialog::showRefusedPage(const CPropDialogTemplate& page) {
         return;
     const unsigned index = found->first;
     // The index is taken for the item's key as it stands, which is one too low: the tree shows the item
-    // before the refused one, and its page is on show for a moment. Meant so; hosts know the dialog by it.
+    // before the refused one, and its page is on show for a moment. That is meant: hosts know the dialog by
+    // it.
     if (const auto item = items_.find(index); item != items_.end()) {
         const QScopedValueRollback<bool> selectable(busy_, false);
         ui_->tree->setCurrentItem(item->second.item);

@@ -77,10 +77,10 @@ bool askEither(QWidget* parent, const QString& text, const QString& title, const
                const QString& other) {
     Question box(QMessageBox::Question, title, text, QMessageBox::NoButton, windowOf(parent));
     QPushButton* const preset = box.addButton(safe, QMessageBox::RejectRole);
-    box.addButton(other, QMessageBox::DestructiveRole);
+    const QPushButton* const loss = box.addButton(other, QMessageBox::DestructiveRole);
     box.setDefaultButton(preset);
     show(box);
-    return box.clickedButton() == preset;
+    return box.clickedButton() != loss; // a box that is ended otherwise, by its host say, loses nothing
 }
 
 void refuseEntry(QAbstractSpinBox& field, const QString& text) {

@@ -125,9 +125,9 @@ public:
     ///         fails is told through IOvConfigurationManager::SetErrorHandler and leaves the old file whole;
     ///         lastSaveFailed tells it from one that succeeds.
     bool save();
-    /// Whether the last save had something to write and could not, a full disk being in the way or a right
-    /// that is missing. The changes are still here, and the next save tries again. False before the first
-    /// save.
+    /// Whether the last save had something to write and could not, a full disk being in the way, a right that
+    /// is missing, or the directory itself. The changes are still here, and the next save tries again. False
+    /// before the first save.
     bool lastSaveFailed() const noexcept;
 
     /// Takes over what other programs have written into the working directories since the load. What is
@@ -203,8 +203,9 @@ public:
     std::vector<std::string> keys() const;
     /// The working directories of the last load or save, the user's first, the installation's last.
     std::vector<std::string> workingDirectories() const;
-    /// The working directory whose configuration gave a field its value at the last load; empty for the
-    /// built-in default, for a value that was changed since, and for a field that does not exist.
+    /// The working directory whose configuration gave a field its value at the last load, refresh or reset;
+    /// empty for the built-in default, for a value that was changed since, and for a field that does not
+    /// exist.
     /// @param field index from 0.
     std::string valueDirectory(const std::string& key, std::size_t field) const;
     /// The working directory whose configuration was the first to lock a field; empty if the field is not

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+class QSocketNotifier;
 class QTimer;
 
 namespace Orv {
@@ -36,6 +37,7 @@ Q_SIGNALS:
 
 private:
     std::unique_ptr<Orv::LevelWatch> watch_;
+    std::unique_ptr<QSocketNotifier> notifier_; ///< goes before the descriptor that it looks at
     QTimer* calm_;
 };
 

@@ -38,6 +38,16 @@ std::optional<Value> copyOf(const Value* value) {
     return value ? std::optional(*value) : std::nullopt;
 }
 
+/// Applies an edit to a group that is to be written, or removed, as a whole.
+template <typename Edit>
+void editAttribute(std::optional<ConfigurationDocument::Attributes>& group, const std::string& name,
+                   const Edit& edit) {
+    if (edit.text)
+        (group ? *group : group.emplace())[name] = *edit.text;
+    else if (group && group->contains(name) && (!edit.ifSays || group->at(name) == *edit.ifSays))
+        group->erase(name);
+}
+
 /// Like none before.
 std::uint64_t nextRevision() {
     static std::atomic<std::uint64_t> revisions = 0;
@@ -102,7 +112,7 @@ bool Configuration::failed(const std::string& message) const {
 
 bool Configuration::save(platform::LockPatience& patience) {
     if (keyEdits_.empty() && groupEdits_.empty() && attributeEdits_.empty())
-        return true;
+        return !wasRefused_;
     platform::AtomicFile file(path_);
     const auto busy = file.lock(patience.timeout());
     patience.note(busy);
@@ -148,7 +158,7 @@ bool Configuration::save(platform::LockPatience& patience) {
         document_ = std::move(*current);
         revision_ = nextRevision();
     }
-    return true;
+    return !wasRefused_;
 }
 
 std::optional<Configuration::Contents> Configuration::takeContents() {
@@ -317,16 +327,21 @@ bool Configuration::readList(const std::string& path, const std::string& key,
 }
 
 // Names stand in XML attributes, where nothing can be encoded. The product's own names are plain words.
-bool Configuration::canBeNamed(std::initializer_list<std::string_view> names) const {
+bool Configuration::canBeNamed(std::initializer_list<std::string_view> names) {
     const auto isName = [](std::string_view name) {
         return name.size() <= kLongestText && xml::isCarried(name);
     };
     return std::all_of(names.begin(), names.end(), isName) ||
-           failed(path_ + ": cannot write: a name is too long, or holds control characters or no UTF-8");
+           refused(path_ + ": cannot write: a name is too long, or holds control characters or no UTF-8");
 }
 
-bool Configuration::canBeText(const std::string& text) const {
-    return text.size() <= kLongestText || failed(path_ + ": cannot write: a text is too long");
+bool Configuration::canBeText(const std::string& text) {
+    return text.size() <= kLongestText || refused(path_ + ": cannot write: a text is too long");
+}
+
+bool Configuration::refused(const std::string& message) {
+    wasRefused_ = true;
+    return failed(message);
 }
 
 /// @param isSaid whether the file, as it was read, says so already.
@@ -368,11 +383,7 @@ void Configuration::noteGroup(const std::string& path, const std::string& typeWo
 /// @param isSaid whether the file, as it was read, says so already.
 void Configuration::noteAttribute(GroupName group, const std::string& name, AttributeEdit edit, bool isSaid) {
     if (const auto whole = groupEdits_.find(group); whole != groupEdits_.end()) {
-        auto& attributes = whole->second;
-        if (edit.text)
-            (attributes ? *attributes : attributes.emplace())[name] = std::move(*edit.text);
-        else if (attributes && (!edit.ifSays || (*attributes)[name] == *edit.ifSays))
-            attributes->erase(name);
+        editAttribute(whole->second, name, edit);
     } else if (state_ == FileState::unreadable || !isSaid) {
         attributeEdits_[std::move(group)].insert_or_assign(name, std::move(edit));
     } else if (const auto known = attributeEdits_.find(group); known != attributeEdits_.end()) {

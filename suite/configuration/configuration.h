@@ -114,9 +114,10 @@ private:
                    std::optional<ConfigurationDocument::Attributes> attributes);
     bool saysOfGroup(const std::string& path, const std::string& typeWord, const std::string& key,
                      const std::optional<ConfigurationDocument::Attributes>& attributes) const;
-    /// Refused texts are reported.
-    bool canBeNamed(std::initializer_list<std::string_view> names) const;
-    bool canBeText(const std::string& text) const;
+    /// Refused texts are reported, and make the save fail when all else is written.
+    bool canBeNamed(std::initializer_list<std::string_view> names);
+    bool canBeText(const std::string& text);
+    bool refused(const std::string& message);
     void noteAttribute(GroupName group, const std::string& name, AttributeEdit edit, bool isSaid);
     void applyEdits(ConfigurationDocument& document) const;
     bool failed(const std::string& message) const;
@@ -130,6 +131,7 @@ private:
     GroupEdits groupEdits_;
     AttributeEdits attributeEdits_; ///< of no group that has an edit
     std::uint64_t revision_ = 0;
+    bool wasRefused_ = false; ///< something was to be written that no file can hold
 };
 
 } // namespace suite

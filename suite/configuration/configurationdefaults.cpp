@@ -45,7 +45,8 @@ void IOvConfiguration::withdrawAttribute(const std::string& path, const std::str
     if (!readGroup(path, typeWord, key, attributes, locks, groupLocked))
         return;
     const auto attribute = attributes.find(name);
-    const bool isLocked = groupLocked || locks.contains(name);
+    const auto lock = locks.find(name);
+    const bool isLocked = groupLocked || (lock != locks.end() && lock->second == 1);
     if (isLocked || attribute == attributes.end() || (ifSays && attribute->second != *ifSays))
         return;
     attributes.erase(attribute);

@@ -72,12 +72,14 @@ bool GetWDIRs(std::vector<std::string>& directories) {
     DirectoryList found(directories);
     for (const std::string& entry : splitEntries(*list))
         found.obtain(entry);
-    // In this spelling: whoever looks for the installation's name in the entry is to find it.
+    // In this spelling: whoever looks for the installation's name in the entry is to find it. One that stands
+    // elsewhere than last stays there, and who wants it last refuses the list. That is meant.
     if (const std::string standard = standardDirectory(); !standard.empty())
         directories[found.obtain(standard)] = standard;
     return true;
 }
 
+/// A project adds no directory of its own. That is meant.
 bool GetWDIRs(std::vector<std::string>& directories, const std::string&) {
     return GetWDIRs(directories);
 }

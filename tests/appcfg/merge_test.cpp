@@ -177,6 +177,54 @@ TEST_F(Merge, ASaveThatFailedIsMadeUpForByTheNext) {
     manager.SetErrorHandler({});
 }
 
+TEST_F(Merge, AFileThatIsHarmedAfterTheLoadIsMadeWholeAgain) {
+    const std::string held = settings(text("GRID_HR", "7") + text("FOREIGN", "1")) +
+                             list("Orvane/COLORS", "PRINTER", {"a", "b"}) +
+                             object("NET", attribute("VISIBLE", "0"));
+    const auto file = installation.user() / "orvane.xml";
+    const std::function<void()> harms[] = {
+        [&] { testsupport::writeFile(file, "<configuration><section"); },
+        [&] {
+            std::filesystem::remove(file);
+            std::filesystem::create_directory(file);
+        },
+        [&] { std::filesystem::resize_file(file, 100 << 20); },
+    };
+    for (const auto& harm : harms) {
+        std::filesystem::remove_all(file);
+        writeLevel(installation.user(), held);
+        ASSERT_TRUE(store.load());
+        harm();
+        Orv::setValue(store, "BELL", "0");
+        ASSERT_TRUE(store.save());
+        EXPECT_FALSE(store.lastSaveFailed());
+        ASSERT_TRUE(store.load());
+        EXPECT_EQ(value("GRID_HR") + value("BELL") + values("NET").front(), "700");
+        EXPECT_EQ(values("PRINTER"), (Texts{"a", "b"}));
+    }
+    std::filesystem::remove(file);
+    Orv::setValue(store, "BELL", "1");
+    ASSERT_TRUE(store.save());
+    EXPECT_FALSE(std::filesystem::exists(file)) << "who takes the file away wants all defaults";
+}
+
+TEST_F(Merge, WhatCannotBeSavedIsSaidAndStaysUnsaved) {
+    ASSERT_TRUE(store.load());
+    EXPECT_TRUE(store.save());
+    EXPECT_FALSE(store.lastSaveFailed());
+    std::filesystem::rename(installation.user(), installation.user().string() + ".away");
+    EXPECT_FALSE(store.save());
+    EXPECT_FALSE(store.lastSaveFailed()) << "nothing was to be saved";
+    Orv::setValue(store, "GRID_HR", "7");
+    EXPECT_FALSE(store.save());
+    EXPECT_TRUE(store.lastSaveFailed());
+    std::filesystem::rename(installation.user().string() + ".away", installation.user());
+    Orv::setValue(store, "LANGUAGE", std::string(5 << 20, 'x'));
+    EXPECT_TRUE(store.save());
+    EXPECT_TRUE(store.lastSaveFailed()) << "no file holds such a text";
+    EXPECT_EQ(userSections(), setting("GRID_HR", "7"));
+}
+
 TEST_F(Merge, AResetIsRefusedForWhatIsLockedOrNotThere) {
     writeLevel(installation.site(), setting("GRID_HR", "7", true));
     writeLevel(installation.user(), setting("BELL", "0", true));

@@ -67,6 +67,43 @@ TEST_F(Refresh, TakesOverWhatOthersWroteUnderWhatIsUnsaved) {
     EXPECT_EQ(value("GRID_HR"), "7");
 }
 
+TEST_F(Refresh, TakesOverWhatASaveHasFoundBesideItsOwn) {
+    writeLevel(installation.user(), setting("BELL", "1"));
+    ASSERT_TRUE(store.load());
+    writeLevel(installation.user(), setting("GRID_HR", "508000") + setting("BELL", "0") +
+                                        object("NET", attribute("VISIBLE", "0")));
+    Orv::setValue(store, "GRID_HR", "254000"); // a page stores what it shows
+    Orv::setValueAt(store, 2, "NET", "0xff0000");
+    ASSERT_TRUE(store.save());
+    EXPECT_EQ(store.refresh().changed, (Texts{"NET", "BELL", "GRID_HR"}));
+    EXPECT_EQ(value("GRID_HR"), "508000");
+    EXPECT_EQ(value("BELL"), "0");
+    EXPECT_EQ(values("NET"), (Texts{"0", "1", "0xff0000", "1", "0", "1"}));
+}
+
+TEST_F(Refresh, AnUnsavedTextWithoutADefaultStays) {
+    writeLevel(installation.user(), setting("MRU_SCHEMA", "old.ovc") + setting("PRINTDEVICENAME", "old"));
+    ASSERT_TRUE(store.load());
+    Orv::setValue(store, "MRU_SCHEMA", "mine.ovc");
+    ASSERT_TRUE(store.reset("PRINTDEVICENAME", 0));
+    writeLevel(installation.user(), setting("PRINTDEVICENAME", "theirs"));
+    EXPECT_TRUE(store.refresh().dropped.empty());
+    EXPECT_EQ(value("MRU_SCHEMA"), "mine.ovc");
+    EXPECT_EQ(value("PRINTDEVICENAME"), "");
+    ASSERT_TRUE(store.save());
+    EXPECT_TRUE(testsupport::contains(userFile(), "mine.ovc"));
+    EXPECT_FALSE(testsupport::contains(userFile(), "theirs"));
+}
+
+TEST_F(Refresh, AListThatIsLockedInPartKeepsItsEditAndTakesWhatIsLocked) {
+    writeLevel(installation.site(), list("Orvane/COLORS", "PRINTER", {"a", "b", "c"}, 1));
+    ASSERT_TRUE(store.load());
+    Orv::setValues(store, "PRINTER", {"x", "y"});
+    writeLevel(installation.site(), list("Orvane/COLORS", "PRINTER", {"A", "b", "c"}, 1));
+    EXPECT_TRUE(store.refresh().dropped.empty());
+    EXPECT_EQ(values("PRINTER"), (Texts{"A", "y"}));
+}
+
 TEST_F(Refresh, AResetFollowsWhatIsInherited) {
     writeLevel(installation.user(), setting("GRID_HR", "7") + object("NET", attribute("VISIBLE", "0")));
     ASSERT_TRUE(store.load());

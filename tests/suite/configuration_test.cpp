@@ -339,7 +339,7 @@ TEST_F(ConfigurationFile, CarriesEveryTextToTheByte) {
     EXPECT_EQ(after.st_ino, before.st_ino);
     EXPECT_TRUE(messages_.empty()) << messages_.front();
 
-    EXPECT_TRUE(edit([](IOvConfiguration& c) {
+    EXPECT_FALSE(edit([](IOvConfiguration& c) {
         c.writeValue(kPath, "BAD\x01KEY", "x");
         c.writeList(kPath, "LIST", {"fits", std::string(5u << 20, 'x')});
     }));
@@ -386,6 +386,85 @@ TEST_F(ConfigurationFile, WhatIsWrittenIsReadBeforeItIsSaved) {
         c.listGroups(kPath, "t", values);
         EXPECT_EQ(values, Values{"G"});
     }));
+}
+
+/// A host's own configuration that knows whole groups only.
+class GroupsOnly : public IOvConfiguration {
+public:
+    explicit GroupsOnly(IOvConfiguration& real) : real_(real) {}
+    void writeGroup(const std::string& path, const std::string& type, const std::string& key,
+                    const Attributes& attributes) override {
+        real_.writeGroup(path, type, key, attributes);
+    }
+    void writeList(const std::string& path, const std::string& key, const Values& values) override {
+        real_.writeList(path, key, values);
+    }
+    void writeValue(const std::string& path, const std::string& key, const std::string& value) override {
+        real_.writeValue(path, key, value);
+    }
+    void listKeys(const std::string& path, Values& keys) const override { real_.listKeys(path, keys); }
+    void listGroups(const std::string& path, const std::string& type, Values& keys) const override {
+        real_.listGroups(path, type, keys);
+    }
+    bool readGroup(const std::string& path, const std::string& type, const std::string& key,
+                   Attributes& attributes, AttributeLocks& locks, bool& locked) const override {
+        const bool isThere = real_.readGroup(path, type, key, attributes, locks, locked);
+        locks.try_emplace("FREE", 0);
+        return isThere;
+    }
+    bool readList(const std::string& path, const std::string& key, Values& values,
+                  Locks& locks) const override {
+        return real_.readList(path, key, values, locks);
+    }
+    void removeGroup(const std::string& path, const std::string& type, const std::string& key) override {
+        real_.removeGroup(path, type, key);
+    }
+    void removeKey(const std::string& path, const std::string& key) override { real_.removeKey(path, key); }
+
+private:
+    IOvConfiguration& real_;
+};
+
+TEST_F(ConfigurationFile, SingleAttributesComeAndGoAlsoInAHostsConfigurationOfWholeGroups) {
+    const std::string text =
+        "<configuration><section path='Orvane/SETTINGS'><value name='A'>1</value>"
+        "<value name='L' locked='yes'>1</value><group type='t' name='G'>"
+        "<attribute name='FREE'>1</attribute><attribute name='KEPT' locked='yes'>1</attribute>"
+        "</group></section></configuration>";
+    const auto steps = [](IOvConfiguration& c) {
+        const Values other{"2"};
+        c.withdrawKey(kPath, "A", &other);
+        c.withdrawKey(kPath, "L", nullptr);
+        Values keys;
+        c.listKeys(kPath, keys);
+        EXPECT_EQ(keys, (Values{"A", "L"}));
+        c.withdrawKey(kPath, "A", nullptr);
+        c.withdrawAttribute(kPath, "t", "G", "FREE", &other.front());
+        c.withdrawAttribute(kPath, "t", "G", "KEPT", nullptr);
+        c.writeAttribute(kPath, "t", "G", "NEW", "3");
+        c.withdrawAttribute(kPath, "t", "G", "FREE", nullptr);
+        c.writeAttribute(kPath, "t", "H", "X", "4");
+        c.withdrawAttribute(kPath, "t", "H", "X", nullptr);
+        c.listKeys(kPath, keys);
+        EXPECT_EQ(keys, Values{"L"});
+        c.listGroups(kPath, "t", keys);
+        EXPECT_EQ(keys, Values{"G"});
+        Attributes attributes;
+        AttributeLocks locks;
+        bool locked = false;
+        EXPECT_TRUE(c.readGroup(kPath, "t", "G", attributes, locks, locked));
+        EXPECT_EQ(attributes, (Attributes{{"KEPT", "1"}, {"NEW", "3"}}));
+        EXPECT_TRUE(c.keyLockNote(kPath, "L", 0).isEmpty());
+    };
+    for (const bool ofTheHost : {false, true}) {
+        SCOPED_TRACE(ofTheHost);
+        writeFile(file(), text);
+        EXPECT_TRUE(edit([&](IOvConfiguration& real) {
+            GroupsOnly ofGroups(real);
+            steps(ofTheHost ? ofGroups : real);
+        }));
+        EXPECT_EQ(contains(readFile(file()), "\"KEPT\" locked"), !ofTheHost);
+    }
 }
 
 TEST_F(ConfigurationFile, ALaterSaveRevertsNothingThatItDidNotChange) {
