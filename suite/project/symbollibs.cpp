@@ -67,12 +67,13 @@ bool CSymbolLibs::Load(const std::string& path, const Progress& progress) {
         return false;
     const auto map = suite::LocationMap::ofProject(full);
     platform::RememberedDirectories directories;
-    const platform::RememberedDirectories::Use use(directories);
     std::vector<suite::LibraryEntry> entries = suite::readLibraries(platform::ProfileView(bytes));
     std::list<SymbolLibrary> loaded;
     for (suite::LibraryEntry& entry : entries) {
         if (progress && !progress(loaded.size(), entries.size()))
             return false;
+        // Not while others are told of the progress: they may look for what has come to the disk since.
+        const platform::RememberedDirectories::Use use(directories);
         std::string fullPath = map.fullPath(entry.location);
         loaded.emplace_back(std::move(entry), std::move(fullPath));
     }

@@ -59,6 +59,21 @@ TEST_F(SymbolLibs, LoadTheListOfAProjectOrAnIniFileInItsOrder) {
     EXPECT_EQ(text(libraries), expected);
 }
 
+TEST_F(SymbolLibs, WhoIsToldOfTheProgressOfALoadSeesTheDiskAsItIs) {
+    writeFile(directory / "demo.prj", "[DesignInfo]\nBorderSymbols=made.ini\n[SymbolLibraries]\n"
+                                      "Alias#0=a\nLocation#0=x\nAlias#1=b\nLocation#1=y\n");
+    CProjectFileUtilitiesLight project((here() + "/demo.prj").c_str());
+    std::string seen;
+    CSymbolLibs libraries;
+    EXPECT_TRUE(libraries.Load(&project, [&](std::size_t read, std::size_t) {
+        if (read == 1)
+            writeFile(directory / "Made.ini", "");
+        seen = project.GetBorderSymbolsPath(1);
+        return true;
+    }));
+    EXPECT_EQ(seen, here() + "/Made.ini");
+}
+
 TEST_F(SymbolLibs, AChangedListIsSavedIntoItsProject) {
     writeFile(directory / "demo.prj", "; ours\n[SymbolLibraries]\nAlias#0=a\nLocation#0=a\nType#0=0\n"
                                       "; the second\nAlias#1=b\nLocation#1=b\nType#1=1\nOwner=ann\n");
