@@ -309,7 +309,7 @@ bool CBrowseLibDlg::checkPlace(const std::string& path) {
     const auto existing = platform::resolveExisting(locationOf(path));
     std::error_code missing;
     QString reason;
-    if (plain.starts_with('$'))
+    if (namesSoftly(plain))
         reason = tr("The soft name in '%1' stands for no directory.");
     else if (existing && std::filesystem::exists(*existing, missing) && !platform::isDirectory(*existing))
         reason = tr("'%1' is a file. A library is a directory.");

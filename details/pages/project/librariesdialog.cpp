@@ -159,15 +159,21 @@ void CLibrariesDialog::CListBoxEditorEx::setRows(const std::vector<LibraryRow>& 
     clearChanged();
 }
 
-void CLibrariesDialog::CListBoxEditorEx::importRows(std::vector<LibraryRow> rows) {
+void CLibrariesDialog::CListBoxEditorEx::importRows(
+    std::vector<LibraryRow> rows, const std::function<bool(std::size_t, std::size_t)>& progress) {
     if (rows.empty())
         return;
     TakenAliases taken = aliases();
-    const int first = lineCount();
+    std::vector<std::unique_ptr<Item>> items;
     for (LibraryRow& row : rows) {
+        if (!progress(items.size(), rows.size()))
+            return;
         row.alias = taken.addUnique(row.alias);
-        insertRow(lineCount(), std::move(row));
+        items.push_back(std::make_unique<Item>(std::move(row)));
     }
+    const int first = lineCount();
+    for (std::unique_ptr<Item>& item : items)
+        list().addItem(item.release()); // the list owns it
     setCurrentRow(first);
     setChanged();
 }
@@ -317,16 +323,24 @@ void CLibrariesDialog::importList() {
     const auto path = chooseFile(this, choice);
     if (!path)
         return;
-    if (auto rows = readRows(*path))
-        ui_->libraries->importRows(std::move(*rows));
-    else
+    if (!importFrom(*path))
         showMessage(this, tr("Cannot import libraries from \"%1\"").arg(toQString(*path)), applicationTitle(),
                     QMessageBox::Critical);
 }
 
-std::optional<std::vector<LibraryRow>> CLibrariesDialog::readRows(const std::string& path) {
+bool CLibrariesDialog::importFrom(const std::string& path) {
     ProgressBox box(*this, tr("Importing libraries"));
-    return importLibraries(path, [&](std::size_t read, std::size_t count) { return box.show(read, count); });
+    // One box for both: the rows of a long list take their time, too.
+    const auto reading = [&](std::size_t read, std::size_t count) {
+        return box.show(read, 2 * count);
+    };
+    const auto making = [&](std::size_t made, std::size_t count) {
+        return box.show(count + made, 2 * count);
+    };
+    auto rows = importLibraries(path, reading);
+    if (rows)
+        ui_->libraries->importRows(std::move(*rows), making);
+    return rows.has_value();
 }
 
 void CLibrariesDialog::load() {

@@ -36,7 +36,9 @@ public:
         /// Replaces all rows; nothing is changed by the user then.
         void setRows(const std::vector<LibraryRow>& rows);
         /// Appends rows. Those whose alias is taken get another one.
-        void importRows(std::vector<LibraryRow> rows);
+        /// @param progress told how many of how many are made; by returning false it has none appended.
+        void importRows(std::vector<LibraryRow> rows,
+                        const std::function<bool(std::size_t, std::size_t)>& progress);
         /// Shows the rows with the types that they are stored with: what the next store begins from. That is
         /// meant.
         void mendTypes();
@@ -77,8 +79,8 @@ private:
     std::string directory() const;
     bool ask(LibraryRow& row);
     void importList();
-    /// See importLibraries; while they are read, the user may give it up.
-    std::optional<std::vector<LibraryRow>> readRows(const std::string& path);
+    /// While it runs the user may give it up. @return false if the file holds no list.
+    bool importFrom(const std::string& path);
     void load();
     bool store(StartedBy starter);
 

@@ -17,6 +17,7 @@ namespace ovsettings {
 namespace {
 
 constexpr std::string_view kSeparators = "/\\";
+constexpr std::string_view kAround = " \""; ///< what may stand before a typed path
 
 struct IconRow {
     LibraryIcon local;
@@ -49,6 +50,11 @@ constexpr std::array<IconRow, 5> kIcons{{
 
 bool isSeparator(char c) {
     return kSeparators.find(c) != std::string_view::npos;
+}
+
+bool isOfScheme(char c) {
+    constexpr std::string_view kOthers = "0123456789+-.";
+    return platform::isLetter(c) || kOthers.find(c) != std::string_view::npos;
 }
 
 bool isRooted(std::string_view path) {
@@ -139,18 +145,18 @@ std::string plainPath(const std::string& typed) {
 }
 
 bool namesServer(std::string_view path) {
-    constexpr std::string_view kAround = " \"";
-    path.remove_prefix(std::min(path.find_first_not_of(kAround), path.size()));
-    path = path.substr(0, path.find_last_not_of(kAround) + 1);
+    path = path.substr(std::min(path.find_first_not_of(kAround), path.size()));
     if (path.starts_with("\\\\"))
         return true;
     constexpr std::size_t kShortestScheme = 2; // one letter is a drive
     const auto colon = path.find(':');
-    if (colon == std::string_view::npos || colon < kShortestScheme)
-        return false;
-    const std::string_view behind = path.substr(colon + 1);
-    return std::ranges::all_of(path.substr(0, colon), platform::isLetter) &&
-           (behind.empty() || isSeparator(behind.front()));
+    return colon != std::string_view::npos && colon >= kShortestScheme && platform::isLetter(path.front()) &&
+           std::ranges::all_of(path.substr(0, colon), isOfScheme);
+}
+
+bool namesSoftly(std::string_view path) {
+    const auto begin = path.find_first_not_of(kAround);
+    return begin != std::string_view::npos && path[begin] == '$';
 }
 
 std::string baseDirectory(const std::string& projectDirectory) {

@@ -45,8 +45,11 @@ Recognition recogniseLibrary(const std::string& location, LibraryType selected);
 std::string plainPath(const std::string& typed);
 
 /// Whether a plain path is written like a place on another machine: behind blanks and quotes it begins with a
-/// scheme, whichever, or with two "\".
+/// scheme, whichever, or with two "\". A name with a colon is one too: only what exists can tell them apart.
 bool namesServer(std::string_view path);
+
+/// Whether a plain path is written like a soft name: behind blanks and quotes it begins with "$".
+bool namesSoftly(std::string_view path);
 
 /// Where a relative path begins: at the project's directory, or at the current one without a project. For the
 /// user-interface thread.
