@@ -48,10 +48,18 @@ TEST_F(NetNameDelimiter, ChoiceIsComparedWithWhatWasLoadedEvenAfterApply) {
     page.onApply();
     EXPECT_FALSE(page.isModified());
     testsupport::press(window_, kNone);
-    EXPECT_TRUE(page.isModified());
     page.onApply();
-    EXPECT_FALSE(page.isModified());
     EXPECT_EQ(onDisk()->GetNetNameDelimiter(), "()");
+    EXPECT_TRUE(page.isModified()) << "the project has another one";
+    testsupport::press(window_, kRound);
+    EXPECT_FALSE(page.isModified());
+
+    testsupport::press(window_, kSquare);
+    const ProjectErrors quiet;
+    std::filesystem::remove(projectPath());
+    std::filesystem::create_directory(projectPath());
+    page.onApply();
+    EXPECT_TRUE(page.isModified()) << "it could not be written";
 }
 
 TEST_F(NetNameDelimiter, WithoutAProjectNothingIsReadOrWritten) {
@@ -61,6 +69,7 @@ TEST_F(NetNameDelimiter, WithoutAProjectNothingIsReadOrWritten) {
         page.setProjectConfiguration(project);
         page.createWindow(nullptr);
         testsupport::find<QRadioButton>(page, kSquare)->click();
+        EXPECT_FALSE(page.isModified());
         EXPECT_TRUE(page.onApply());
         EXPECT_TRUE(page.onOk());
     }

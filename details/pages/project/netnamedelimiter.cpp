@@ -1,10 +1,12 @@
 #include "details/pages/project/netnamedelimiter.h"
 
+#include "details/shell/projectaccess.h"
 #include "details/widgets/radiobutton.h"
 #include "orv/projectconfiguration.h"
 #include "orv/projectfiledata.h"
 #include "ui_netnamedelimiter.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 
@@ -25,6 +27,12 @@ constexpr std::array kDelimiters{
     Delimiter{&Ui::CNetNameDelimiter::squareBrackets, "[]"},
 };
 
+/// The choice that stands for a text of the project. For one that is none of the three, the first is shown.
+std::size_t choiceFor(const std::string& stored) {
+    const auto found = std::ranges::find(kDelimiters, stored, &Delimiter::stored);
+    return found == kDelimiters.end() ? 0 : static_cast<std::size_t>(found - kDelimiters.begin());
+}
+
 } // namespace
 
 CNetNameDelimiter::CNetNameDelimiter(QWidget* parent)
@@ -40,13 +48,8 @@ bool CNetNameDelimiter::buildTemplate() {
 }
 
 bool CNetNameDelimiter::OnInitDialog() {
-    if (projectConfig_ && projectConfig_->projectFile) {
-        const std::string stored = projectConfig_->projectFile->GetNetNameDelimiter();
-        for (std::size_t index = 0; index < kDelimiters.size(); ++index) {
-            if (stored == kDelimiters[index].stored)
-                chosen_ = loaded_ = stored_ = index;
-        }
-    }
+    if (projectConfig_ && projectConfig_->projectFile)
+        chosen_ = loaded_ = stored_ = choiceFor(projectConfig_->projectFile->GetNetNameDelimiter());
     checkRadioButton(*(ui_.get()->*kDelimiters[chosen_].button));
     for (const Delimiter& delimiter : kDelimiters)
         connect(ui_.get()->*delimiter.button, &QRadioButton::toggled, this, &CNetNameDelimiter::readButtons);
@@ -55,14 +58,15 @@ bool CNetNameDelimiter::OnInitDialog() {
 
 /// Compared with what was loaded, also after an Apply has stored something else; this is meant.
 bool CNetNameDelimiter::onApply() {
-    if (chosen_ != loaded_ && projectConfig_ && projectConfig_->projectFile)
+    if (chosen_ != loaded_ && projectConfig_ && projectConfig_->projectFile) {
         projectConfig_->projectFile->SetNetNameDelimiter(kDelimiters[chosen_].stored);
-    stored_ = chosen_;
+        stored_ = choiceFor(projectConfig_->projectFile->GetNetNameDelimiter());
+    }
     return true;
 }
 
 bool CNetNameDelimiter::isModified() const {
-    return chosen_ != stored_;
+    return hasProject(projectConfig_) && chosen_ != stored_;
 }
 
 void CNetNameDelimiter::readButtons() {

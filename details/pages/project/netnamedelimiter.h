@@ -32,7 +32,7 @@ private:
     std::unique_ptr<Ui::CNetNameDelimiter> ui_;
     std::size_t chosen_ = 0;
     std::size_t loaded_ = 0;
-    std::size_t stored_ = 0; ///< the choice at the last store, or else as it was loaded
+    std::size_t stored_ = 0; ///< what the project had after the last write, or else when it was loaded
 };
 
 } // namespace ovsettings
