@@ -297,6 +297,37 @@ TEST_F(NetlistProjectPage, WhatAnotherProgramStoresIsNoChangeOfTheUsers) {
     }
 }
 
+TEST_F(NetlistProjectPage, TheToolAndItsFilesFollowAnotherProgramWhereTheUserHasNotChangedThem) {
+    CProjectDialog& page = open("beta", "CnsFileName=own.cns\n");
+    const auto otherProgramStores = [&](const std::string& tool, const std::string& file) {
+        onDisk()->SetLayoutTool(tool);
+        onDisk()->SetValue("DesignInfo", "CnsFileName", file);
+    };
+    const auto storedAll = [&] {
+        return onDisk()->GetLayoutTool() + '|' + stored("CnsFileName") + '|' + stored("PcbCfgFileName");
+    };
+    otherProgramStores("last", "");
+    EXPECT_TRUE(page.onApply());
+    EXPECT_EQ(storedAll(), "last||");
+    EXPECT_EQ(shown("PCB Configuration"), kStandard) << "the tool's own";
+    EXPECT_EQ(tools().currentText().toStdString(), "Last");
+
+    QTest::keyClick(&box("Use Custom Configuration File"), Qt::Key_Space);
+    type("PCB Configuration", "mine.cfg");
+    otherProgramStores("elsewhere", "theirs.cns");
+    page.onEnter();
+    EXPECT_EQ(shown("Constraints Definition"), "theirs.cns");
+    EXPECT_EQ(tools().currentIndex(), -1);
+    EXPECT_TRUE(page.onApply());
+    EXPECT_EQ(storedAll(), "elsewhere|theirs.cns|mine.cfg");
+    EXPECT_FALSE(page.isModified());
+
+    tools().setCurrentIndex(3);
+    otherProgramStores("alpha", "again.cns");
+    EXPECT_TRUE(page.onApply());
+    EXPECT_EQ(storedAll(), "last||") << "the choice of a tool is one of its files, too";
+}
+
 TEST_F(NetlistProjectPage, TellsTheFirstFieldThatItRefuses) {
     testsupport::writeFile(directory() / "Own.prp", "x");
     CProjectDialog& page = open();

@@ -7,6 +7,8 @@
 #include "orv/projectfiledata.h"
 #include "ui_projectdialog.h"
 
+#include <QtCore/QSignalBlocker>
+
 #include <algorithm>
 #include <array>
 
@@ -64,6 +66,8 @@ public:
     bool isEdited() const { return custom_.isEdited(); }
 
     void load(const LayoutTool& tool) { custom_.load(customOfProject(), tool.*kind_.defaultPath); }
+
+    void follow(const LayoutTool& tool) { custom_.follow(customOfProject(), tool.*kind_.defaultPath); }
 
     void showDefault(const LayoutTool& tool) { custom_.switchOff(tool.*kind_.defaultPath); }
 
@@ -148,17 +152,39 @@ void CProjectDialog::followProject() {
     fields_->server.follow();
     if (fields_->properties.follow(propertiesOfProject()))
         fields_->uncheckedProperties = fields_->properties.text();
+    followLayoutTool();
 }
 
 void CProjectDialog::loadLayoutTool() {
-    toolKey_ = projectConfig_->projectFile->GetLayoutTool();
-    const LayoutTool& tool = tools_[toolKey_];
+    const LayoutTool& tool = showLayoutTool();
     fields_->constraints.load(tool);
     fields_->configuration.load(tool);
+}
+
+/// Selects the project's tool, and leaves its files alone.
+const LayoutTool& CProjectDialog::showLayoutTool() {
+    toolKey_ = projectConfig_->projectFile->GetLayoutTool();
+    const LayoutTool& tool = tools_[toolKey_];
     const auto& offered = tools_.offered();
     const auto found = std::ranges::find(offered, tool.displayName);
     toolIndex_ = found == offered.end() ? -1 : static_cast<int>(found - offered.begin());
+    const QSignalBlocker notTheUser(ui_->layoutTool);
     ui_->layoutTool->setCurrentIndex(toolIndex_);
+    return tool;
+}
+
+/// A tool that the user has chosen brings its own files, so that nothing follows then.
+void CProjectDialog::followLayoutTool() {
+    if (ui_->layoutTool->currentIndex() != toolIndex_)
+        return;
+    const bool isAnother = projectConfig_->projectFile->GetLayoutTool() != toolKey_;
+    const LayoutTool& tool = isAnother ? showLayoutTool() : tools_[toolKey_];
+    for (CustomFileField* field : {&fields_->constraints, &fields_->configuration}) {
+        if (isAnother && !field->isEdited())
+            field->load(tool);
+        else
+            field->follow(tool);
+    }
 }
 
 void CProjectDialog::chooseLayoutTool(int index) {
@@ -226,8 +252,10 @@ bool CProjectDialog::checkPropertyDefinitions() {
 void CProjectDialog::storeLayoutTool() {
     const std::string key = chosenLayoutTool();
     projectConfig_->projectFile->SetLayoutTool(key);
-    if (projectConfig_->projectFile->GetLayoutTool() == key)
-        toolIndex_ = ui_->layoutTool->currentIndex();
+    if (projectConfig_->projectFile->GetLayoutTool() != key)
+        return;
+    toolKey_ = key;
+    toolIndex_ = ui_->layoutTool->currentIndex();
 }
 
 /// The key of the first tool with the selected name. A tool that the list does not show stays the project's

@@ -34,6 +34,8 @@ private:
     std::string propertiesOfProject() const;
     void followProject();
     void loadLayoutTool();
+    const LayoutTool& showLayoutTool();
+    void followLayoutTool();
     void chooseLayoutTool(int index);
     void storeLayoutTool();
     std::string chosenLayoutTool() const;

@@ -165,10 +165,10 @@ void SwitchedText::switchOff(const std::string& shown) {
     use_.setChecked(false);
 }
 
-void SwitchedText::follow(const std::string& value) {
+void SwitchedText::follow(const std::string& value, const std::string& shownWithout) {
     const std::string known = wasOn_ ? text_.state().project() : std::string();
     if (value != known && !isEdited())
-        load(value);
+        load(value, shownWithout);
 }
 
 void SwitchedText::noteStored(const std::string& value) {

@@ -94,7 +94,7 @@ public:
     /// Clears the mark, and shows a text that is not in use.
     void switchOff(const std::string& shown);
     /// Loads what the project has by now, unless the user has edited it.
-    void follow(const std::string& value);
+    void follow(const std::string& value, const std::string& shownWithout = {});
     void noteStored(const std::string& value);
 
     bool isOn() const;
