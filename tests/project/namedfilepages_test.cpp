@@ -128,11 +128,21 @@ TEST_F(NamedFilePages, AFailedSaveIsToldAndKeepsTheEditsInTheOpenDialog) {
 }
 
 TEST_F(NamedFilePages, AnotherPagesStoreLeavesUnsavedEditsToBeStored) {
-    for (const std::string name : {"mine", "other"}) { // the file there is, and another one
+    const struct {
+        const char* name;
+        bool byPage; ///< and not by another program
+    } rows[] = {{"mine", true}, {"other", true}, {"other", false}};
+    for (const auto& [file, byPage] : rows) {
+        const std::string name = file;
         openNew();
         run([&](QDialog& dialog) {
             editBorders(dialog);
             boxDuring([&] { editComponents(dialog); }, "No");
+            if (!byPage) {
+                onDisk()->SetValue("DesignInfo", "BorderSymbols", path(name + ".ini"));
+                onDisk()->SetValue("DesignInfo", "PinComponents", path(name + ".pin"));
+                return press(dialog, "OK");
+            }
             selectCategory(dialog, "Project");
             auto& page = *dialog.findChild<ovsettings::CProjectDialog*>();
             testsupport::type(*find<QLineEdit>(page, "Border Symbols"), path(name + ".ini"));
@@ -142,6 +152,48 @@ TEST_F(NamedFilePages, AnotherPagesStoreLeavesUnsavedEditsToBeStored) {
         });
         expectStored(name);
     }
+}
+
+TEST_F(NamedFilePages, AFileThatNobodyHasReadIsReadOnceASaveOfItWasRefused) {
+    const ProjectErrors quiet;
+    onDisk()->SetValue("DesignInfo", "BorderSymbols", path("other.ini"));
+    onDisk()->SetValue("DesignInfo", "PinComponents", path("other.pin"));
+    run([&](QDialog& dialog) {
+        editBorders(dialog);
+        boxDuring([&] { press(dialog, "Apply"); });
+        press(dialog, "Apply");
+        editComponents(dialog);
+        boxDuring([&] { press(dialog, "OK"); });
+        press(dialog, "OK");
+    });
+    expectStored("other");
+}
+
+TEST_F(NamedFilePages, EditsOfAFileThatIsNamedNoMoreAreToldAtACommitAndStayForTheNextOne) {
+    const struct {
+        const char *page, *field, *name;
+        void (*edit)(QDialog& dialog);
+    } rows[] = {{"Borders", "Border Symbols", "mine.ini", &editBorders},
+                {"Special Components", "Special Components", "mine.pin", &editComponents}};
+    run([&](QDialog& dialog) {
+        for (const auto& row : rows) {
+            row.edit(dialog);
+            if (row.edit == &editBorders)
+                boxDuring([&] { selectCategory(dialog, "Project"); }, "No");
+            selectCategory(dialog, "Project");
+            auto& field = *find<QLineEdit>(*dialog.findChild<ovsettings::CProjectDialog*>(), row.field);
+            testsupport::type(field, "");
+            EXPECT_EQ(boxDuring([&] { press(dialog, "Apply"); }).text,
+                      std::string("The changes of \"") + row.page +
+                          "\" cannot be saved: the project names no file for them.");
+            selectCategory(dialog, row.page);
+            selectCategory(dialog, "Project"); // without a question: Yes could do nothing
+            testsupport::type(field, path(row.name));
+            press(dialog, "Apply");
+        }
+        press(dialog, "OK");
+    });
+    expectStored("mine");
 }
 
 TEST_F(NamedFilePages, ANewBorderSizeIsScrolledToWhole) {

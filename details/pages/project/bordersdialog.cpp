@@ -50,26 +50,33 @@ bool CBordersDialog::buildTemplate() {
 }
 
 bool CBordersDialog::OnInitDialog() {
+    file_.noteLoaded(storedPath());
     load();
     enableControls();
     return true;
 }
 
 /// A page without changes stores nothing: by now the object may stand for another file. What is changed is
-/// laid onto what the object holds by now, which stays as it is where it cannot be saved.
+/// laid onto what the object holds by now, which stays as it is where it cannot be saved. That there is no
+/// file any more is told, but refuses nothing: the user took it away, and here he could not give it back.
 bool CBordersDialog::onApply() {
-    Orv::IBorderSymbols* symbols = borderSymbols();
-    const std::string path = storedPath();
-    if (!dirty_ || !symbols || path.empty())
+    if (!dirty_)
         return true;
+    if (!hasFile()) {
+        tellNoFile(*this, tr("Borders"));
+        return true;
+    }
+    followFile();
+    Orv::IBorderSymbols* symbols = borderSymbols();
     const Orv::IBorderSymbols::Table table = symbols->GetTable();
     const CBorderProperties::Properties properties = symbols->GetProperties();
     rows_.store(symbols->GetTable());
     symbols->GetProperties() = properties_.laidOver(properties);
-    symbols->Save(path);
+    symbols->Save(storedPath());
     if (const std::string cause = symbols->GetSaveError(); !cause.empty()) {
         symbols->GetTable() = table;
         symbols->GetProperties() = properties;
+        file_.noteFailedSave();
         tellFailedSave(*this, cause);
         return false;
     }
@@ -79,19 +86,15 @@ bool CBordersDialog::onApply() {
     return true;
 }
 
-/// Another page may have given the project another border symbols file, or have had it read again.
 bool CBordersDialog::onEnter() {
-    if (!dirty_)
-        load();
-    else if (borderSymbols() && rows_.follow(borderSymbols()->GetTable()))
-        ui_->grid->showRows(rows_);
+    followFile();
     enableControls();
     return true;
 }
 
-/// What is not saved stays on the page.
+/// What is not saved stays on the page. Without a file a Yes could do nothing.
 bool CBordersDialog::onLeave() {
-    if (dirty_ &&
+    if (dirty_ && hasFile() &&
         askYesNo(this, tr("Do you want to save the changes you've made in this page?"), tr("Borders")))
         onApply();
     return true;
@@ -109,6 +112,10 @@ std::string CBordersDialog::storedPath() const {
     return hasProject(projectConfig_) ? projectConfig_->projectFile->GetBorderSymbolsPath(1) : std::string();
 }
 
+bool CBordersDialog::hasFile() const {
+    return borderSymbols() && !storedPath().empty();
+}
+
 void CBordersDialog::load() {
     if (!ui_->grid || !borderSymbols())
         return;
@@ -118,12 +125,22 @@ void CBordersDialog::load() {
     dirty_ = false;
 }
 
+/// Another page or program may have given the project another border symbols file, or have had it read again.
+void CBordersDialog::followFile() {
+    if (!ui_->grid || !borderSymbols())
+        return;
+    file_.follow(*borderSymbols(), storedPath());
+    if (!dirty_)
+        load();
+    else if (rows_.follow(borderSymbols()->GetTable()))
+        ui_->grid->showRows(rows_);
+}
+
 void CBordersDialog::enableControls() {
     if (!ui_->grid)
         return;
-    const bool hasFile = borderSymbols() && !storedPath().empty();
     for (QWidget* control : std::initializer_list<QWidget*>{ui_->grid, ui_->properties, ui_->addCustom})
-        control->setEnabled(hasFile);
+        control->setEnabled(hasFile());
     enableDelete();
 }
 

@@ -4,6 +4,7 @@
 #include "details/pages/project/attributesgrid.h"
 #include "details/pages/project/borderproperties.h"
 #include "details/pages/project/borderrows.h"
+#include "details/pages/project/namedfile.h"
 #include "details/pages/project/symbolsfeeder.h"
 
 #include <memory>
@@ -44,7 +45,9 @@ private:
     /// The file object of the project; null if it has none.
     Orv::IBorderSymbols* borderSymbols() const;
     std::string storedPath() const;
+    bool hasFile() const;
     void load();
+    void followFile();
     void enableControls();
     void chooseSymbol(std::size_t index, BorderSheet sheet);
     void setSymbol(std::size_t index, BorderSheet sheet, const std::string& symbol);
@@ -60,6 +63,7 @@ private:
     std::optional<KnownValues> knownValues();
 
     std::unique_ptr<Ui::CBordersDialog> ui_;
+    NamedFile file_;
     CBorderRows rows_;
     CBorderProperties properties_;
     bool dirty_ = false;

@@ -28,4 +28,11 @@ void tellFailedSave(QWidget& page, const std::string& cause) {
                 QMessageBox::Critical);
 }
 
+void tellNoFile(QWidget& page, const QString& caption) {
+    const char* const text =
+        QT_TRANSLATE_NOOP("ovsettings::ProjectPage",
+                          "The changes of \"%1\" cannot be saved: the project names no file for them.");
+    tellFailedSave(page, toUtf8(translated(text).arg(caption)));
+}
+
 } // namespace ovsettings

@@ -2,6 +2,7 @@
 
 #include <string>
 
+class QString;
 class QWidget;
 
 namespace ovsettings {
@@ -12,5 +13,9 @@ bool asksToSave(QWidget& page);
 
 /// Tells why a page could not save its file.
 void tellFailedSave(QWidget& page, const std::string& cause);
+
+/// Tells that a page has changes of a file that the project names no more.
+/// @param caption of the page, which need not be the one on show.
+void tellNoFile(QWidget& page, const QString& caption);
 
 } // namespace ovsettings

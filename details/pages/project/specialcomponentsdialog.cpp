@@ -106,25 +106,32 @@ bool CSpecialComponentsDialog::buildTemplate() {
 }
 
 bool CSpecialComponentsDialog::OnInitDialog() {
+    file_.noteLoaded(storedPath());
     load();
     enableControls();
     return true;
 }
 
 /// What the file object holds stays as it is where it cannot be saved. That is no matter of a page on which
-/// nothing was changed: there is nothing to lose, and the user may not be able to mend it.
+/// nothing was changed: there is nothing to lose, and the user may not be able to mend it. That there is no
+/// file any more is told, but refuses nothing: the user took it away, and here he could not give it back.
 bool CSpecialComponentsDialog::onApply() {
-    const std::string path = storedPath();
-    Orv::ISpecialComponents* file = components();
-    if (!isBuilt() || !file || path.empty())
+    if (!isBuilt())
         return true;
     takeRows();
+    if (!hasFile()) {
+        if (working_ != loaded_)
+            tellNoFile(*this, tr("Special Components"));
+        return true;
+    }
     followFile();
     if (saved_ && working_ == loaded_)
         return true;
     putIntoFile(working_);
-    file->Save(path);
-    const std::string cause = file->GetSaveError();
+    components()->Save(storedPath());
+    const std::string cause = components()->GetSaveError();
+    if (!cause.empty())
+        file_.noteFailedSave();
     if (!cause.empty() && working_ != loaded_) {
         putIntoFile(loaded_);
         tellFailedSave(*this, cause);
@@ -145,12 +152,12 @@ bool CSpecialComponentsDialog::onEnter() {
 }
 
 /// A list that only grew or shrank at its end is no reason to ask; it stays, to be stored. So does what could
-/// not be saved.
+/// not be saved; without a file a Yes could do nothing.
 bool CSpecialComponentsDialog::onLeave() {
     if (!isBuilt())
         return true;
     takeRows();
-    if (!isModified())
+    if (!hasFile() || !isModified())
         return true;
     if (asksToSave(*this) && !onApply())
         return true;
@@ -209,6 +216,10 @@ std::string CSpecialComponentsDialog::storedPath() const {
                : std::string();
 }
 
+bool CSpecialComponentsDialog::hasFile() const {
+    return components() && !storedPath().empty();
+}
+
 CSpecialComponentsDialog::Lists CSpecialComponentsDialog::listsInFile() const {
     Lists lists;
     if (Orv::ISpecialComponents* file = components()) {
@@ -260,9 +271,11 @@ void CSpecialComponentsDialog::selectCategory(int category) {
     showRows();
 }
 
-/// Another page may have given the project another file, or have had it read again: the lists of the former
-/// content must not get into it, but what the user has changed in them is still to be stored.
+/// Another page or program may have given the project another file, or have had it read again: the lists of
+/// the former content must not get into it, but what the user has changed in them is still to be stored.
 void CSpecialComponentsDialog::followFile() {
+    if (components())
+        file_.follow(*components(), storedPath());
     const Lists present = listsInFile();
     if (present == loaded_)
         return;
@@ -279,9 +292,8 @@ void CSpecialComponentsDialog::followFile() {
 
 /// Without a file there is nothing to save to.
 void CSpecialComponentsDialog::enableControls() {
-    const bool hasFile = components() && !storedPath().empty();
-    ui_->category->setEnabled(hasFile);
-    ui_->symbols->setEnabled(hasFile);
+    ui_->category->setEnabled(hasFile());
+    ui_->symbols->setEnabled(hasFile());
 }
 
 void CSpecialComponentsDialog::CComboBoxEx::setKnownSymbols(const QStringList& symbols) {

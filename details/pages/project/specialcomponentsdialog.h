@@ -1,6 +1,7 @@
 #pragma once
 
 #include "details/pages/page.h"
+#include "details/pages/project/namedfile.h"
 #include "details/shell/unreportededits.h"
 #include "details/widgets/listboxeditor.h"
 
@@ -81,6 +82,7 @@ private:
     Lists editedLists() const;
     Orv::ISpecialComponents* components() const;
     std::string storedPath() const;
+    bool hasFile() const;
     Lists listsInFile() const;
     void putIntoFile(const Lists& lists);
     QStringList knownSymbols() const;
@@ -93,6 +95,7 @@ private:
     void enableControls();
 
     std::unique_ptr<Ui::CSpecialComponentsDialog> ui_;
+    NamedFile file_;
     Lists working_;
     Lists loaded_;
     int shown_ = 0; ///< index of the category on show
