@@ -3,6 +3,7 @@
 #include "details/appcfg/appcfg.h"
 #include "details/platform/environment.h"
 #include "details/shell/dialogunits.h"
+#include "details/shell/followsconfiguration.h"
 #include "details/shell/pagemanager.h"
 #include "details/shell/pagestarter.h"
 #include "details/shell/settingsupdater.h"
@@ -26,6 +27,7 @@
 #include <QtWidgets/QScrollBar>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -319,6 +321,7 @@ void CSettingsDialog::reject() {
 }
 
 bool CSettingsDialog::commit(Commit kind) {
+    ui_->notice->removeNotices();
     gatherChangedPages();
     if (!activePage_ || !activePage_->isValid())
         return false;
@@ -441,7 +444,44 @@ void CSettingsDialog::showActivePageHelp() {
     });
 }
 
+/// Other programs write while this one is not in front. What is in the way of a refresh when it comes back, a
+/// question for one, is gone when the focus has returned to the dialog.
+void CSettingsDialog::noteActivation(const QEvent& event) {
+    if (event.type() == QEvent::ApplicationStateChange) {
+        const auto state = static_cast<const QApplicationStateChangeEvent&>(event).applicationState();
+        if (state == Qt::ApplicationActive)
+            refreshIfDue();
+        else
+            refreshDue_ = true;
+    } else if (refreshDue_ && (event.type() == QEvent::WindowActivate || event.type() == QEvent::FocusIn)) {
+        QMetaObject::invokeMethod(this, &CSettingsDialog::refreshIfDue, Qt::QueuedConnection);
+    }
+}
+
+void CSettingsDialog::refreshIfDue() {
+    const QWidget* modal = QApplication::activeModalWidget();
+    if (!refreshDue_ || !initialised_ || busy_ || QApplication::activePopupWidget() ||
+        (modal && modal != this))
+        return;
+    refreshDue_ = false;
+    runCommand([this] { refresh(); });
+}
+
+/// The pages follow also where nothing changed just now: the host may have refreshed the store by itself.
+void CSettingsDialog::refresh() {
+    DroppedEdits dropped = appConfig_.refresh().dropped;
+    for (const auto& [index, page] : pages_) {
+        if (auto* follower = dynamic_cast<IFollowsConfiguration*>(page.data()))
+            std::ranges::move(follower->followConfiguration(), std::back_inserter(dropped));
+    }
+    for (const auto& [key, field] : dropped) {
+        ui_->notice->addNotice(tr("%1 is locked by %2 now; your change of it was given up.")
+                                   .arg(toQString(key), toQString(appConfig_.lockingDirectory(key, field))));
+    }
+}
+
 bool CSettingsDialog::eventFilter(QObject* watched, QEvent* event) {
+    noteActivation(*event);
     const QObject* keyReceiver = focusWidget() ? focusWidget() : this;
     // Only the delivery to the control itself is shown to the page, not the way up through its parents.
     if (event->type() == QEvent::KeyPress && activePage_ && watched == keyReceiver) {

@@ -102,6 +102,11 @@ private:
     void cancel();
     void showActivePageHelp();
 
+    void noteActivation(const QEvent& event);
+    /// Not inside a command, a question or another dialog; what is due then stays due.
+    void refreshIfDue();
+    void refresh();
+
     /// Runs what the event loop calls; what it throws ends the modal loop and waits there for DoModal.
     template <typename Callback>
     void guarded(Callback callback);
@@ -123,6 +128,7 @@ private:
     std::optional<unsigned> shownIndex_; ///< of the page on show, also of one that could not be made
     bool initialised_ = false;
     bool busy_ = false; ///< a command runs; a page may handle events in it, which must not start another
+    bool refreshDue_ = false; ///< the application was not the active one since the last refresh
     QPointer<CPropDialogTemplate> currentPage_; ///< the page on show, which is asked on leaving
     QPointer<CPropDialogTemplate> activePage_;  ///< the page that OK, Apply, help and keys go to first
     std::unique_ptr<CSettingsUpdater> updater_;

@@ -6,7 +6,6 @@
 #include "details/widgets/lockmark.h"
 #include "details/widgets/radiobutton.h"
 #include "details/widgets/stringconversion.h"
-#include "orv/appconfiguration.h"
 
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
@@ -28,14 +27,20 @@ constexpr double kStepsInRange = 1000;
 CBinding::CBinding(std::string key) : key_(std::move(key)) {
 }
 
+CBinding::Stored CBinding::read(const Orv::iAppConfiguration& appConfig) const {
+    Stored stored;
+    Orv::getValue(appConfig, key_, stored.text, stored.locked);
+    return stored;
+}
+
 void CBinding::show(const Orv::iAppConfiguration& appConfig) {
-    std::string text;
-    locked_ = false;
-    Orv::getValue(appConfig, key_, text, locked_);
-    showText(appConfig, text);
-    unchanged_ = this->text();
-    if (locked_)
-        showLock(appConfig);
+    stored_ = read(appConfig);
+    showText(appConfig, stored_.text);
+    unchanged_ = text();
+    if (!stored_.locked)
+        return;
+    for (QWidget* control : controls())
+        markLocked(*control, appConfig, key_);
 }
 
 void CBinding::store(Orv::iAppConfiguration& appConfig) {
@@ -45,11 +50,30 @@ void CBinding::store(Orv::iAppConfiguration& appConfig) {
     Orv::setValue(appConfig, key_, *value);
     // What was written, not what a read gives back: the store rounds numbers to six digits.
     unchanged_ = value;
+    stored_ = read(appConfig);
+}
+
+bool CBinding::follow(const Orv::iAppConfiguration& appConfig) {
+    const Stored now = read(appConfig);
+    if (now == stored_)
+        return false;
+    const bool edited = isModified();
+    if (edited && !now.locked) {
+        stored_ = now;
+        unchanged_ = shownFor(now.text);
+        return false;
+    }
+    if (stored_.locked) {
+        for (QWidget* control : controls())
+            unmarkLocked(*control);
+    }
+    show(appConfig);
+    return edited;
 }
 
 bool CBinding::isModified() const {
     const std::optional<std::string> value = text();
-    return !locked_ && value && value != unchanged_;
+    return !stored_.locked && value && value != unchanged_;
 }
 
 CFlagBinding::CFlagBinding(std::string key, QCheckBox& box) : CBinding(std::move(key)), box_(box) {
@@ -59,8 +83,12 @@ void CFlagBinding::showText(const Orv::iAppConfiguration&, const std::string& te
     box_.setChecked(text == "1");
 }
 
-void CFlagBinding::showLock(const Orv::iAppConfiguration& appConfig) {
-    markLocked(box_, appConfig, key());
+std::vector<QWidget*> CFlagBinding::controls() const {
+    return {&box_};
+}
+
+std::string CFlagBinding::shownFor(const std::string& text) const {
+    return flagText(text == "1");
 }
 
 std::optional<std::string> CFlagBinding::text() const {
@@ -76,14 +104,22 @@ CChoiceBinding::CChoiceBinding(std::string key, QGroupBox& group, std::vector<Ch
       noneChecked_(noneChecked) {
 }
 
-void CChoiceBinding::showText(const Orv::iAppConfiguration&, const std::string& text) {
+const ChoiceButton& CChoiceBinding::choiceFor(const std::string& text) const {
     const long value = std::strtol(text.c_str(), nullptr, 10);
     const auto found = std::ranges::find(buttons_, value, &ChoiceButton::value);
-    checkRadioButton(*(found != buttons_.end() ? *found : buttons_.at(other_)).button);
+    return found != buttons_.end() ? *found : buttons_.at(other_);
 }
 
-void CChoiceBinding::showLock(const Orv::iAppConfiguration& appConfig) {
-    markLocked(group_, appConfig, key());
+void CChoiceBinding::showText(const Orv::iAppConfiguration&, const std::string& text) {
+    checkRadioButton(*choiceFor(text).button);
+}
+
+std::vector<QWidget*> CChoiceBinding::controls() const {
+    return {&group_};
+}
+
+std::string CChoiceBinding::shownFor(const std::string& text) const {
+    return std::to_string(choiceFor(text).value);
 }
 
 std::optional<std::string> CChoiceBinding::text() const {
@@ -99,13 +135,21 @@ std::optional<std::string> CChoiceBinding::text() const {
 CIndexBinding::CIndexBinding(std::string key, QComboBox& list) : CBinding(std::move(key)), list_(list) {
 }
 
-void CIndexBinding::showText(const Orv::iAppConfiguration&, const std::string& text) {
+int CIndexBinding::indexFor(const std::string& text) const {
     const long index = std::strtol(text.c_str(), nullptr, 10);
-    list_.setCurrentIndex(index >= 0 && index < list_.count() ? static_cast<int>(index) : -1);
+    return index >= 0 && index < list_.count() ? static_cast<int>(index) : -1;
 }
 
-void CIndexBinding::showLock(const Orv::iAppConfiguration& appConfig) {
-    markLocked(list_, appConfig, key());
+void CIndexBinding::showText(const Orv::iAppConfiguration&, const std::string& text) {
+    list_.setCurrentIndex(indexFor(text));
+}
+
+std::vector<QWidget*> CIndexBinding::controls() const {
+    return {&list_};
+}
+
+std::string CIndexBinding::shownFor(const std::string& text) const {
+    return std::to_string(indexFor(text));
 }
 
 std::optional<std::string> CIndexBinding::text() const {
@@ -127,9 +171,12 @@ void CLengthBinding::showText(const Orv::iAppConfiguration& appConfig, const std
     render(Orv::lengthFromText(text), Orv::getConfiguredUnit(appConfig));
 }
 
-void CLengthBinding::showLock(const Orv::iAppConfiguration& appConfig) {
-    markLocked(control_, appConfig, key());
-    markLocked(unitLabel_, appConfig, key());
+std::vector<QWidget*> CLengthBinding::controls() const {
+    return {&control_, &unitLabel_};
+}
+
+std::string CLengthBinding::shownFor(const std::string& text) const {
+    return Orv::lengthToText(Orv::lengthFromText(text));
 }
 
 std::optional<std::string> CLengthBinding::text() const {
@@ -166,6 +213,15 @@ void CBindings::show(const Orv::iAppConfiguration& appConfig) {
 void CBindings::store(Orv::iAppConfiguration& appConfig) {
     for (const auto& binding : bindings_)
         binding->store(appConfig);
+}
+
+std::vector<Orv::RefreshResult::Field> CBindings::follow(const Orv::iAppConfiguration& appConfig) {
+    std::vector<Orv::RefreshResult::Field> dropped;
+    for (const auto& binding : bindings_) {
+        if (binding->follow(appConfig))
+            dropped.push_back({binding->key(), 0});
+    }
+    return dropped;
 }
 
 bool CBindings::isModified() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "orv/appconfiguration.h"
 #include "orv/metrics.h"
 
 #include <memory>
@@ -13,10 +14,7 @@ class QComboBox;
 class QGroupBox;
 class QLabel;
 class QRadioButton;
-
-namespace Orv {
-class iAppConfiguration;
-}
+class QWidget;
 
 namespace ovsettings {
 
@@ -37,25 +35,39 @@ public:
     CBinding(const CBinding&) = delete;
     CBinding& operator=(const CBinding&) = delete;
 
+    const std::string& key() const { return key_; }
+
     void show(const Orv::iAppConfiguration& appConfig);
     /// Writes the key, a locked one too: the store keeps what is locked, and tells its sinks.
     void store(Orv::iAppConfiguration& appConfig);
+    /// Shows what the key holds by now, if that or its lock has changed since the last show, store or follow.
+    /// An edit stays, unless the key was locked meanwhile.
+    /// @return true if an edit was given up.
+    bool follow(const Orv::iAppConfiguration& appConfig);
     /// True if the control stands for another value than after the last show or store, so not where a store
     /// would only bring an odd text into its normal form. A locked key never changes.
     bool isModified() const;
 
-protected:
-    const std::string& key() const { return key_; }
-
 private:
+    struct Stored {
+        std::string text;
+        bool locked = false;
+
+        bool operator==(const Stored&) const = default;
+    };
+
+    Stored read(const Orv::iAppConfiguration& appConfig) const;
     virtual void showText(const Orv::iAppConfiguration& appConfig, const std::string& text) = 0;
-    virtual void showLock(const Orv::iAppConfiguration& appConfig) = 0;
+    /// What looks locked where the key is.
+    virtual std::vector<QWidget*> controls() const = 0;
+    /// text() while the control shows a stored text.
+    virtual std::string shownFor(const std::string& text) const = 0;
     /// What the control stands for, in the key's encoding; nothing if the key is to stay as it is.
     virtual std::optional<std::string> text() const = 0;
 
     std::string key_;
-    std::optional<std::string> unchanged_; ///< text() after the last show or store
-    bool locked_ = false;
+    Stored stored_;                        ///< as it was read last
+    std::optional<std::string> unchanged_; ///< text() for what is stored, or after the last store
 };
 
 /// A check box: "1" is checked, any other text is not; stores "1" or "0".
@@ -65,7 +77,8 @@ public:
 
 private:
     void showText(const Orv::iAppConfiguration& appConfig, const std::string& text) override;
-    void showLock(const Orv::iAppConfiguration& appConfig) override;
+    std::vector<QWidget*> controls() const override;
+    std::string shownFor(const std::string& text) const override;
     std::optional<std::string> text() const override;
 
     QCheckBox& box_;
@@ -90,8 +103,10 @@ public:
 
 private:
     void showText(const Orv::iAppConfiguration& appConfig, const std::string& text) override;
-    void showLock(const Orv::iAppConfiguration& appConfig) override;
+    std::vector<QWidget*> controls() const override;
+    std::string shownFor(const std::string& text) const override;
     std::optional<std::string> text() const override;
+    const ChoiceButton& choiceFor(const std::string& text) const;
 
     QGroupBox& group_;
     std::vector<ChoiceButton> buttons_;
@@ -107,8 +122,10 @@ public:
 
 private:
     void showText(const Orv::iAppConfiguration& appConfig, const std::string& text) override;
-    void showLock(const Orv::iAppConfiguration& appConfig) override;
+    std::vector<QWidget*> controls() const override;
+    std::string shownFor(const std::string& text) const override;
     std::optional<std::string> text() const override;
+    int indexFor(const std::string& text) const;
 
     QComboBox& list_;
 };
@@ -127,7 +144,8 @@ public:
 
 private:
     void showText(const Orv::iAppConfiguration& appConfig, const std::string& text) override;
-    void showLock(const Orv::iAppConfiguration& appConfig) override;
+    std::vector<QWidget*> controls() const override;
+    std::string shownFor(const std::string& text) const override;
     std::optional<std::string> text() const override;
 
     void setUnit(Orv::Metrics::Unit unit);
@@ -153,6 +171,8 @@ public:
 
     void show(const Orv::iAppConfiguration& appConfig);
     void store(Orv::iAppConfiguration& appConfig);
+    /// @return the fields whose edits were given up.
+    std::vector<Orv::RefreshResult::Field> follow(const Orv::iAppConfiguration& appConfig);
     bool isModified() const;
 
 private:

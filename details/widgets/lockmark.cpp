@@ -20,6 +20,27 @@ void lock(QWidget& widget, const QString& toolTip) {
         widget.setAccessibleDescription(toolTip);
 }
 
+void unlock(QWidget& widget) {
+    if (toToolTip(widget.accessibleDescription()) == widget.toolTip())
+        widget.setAccessibleDescription({});
+    widget.setToolTip({});
+    widget.setEnabled(true);
+}
+
+/// A control and what is locked together with it.
+QWidgetList lockedTogether(QWidget& control) {
+    QWidgetList widgets{&control};
+    for (QAbstractButton* button : control.findChildren<QAbstractButton*>())
+        widgets.append(button);
+    if (const QWidget* around = control.parentWidget()) {
+        for (QLabel* label : around->findChildren<QLabel*>()) {
+            if (label->buddy() == &control)
+                widgets.append(label);
+        }
+    }
+    return widgets;
+}
+
 } // namespace
 
 QString lockToolTip(const Orv::iAppConfiguration& appConfig, const std::string& key, std::size_t field) {
@@ -36,15 +57,13 @@ QString lockToolTip(const Orv::iAppConfiguration& appConfig, const std::string& 
 void markLocked(QWidget& control, const Orv::iAppConfiguration& appConfig, const std::string& key,
                 std::size_t field) {
     const QString toolTip = lockToolTip(appConfig, key, field);
-    lock(control, toolTip);
-    for (QAbstractButton* button : control.findChildren<QAbstractButton*>())
-        lock(*button, toolTip);
-    if (const QWidget* around = control.parentWidget()) {
-        for (QLabel* label : around->findChildren<QLabel*>()) {
-            if (label->buddy() == &control)
-                lock(*label, toolTip);
-        }
-    }
+    for (QWidget* widget : lockedTogether(control))
+        lock(*widget, toolTip);
+}
+
+void unmarkLocked(QWidget& control) {
+    for (QWidget* widget : lockedTogether(control))
+        unlock(*widget);
 }
 
 bool isUsersToMend(const QWidget& control) {

@@ -25,6 +25,9 @@ QString lockToolTip(const Orv::iAppConfiguration& appConfig, const std::string& 
 void markLocked(QWidget& control, const Orv::iAppConfiguration& appConfig, const std::string& key,
                 std::size_t field = 0);
 
+/// Takes that away again.
+void unmarkLocked(QWidget& control);
+
 /// Whether a value may keep the user on a page until he has mended it. One that is locked is not his to mend,
 /// so the check of no page refuses it, whatever it is.
 bool isUsersToMend(const QWidget& control);

@@ -1,7 +1,9 @@
 #include "details/pages/advanced/generaldialog.h"
 
+#include "details/appcfg/appcfg.h"
 #include "details/appcfg/unitglue.h"
 #include "details/pages/advanced/generalchoices.h"
+#include "details/pages/advanced/generalrowcheckbox.h"
 #include "details/pages/advanced/generalrowunitvalueedit.h"
 #include "details/widgets/stringconversion.h"
 #include "ui_generaldialog.h"
@@ -40,7 +42,7 @@ bool CGeneralDialog::OnInitDialog() {
     grid_ = ui_->grid;
     grid_->setAppConfiguration(appConfig_);
     grid_->onInitialUpdate();
-    kept_ = texts();
+    keep();
     return true;
 }
 
@@ -51,7 +53,7 @@ bool CGeneralDialog::onApply() {
         return false;
     for (const auto& row : grid_->rows())
         storeRow(*row);
-    kept_ = texts();
+    keep();
     return true;
 }
 
@@ -66,8 +68,8 @@ bool CGeneralDialog::onEnter() {
     }
     const std::vector<QString> after = texts();
     for (std::size_t row = 0; row < kept_.size(); ++row) {
-        if (kept_[row] == before[row])
-            kept_[row] = after[row];
+        if (kept_[row].text == before[row])
+            kept_[row].text = after[row];
     }
     return true;
 }
@@ -81,7 +83,49 @@ bool CGeneralDialog::isValid() {
 }
 
 bool CGeneralDialog::hasUnreportedEdits() const {
-    return texts() != kept_;
+    return !std::ranges::equal(texts(), kept_, {}, {}, &KeptRow::text);
+}
+
+DroppedEdits CGeneralDialog::followConfiguration() {
+    DroppedEdits dropped;
+    for (std::size_t at = 0; at < kept_.size(); ++at) {
+        KeptRow& kept = kept_[at];
+        CGeneralRow& row = *grid_->rows()[at];
+        const Stored now = read(row);
+        if (now == kept.stored)
+            continue;
+        kept.stored = now;
+        const bool edited = row.isEdited(kept.text);
+        kept.text = storedText(row);
+        if (edited && !now.lockedKey)
+            continue;
+        showAnew(row);
+        if (edited)
+            dropped.push_back({*now.lockedKey, 0});
+    }
+    onEnter(); // the unit may be another one
+    return dropped;
+}
+
+CGeneralDialog::Stored CGeneralDialog::read(const CGeneralRow& row) const {
+    Stored stored;
+    const auto readKey = [&](const std::string& key) {
+        bool locked = false;
+        Orv::getValue(*appConfig_, key, stored.texts.emplace_back(), locked);
+        if (locked && !stored.lockedKey)
+            stored.lockedKey = key;
+    };
+    if (const ChoiceTable* table = choiceTableOf(row.getKey()))
+        std::ranges::for_each(table->keys, readKey);
+    else
+        readKey(row.getKey());
+    return stored;
+}
+
+void CGeneralDialog::keep() {
+    kept_.clear();
+    for (const auto& row : grid_->rows())
+        kept_.push_back({row->valueText(), read(*row)});
 }
 
 std::vector<QString> CGeneralDialog::texts() const {
@@ -112,6 +156,17 @@ void CGeneralDialog::storeRow(CGeneralRow& row) {
     // What is locked need not look so: then the row goes back to what the store has kept.
     if (!writeChoice(*table, *written, *appConfig_))
         row.setValueText(shownChoice(*table, *appConfig_));
+}
+
+void CGeneralDialog::showAnew(CGeneralRow& row) const {
+    if (const ChoiceTable* table = choiceTableOf(row.getKey()))
+        grid_->readChoice(dynamic_cast<CGeneralRowCheckBox&>(row), *table);
+    row.showAnew();
+}
+
+QString CGeneralDialog::storedText(const CGeneralRow& row) const {
+    const ChoiceTable* table = choiceTableOf(row.getKey());
+    return table ? shownChoice(*table, *appConfig_) : row.storedText();
 }
 
 } // namespace ovsettings

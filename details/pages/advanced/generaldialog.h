@@ -1,11 +1,14 @@
 #pragma once
 
 #include "details/pages/page.h"
+#include "details/shell/followsconfiguration.h"
 #include "details/shell/unreportededits.h"
 
 #include <QtCore/QString>
 
 #include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
 namespace ovsettings {
@@ -19,7 +22,7 @@ class CGeneralDialog;
 
 /// The page "Advanced": a property sheet of the settings that have no page of their own. Its changes are not
 /// reported to the host by name, and that is meant: the host reads these settings when it needs them.
-class CGeneralDialog : public CPage, public IUnreportedEdits {
+class CGeneralDialog : public CPage, public IUnreportedEdits, public IFollowsConfiguration {
     Q_OBJECT
 
 public:
@@ -34,16 +37,34 @@ public:
     bool onLeave() override;
     bool isValid() override;
     bool hasUnreportedEdits() const override;
+    DroppedEdits followConfiguration() override;
 
 private:
+    /// What the keys of a row hold, and the first one that is locked.
+    struct Stored {
+        std::vector<std::string> texts;
+        std::optional<std::string> lockedKey;
+
+        bool operator==(const Stored&) const = default;
+    };
+    /// A row as it was filled, last stored or followed.
+    struct KeptRow {
+        QString text; ///< on show while the user changes nothing
+        Stored stored;
+    };
+
+    Stored read(const CGeneralRow& row) const;
     std::vector<QString> texts() const;
+    void keep();
     bool validate();
     void storeRow(CGeneralRow& row);
+    void showAnew(CGeneralRow& row) const;
+    QString storedText(const CGeneralRow& row) const;
 
     std::unique_ptr<Ui::CGeneralDialog> ui_;
     /// Null until the page is filled, and a page that is not has nothing to refuse.
     CGeneralGrid* grid_ = nullptr;
-    std::vector<QString> kept_; ///< the texts of the rows as they were filled or last stored
+    std::vector<KeptRow> kept_;
 };
 
 } // namespace ovsettings

@@ -66,11 +66,7 @@ std::unique_ptr<CGeneralRow> makeChoiceRow(CGeneralGrid& grid, const std::string
     auto row = std::make_unique<CGeneralRowCheckBox>(grid, caption);
     for (const ChoiceWritten& written : table.written)
         row->setDisplayValue(toUtf8(choiceCaption(written.choice)));
-    row->select(toUtf8(shownChoice(table, grid.appConfiguration())));
-    std::string ignored;
-    bool locked = false;
-    Orv::getValue(grid.appConfiguration(), table.keys.front(), ignored, locked);
-    row->setLocked(locked && table.showsLock);
+    grid.readChoice(*row, table);
     return row;
 }
 
@@ -106,6 +102,14 @@ void CGeneralGrid::onInitialUpdate() {
         appendRow(std::move(row));
     }
     layoutColumns();
+}
+
+void CGeneralGrid::readChoice(CGeneralRowCheckBox& row, const ChoiceTable& table) const {
+    row.select(toUtf8(shownChoice(table, *appConfig_)));
+    std::string ignored;
+    bool locked = false;
+    Orv::getValue(*appConfig_, table.keys.front(), ignored, locked);
+    row.setLocked(locked && table.showsLock);
 }
 
 void CGeneralGrid::appendRow(std::unique_ptr<CGeneralRow> row) {

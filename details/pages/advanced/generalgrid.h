@@ -9,6 +9,9 @@
 
 namespace ovsettings {
 
+struct ChoiceTable;
+class CGeneralRowCheckBox;
+
 /// A property sheet: a caption on the left, an editable value on the right, each line an object that knows
 /// its key.
 class CGeneralGrid : public CGridWnd {
@@ -25,6 +28,8 @@ public:
 
     /// Builds the rows of the page, their lengths in the configured unit.
     void onInitialUpdate();
+    /// Gives a row of choices the choice that is stored, for the next time that its cells are made.
+    void readChoice(CGeneralRowCheckBox& row, const ChoiceTable& table) const;
     /// Makes the cells of a row below the others and takes the row over.
     void appendRow(std::unique_ptr<CGeneralRow> row);
     /// Takes over a row whose cells have been made.

@@ -47,12 +47,27 @@ void CGeneralRow::showValueStyle(GridCellStyle style, bool locked) {
     if (locked) {
         style.readOnly = style.greyed = true;
         style.toolTip = lockToolTip(grid_.appConfiguration(), key_);
-        GridCellStyle captionStyle = grid_.cellStyle(row, kCaptionColumn);
-        captionStyle.greyed = true;
-        captionStyle.toolTip = style.toolTip;
-        grid_.setCellStyle(row, kCaptionColumn, captionStyle);
     }
+    GridCellStyle captionStyle = grid_.cellStyle(row, kCaptionColumn);
+    captionStyle.greyed = style.greyed;
+    captionStyle.toolTip = style.toolTip;
+    grid_.setCellStyle(row, kCaptionColumn, captionStyle);
     grid_.setCellStyle(row, kValueColumn, style);
+}
+
+void CGeneralRow::showAnew() {
+    grid_.giveUpEdit(static_cast<int>(rowIndex_), kValueColumn);
+    init(rowIndex_);
+}
+
+QString CGeneralRow::storedText() const {
+    std::string text;
+    readKey(text);
+    return toQString(text);
+}
+
+bool CGeneralRow::isEdited(const QString& kept) const {
+    return valueText() != kept;
 }
 
 QString CGeneralRow::valueText() const {

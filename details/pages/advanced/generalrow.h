@@ -36,6 +36,12 @@ public:
     virtual unsigned init(unsigned rowIndex) = 0;
     /// Checks the displayed value; what is wrong with it has been told when the result is false.
     virtual bool validate();
+    /// Shows what is stored by now in place of what is on show; an edit in progress is given up.
+    void showAnew();
+    /// The text that the row shows for what is stored in its key.
+    virtual QString storedText() const;
+    /// True if the value is the user's and not the one that the row showed as `kept`.
+    virtual bool isEdited(const QString& kept) const;
     /// The text of the value cell, as it is on show.
     QString valueText() const;
     void setValueText(const QString& text);

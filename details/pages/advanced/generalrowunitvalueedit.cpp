@@ -43,6 +43,8 @@ void CGeneralRowUnitValueEdit::setDisplayValue(const std::string& text) {
 }
 
 void CGeneralRowUnitValueEdit::onUnitChanged(Unit unit) {
+    if (unit == unit_)
+        return;
     const long same = length();
     unit_ = unit;
     showUnitCaption();
@@ -59,6 +61,16 @@ bool CGeneralRowUnitValueEdit::validate() {
         QCoreApplication::translate("ovsettings", "value should be between %1 and %2 %3")
             .arg(lengthText(minimum_), lengthText(maximum_), toQString(UnitTraits(unit_).Abbreviation())));
     return false;
+}
+
+QString CGeneralRowUnitValueEdit::storedText() const {
+    std::string text;
+    readKey(text);
+    return lengthText(Orv::lengthFromText(text));
+}
+
+bool CGeneralRowUnitValueEdit::isEdited(const QString& kept) const {
+    return isValueEdited() || CGeneralRow::isEdited(kept);
 }
 
 void CGeneralRowUnitValueEdit::showUnitCaption() {

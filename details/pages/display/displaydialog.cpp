@@ -5,6 +5,8 @@
 
 #include <QtWidgets/QStyle>
 
+#include <span>
+
 namespace ovsettings {
 
 namespace {
@@ -15,15 +17,23 @@ constexpr std::string_view kSeparator = " ,";
 
 struct FlagBox {
     QCheckBox* Ui::CDisplayDialog::*box;
-    const char* key;
+    const char* key; ///< its first field
 };
 
-// In the order in which they are stored.
-constexpr FlagBox kTooltips[] = {
+// In the order in which they are stored; those of tool tips are the last.
+constexpr FlagBox kBoxes[] = {
+    {&Ui::CDisplayDialog::commonProperties, "ATTRIBUTE"},
+    {&Ui::CDisplayDialog::pinNumbers, "PNUMSON"},
+    {&Ui::CDisplayDialog::referenceDesignators, "RNUMSON"},
+    {&Ui::CDisplayDialog::names, "LABEL"},
+    {&Ui::CDisplayDialog::symbolText, "COMPTEXTON"},
+    {&Ui::CDisplayDialog::graphicalText, "TEXT"},
+    {&Ui::CDisplayDialog::border, "BORDERON"},
     {&Ui::CDisplayDialog::netTooltips, "NET_TOOLTIPS"},
     {&Ui::CDisplayDialog::pinTooltips, "PIN_TOOLTIPS"},
     {&Ui::CDisplayDialog::componentTooltips, "COMPONENT_TOOLTIPS"},
 };
+constexpr auto kTooltips = std::span(kBoxes).last<3>();
 
 void showText(QCheckBox& box, const std::string& text) {
     box.setChecked(text != "0");
@@ -69,7 +79,7 @@ bool CDisplayDialog::OnInitDialog() {
         return false;
     CPropDialogTemplateEx::OnInitDialog();
     fill();
-    kept_ = marks();
+    keep();
     return true;
 }
 
@@ -126,7 +136,7 @@ bool CDisplayDialog::onApply() {
     Orv::setValue(*appConfig_, "BORDERON", textOf(*ui_->border));
     for (const FlagBox& tooltip : kTooltips)
         Orv::setValue(*appConfig_, tooltip.key, textOf(*(*ui_.*tooltip.box)));
-    kept_ = marks();
+    keep();
     return true;
 }
 
@@ -134,10 +144,43 @@ bool CDisplayDialog::hasUnreportedEdits() const {
     return appConfig_ && marks() != kept_;
 }
 
+DroppedEdits CDisplayDialog::followConfiguration() {
+    DroppedEdits dropped;
+    if (kept_.empty() || readAll() == stored_)
+        return dropped;
+    const std::vector<bool> shown = marks();
+    const std::vector<bool> before = kept_;
+    fill();
+    keep();
+    for (std::size_t at = 0; at < shown.size(); ++at) {
+        if (shown[at] == before[at])
+            continue;
+        if (stored_[at].locked)
+            dropped.push_back({kBoxes[at].key, 0});
+        else
+            (*ui_.*kBoxes[at].box)->setChecked(shown[at]);
+    }
+    return dropped;
+}
+
+std::vector<CDisplayDialog::Stored> CDisplayDialog::readAll() const {
+    std::vector<Stored> all;
+    for (const FlagBox& box : kBoxes) {
+        Stored& stored = all.emplace_back();
+        Orv::getValue(*appConfig_, box.key, stored.text, stored.locked);
+    }
+    return all;
+}
+
+void CDisplayDialog::keep() {
+    kept_ = marks();
+    stored_ = readAll();
+}
+
 std::vector<bool> CDisplayDialog::marks() const {
     std::vector<bool> marks;
-    for (const QCheckBox* box : findChildren<QCheckBox*>())
-        marks.push_back(box->isChecked());
+    for (const FlagBox& box : kBoxes)
+        marks.push_back((*ui_.*box.box)->isChecked());
     return marks;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "details/pages/page.h"
+#include "details/shell/followsconfiguration.h"
 #include "details/shell/unreportededits.h"
 
 #include <memory>
@@ -16,7 +17,7 @@ class CDisplayDialog;
 
 /// The page "Display": which classes of object the schematic editor shows, and which have tool tips. Nothing
 /// on it is disabled for a locked key: the store keeps what is locked.
-class CDisplayDialog : public CPage, public IUnreportedEdits {
+class CDisplayDialog : public CPage, public IUnreportedEdits, public IFollowsConfiguration {
     Q_OBJECT
 
 public:
@@ -27,6 +28,7 @@ public:
     bool OnInitDialog() override;
     bool onApply() override;
     bool hasUnreportedEdits() const override;
+    DroppedEdits followConfiguration() override;
 
     /// The names of properties that have tool tips, as one text and back. A text is split at every comma; the
     /// pieces lose the blanks around them, but for the last one, and empty pieces are dropped.
@@ -34,6 +36,16 @@ public:
     static std::vector<std::string> splitProperties(std::string_view text);
 
 private:
+    /// What the key of each box holds.
+    struct Stored {
+        std::string text;
+        bool locked = false;
+
+        bool operator==(const Stored&) const = default;
+    };
+
+    std::vector<Stored> readAll() const;
+    void keep();
     void fill();
     void enableNumbers(bool enabled);
     std::vector<bool> marks() const;
@@ -41,7 +53,9 @@ private:
     std::unique_ptr<Ui::CDisplayDialog> ui_;
     /// Read as the page is filled; no control shows it.
     std::string tooltipProperties_;
-    std::vector<bool> kept_; ///< the marks of the boxes when the page was filled or last stored
+    // As they were when the page was filled, last stored or followed.
+    std::vector<bool> kept_; ///< the marks of the boxes
+    std::vector<Stored> stored_;
 };
 
 } // namespace ovsettings

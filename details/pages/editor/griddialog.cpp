@@ -66,6 +66,13 @@ bool CGridDialog::isModified() const {
     return bindings_.isModified();
 }
 
+DroppedEdits CGridDialog::followConfiguration() {
+    if (!spacing_)
+        return {};
+    spacing_->followUnit(*appConfig_);
+    return bindings_.follow(*appConfig_);
+}
+
 bool CGridDialog::checkSpacing() {
     if (!spacing_)
         return true;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "details/pages/page.h"
+#include "details/shell/followsconfiguration.h"
 #include "details/widgets/bindings.h"
 
 #include <memory>
@@ -12,7 +13,7 @@ class CGridDialog;
 }
 
 /// The page "Grid": whether the schematic shows its grid, and how wide the grid is.
-class CGridDialog : public CPage {
+class CGridDialog : public CPage, public IFollowsConfiguration {
     Q_OBJECT
 
 public:
@@ -26,6 +27,7 @@ public:
     bool onLeave() override;
     bool isValid() override;
     bool isModified() const override;
+    DroppedEdits followConfiguration() override;
 
 private:
     bool checkSpacing();

@@ -40,21 +40,35 @@ bool CMetricsDialog::OnInitDialog() {
     Orv::Metrics::ListAvaibleUnits(units);
     for (const Unit unit : units)
         ui_->units->addItem(toQString(UnitTraits(unit).FullName()), static_cast<int>(unit));
-    told_ = Orv::getConfiguredUnit(*appConfig_);
-    ui_->units->setCurrentIndex(ui_->units->findText(toQString(UnitTraits(*told_).FullName())));
-
-    const std::string key = UnitTraits::GetUnitCfgKey();
-    std::string ignored;
-    bool locked = false;
-    Orv::getValue(*appConfig_, key, ignored, locked);
-    if (locked)
-        markLocked(*ui_->units, *appConfig_, key);
+    show(read());
     return true;
+}
+
+CMetricsDialog::Stored CMetricsDialog::read() const {
+    Stored stored{Orv::getConfiguredUnit(*appConfig_)};
+    std::string ignored;
+    Orv::getValue(*appConfig_, UnitTraits::GetUnitCfgKey(), ignored, stored.locked);
+    return stored;
+}
+
+void CMetricsDialog::show(const Stored& stored) {
+    if (stored_.locked)
+        unmarkLocked(*ui_->units);
+    stored_ = stored;
+    told_ = stored.unit;
+    ui_->units->setCurrentIndex(ui_->units->findText(toQString(UnitTraits(stored.unit).FullName())));
+    if (stored.locked)
+        markLocked(*ui_->units, *appConfig_, UnitTraits::GetUnitCfgKey());
+}
+
+void CMetricsDialog::store(Unit unit) {
+    Orv::setConfiguredUnit(*appConfig_, unit);
+    stored_ = read();
 }
 
 bool CMetricsDialog::onApply() {
     if (const auto unit = selectedUnit()) {
-        Orv::setConfiguredUnit(*appConfig_, *unit);
+        store(*unit);
         told_ = *unit;
     }
     return true;
@@ -64,7 +78,7 @@ bool CMetricsDialog::onLeave() {
     const auto unit = selectedUnit();
     if (unit && *unit != Orv::getConfiguredUnit(*appConfig_) &&
         askYesNo(this, tr("Do you want to save the changes you've made in this page?"), tr("Metrics")))
-        Orv::setConfiguredUnit(*appConfig_, *unit);
+        store(*unit);
     return true;
 }
 
@@ -72,6 +86,23 @@ bool CMetricsDialog::onLeave() {
 bool CMetricsDialog::isModified() const {
     const auto unit = selectedUnit();
     return unit && unit != told_;
+}
+
+DroppedEdits CMetricsDialog::followConfiguration() {
+    if (!told_)
+        return {};
+    const Stored now = read();
+    if (now == stored_)
+        return {};
+    const auto selected = selectedUnit();
+    const bool edited = selected && *selected != stored_.unit;
+    if (edited && !now.locked) {
+        stored_ = now;
+        told_ = now.unit;
+        return {};
+    }
+    show(now);
+    return edited ? DroppedEdits{{UnitTraits::GetUnitCfgKey(), 0}} : DroppedEdits();
 }
 
 std::optional<Unit> CMetricsDialog::selectedUnit() const {

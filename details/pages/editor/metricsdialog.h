@@ -1,6 +1,7 @@
 #pragma once
 
 #include "details/pages/page.h"
+#include "details/shell/followsconfiguration.h"
 #include "orv/metrics.h"
 
 #include <memory>
@@ -13,7 +14,7 @@ class CMetricsDialog;
 }
 
 /// The page "Units": the unit in which all pages show lengths. Stored lengths do not depend on it.
-class CMetricsDialog : public CPage {
+class CMetricsDialog : public CPage, public IFollowsConfiguration {
     Q_OBJECT
 
 public:
@@ -25,13 +26,25 @@ public:
     bool onApply() override;
     bool onLeave() override;
     bool isModified() const override;
+    DroppedEdits followConfiguration() override;
 
 private:
+    struct Stored {
+        Orv::Metrics::Unit unit;
+        bool locked = false;
+
+        bool operator==(const Stored&) const = default;
+    };
+
+    Stored read() const;
+    void show(const Stored& stored);
+    void store(Orv::Metrics::Unit unit);
     std::optional<Orv::Metrics::Unit> selectedUnit() const;
 
     std::unique_ptr<Ui::CMetricsDialog> ui_;
     /// The unit that the host knows of: as read, or as last committed. Nothing before the page is filled.
     std::optional<Orv::Metrics::Unit> told_;
+    Stored stored_; ///< as it was read last
 };
 
 } // namespace ovsettings

@@ -114,6 +114,13 @@ bool CNetsDialog::isModified() const {
     return bindings_.isModified();
 }
 
+DroppedEdits CNetsDialog::followConfiguration() {
+    if (!distance_)
+        return {};
+    distance_->followUnit(*appConfig_);
+    return bindings_.follow(*appConfig_);
+}
+
 /// A stored distance outside the limits is refused even if the user left it alone. That is meant.
 bool CNetsDialog::checkDistance() {
     if (!distance_)

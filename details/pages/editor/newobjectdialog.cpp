@@ -74,6 +74,13 @@ bool CNewObjectDialog::isModified() const {
     return appConfig_ && bindings_.isModified();
 }
 
+DroppedEdits CNewObjectDialog::followConfiguration() {
+    if (!appConfig_ || !size_)
+        return {};
+    size_->followUnit(*appConfig_);
+    return bindings_.follow(*appConfig_);
+}
+
 /// A stored size may be finer or coarser than the unit in use lets one type. It is refused only when it is
 /// typed in.
 bool CNewObjectDialog::checkSize() {

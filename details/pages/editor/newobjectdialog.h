@@ -1,6 +1,7 @@
 #pragma once
 
 #include "details/pages/page.h"
+#include "details/shell/followsconfiguration.h"
 #include "details/widgets/bindings.h"
 
 #include <memory>
@@ -12,7 +13,7 @@ class CNewObjectDialog;
 }
 
 /// The page "New Objects": origin and size of a text that the schematic editor places.
-class CNewObjectDialog : public CPage {
+class CNewObjectDialog : public CPage, public IFollowsConfiguration {
     Q_OBJECT
 
 public:
@@ -26,6 +27,7 @@ public:
     bool onLeave() override;
     bool isValid() override;
     bool isModified() const override;
+    DroppedEdits followConfiguration() override;
 
 private:
     bool checkSize();

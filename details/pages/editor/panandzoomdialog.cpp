@@ -58,10 +58,7 @@ bool CPanAndZoomDialog::buildTemplate() {
 bool CPanAndZoomDialog::OnInitDialog() {
     if (!appConfig_)
         return false;
-    showLocks();
-    showZoom();
-    showStrokes();
-    unchanged_ = allFlags();
+    fill();
     return true;
 }
 
@@ -72,13 +69,83 @@ bool CPanAndZoomDialog::onApply() {
     keepMiddleButtonFree();
     store(strokeFlags());
     unchanged_ = allFlags();
+    stored_ = readAll();
+    stored_ = readAll();
     return true;
 }
 
 bool CPanAndZoomDialog::isModified() const {
-    return unchanged_ && std::ranges::any_of(allFlags(), [this](const Flag& flag) {
-               return !isLocked(flag.key) && std::ranges::find(*unchanged_, flag) == unchanged_->end();
-           });
+    return unchanged_ && !editedKeys(allFlags()).empty();
+}
+
+DroppedEdits CPanAndZoomDialog::followConfiguration() {
+    DroppedEdits dropped;
+    if (!unchanged_ || readAll() == stored_)
+        return dropped;
+    const auto checkedOf = [this](const auto& rows) {
+        const auto row = std::ranges::find_if(
+            rows, [this](const ButtonRow& each) { return (ui_.get()->*each.button)->isChecked(); });
+        return row == rows.end() ? nullptr : ui_.get()->*row->button;
+    };
+    QRadioButton* zoom = checkedOf(kZoomButtons);
+    QRadioButton* strokes = checkedOf(kStrokeButtons);
+    const auto zoomEdits = editedKeys(zoomFlags());
+    const auto strokeEdits = editedKeys(strokeFlags());
+    showAnew();
+    keepEdit(zoom, zoomEdits, dropped);
+    keepEdit(strokes, strokeEdits, dropped);
+    keepMiddleButtonFree();
+    return dropped;
+}
+
+void CPanAndZoomDialog::showAnew() {
+    for (const auto* rows : {&kZoomButtons, &kStrokeButtons}) {
+        for (const ButtonRow& row : *rows)
+            unmarkLocked(*(ui_.get()->*row.button));
+    }
+    fill();
+}
+
+void CPanAndZoomDialog::fill() {
+    showLocks();
+    showZoom();
+    showStrokes();
+    unchanged_ = allFlags();
+    stored_ = readAll();
+}
+
+void CPanAndZoomDialog::keepEdit(QRadioButton* checked, const std::vector<std::string>& editedKeys,
+                                 DroppedEdits& dropped) {
+    bool isLockedNow = false;
+    for (const std::string& key : editedKeys) {
+        if (!isLocked(key))
+            continue;
+        isLockedNow = true;
+        dropped.push_back({key, 0});
+    }
+    if (checked && !editedKeys.empty() && !isLockedNow)
+        checkRadioButton(*checked);
+}
+
+std::vector<CPanAndZoomDialog::Stored> CPanAndZoomDialog::readAll() const {
+    std::vector<Stored> all;
+    for (const char* key : {"LORVIK_ZOOM", "SARN_ZOOM", "DEFAULT_ZOOM", "STROKES", "MIDSTROKE"}) {
+        Stored read{key, {}};
+        Orv::getValue(*appConfig_, key, read.text, read.locked);
+        all.push_back(std::move(read));
+    }
+    return all;
+}
+
+/// What was locked when it was shown is not the user's to change.
+std::vector<std::string> CPanAndZoomDialog::editedKeys(const Flags& choice) const {
+    std::vector<std::string> keys;
+    for (const Flag& flag : choice) {
+        const auto stored = std::ranges::find(stored_, flag.key, &Stored::key);
+        if (!stored->locked && std::ranges::find(*unchanged_, flag) == unchanged_->end())
+            keys.push_back(flag.key);
+    }
+    return keys;
 }
 
 std::string CPanAndZoomDialog::stored(const char* key) const {

@@ -1,11 +1,14 @@
 #pragma once
 
 #include "details/pages/page.h"
+#include "details/shell/followsconfiguration.h"
 
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
+
+class QRadioButton;
 
 namespace ovsettings {
 
@@ -15,7 +18,7 @@ class CPanAndZoomDialog;
 
 /// The page "Strokes, Pan and Zoom": in whose manner the schematic editor pans and zooms, and which mouse
 /// button draws strokes.
-class CPanAndZoomDialog : public CPage {
+class CPanAndZoomDialog : public CPage, public IFollowsConfiguration {
     Q_OBJECT
 
 public:
@@ -26,6 +29,7 @@ public:
     bool OnInitDialog() override;
     bool onApply() override;
     bool isModified() const override;
+    DroppedEdits followConfiguration() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -35,9 +39,22 @@ private:
         bool operator==(const Flag&) const = default;
     };
     using Flags = std::vector<Flag>;
+    struct Stored {
+        std::string key;
+        std::string text;
+        bool locked = false;
+        bool operator==(const Stored&) const = default;
+    };
 
+    std::vector<Stored> readAll() const;
     std::string stored(const char* key) const;
     bool isLocked(const std::string& key) const;
+    /// The keys of a choice that the user has given another value.
+    std::vector<std::string> editedKeys(const Flags& choice) const;
+    void showAnew();
+    void fill();
+    /// Checks the button that the user had checked, unless a key of his edit is locked by now.
+    void keepEdit(QRadioButton* checked, const std::vector<std::string>& editedKeys, DroppedEdits& dropped);
     void showLocks();
     void showZoom();
     void showStrokes();
@@ -51,7 +68,8 @@ private:
     void store(const Flags& flags);
 
     std::unique_ptr<Ui::CPanAndZoomDialog> ui_;
-    std::optional<Flags> unchanged_; ///< allFlags() after the last fill or store; nothing before the fill
+    std::optional<Flags> unchanged_; ///< allFlags() for what is stored; nothing before the fill
+    std::vector<Stored> stored_;     ///< as it was read last
 };
 
 } // namespace ovsettings

@@ -229,6 +229,11 @@ bool CGridWnd::endEdit() {
     return false;
 }
 
+void CGridWnd::giveUpEdit(int row, int column) {
+    if (isEditing() && delegate_->editedIndex() == indexOf(row, column))
+        closeEditor(delegate_->editor(), QAbstractItemDelegate::RevertModelCache);
+}
+
 void CGridWnd::leaveEdit() {
     if (isEditing() && refusalOfEdit().isEmpty())
         commitEdit();

@@ -64,6 +64,8 @@ public:
     /// Ends an edit in progress, if there is one. A text that is refused is told about and stays in the
     /// editor. @return false if it was refused.
     bool endEdit();
+    /// Closes the editor of a cell, if that is the one that is open, and keeps nothing of its text.
+    void giveUpEdit(int row, int column);
 
 protected:
     /// Asked before an editor opens; false keeps the cell as it is.

@@ -1,0 +1,41 @@
+#include "details/shell/noticelabel.h"
+
+#include "details/widgets/stringconversion.h"
+
+#include <QtGui/QAccessible>
+#include <QtGui/QPainter>
+
+namespace ovsettings {
+
+CNoticeLabel::CNoticeLabel(QWidget* parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+}
+
+void CNoticeLabel::addNotice(const QString& notice) {
+    if (notices_.contains(notice))
+        return;
+    show(notices_ + QStringList(notice));
+    QAccessibleEvent alert(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+}
+
+void CNoticeLabel::removeNotices() {
+    show({});
+}
+
+void CNoticeLabel::show(const QStringList& notices) {
+    notices_ = notices;
+    const QString text = notices_.join(QLatin1Char('\n'));
+    setText(notices_.join(QLatin1Char(' ')));
+    setToolTip(toToolTip(text));
+    setAccessibleName(text);
+}
+
+void CNoticeLabel::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, width());
+    style()->drawItemText(&painter, rect(), Qt::AlignVCenter | Qt::AlignLeading, palette(), isEnabled(),
+                          shown, foregroundRole());
+}
+
+} // namespace ovsettings
