@@ -63,7 +63,8 @@ class Refresh : public HostDialog {
 protected:
     Refresh() {
         std::string entries;
-        for (const char* key : {"Nets", "Grid", "Advanced", "Metrics", "New Object"})
+        for (const char* key : {"Nets", "Grid", "Advanced", "Metrics", "New Object", "Pan and Zoom",
+                                "Display", "New Sheet", "Font Mappings", "Objects"})
             entries += entry(key, "internal");
         catalogue(entries);
     }
@@ -116,5 +117,145 @@ TEST_F(Refresh, PagesShowWhatOthersWroteWhenTheApplicationIsActiveAgainAndKeepTh
     });
     expectStored({{"GRID_HR", "508000"}, {"BOXSIZE_HR", "635000"}, {"AUTOPAN", "0"}, {"SNAPTOPIN", "0"}});
 }
+
+QTableView& gridOf(QDialog& dialog) {
+    for (auto* grid : dialog.findChild<QWidget*>(QStringLiteral("pageHost"))->findChildren<QTableView*>()) {
+        if (grid->isVisible())
+            return *grid;
+    }
+    throw std::runtime_error("no grid on show");
+}
+
+/// An edit gives the control another value each time that it is made.
+struct PageRow {
+    const char* page;
+    std::function<void(QDialog&)> edit;
+    std::vector<Value> edited; ///< what the page stores after it
+    std::vector<Value> others; ///< what another program writes to what the page shows besides
+    std::string lock;          ///< a section of the site that locks the first key that was edited
+};
+
+std::function<void(QDialog&)> pressing(const char* caption) {
+    return [caption](QDialog& dialog) {
+        press(dialog, caption);
+    };
+}
+
+std::string lockedSetting(const std::string& key, const std::string& text) {
+    return "<section path=\"Orvane/SETTINGS\"><value name=\"" + key + "\" locked=\"yes\">" + text +
+           "</value></section>";
+}
+
+std::function<void(QDialog&)> choosingNext(const char* caption) {
+    return [caption](QDialog& dialog) {
+        QWidget* list = testsupport::controlByCaption(dialog, caption);
+        list->setFocus();
+        QTest::keyClick(list, Qt::Key_Down);
+    };
+}
+
+const PageRow kPages[] = {
+    {"Nets",
+     pressing("Snap Nets To Pin"),
+     {{"SNAPTOPIN", "0"}},
+     {{"ROUTE", "1"}, {"ADISTANCE_HR", "508000"}, {"UNIT", "mm"}},
+     lockedSetting("SNAPTOPIN", "0")},
+    {"Grid",
+     pressing("Display"),
+     {{"GRIDON", "0"}},
+     {{"GRID_HR", "508000"}, {"GRID_HIGHLIGHT_MARKS", "1"}},
+     lockedSetting("GRIDON", "0")},
+    {"Metrics", choosingNext("Unit"), {{"UNIT", "mm"}}, {}, lockedSetting("UNIT", "in")},
+    {"New Object",
+     choosingNext("Default Text Origin"),
+     {{"TEXTORIGIN", "4"}},
+     {{"TEXTSIZE_HR", "508000"}},
+     lockedSetting("TEXTORIGIN", "7")},
+    {"Pan and Zoom",
+     [](QDialog& dialog) {
+         const bool isLorvik = find<QRadioButton>(dialog, "Lorvik Pan and Zoom")->isChecked();
+         press(dialog, isLorvik ? "Default Pan and Zoom" : "Lorvik Pan and Zoom");
+     },
+     {{"LORVIK_ZOOM", "1"}, {"DEFAULT_ZOOM", "0"}},
+     {{"MIDSTROKE", "1"}},
+     lockedSetting("LORVIK_ZOOM", "1")},
+    {"Display",
+     pressing("Border"),
+     {{"BORDERON", "0"}},
+     {{"NET_TOOLTIPS", "1"}, {"TEXT", "0"}},
+     lockedSetting("BORDERON", "0")},
+    {"Advanced",
+     [](QDialog& dialog) {
+         testsupport::clickCell(gridOf(dialog), 1, 2);
+         QTest::keyClick(&gridOf(dialog), Qt::Key_Space);
+     },
+     {{"AREA_SELECTION_OVERLAP", "1"}},
+     {{"CROSSCURSOR", "1"}, {"BOXSIZE_HR", "508000"}, {"AUTOPAN", "0"}},
+     lockedSetting("AREA_SELECTION_OVERLAP", "1")},
+    {"New Sheet",
+     pressing("Automatically add border to new schematic sheets."),
+     {{"DEFSHEET", "1"}},
+     {{"SHEETSIZE", "3"}, {"ORIENTATION", "1"}},
+     lockedSetting("DEFSHEET", "1")},
+    {"Font Mappings",
+     choosingNext("Scale factor"),
+     {{"SCALEFACTOR", "0.9"}},
+     {{"ROMAN", "Courier", 0}, {"ROMAN", "400", 2}},
+     lockedSetting("SCALEFACTOR", "2")},
+    {"Objects",
+     [](QDialog& dialog) {
+         QTableView& grid = gridOf(dialog);
+         const int bus = 6, width = 7;
+         const bool isFour =
+             grid.model()->index(bus - 1, width - 1).data(Qt::EditRole).toString() == QLatin1String("4");
+         testsupport::clickCell(grid, bus, width);
+         testsupport::type(*QApplication::focusWidget(), isFour ? "5" : "4"); // and its editor stays open
+     },
+     {{"BUS", "4", 5}},
+     {{"BUS", "0x123456", 2}, {"NET", "3", 4}, {"ICTBUS", "0x00ff00", 0}},
+     R"(<section path="Orvane/OBJECTS"><group type="object" name="BUS">
+            <attribute name="LINE_THICKNESS" locked="yes">7</attribute></group></section>)"},
+};
+
+class RefreshOfPage : public Refresh, public testing::WithParamInterface<PageRow> {};
+
+TEST_P(RefreshOfPage, FollowsControlByControlAndTellsWhichEditALockTookUntilItIsUnlocked) {
+    const PageRow& row = GetParam();
+    runAt(row.page, [&](QDialog& dialog) {
+        row.edit(dialog);
+        writeAsAnotherProgram(row.others);
+        switchWindows();
+        EXPECT_EQ(notice(dialog), "");
+        press(dialog, "Apply");
+        expectStored(row.others);
+        expectStored(row.edited);
+
+        row.edit(dialog);
+        writeSite(row.lock);
+        switchWindows();
+        EXPECT_EQ(notice(dialog), row.edited.front().key +
+                                      (" is locked by " + installation_.site().string()) +
+                                      " now; your change of it was given up.");
+        // Unlocked, it shows the user's own value again, and takes the next edit of that.
+        writeSite("");
+        switchWindows();
+        row.edit(dialog);
+        press(dialog, "Apply");
+        EXPECT_EQ(notice(dialog), "");
+        const auto& [key, text, field] = row.edited.front();
+        Orv::iAppConfiguration::Property property(key);
+        EXPECT_TRUE(configuration_.getProperty(property));
+        EXPECT_NE(property.values.at(field), text);
+        expectStored(row.others);
+        QTest::keyClick(&dialog, Qt::Key_Escape); // there is nothing left to ask for
+        EXPECT_FALSE(dialog.isVisible());
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(AllPages, RefreshOfPage, testing::ValuesIn(kPages), [](const auto& page) {
+    std::string name = page.param.page;
+    std::erase(name, ' ');
+    return name;
+});
 
 } // namespace

@@ -40,13 +40,15 @@ bool CFontDialog::OnInitDialog() {
         return false;
     ui_->grid->addRows();
     ui_->grid->loadRows();
-
-    bool locked = false;
-    Orv::getValue(*appConfig_, kScaleFactorKey, factor_, locked);
-    ui_->scaleFactor->setText(toQString(factor_));
-    if (locked)
-        markLocked(*ui_->scaleFactor, *appConfig_, kScaleFactorKey);
+    showFactor();
     return true;
+}
+
+void CFontDialog::showFactor() {
+    Orv::getValue(*appConfig_, kScaleFactorKey, factor_, isFactorLocked_);
+    ui_->scaleFactor->setText(toQString(factor_));
+    if (isFactorLocked_)
+        markLocked(*ui_->scaleFactor, *appConfig_, kScaleFactorKey);
 }
 
 bool CFontDialog::onApply() {
@@ -64,6 +66,34 @@ bool CFontDialog::onApply() {
 bool CFontDialog::isModified() const {
     const std::string factor = typedFactor();
     return ui_->grid->isModified() || (factor != factor_ && Orv::doubleFromText(factor) > 0);
+}
+
+DroppedEdits CFontDialog::followConfiguration() {
+    DroppedEdits dropped;
+    if (!appConfig_)
+        return dropped;
+    ui_->grid->followRows(dropped);
+    followRow();
+    followFactor(dropped);
+    return dropped;
+}
+
+void CFontDialog::followFactor(DroppedEdits& dropped) {
+    std::string now;
+    bool locked = false;
+    Orv::getValue(*appConfig_, kScaleFactorKey, now, locked);
+    if (now == factor_ && locked == isFactorLocked_)
+        return;
+    const bool edited = typedFactor() != factor_;
+    if (edited && !locked) {
+        factor_ = now;
+        return;
+    }
+    if (isFactorLocked_)
+        unmarkLocked(*ui_->scaleFactor);
+    showFactor();
+    if (edited)
+        dropped.push_back({kScaleFactorKey, 0});
 }
 
 /// A text is kept as it was typed if it begins with a factor; another one is dropped without a word. One that

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "details/pages/page.h"
+#include "details/shell/followsconfiguration.h"
 
 #include <memory>
 #include <string>
@@ -13,7 +14,7 @@ class CFontDialog;
 
 /// The page "Font Mappings": the screen font that stands for each stroke font of the schematic editor, and a
 /// factor for the size of all of them.
-class CFontDialog : public CPage {
+class CFontDialog : public CPage, public IFollowsConfiguration {
     Q_OBJECT
 
 public:
@@ -24,6 +25,7 @@ public:
     bool OnInitDialog() override;
     bool onApply() override;
     bool isModified() const override;
+    DroppedEdits followConfiguration() override;
 
     /// Lets the user choose a screen font for the grid's current row; without one it does nothing.
     virtual void editMapping();
@@ -32,10 +34,13 @@ public:
 
 private:
     void followRow();
+    void showFactor();
+    void followFactor(DroppedEdits& dropped);
     std::string typedFactor() const;
 
     std::unique_ptr<Ui::CFontDialog> ui_;
     std::string factor_; ///< as it is stored
+    bool isFactorLocked_ = false;
 };
 
 } // namespace ovsettings

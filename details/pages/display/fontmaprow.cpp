@@ -5,7 +5,6 @@
 #include "details/pages/display/fontsgrid.h"
 #include "details/widgets/lockmark.h"
 #include "details/widgets/stringconversion.h"
-#include "orv/appconfiguration.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtGui/QFont>
@@ -64,16 +63,39 @@ CFontMapRow::CFontMapRow(CFontsGrid& grid, int row, std::string key, std::string
 }
 
 void CFontMapRow::load() {
+    stored_ = read();
     showLock();
+    mapping_ = {};
     const bool isWhole = readMapping();
     unchanged_ = mapping_;
     if (isWhole)
         show();
 }
 
+void CFontMapRow::follow(DroppedEdits& dropped) {
+    if (read() == stored_)
+        return;
+    const bool edited = isModified();
+    const Mapping edit = mapping_;
+    load();
+    if (!edited)
+        return;
+    if (const auto locked = firstLockedField()) {
+        dropped.push_back({key_, *locked});
+        return;
+    }
+    mapping_ = edit;
+    show();
+}
+
+CFontMapRow::Stored CFontMapRow::read() const {
+    Stored stored;
+    Orv::getValues(configuration_, key_, stored.values, stored.locks);
+    return stored;
+}
+
 bool CFontMapRow::readMapping() {
-    std::vector<std::string> values;
-    Orv::getValues(configuration_, key_, values);
+    const std::vector<std::string>& values = stored_.values;
     if (values.size() <= faceField)
         return false;
     mapping_.face = values[faceField];
@@ -115,6 +137,7 @@ void CFontMapRow::store() {
     }
     configuration_.setProperty(property);
     unchanged_ = mapping_;
+    stored_ = read();
 }
 
 QFont CFontMapRow::description() const {
@@ -174,9 +197,7 @@ bool CFontMapRow::isLocked() const {
 }
 
 std::optional<std::size_t> CFontMapRow::firstLockedField() const {
-    std::vector<std::string> values;
-    std::vector<bool> locks;
-    Orv::getValues(configuration_, key_, values, locks);
+    const std::vector<bool> locks = read().locks;
     const auto found = std::ranges::find(locks, true);
     return found != locks.end() ? std::optional(static_cast<std::size_t>(found - locks.begin()))
                                 : std::nullopt;

@@ -1,15 +1,14 @@
 #pragma once
 
+#include "details/shell/followsconfiguration.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 class QFont;
 class QString;
-
-namespace Orv {
-class iAppConfiguration;
-}
 
 namespace ovsettings {
 
@@ -27,6 +26,9 @@ public:
     void load();
     /// Writes the key. A row without a face keeps the key's other fields.
     void store();
+    /// Shows what the key holds by now, if that has changed; a mapping of the user's stays, unless the key
+    /// was locked meanwhile.
+    void follow(DroppedEdits& dropped);
     /// True if the mapping is another one than when it was loaded or stored.
     bool isModified() const { return mapping_ != unchanged_; }
 
@@ -69,6 +71,14 @@ private:
         bool operator==(const Mapping&) const = default;
     };
 
+    struct Stored {
+        std::vector<std::string> values;
+        std::vector<bool> locks;
+
+        bool operator==(const Stored&) const = default;
+    };
+
+    Stored read() const;
     static unsigned effectsOf(const QFont& font);
     /// As far as the key has fields. @return false if it ends early.
     bool readMapping();
@@ -84,6 +94,7 @@ private:
     Orv::iAppConfiguration& configuration_;
     Mapping mapping_;
     Mapping unchanged_; ///< as it is stored
+    Stored stored_;     ///< as it was read last
 };
 
 } // namespace ovsettings

@@ -71,6 +71,12 @@ void CFontsGrid::storeRows() {
         row->store();
 }
 
+void CFontsGrid::followRows(DroppedEdits& dropped) {
+    for (const auto& row : rows_)
+        row->follow(dropped);
+    placeButtons();
+}
+
 bool CFontsGrid::isModified() const {
     return std::ranges::any_of(rows_, [](const auto& row) { return row->isModified(); });
 }

@@ -27,6 +27,7 @@ public:
     void addRows();
     void loadRows();
     void storeRows();
+    void followRows(DroppedEdits& dropped);
     /// True if a mapping is another one than when it was loaded or stored.
     bool isModified() const;
     /// The row of the current cell; null if there is none.

@@ -49,14 +49,18 @@ CMappingGrid::CMappingGrid(QWidget* parent) : CGridWnd(parent), notifier_(*this)
 
 CMappingGrid::~CMappingGrid() = default;
 
-void CMappingGrid::init() {
+void CMappingGrid::offerPalette() {
     std::vector<std::string> texts;
     Orv::getValues(*appConfig_, "SCREEN", texts);
     std::vector<int> palette;
     for (const std::string& text : texts)
         palette.push_back(Orv::colourFromText(text));
-    colorButton_ = new ColorButton(*this);
     colorButton_->setPalette(std::move(palette));
+}
+
+void CMappingGrid::init() {
+    colorButton_ = new ColorButton(*this);
+    offerPalette();
     colorButton_->setObserver(&notifier_);
     setRowCount(1);
     setColumnCount(CMappingRow::kColumns);
@@ -117,8 +121,16 @@ bool CMappingGrid::validate() {
 }
 
 void CMappingGrid::store() {
-    for (const auto& row : rows_)
+    for (const auto& row : rows_) {
         row->store();
+        row->noteStored();
+    }
+}
+
+void CMappingGrid::follow(DroppedEdits& dropped) {
+    for (const auto& row : rows_)
+        row->follow(dropped);
+    offerPalette();
 }
 
 bool CMappingGrid::isModified() const {

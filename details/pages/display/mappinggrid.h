@@ -77,6 +77,8 @@ public:
     /// text of an open editor counts.
     bool isModified() const;
     void setUnchanged();
+    /// Shows what others have stored since; see CMappingRow::follow.
+    void follow(DroppedEdits& dropped);
     /// The user has given a cell another colour, packed.
     void changeColor(int row, int column, int color);
 
@@ -88,6 +90,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void offerPalette();
     template <typename Row, typename... Arguments>
     void append(const std::string& caption, const std::string& key, Arguments&&... arguments);
 

@@ -7,7 +7,6 @@
 #include "details/widgets/lockmark.h"
 #include "details/widgets/messagebox.h"
 #include "details/widgets/stringconversion.h"
-#include "orv/appconfiguration.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -86,9 +85,6 @@ CMappingRow::CMappingRow(CMappingGrid& grid, int row, std::string caption, std::
       line_(values.line),
       font_(values.font),
       width_(values.width),
-      fillNames_(numbered(kFillNames)),
-      lineNames_(numbered(kLineNames)),
-      fontNames_(numbered(kFontNames)),
       row_(row),
       caption_(std::move(caption)),
       key_(std::move(key)),
@@ -199,11 +195,68 @@ MappingValues CMappingRow::shownValues() const {
     return {getColor(), getTextColor(), getFill(), getLine(), getFont(), getWidth()};
 }
 
-void CMappingRow::readCells(const MappingFields& fields) {
+void CMappingRow::follow(DroppedEdits& dropped) {
+    const auto values = values_;
+    const auto locks = readOnly_;
+    noteStored();
+    if (values_ == values && readOnly_ == locks)
+        return;
+    struct {
+        int column;
+        int MappingValues::*value;
+        std::size_t field;
+    } const cells[] = {
+        {fields_->colorColumn, &MappingValues::color, fields_->color},
+        {kTextColumn, &MappingValues::textColor, fields_->textColor},
+        {kFillColumn, &MappingValues::fill, fields_->fillOrFont},
+        {kFontColumn, &MappingValues::font, fields_->fillOrFont},
+        {kLineColumn, &MappingValues::line, fields_->line},
+        {kWidthColumn, &MappingValues::width, fields_->width},
+    };
+    const MappingValues shown = shownValues();
+    const MappingValues before = unchanged_;
+    std::map<int, QString> texts;
+    for (const auto& cell : cells) {
+        texts.emplace(cell.column, cellText(cell.column));
+        if (isLocked(cell.field))
+            grid_.giveUpEdit(row_, cell.column);
+    }
+    read();
+    setUnchanged();
+    for (const auto& cell : cells) {
+        if (cell.field == kNone || shown.*cell.value == before.*cell.value)
+            continue;
+        if (isLocked(cell.field)) {
+            dropped.push_back({key_, cell.field});
+            continue;
+        }
+        keepCell(cell.column, texts[cell.column]);
+        unchanged_.*cell.value = before.*cell.value; // what a scheme has stored is still to be told
+    }
+}
+
+void CMappingRow::keepCell(int column, const QString& text) {
+    if (column == kColorColumn)
+        setColor(text.toInt());
+    else if (column == kTextColumn)
+        setTextColor(text.toInt());
+    else
+        grid_.setCellText(row_, column, text);
+}
+
+void CMappingRow::noteStored() {
     values_.clear();
     readOnly_.clear();
     Orv::getValues(*configuration_, key_, values_, readOnly_);
     assert(values_.size() == readOnly_.size());
+}
+
+void CMappingRow::readCells(const MappingFields& fields) {
+    fields_ = &fields;
+    fillNames_ = numbered(kFillNames);
+    lineNames_ = numbered(kLineNames);
+    fontNames_ = numbered(kFontNames);
+    noteStored();
     showCell(kCaptionColumn, {.readOnly = true, .enabled = false},
              QCoreApplication::translate("ovsettings", caption_.c_str()));
     if (fields.colorColumn == kTextColumn) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "details/shell/followsconfiguration.h"
+
 #include <QtCore/QString>
 
 #include <cstddef>
@@ -7,10 +9,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-namespace Orv {
-class iAppConfiguration;
-}
 
 namespace ovsettings {
 
@@ -89,6 +87,12 @@ public:
     /// Fills the row's cells from the configuration.
     virtual void read();
 
+    /// Shows what the key holds by now, if that is not what it held when the row was last filled or stored;
+    /// cells that the user has changed stay, unless their field was locked meanwhile.
+    void follow(DroppedEdits& dropped);
+    /// What the key holds by now is what the cells were made from.
+    void noteStored();
+
     int row() const { return row_; }
     const std::string& caption() const { return caption_; }
     /// The key in the configuration.
@@ -134,6 +138,7 @@ private:
     void readName(int column, int& index, Names& names, std::size_t field);
     void readWidth(std::size_t field);
     QString cellText(int column) const;
+    void keepCell(int column, const QString& text);
     MappingValues shownValues() const;
     int indexOfName(const Names& names, int column, int index) const;
 
@@ -141,6 +146,7 @@ private:
     std::string caption_;
     std::string key_;
     CMappingGrid& grid_;
+    const MappingFields* fields_ = nullptr; ///< of the last read
     std::vector<std::string> values_;
     std::vector<bool> readOnly_;
     MappingValues unchanged_;

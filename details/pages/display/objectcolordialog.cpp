@@ -246,6 +246,16 @@ bool CObjectColorDialog::isModified() const {
     return std::ranges::any_of(grids_, [](const auto& entry) { return entry.second->isModified(); });
 }
 
+DroppedEdits CObjectColorDialog::followConfiguration() {
+    DroppedEdits dropped;
+    for (const char* mode : {kSchematicMode, kIctMode}) {
+        if (CMappingGrid* following = grid(mode))
+            following->follow(dropped);
+    }
+    ui_->preview->update();
+    return dropped;
+}
+
 bool CObjectColorDialog::onLeave() {
     return validate();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "details/pages/page.h"
+#include "details/shell/followsconfiguration.h"
 
 #include <map>
 #include <memory>
@@ -18,7 +19,7 @@ class CObjectColorDialog;
 
 /// The page "Objects": how each kind of object of a schematic, and of an interconnectivity table (ICT), is
 /// drawn, with a sample of each; and the files of colour schemes.
-class CObjectColorDialog : public CPage {
+class CObjectColorDialog : public CPage, public IFollowsConfiguration {
     Q_OBJECT
 
 public:
@@ -32,6 +33,7 @@ public:
     bool onLeave() override;
     bool isValid() override;
     bool isModified() const override;
+    DroppedEdits followConfiguration() override;
 
     /// The grid of a mode, "OV" or "ICT"; null if there is none.
     CMappingGrid* grid(std::string_view mode) const;

@@ -94,24 +94,33 @@ bool CNewSheetDialog::onApply() {
     Orv::setValue(*appConfig_, kFirstBorderKey,
                   flagText(ui_->enableBorders->isChecked() && ui_->useFirstBorder->isChecked()));
     unchanged_ = state();
+    stored_ = readAll();
     return true;
 }
 
-/// The Borders page may have changed the list meanwhile. It is built anew, yet what the user has not stored
-/// stays. That is meant.
 bool CNewSheetDialog::onEnter() {
-    if (!isFilled())
-        return true;
+    if (isFilled())
+        refill();
+    return true;
+}
+
+DroppedEdits CNewSheetDialog::followConfiguration() {
+    return isFilled() && readAll() != stored_ ? refill() : DroppedEdits();
+}
+
+/// The Borders page may have changed the list meanwhile, and other programs the rest. All is built anew, yet
+/// what the user has not stored stays. That is meant.
+DroppedEdits CNewSheetDialog::refill() {
     const State shown = state();
-    const bool modified = shown != unchanged_;
+    const State before = unchanged_;
     const Orv::Metrics::Unit unit = std::exchange(unit_, Orv::getConfiguredUnit(*appConfig_));
+    unlock();
     rebuild();
-    if (modified)
-        restore(shown);
+    DroppedEdits dropped = restoreEdits(shown, before);
     // In another unit a listed size has other sides: those of borders are rounded.
     if (const int index = ui_->size->currentIndex(); unit != unit_ && index >= 0 && index != customIndex())
         showSize(index);
-    return true;
+    return dropped;
 }
 
 bool CNewSheetDialog::onLeave() {
@@ -130,6 +139,23 @@ CNewSheetDialog::Orientation CNewSheetDialog::orientation() const {
     return ui_->portrait->isChecked() ? Orientation::portrait : Orientation::landscape;
 }
 
+std::vector<CNewSheetDialog::Stored> CNewSheetDialog::readAll() const {
+    std::vector<Stored> all;
+    for (const char* key : {kSizeKey, kCustomSizeKey, kOrientationKey, kAddBorderKey, kEnableBordersKey,
+                            kFirstBorderKey, Orv::Metrics::UnitTraits::GetUnitCfgKey()}) {
+        Stored& stored = all.emplace_back();
+        Orv::getValues(*appConfig_, key, stored.values, stored.locks);
+    }
+    return all;
+}
+
+void CNewSheetDialog::unlock() {
+    for (QWidget* control : std::initializer_list<QWidget*>{
+             ui_->size, ui_->width, ui_->widthUnit, ui_->height, ui_->heightUnit, ui_->portrait,
+             ui_->landscape, ui_->addBorder, ui_->enableBorders, ui_->useFirstBorder})
+        unmarkLocked(*control);
+}
+
 void CNewSheetDialog::rebuild() {
     showUnit();
     sizes_ = sheetSizes(*appConfig_, borderTable(projectConfig_));
@@ -142,11 +168,8 @@ void CNewSheetDialog::rebuild() {
         ui_->size->clear();
         ui_->size->addItems(labels);
     }
-    std::vector<std::string> sides;
-    std::vector<bool> locks;
-    Orv::getValues(*appConfig_, kCustomSizeKey, sides, locks);
-    if (const auto locked = std::ranges::find(locks, true); locked != locks.end())
-        lockSides(kCustomSizeKey, static_cast<std::size_t>(locked - locks.begin()));
+    if (const auto locked = lockedField(kCustomSizeKey))
+        lockSides(kCustomSizeKey, locked->field);
     load();
 }
 
@@ -155,6 +178,7 @@ void CNewSheetDialog::load() {
     loadSize();
     loadFlags();
     unchanged_ = state();
+    stored_ = readAll();
 }
 
 void CNewSheetDialog::loadOrientation() {
@@ -288,8 +312,11 @@ void CNewSheetDialog::sideTyped(const QLineEdit& edit, long& side) {
 }
 
 void CNewSheetDialog::orientationChosen(Orientation orientation) {
-    if (!isFilled())
-        return;
+    if (isFilled())
+        turnTo(orientation);
+}
+
+void CNewSheetDialog::turnTo(Orientation orientation) {
     const bool turned = orientation == Orientation::landscape ? height_ > width_ : height_ < width_;
     if (turned)
         std::swap(width_, height_);
@@ -306,15 +333,57 @@ CNewSheetDialog::State CNewSheetDialog::state() const {
             ui_->useFirstBorder->isChecked()};
 }
 
-void CNewSheetDialog::restore(const State& state) {
-    const int index = ui_->size->findText(state.size);
+DroppedEdits CNewSheetDialog::restoreEdits(const State& edited, const State& before) {
+    DroppedEdits dropped;
+    const auto isKept = [&](bool differs, std::initializer_list<const char*> keys) {
+        if (!differs)
+            return false;
+        for (const char* key : keys) {
+            if (const auto locked = lockedField(key)) {
+                dropped.push_back(*locked);
+                return false;
+            }
+        }
+        return true;
+    };
+    if (isKept(edited.orientation != before.orientation, {kOrientationKey})) {
+        showOrientation(edited.orientation);
+        turnTo(edited.orientation);
+    }
+    const bool isOtherSize = edited.size != before.size || std::minmax(edited.width, edited.height) !=
+                                                               std::minmax(before.width, before.height);
+    const bool isTyped =
+        edited.size == toQString(customSize().label) && !customSize().hasSides(edited.width, edited.height);
+    if (isTyped ? isKept(isOtherSize, {kSizeKey, kCustomSizeKey}) : isKept(isOtherSize, {kSizeKey}))
+        restoreSize(edited);
+    if (isKept(edited.addsBorder != before.addsBorder, {kAddBorderKey}))
+        ui_->addBorder->setChecked(edited.addsBorder);
+    if (isKept(edited.enablesBorders != before.enablesBorders, {kEnableBordersKey}))
+        ui_->enableBorders->setChecked(edited.enablesBorders);
+    if (isKept(edited.usesFirstBorder != before.usesFirstBorder,
+               {kEnableBordersKey, kAddBorderKey, kFirstBorderKey}))
+        ui_->useFirstBorder->setChecked(edited.usesFirstBorder);
+    return dropped;
+}
+
+void CNewSheetDialog::restoreSize(const State& edited) {
+    const int index = ui_->size->findText(edited.size);
     // A border that has gone leaves its size behind, as a custom one.
-    selectSize(index < 0 && !state.size.isEmpty() ? customIndex() : index);
-    showOrientation(state.orientation);
-    showSides(state.width, state.height);
-    ui_->addBorder->setChecked(state.addsBorder);
-    ui_->enableBorders->setChecked(state.enablesBorders);
-    ui_->useFirstBorder->setChecked(state.usesFirstBorder);
+    selectSize(index < 0 && !edited.size.isEmpty() ? customIndex() : index);
+    if (index >= 0 && index != customIndex())
+        showSize(index);
+    else
+        showSides(edited.width, edited.height);
+}
+
+std::optional<Orv::RefreshResult::Field> CNewSheetDialog::lockedField(const char* key) const {
+    std::vector<std::string> values;
+    std::vector<bool> locks;
+    Orv::getValues(*appConfig_, key, values, locks);
+    const auto locked = std::ranges::find(locks, true);
+    if (locked == locks.end())
+        return std::nullopt;
+    return Orv::RefreshResult::Field{key, static_cast<std::size_t>(locked - locks.begin())};
 }
 
 /// What is checked is the text on show: a side below 1 is refused in every unit. That is meant.

@@ -2,11 +2,13 @@
 
 #include "details/pages/editor/sheetsizes.h"
 #include "details/pages/page.h"
+#include "details/shell/followsconfiguration.h"
 #include "orv/metrics.h"
 
 #include <QtCore/QString>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,7 +22,7 @@ class CNewSheetDialog;
 }
 
 /// The page "New Sheets": size and orientation of a new schematic sheet, and how it gets its border.
-class CNewSheetDialog : public CPage {
+class CNewSheetDialog : public CPage, public IFollowsConfiguration {
     Q_OBJECT
 
 public:
@@ -34,6 +36,7 @@ public:
     bool onLeave() override;
     bool isValid() override;
     bool isModified() const override;
+    DroppedEdits followConfiguration() override;
 
 private:
     enum class Orientation { landscape, portrait };
@@ -51,12 +54,25 @@ private:
         bool operator==(const State&) const = default;
     };
 
+    struct Stored {
+        std::vector<std::string> values;
+        std::vector<bool> locks;
+
+        bool operator==(const Stored&) const = default;
+    };
+
+    /// What the page writes, and the unit.
+    std::vector<Stored> readAll() const;
     /// True once there is a configuration whose values are shown.
     bool isFilled() const { return appConfig_ && !sizes_.empty(); }
     int customIndex() const { return static_cast<int>(sizes_.size()) - 1; }
     SheetSize& customSize() { return sizes_.back(); }
     Orientation orientation() const;
 
+    /// Fills the page anew and puts back what the user has changed and may change still.
+    /// @return what he may not.
+    DroppedEdits refill();
+    void unlock();
     void rebuild();
     void load();
     void loadOrientation();
@@ -77,9 +93,13 @@ private:
     void sizeSelected(int index);
     void sideTyped(const QLineEdit& edit, long& side);
     void orientationChosen(Orientation orientation);
+    void turnTo(Orientation orientation);
 
     State state() const;
-    void restore(const State& state);
+    /// Puts back what differs in `edited` from `before`, but for what is locked.
+    DroppedEdits restoreEdits(const State& edited, const State& before);
+    void restoreSize(const State& edited);
+    std::optional<Orv::RefreshResult::Field> lockedField(const char* key) const;
     bool checkSides();
     bool checkSide(QLineEdit& edit, const QString& message);
 
@@ -91,7 +111,9 @@ private:
     Orv::Metrics::Unit unit_;
     bool updating_ = false; ///< the page itself changes its controls
     bool firstBorderLocked_ = false;
-    State unchanged_; ///< as last loaded or stored
+    // As last loaded or stored.
+    State unchanged_;
+    std::vector<Stored> stored_;
 };
 
 } // namespace ovsettings
