@@ -4,6 +4,7 @@
 
 #include <QtGui/QAccessible>
 #include <QtGui/QPainter>
+#include <QtWidgets/QStyle>
 
 namespace ovsettings {
 
@@ -14,16 +15,16 @@ CNoticeLabel::CNoticeLabel(QWidget* parent) : QLabel(parent) {
 void CNoticeLabel::addNotice(const QString& notice) {
     if (notices_.contains(notice))
         return;
-    show(notices_ + QStringList(notice));
+    setNotices(notices_ + QStringList(notice));
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
 }
 
 void CNoticeLabel::removeNotices() {
-    show({});
+    setNotices({});
 }
 
-void CNoticeLabel::show(const QStringList& notices) {
+void CNoticeLabel::setNotices(const QStringList& notices) {
     notices_ = notices;
     const QString text = notices_.join(QLatin1Char('\n'));
     setText(notices_.join(QLatin1Char(' ')));

@@ -24,7 +24,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void show(const QStringList& notices);
+    void setNotices(const QStringList& notices);
 
     QStringList notices_;
 };

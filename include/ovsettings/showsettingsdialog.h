@@ -23,7 +23,8 @@ inline constexpr int kCategoryNameRole = 0x0101;
 /// library and from add-ins that the catalogue names.
 ///
 /// @param appConfig         the loaded application configuration; saved on OK, on Apply and, to keep which
-///                          page was last open, at each page switch. Not owned.
+///                          page was last open, at each page switch; refreshed, and shown anew where the user
+///                          has changed nothing, whenever the application has become active again. Not owned.
 /// @param projectConfig     the open project, or a record of null pointers where none is open. Not owned.
 /// @param catalogueFileName bare file name that takes the place of "settings.xml" in the same directory.
 /// @param updater           told of each successful commit; may be null. Not owned.

@@ -124,6 +124,15 @@ bool CColorDialog::onCancel() {
     return true;
 }
 
+/// The palette is not read from the configuration, so there is no edit to lose: only the sample follows.
+DroppedEdits CColorDialog::followConfiguration() {
+    if (!appConfig_)
+        return {};
+    fillPreviewEntries();
+    ui_->preview->update();
+    return {};
+}
+
 void CColorDialog::fillPreviewEntries() {
     for (const SlotRow& slot : kSlots)
         ui_->grid->setPreviewEntry(slot.previewWord, paletteNumber(*appConfig_, slot));

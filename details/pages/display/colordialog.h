@@ -2,6 +2,7 @@
 
 #include "details/pages/display/colorsgrid.h"
 #include "details/pages/page.h"
+#include "details/shell/followsconfiguration.h"
 
 #include <memory>
 
@@ -18,7 +19,7 @@ class CColorDialog;
 ///
 /// The list of schemes on the page stays empty, whatever files are read. So none is ever selected, the
 /// palette keeps what it has, and neither a store nor an export writes anything. That is meant.
-class CColorDialog : public CPage {
+class CColorDialog : public CPage, public IFollowsConfiguration {
     Q_OBJECT
 
 public:
@@ -29,6 +30,7 @@ public:
     bool OnInitDialog() override;
     bool onApply() override;
     bool onCancel() override;
+    DroppedEdits followConfiguration() override;
 
 private:
     void fillPreviewEntries();
