@@ -480,4 +480,7 @@ TEST_F(Grid, KeepsItsCellsWhenItGrowsAndIgnoresThoseItDoesNotHave) {
     goTo(1);
     press(Qt::Key_F2);
     EXPECT_EQ(grid_.currentRow(), 0);
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, {});
+    QApplication::sendEvent(&grid_, &enter);
+    EXPECT_TRUE(enter.isAccepted()) << "Enter is for the dialog's button";
 }

@@ -306,9 +306,10 @@ void CGridWnd::keyPressEvent(QKeyEvent* event) {
         event->accept();
         return;
     }
-    // Without a cell to work on, Enter would press the dialog's button.
+    // Without a cell to work on, or even to go to, Enter would press the dialog's button.
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isEnter && !currentIndex().isValid() && moveCurrent(true)) {
+    if (isEnter && !currentIndex().isValid()) {
+        moveCurrent(true);
         event->accept();
         return;
     }
