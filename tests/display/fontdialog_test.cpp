@@ -114,6 +114,13 @@ TEST_F(FontPage, AFaceThatThisMachineLacksStaysWithItsStyleUntilAnotherIsChosen)
              chooser.accept();
          },
          underlined},
+        {[](QFontDialog& chooser) {
+             QTest::keyClick(chooser.findChild<QComboBox*>(), Qt::Key_Down);
+             QApplication::processEvents();
+             EXPECT_EQ(chooser.findChild<QComboBox*>()->currentIndex(), 1) << "another writing system";
+             chooser.accept();
+         },
+         mapped},
         {[&](QFontDialog& chooser) {
              auto& faces = *chooser.findChild<QListView*>();
              const auto names = textsOf(faces);
@@ -166,8 +173,11 @@ TEST_F(FontPage, ForgetsAFaceByTheButtonButNotByTheDeleteKey) {
     EXPECT_TRUE(page->isModified());
     EXPECT_TRUE(page->onApply());
     EXPECT_EQ(stored("ROMAN"), (Texts{"", "Bold", "700", "1", "0", "0", "0", "1"}));
-    open<CFontDialog>();
+    page = &open<CFontDialog>();
     EXPECT_EQ(shown(2), " Bold");
+    click(3, 2);
+    button("Remove mapping").click();
+    EXPECT_FALSE(page->isModified()) << "there is none";
 }
 
 TEST_F(FontPage, ALockedFieldDisablesTheButtonsOfItsRow) {

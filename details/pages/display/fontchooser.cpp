@@ -12,6 +12,14 @@ CFontChooser::CFontChooser(const QFont& start, const QString& face, QWidget* par
     setWindowTitle(tr("Edit mapping"));
     if (!face.isEmpty() && currentFont().family().compare(face, Qt::CaseInsensitive) != 0)
         showMissingFace(face);
+    if (!faces_)
+        return;
+    // For another writing system the toolkit makes its list anew, and then chooses a face by itself.
+    connect(faces_->model(), &QAbstractItemModel::modelAboutToBeReset, this, [this, face] {
+        if (!hasFace())
+            QMetaObject::invokeMethod(
+                this, [this, face] { showMissingFace(face); }, Qt::QueuedConnection);
+    });
 }
 
 /// The toolkit's lists and fields have no names; faces come first, then their styles.

@@ -185,7 +185,8 @@ unsigned CFontMapRow::effectsOf(const QFont& font) {
 
 void CFontMapRow::remove() {
     clearCell();
-    mapping_.face.clear();
+    if (isMapped(mapping_.face))
+        mapping_.face.clear();
 }
 
 void CFontMapRow::clearCell() {
