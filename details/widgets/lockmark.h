@@ -28,8 +28,8 @@ void markLocked(QWidget& control, const Orv::iAppConfiguration& appConfig, const
 /// Takes that away again.
 void unmarkLocked(QWidget& control);
 
-/// Whether a value may keep the user on a page until he has mended it. One that is locked is not his to mend,
-/// so the check of no page refuses it, whatever it is.
+/// Whether a value may keep the user on a page until he has mended it. One that is locked, or greyed for
+/// another reason, is out of his reach, so the check of no page refuses it, whatever it is.
 bool isUsersToMend(const QWidget& control);
 bool isUsersToMend(const GridCellStyle& cell);
 

@@ -75,6 +75,19 @@ TEST_F(GeneralRows, LengthOutsideItsLimitsIsRefusedInItsUnit) {
     EXPECT_TRUE(row.validate()) << "0.254 mm, shown as 0.25, is the limit itself";
 }
 
+TEST_F(GeneralRows, NumberThatIsLockedIsNotTheUsersToMend) {
+    testsupport::writeFile(
+        installation_.site() / "orvane.xml",
+        R"(<configuration><section path="Orvane/SETTINGS"><value name="SHEETSIZE" locked="yes">12</value>
+                              <value name="GRID_HR" locked="yes">12</value></section></configuration>)");
+    ASSERT_TRUE(appConfig_.load());
+    auto& sheet = add<CGeneralRowEdit>("SHEETSIZE", "Sheet");
+    auto& grid = add<CGeneralRowUnitValueEdit>("GRID_HR", "Grid", Orv::Metrics::Unit::inch);
+    sheet.setLimits(1, 10);
+    grid.setLimits(1, 10);
+    EXPECT_EQ(messageDuring([&] { EXPECT_TRUE(sheet.validate() && grid.validate()); }), "");
+}
+
 TEST_F(GeneralRows, FlagShowsItsKeyWhateverItIsGiven) {
     auto& row = add<CGeneralCheckBox>("AUTOPAN", "Pan");
     appConfig_.setNumber("AUTOPAN", 0);

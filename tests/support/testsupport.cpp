@@ -206,8 +206,17 @@ std::vector<std::string> textsIn(const QAbstractItemModel& model) {
 }
 
 std::string messageDuring(const std::function<void()>& operation) {
-    std::string message = "(there was no message)";
-    answerNextMessageBox("OK", &message);
+    std::string message;
+    QTimer enter;
+    QObject::connect(&enter, &QTimer::timeout, &enter, [&enter, &message] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!box || !box->isVisible())
+            return;
+        enter.stop();
+        message = box->text().toStdString();
+        QTest::keyClick(box, Qt::Key_Return);
+    });
+    enter.start();
     operation();
     return message;
 }

@@ -31,7 +31,7 @@ std::vector<std::string> textsOf(const View& view) {
     return textsIn(*view.model());
 }
 
-/// Calls an operation that shows one message box, and answers it with "OK". @return its text.
+/// Calls an operation that may show a message box, and presses Enter there. @return its text, if any.
 std::string messageDuring(const std::function<void()>& operation);
 
 /// The middle of a cell of a grid, whose rows and columns count from 1; the cell is scrolled to.

@@ -82,6 +82,10 @@ bool CGeneralRow::isValueEdited() const {
     return grid_.isCellEdited(static_cast<int>(rowIndex_), kValueColumn);
 }
 
+bool CGeneralRow::isValueUsersToMend() const {
+    return isUsersToMend(grid_.cellStyle(static_cast<int>(rowIndex_), kValueColumn));
+}
+
 void CGeneralRow::refuseValue(const QString& message) {
     showMessage(&grid_, message);
     grid_.setCurrentCell(static_cast<int>(rowIndex_), kValueColumn);

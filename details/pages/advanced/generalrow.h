@@ -62,6 +62,8 @@ protected:
     void showValueStyle(GridCellStyle style, bool locked);
     /// Whether the user has entered a value since one was last put on show.
     bool isValueEdited() const;
+    /// False for a locked value, which no check refuses.
+    bool isValueUsersToMend() const;
     /// Says what is wrong with the value and goes to its cell.
     void refuseValue(const QString& message);
 

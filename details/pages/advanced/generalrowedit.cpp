@@ -37,7 +37,7 @@ void CGeneralRowEdit::setDisplayValue(const std::string& text) {
 }
 
 bool CGeneralRowEdit::validate() {
-    if (minimum_ == maximum_)
+    if (minimum_ == maximum_ || !isValueUsersToMend())
         return true;
     const long value = std::strtol(toUtf8(valueText()).c_str(), nullptr, 10);
     if (value >= minimum_ && value <= maximum_)

@@ -52,7 +52,7 @@ void CGeneralRowUnitValueEdit::onUnitChanged(Unit unit) {
 }
 
 bool CGeneralRowUnitValueEdit::validate() {
-    if (minimum_ == maximum_)
+    if (minimum_ == maximum_ || !isValueUsersToMend())
         return true;
     const long shown = length();
     if (shown >= minimum_ && shown <= maximum_)
