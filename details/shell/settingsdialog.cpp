@@ -8,7 +8,7 @@
 #include "details/shell/pagestarter.h"
 #include "details/shell/settingsupdater.h"
 #include "details/shell/stringtable.h"
-#include "details/shell/unreportededits.h"
+#include "details/shell/unsavededits.h"
 #include "details/widgets/messagebox.h"
 #include "details/widgets/stringconversion.h"
 #include "details/widgets/waitcursor.h"
@@ -57,8 +57,8 @@ void setShown(CPropDialogTemplate* page, bool shown) {
 
 /// Edits that are lost where the dialog goes without storing them.
 bool hasEdits(const CPropDialogTemplate& page) {
-    const auto* silent = dynamic_cast<const IUnreportedEdits*>(&page);
-    return page.isModified() || (silent && silent->hasUnreportedEdits());
+    const auto* edits = dynamic_cast<const IUnsavedEdits*>(&page);
+    return edits ? edits->hasUnsavedEdits() : page.isModified();
 }
 
 /// The controls of a page that Tab stops at, in order. A button of a radio group is one even while another

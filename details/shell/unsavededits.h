@@ -2,15 +2,16 @@
 
 namespace ovsettings {
 
-/// What a page is besides, if it does not report itself to the host, and the user's edits on it can be lost
-/// all the same.
-class IUnreportedEdits {
+/// What a page is besides, if the user's edits on it are something else than its news for the host: a page
+/// may report nothing, or have stored already what it is yet to report.
+class IUnsavedEdits {
 public:
-    /// True while a control stands for another value than when the page was filled or last stored.
-    virtual bool hasUnreportedEdits() const = 0;
+    /// True while a control stands for a value that is lost where the dialog goes without storing it. Asked
+    /// in place of isModified.
+    virtual bool hasUnsavedEdits() const = 0;
 
 protected:
-    ~IUnreportedEdits() = default;
+    ~IUnsavedEdits() = default;
 };
 
 } // namespace ovsettings

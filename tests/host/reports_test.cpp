@@ -8,6 +8,7 @@
 #include <QtWidgets/QTableView>
 
 #include <algorithm>
+#include <functional>
 
 using ovsettings::kPageReports;
 using ovsettings::PageReport;
@@ -39,6 +40,46 @@ void renameEntry(QDialog& dialog) {
     list->setCurrentRow(0);
     pressKey(*list, Qt::Key_F2);
     testsupport::type(*QApplication::focusWidget(), "own:PORT");
+}
+
+void restyleBus(QDialog& dialog) {
+    auto* grid = dialog.findChild<QTableView*>();
+    const auto& model = *grid->model();
+    const auto bus = model.match(model.index(0, 0), Qt::DisplayRole, QStringLiteral("Bus")).value(0);
+    grid->setFocus();
+    grid->setCurrentIndex(bus.siblingAtColumn(4));
+    QTest::keyClick(grid, Qt::Key_Space);
+    auto* styles = QApplication::activePopupWidget()->findChild<QAbstractItemView*>();
+    pressKey(*styles, Qt::Key_Down);
+    pressKey(*styles, Qt::Key_Return);
+    QApplication::processEvents();
+}
+
+/// Types the text over a length that is on show, which stands for another length.
+void retypeBoxSize(QDialog& dialog) {
+    auto* grid = dialog.findChild<QTableView*>();
+    const auto& model = *grid->model();
+    const auto found = model.match(model.index(0, 0), Qt::DisplayRole, QStringLiteral("Box Size"));
+    const QModelIndex size = found.value(0).siblingAtColumn(1);
+    grid->setCurrentIndex(size);
+    pressKey(*grid, Qt::Key_F2);
+    testsupport::type(*QApplication::focusWidget(), size.data().toString().toStdString());
+}
+
+void leaveUnits(bool storing, QDialog& dialog) {
+    pressKey(*find<QComboBox>(dialog, "Unit"), Qt::Key_Down);
+    testsupport::answerNextMessageBox(storing ? "Yes" : "No");
+    testsupport::selectCategory(dialog, "Grid");
+}
+
+/// @param file what the file dialog is given; empty to cancel it.
+void useScheme(QDialog& dialog, const char* button, const std::string& file) {
+    restyleBus(dialog);
+    testsupport::whenModal([&file](QWidget& modal) {
+        modal.findChild<QLineEdit*>()->setText(QString::fromStdString(file));
+        QTest::keyClick(&modal, file.empty() ? Qt::Key_Escape : Qt::Key_Return);
+    });
+    press(dialog, button);
 }
 
 struct Edit {
@@ -83,19 +124,7 @@ const Edit kEdits[] = {
      [](QDialog& dialog) {
          pressKey(*find<QAbstractSpinBox>(dialog, "Scale factor"), Qt::Key_Up);
      }},
-    {"Objects",
-     [](QDialog& dialog) {
-         auto* grid = dialog.findChild<QTableView*>();
-         const auto& model = *grid->model();
-         const auto bus = model.match(model.index(0, 0), Qt::DisplayRole, QStringLiteral("Bus")).value(0);
-         grid->setFocus();
-         grid->setCurrentIndex(bus.siblingAtColumn(4));
-         QTest::keyClick(grid, Qt::Key_Space);
-         auto* styles = QApplication::activePopupWidget()->findChild<QAbstractItemView*>();
-         pressKey(*styles, Qt::Key_Down);
-         pressKey(*styles, Qt::Key_Return);
-         QApplication::processEvents();
-     }},
+    {"Objects", restyleBus},
     {"Run on Startup", deleteEntry},
     {"Special Components", renameEntry},
     {"Symbol Libraries", deleteEntry},
@@ -125,29 +154,43 @@ protected:
         catalogue(dialogs);
     }
 
+    void openAt(const char* pageKey, const std::function<void(QDialog&)>& script, Orv::IUpdater* updater) {
+        Orv::iAppConfiguration::Property last("MRU_SETTINGS");
+        last.values = {pageKey};
+        configuration_.setProperty(last);
+        testsupport::whenDialog(
+            [&](QDialog& dialog) {
+                EXPECT_EQ(selectedCategory(dialog), pageKey);
+                script(dialog);
+                if (dialog.isVisible())
+                    press(dialog, "Cancel");
+            },
+            &boxes_);
+        ovsettings::showSettingsDialog(configuration_, opened_->configuration(), updater);
+    }
+
+    /// Whether Escape asks, and about that page alone.
+    static bool asksAtEscape(QDialog& dialog, const std::string& pageKey) {
+        const std::string question =
+            testsupport::messageDuring([&dialog] { QTest::keyClick(&dialog, Qt::Key_Escape); });
+        EXPECT_TRUE(question.empty() || question.ends_with("\n\n" + pageKey)) << question;
+        return !question.empty();
+    }
+
     /// Opens the dialog at a page and works on it. @return the names that OK reports.
     std::set<std::string> reportedAfter(const Edit& edit) {
         std::vector<std::string> names;
         for (const PageReport& page : kPageReports)
             names.emplace_back(page.name);
         AskingUpdater updater(names);
-        Orv::iAppConfiguration::Property last("MRU_SETTINGS");
-        last.values = {edit.pageKey};
-        configuration_.setProperty(last);
-        testsupport::whenDialog(
+        openAt(
+            edit.pageKey,
             [&edit](QDialog& dialog) {
-                EXPECT_EQ(selectedCategory(dialog), edit.pageKey);
                 edit.make(dialog);
-                std::string question;
-                testsupport::answerNextMessageBox("Keep editing", &question);
-                QTest::keyClick(&dialog, Qt::Key_Escape);
-                EXPECT_TRUE(question.ends_with(edit.pageKey)) << question;
+                EXPECT_TRUE(asksAtEscape(dialog, edit.pageKey));
                 press(dialog, "OK");
-                if (dialog.isVisible())
-                    press(dialog, "Cancel");
             },
-            &boxes_);
-        ovsettings::showSettingsDialog(configuration_, opened_->configuration(), &updater);
+            &updater);
         EXPECT_EQ(updater.notifications.size(), 1u);
         return updater.notifications.empty() ? std::set<std::string>() : updater.notifications.front();
     }
@@ -163,6 +206,39 @@ TEST_F(Reports, EveryPageAsksBeforeItsEditsAreGivenUpAndReportsThemIfTheTableSay
         ASSERT_NE(page, std::end(kPageReports));
         EXPECT_EQ(reportedAfter(edit),
                   page->reports ? std::set<std::string>{page->name} : std::set<std::string>());
+    }
+}
+
+TEST_F(Reports, EscapeAsksAboutWhatIsNotStoredWhateverIsNewsForTheHost) {
+    configuration_.setNumber("BOXSIZE_HR", 317500);
+    const std::string scheme = (samples_ / "own.ovc").string();
+    const struct {
+        Edit edit;
+        bool asks;
+    } rows[] = {
+        {{"Advanced", retypeBoxSize}, true},
+        {{"Metrics", std::bind_front(leaveUnits, false)}, true},
+        {{"Metrics", std::bind_front(leaveUnits, true)}, false},
+        {{"Objects",
+          [](QDialog& dialog) {
+              useScheme(dialog, "Load Scheme", "");
+          }},
+         true},
+        {{"Objects",
+          [&](QDialog& dialog) {
+              useScheme(dialog, "Save Scheme", scheme);
+          }},
+         false},
+    };
+    for (const auto& [edit, asks] : rows) {
+        SCOPED_TRACE(edit.pageKey);
+        openAt(
+            edit.pageKey,
+            [&](QDialog& dialog) {
+                edit.make(dialog);
+                EXPECT_EQ(asksAtEscape(dialog, edit.pageKey), asks);
+            },
+            nullptr);
     }
 }
 

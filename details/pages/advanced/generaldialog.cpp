@@ -61,15 +61,9 @@ bool CGeneralDialog::onEnter() {
     if (!grid_)
         return true;
     const Orv::Metrics::Unit unit = Orv::getConfiguredUnit(*appConfig_);
-    const std::vector<QString> before = texts();
     for (const auto& row : grid_->rows()) {
         if (auto* length = dynamic_cast<CGeneralRowUnitValueEdit*>(row.get()))
             length->onUnitChanged(unit);
-    }
-    const std::vector<QString> after = texts();
-    for (std::size_t row = 0; row < kept_.size(); ++row) {
-        if (kept_[row].text == before[row])
-            kept_[row].text = after[row];
     }
     return true;
 }
@@ -82,8 +76,8 @@ bool CGeneralDialog::isValid() {
     return validate();
 }
 
-bool CGeneralDialog::hasUnreportedEdits() const {
-    return !std::ranges::equal(texts(), kept_, {}, {}, &KeptRow::text);
+bool CGeneralDialog::hasUnsavedEdits() const {
+    return !std::ranges::equal(values(), kept_, {}, {}, &KeptRow::value);
 }
 
 DroppedEdits CGeneralDialog::followConfiguration() {
@@ -95,8 +89,8 @@ DroppedEdits CGeneralDialog::followConfiguration() {
         if (now == kept.stored)
             continue;
         kept.stored = now;
-        const bool edited = row.isEdited(kept.text);
-        kept.text = storedText(row);
+        const bool edited = row.value() != kept.value;
+        kept.value = storedValue(row);
         if (edited && !now.lockedKey)
             continue;
         showAnew(row);
@@ -125,16 +119,16 @@ CGeneralDialog::Stored CGeneralDialog::read(const CGeneralRow& row) const {
 void CGeneralDialog::keep() {
     kept_.clear();
     for (const auto& row : grid_->rows())
-        kept_.push_back({row->valueText(), read(*row)});
+        kept_.push_back({row->value(), read(*row)});
 }
 
-std::vector<QString> CGeneralDialog::texts() const {
-    std::vector<QString> texts;
+std::vector<QString> CGeneralDialog::values() const {
+    std::vector<QString> values;
     if (grid_) {
         for (const auto& row : grid_->rows())
-            texts.push_back(row->valueText());
+            values.push_back(row->value());
     }
-    return texts;
+    return values;
 }
 
 bool CGeneralDialog::validate() {
@@ -164,9 +158,9 @@ void CGeneralDialog::showAnew(CGeneralRow& row) const {
     row.showAnew();
 }
 
-QString CGeneralDialog::storedText(const CGeneralRow& row) const {
+QString CGeneralDialog::storedValue(const CGeneralRow& row) const {
     const ChoiceTable* table = choiceTableOf(row.getKey());
-    return table ? shownChoice(*table, *appConfig_) : row.storedText();
+    return table ? shownChoice(*table, *appConfig_) : row.storedValue();
 }
 
 } // namespace ovsettings

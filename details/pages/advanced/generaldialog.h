@@ -2,7 +2,7 @@
 
 #include "details/pages/page.h"
 #include "details/shell/followsconfiguration.h"
-#include "details/shell/unreportededits.h"
+#include "details/shell/unsavededits.h"
 
 #include <QtCore/QString>
 
@@ -22,7 +22,7 @@ class CGeneralDialog;
 
 /// The page "Advanced": a property sheet of the settings that have no page of their own. Its changes are not
 /// reported to the host by name, and that is meant: the host reads these settings when it needs them.
-class CGeneralDialog : public CPage, public IUnreportedEdits, public IFollowsConfiguration {
+class CGeneralDialog : public CPage, public IUnsavedEdits, public IFollowsConfiguration {
     Q_OBJECT
 
 public:
@@ -36,7 +36,7 @@ public:
     bool onEnter() override;
     bool onLeave() override;
     bool isValid() override;
-    bool hasUnreportedEdits() const override;
+    bool hasUnsavedEdits() const override;
     DroppedEdits followConfiguration() override;
 
 private:
@@ -49,17 +49,17 @@ private:
     };
     /// A row as it was filled, last stored or followed.
     struct KeptRow {
-        QString text; ///< on show while the user changes nothing
+        QString value; ///< what it stands for while the user changes nothing
         Stored stored;
     };
 
     Stored read(const CGeneralRow& row) const;
-    std::vector<QString> texts() const;
+    std::vector<QString> values() const;
     void keep();
     bool validate();
     void storeRow(CGeneralRow& row);
     void showAnew(CGeneralRow& row) const;
-    QString storedText(const CGeneralRow& row) const;
+    QString storedValue(const CGeneralRow& row) const;
 
     std::unique_ptr<Ui::CGeneralDialog> ui_;
     /// Null until the page is filled, and a page that is not has nothing to refuse.

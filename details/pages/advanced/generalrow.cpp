@@ -60,14 +60,10 @@ void CGeneralRow::showAnew() {
     init(rowIndex_);
 }
 
-QString CGeneralRow::storedText() const {
+QString CGeneralRow::storedValue() const {
     std::string text;
     readKey(text);
     return toQString(text);
-}
-
-bool CGeneralRow::isEdited(const QString& kept) const {
-    return valueText() != kept;
 }
 
 QString CGeneralRow::valueText() const {

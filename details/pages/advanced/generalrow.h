@@ -38,13 +38,13 @@ public:
     virtual bool validate();
     /// Shows what is stored by now in place of what is on show; an edit in progress is given up.
     void showAnew();
-    /// The text that the row shows for what is stored in its key.
-    virtual QString storedText() const;
-    /// True if the value is the user's and not the one that the row showed as `kept`.
-    virtual bool isEdited(const QString& kept) const;
+    /// The value() of a row that shows what is stored in its key.
+    virtual QString storedValue() const;
     /// The text of the value cell, as it is on show.
     QString valueText() const;
     void setValueText(const QString& text);
+    /// A text for what the row stands for, the same in each unit that it may be shown in.
+    virtual QString value() const { return valueText(); }
 
 protected:
     static constexpr int kCaptionColumn = 1;

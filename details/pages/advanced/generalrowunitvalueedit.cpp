@@ -42,6 +42,11 @@ void CGeneralRowUnitValueEdit::setDisplayValue(const std::string& text) {
     showLength(Orv::lengthFromText(text));
 }
 
+/// Not the text on show: several lengths look alike.
+QString CGeneralRowUnitValueEdit::value() const {
+    return toQString(Orv::lengthToText(length()));
+}
+
 void CGeneralRowUnitValueEdit::onUnitChanged(Unit unit) {
     if (unit == unit_)
         return;
@@ -63,14 +68,10 @@ bool CGeneralRowUnitValueEdit::validate() {
     return false;
 }
 
-QString CGeneralRowUnitValueEdit::storedText() const {
+QString CGeneralRowUnitValueEdit::storedValue() const {
     std::string text;
     readKey(text);
-    return lengthText(Orv::lengthFromText(text));
-}
-
-bool CGeneralRowUnitValueEdit::isEdited(const QString& kept) const {
-    return isValueEdited() || CGeneralRow::isEdited(kept);
+    return toQString(Orv::lengthToText(Orv::lengthFromText(text)));
 }
 
 void CGeneralRowUnitValueEdit::showUnitCaption() {

@@ -20,9 +20,8 @@ public:
     void setDisplayValue(const std::string& text) override;
     unsigned init(unsigned rowIndex) override;
     bool validate() override;
-    QString storedText() const override;
-    /// A text that was typed as it read already is an edit: it stands for its own few decimals.
-    bool isEdited(const QString& kept) const override;
+    QString value() const override;
+    QString storedValue() const override;
 
 private:
     void showUnitCaption();

@@ -140,7 +140,7 @@ bool CDisplayDialog::onApply() {
     return true;
 }
 
-bool CDisplayDialog::hasUnreportedEdits() const {
+bool CDisplayDialog::hasUnsavedEdits() const {
     return appConfig_ && marks() != kept_;
 }
 

@@ -2,7 +2,7 @@
 
 #include "details/pages/page.h"
 #include "details/shell/followsconfiguration.h"
-#include "details/shell/unreportededits.h"
+#include "details/shell/unsavededits.h"
 
 #include <memory>
 #include <string>
@@ -17,7 +17,7 @@ class CDisplayDialog;
 
 /// The page "Display": which classes of object the schematic editor shows, and which have tool tips. Nothing
 /// on it is disabled for a locked key: the store keeps what is locked.
-class CDisplayDialog : public CPage, public IUnreportedEdits, public IFollowsConfiguration {
+class CDisplayDialog : public CPage, public IUnsavedEdits, public IFollowsConfiguration {
     Q_OBJECT
 
 public:
@@ -27,7 +27,7 @@ public:
     bool buildTemplate() override;
     bool OnInitDialog() override;
     bool onApply() override;
-    bool hasUnreportedEdits() const override;
+    bool hasUnsavedEdits() const override;
     DroppedEdits followConfiguration() override;
 
     /// The names of properties that have tool tips, as one text and back. A text is split at every comma; the

@@ -142,6 +142,15 @@ void CMappingGrid::setUnchanged() {
         row->setUnchanged();
 }
 
+bool CMappingGrid::hasUnsavedEdits() const {
+    return std::ranges::any_of(rows_, [](const auto& row) { return row->hasUnsavedEdits(); });
+}
+
+void CMappingGrid::setSaved() {
+    for (const auto& row : rows_)
+        row->setSaved();
+}
+
 void CMappingGrid::changeColor(int row, int column, int color) {
     if (CMappingRow* changed = mappingRow(row)) {
         if (column == CMappingRow::kColorColumn)

@@ -79,6 +79,9 @@ public:
     void setUnchanged();
     /// Shows what others have stored since; see CMappingRow::follow.
     void follow(DroppedEdits& dropped);
+    /// The same since the last setUnchanged or setSaved.
+    bool hasUnsavedEdits() const;
+    void setSaved();
     /// The user has given a cell another colour, packed.
     void changeColor(int row, int column, int color);
 

@@ -188,7 +188,15 @@ bool CMappingRow::isModified() const {
 }
 
 void CMappingRow::setUnchanged() {
-    unchanged_ = shownValues();
+    unchanged_ = saved_ = shownValues();
+}
+
+bool CMappingRow::hasUnsavedEdits() const {
+    return shownValues() != saved_;
+}
+
+void CMappingRow::setSaved() {
+    saved_ = shownValues();
 }
 
 MappingValues CMappingRow::shownValues() const {

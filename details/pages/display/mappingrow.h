@@ -102,6 +102,10 @@ public:
     bool isModified() const;
     /// What the cells stand for now is no change.
     void setUnchanged();
+    /// True if a cell stands for another value than after the last setUnchanged or setSaved.
+    bool hasUnsavedEdits() const;
+    /// What the cells stand for now is on the disk; a change it remains.
+    void setSaved();
 
 protected:
     /// Shows the caption and all fields of the key. A cell is closed if its column is, or if the key does not
@@ -150,6 +154,7 @@ private:
     std::vector<std::string> values_;
     std::vector<bool> readOnly_;
     MappingValues unchanged_;
+    MappingValues saved_;
     Orv::iAppConfiguration* configuration_;
 };
 

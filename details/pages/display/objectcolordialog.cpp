@@ -256,6 +256,10 @@ DroppedEdits CObjectColorDialog::followConfiguration() {
     return dropped;
 }
 
+bool CObjectColorDialog::hasUnsavedEdits() const {
+    return std::ranges::any_of(grids_, [](const auto& entry) { return entry.second->hasUnsavedEdits(); });
+}
+
 bool CObjectColorDialog::onLeave() {
     return validate();
 }
@@ -344,7 +348,11 @@ void CObjectColorDialog::saveScheme() {
         return;
     }
     addRecentScheme(*appConfig_, path);
-    appConfig_->save(); // at once: the file is there, whatever becomes of the dialog
+    // At once: the file is there, whatever becomes of the dialog.
+    if (!appConfig_->save() || appConfig_->lastSaveFailed())
+        return;
+    for (const auto& [mode, grid] : grids_)
+        grid->setSaved();
 }
 
 } // namespace ovsettings

@@ -2,6 +2,7 @@
 
 #include "details/pages/page.h"
 #include "details/shell/followsconfiguration.h"
+#include "details/shell/unsavededits.h"
 
 #include <map>
 #include <memory>
@@ -19,7 +20,7 @@ class CObjectColorDialog;
 
 /// The page "Objects": how each kind of object of a schematic, and of an interconnectivity table (ICT), is
 /// drawn, with a sample of each; and the files of colour schemes.
-class CObjectColorDialog : public CPage, public IFollowsConfiguration {
+class CObjectColorDialog : public CPage, public IUnsavedEdits, public IFollowsConfiguration {
     Q_OBJECT
 
 public:
@@ -34,6 +35,7 @@ public:
     bool isValid() override;
     bool isModified() const override;
     DroppedEdits followConfiguration() override;
+    bool hasUnsavedEdits() const override;
 
     /// The grid of a mode, "OV" or "ICT"; null if there is none.
     CMappingGrid* grid(std::string_view mode) const;

@@ -75,10 +75,9 @@ bool CMetricsDialog::onApply() {
 }
 
 bool CMetricsDialog::onLeave() {
-    const auto unit = selectedUnit();
-    if (unit && *unit != Orv::getConfiguredUnit(*appConfig_) &&
+    if (hasUnsavedEdits() &&
         askYesNo(this, tr("Do you want to save the changes you've made in this page?"), tr("Metrics")))
-        store(*unit);
+        store(*selectedUnit());
     return true;
 }
 
@@ -103,6 +102,11 @@ DroppedEdits CMetricsDialog::followConfiguration() {
     }
     show(now);
     return edited ? DroppedEdits{{UnitTraits::GetUnitCfgKey(), 0}} : DroppedEdits();
+}
+
+bool CMetricsDialog::hasUnsavedEdits() const {
+    const auto unit = selectedUnit();
+    return unit && *unit != Orv::getConfiguredUnit(*appConfig_);
 }
 
 std::optional<Unit> CMetricsDialog::selectedUnit() const {

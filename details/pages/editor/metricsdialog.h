@@ -2,6 +2,7 @@
 
 #include "details/pages/page.h"
 #include "details/shell/followsconfiguration.h"
+#include "details/shell/unsavededits.h"
 #include "orv/metrics.h"
 
 #include <memory>
@@ -14,7 +15,7 @@ class CMetricsDialog;
 }
 
 /// The page "Units": the unit in which all pages show lengths. Stored lengths do not depend on it.
-class CMetricsDialog : public CPage, public IFollowsConfiguration {
+class CMetricsDialog : public CPage, public IUnsavedEdits, public IFollowsConfiguration {
     Q_OBJECT
 
 public:
@@ -27,6 +28,7 @@ public:
     bool onLeave() override;
     bool isModified() const override;
     DroppedEdits followConfiguration() override;
+    bool hasUnsavedEdits() const override;
 
 private:
     struct Stored {

@@ -174,7 +174,7 @@ bool CSpecialComponentsDialog::isModified() const {
            });
 }
 
-bool CSpecialComponentsDialog::hasUnreportedEdits() const {
+bool CSpecialComponentsDialog::hasUnsavedEdits() const {
     return isBuilt() && editedLists() != loaded_;
 }
 

@@ -2,7 +2,7 @@
 
 #include "details/pages/page.h"
 #include "details/pages/project/namedfile.h"
-#include "details/shell/unreportededits.h"
+#include "details/shell/unsavededits.h"
 #include "details/widgets/listboxeditor.h"
 
 #include <QtWidgets/QComboBox>
@@ -25,7 +25,7 @@ class CSpecialComponentsDialog;
 
 /// The page "Special Components": the symbols that stand for ports, connectors between sheets, power and
 /// ground, category by category.
-class CSpecialComponentsDialog : public CPage, public IUnreportedEdits {
+class CSpecialComponentsDialog : public CPage, public IUnsavedEdits {
     Q_OBJECT
 
 public:
@@ -65,7 +65,7 @@ public:
     bool onEnter() override;
     bool onLeave() override;
     bool isModified() const override;
-    bool hasUnreportedEdits() const override;
+    bool hasUnsavedEdits() const override;
 
     /// Drops what was changed, and shows the first category as the file holds it.
     void reset();
