@@ -159,7 +159,8 @@ bool CSpecialComponentsDialog::onLeave() {
     takeRows();
     if (!hasFile() || !isModified())
         return true;
-    if (asksToSave(*this) && !onApply())
+    // The file may have gone while the question stood.
+    if (asksToSave(*this) && (!onApply() || working_ != loaded_))
         return true;
     load();
     return true;
