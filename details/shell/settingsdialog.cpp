@@ -61,6 +61,12 @@ bool hasEdits(const CPropDialogTemplate& page) {
     return edits ? edits->hasUnsavedEdits() : page.isModified();
 }
 
+/// "NET.COLOR", or the key alone where its fields have no names.
+std::string fieldName(const std::string& key, std::size_t field) {
+    const auto names = Orv::iAppConfiguration::fieldNames(Orv::iAppConfiguration::kindOf(key));
+    return field < names.size() ? key + '.' + names[field] : key;
+}
+
 /// The controls of a page that Tab stops at, in order. A button of a radio group is one even while another
 /// button of the group has the stop: its place must be right when it is checked.
 QWidgetList tabStops(CPropDialogTemplate& page) {
@@ -475,8 +481,9 @@ void CSettingsDialog::refresh() {
             std::ranges::move(follower->followConfiguration(), std::back_inserter(dropped));
     }
     for (const auto& [key, field] : dropped) {
-        ui_->notice->addNotice(tr("%1 is locked by %2 now; your change of it was given up.")
-                                   .arg(toQString(key), toQString(appConfig_.lockingDirectory(key, field))));
+        ui_->notice->addNotice(
+            tr("Your change of %1 was given up: it is locked now by %2.")
+                .arg(toQString(fieldName(key, field)), toQString(appConfig_.lockingDirectory(key, field))));
     }
 }
 
