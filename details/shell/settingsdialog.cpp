@@ -155,6 +155,7 @@ void CSettingsDialog::runCommand(Command command) {
         return;
     const QScopedValueRollback<bool> busy(busy_, true);
     guarded(command);
+    refreshSoon();
 }
 
 /// The host's window, of whatever toolkit class, stays behind the dialog without owning it.
@@ -455,13 +456,19 @@ void CSettingsDialog::showActivePageHelp() {
 void CSettingsDialog::noteActivation(const QEvent& event) {
     if (event.type() == QEvent::ApplicationStateChange) {
         const auto state = static_cast<const QApplicationStateChangeEvent&>(event).applicationState();
-        if (state == Qt::ApplicationActive)
-            refreshIfDue();
-        else
+        if (state != Qt::ApplicationActive)
+            wasInactive_ = true;
+        else if (std::exchange(wasInactive_, false))
             refreshDue_ = true;
-    } else if (refreshDue_ && (event.type() == QEvent::WindowActivate || event.type() == QEvent::FocusIn)) {
-        QMetaObject::invokeMethod(this, &CSettingsDialog::refreshIfDue, Qt::QueuedConnection);
+        refreshIfDue();
+    } else if (event.type() == QEvent::WindowActivate || event.type() == QEvent::FocusIn) {
+        refreshSoon();
     }
+}
+
+void CSettingsDialog::refreshSoon() {
+    if (refreshDue_)
+        QMetaObject::invokeMethod(this, &CSettingsDialog::refreshIfDue, Qt::QueuedConnection);
 }
 
 void CSettingsDialog::refreshIfDue() {

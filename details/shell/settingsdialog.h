@@ -105,6 +105,7 @@ private:
     void noteActivation(const QEvent& event);
     /// Not inside a command, a question or another dialog; what is due then stays due.
     void refreshIfDue();
+    void refreshSoon();
     void refresh();
 
     /// Runs what the event loop calls; what it throws ends the modal loop and waits there for DoModal.
@@ -128,7 +129,8 @@ private:
     std::optional<unsigned> shownIndex_; ///< of the page on show, also of one that could not be made
     bool initialised_ = false;
     bool busy_ = false; ///< a command runs; a page may handle events in it, which must not start another
-    bool refreshDue_ = false; ///< the application was not the active one since the last refresh
+    bool wasInactive_ = false;                  ///< the application has been, since the dialog opened
+    bool refreshDue_ = false;                   ///< the application has come back since the last refresh
     QPointer<CPropDialogTemplate> currentPage_; ///< the page on show, which is asked on leaving
     QPointer<CPropDialogTemplate> activePage_;  ///< the page that OK, Apply, help and keys go to first
     std::unique_ptr<CSettingsUpdater> updater_;

@@ -118,6 +118,23 @@ TEST_F(Refresh, PagesShowWhatOthersWroteWhenTheApplicationIsActiveAgainAndKeepTh
     expectStored({{"GRID_HR", "508000"}, {"BOXSIZE_HR", "635000"}, {"AUTOPAN", "0"}, {"SNAPTOPIN", "0"}});
 }
 
+TEST_F(Refresh, WaitsForTheEndOfACommand) {
+    catalogue(category("A"));
+    float during = 0;
+    recorder().acts["A.onApply"] = [&] {
+        writeAsAnotherProgram({{"GRID_HR", "508000"}});
+        switchWindows();
+        during = configuration_.getNumber("GRID_HR");
+    };
+    run([&](QDialog& dialog) {
+        press(dialog, "Apply");
+        QApplication::processEvents();
+        EXPECT_EQ(configuration_.getNumber("GRID_HR"), 508000.0F);
+        press(dialog, "Cancel");
+    });
+    EXPECT_EQ(during, 254000.0F);
+}
+
 QTableView& gridOf(QDialog& dialog) {
     for (auto* grid : dialog.findChild<QWidget*>(QStringLiteral("pageHost"))->findChildren<QTableView*>()) {
         if (grid->isVisible())
