@@ -131,21 +131,21 @@ TEST_F(FontPage, AFaceThatThisMachineLacksStaysWithItsStyleUntilAnotherIsChosen)
          },
          {offered.toStdString()}},
     };
-    for (const auto& [answer, expected] : rows) {
+    for (const auto& row : rows) {
         load();
         Orv::setValues(appConfig_, "SCRIPT", mapped);
         CFontDialog& page = open<CFontDialog>();
         click(7, 2);
-        whenDialog([&](QDialog& dialog) { answer(dynamic_cast<QFontDialog&>(dialog)); });
+        whenDialog([&](QDialog& dialog) { row.first(dynamic_cast<QFontDialog&>(dialog)); });
         button("Edit mapping").click();
-        EXPECT_EQ(page.isModified(), expected != mapped);
+        EXPECT_EQ(page.isModified(), row.second != mapped);
         EXPECT_TRUE(page.onApply());
         Texts kept = stored("SCRIPT");
-        if (expected.size() == 1) {
+        if (row.second.size() == 1) {
             EXPECT_EQ(kept[3], "1") << "the character set of the face that was given up goes with it";
             kept.resize(1);
         }
-        EXPECT_EQ(kept, expected);
+        EXPECT_EQ(kept, row.second);
     }
 }
 

@@ -132,13 +132,13 @@ TEST_F(NamedFilePages, AnotherPagesStoreLeavesUnsavedEditsToBeStored) {
         const char* name;
         bool byPage; ///< and not by another program
     } rows[] = {{"mine", true}, {"other", true}, {"other", false}};
-    for (const auto& [file, byPage] : rows) {
-        const std::string name = file;
+    for (const auto& row : rows) {
+        const std::string name = row.name;
         openNew();
         run([&](QDialog& dialog) {
             editBorders(dialog);
             boxDuring([&] { editComponents(dialog); }, "No");
-            if (!byPage) {
+            if (!row.byPage) {
                 onDisk()->SetValue("DesignInfo", "BorderSymbols", path(name + ".ini"));
                 onDisk()->SetValue("DesignInfo", "PinComponents", path(name + ".pin"));
                 return press(dialog, "OK");
