@@ -278,7 +278,7 @@ TEST_F(Frame, VetoOnLeavingKeepsTreeAndPageByMouseKeyAndCode) {
 }
 
 TEST_F(Frame, LastPageIsRememberedAtEachSwitchAndShownNextTime) {
-    run([this](QDialog& dialog) {
+    run([](QDialog& dialog) {
         selectCategory(dialog, "B");
         EXPECT_EQ(storedLastPage(), "B");
         press(dialog, "Cancel");

@@ -230,13 +230,13 @@ TEST_F(Reports, EscapeAsksAboutWhatIsNotStoredWhateverIsNewsForTheHost) {
           }},
          false},
     };
-    for (const auto& [edit, asks] : rows) {
-        SCOPED_TRACE(edit.pageKey);
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.edit.pageKey);
         openAt(
-            edit.pageKey,
+            row.edit.pageKey,
             [&](QDialog& dialog) {
-                edit.make(dialog);
-                EXPECT_EQ(asksAtEscape(dialog, edit.pageKey), asks);
+                row.edit.make(dialog);
+                EXPECT_EQ(asksAtEscape(dialog, row.edit.pageKey), row.asks);
             },
             nullptr);
     }
