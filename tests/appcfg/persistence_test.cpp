@@ -3,7 +3,6 @@
 #include "suite/configuration.h"
 
 #include <algorithm>
-#include <map>
 
 using testsupport::ScopedEnvironment;
 namespace fs = std::filesystem;
@@ -137,81 +136,4 @@ TEST_F(Persistence, OriginsStayThoseOfTheLoadWhenTheDirectoriesChange) {
     }
     EXPECT_EQ(store.lockingDirectory("GRID_HR", 0), installation.site().string());
     EXPECT_EQ(store.valueDirectory("GRID_HR", 0), installation.site().string());
-}
-
-TEST_F(Persistence, EveryKindComesBackFromWhereItWasWritten) {
-    // One key for each place in a file.
-    const std::map<std::string, Texts> written = {
-        {"BELL", {"0"}},
-        {"GRID_HR", {"100"}},
-        {"LANGUAGE", {"J\xc3\xa4ger & <Sohn>"}},
-        {"GRID_LAYER", {"0x010203", "1", "2"}},
-        {"BUS", {"0", "0", "0x010203", "3", "4", "5"}},
-        {"ICTBUS", {"0x010203", "0x040506"}},
-        {"SCREEN", {"1", "2", "3"}},
-        {"PRINTER", {"4"}},
-        {"PROPERTIES_TOOLTIP", {"A", "B"}},
-        {"MRU_PROJECTS", {"/a b/c.prj"}},
-        {"NAV_NET_FILTER_PROPERTIES", {"rule", ""}},
-        {"Z_SIZE_HR", {"1.5", "2"}},
-        {"KANJI", {"Noto Sans", "1", "2", "3", "4", "5", "6", "7"}},
-    };
-    ASSERT_TRUE(store.load());
-    for (const auto& [key, fields] : written)
-        Orv::setValues(store, key, fields);
-    ASSERT_TRUE(store.save());
-    ASSERT_TRUE(store.load());
-    for (const auto& [key, fields] : written)
-        EXPECT_EQ(values(key), fields) << key;
-}
-
-TEST_F(Persistence, TheUsersFileHoldsTheDifferencesFromTheInheritedDefaultsAndNothingElse) {
-    writeLevel(installation.site(),
-               setting("UNDO_LEVEL", "5") + object("NET", attribute("LINE_THICKNESS", "4")));
-    testsupport::writeFile(installation.user() / "orvane.xml", R"(<?xml version="1.0" encoding="UTF-8"?>
-<configuration>
-  <section path="Orvane/SETTINGS">
-    <value name="BELL">0</value>
-    <value name="MRU_SCHEMA">old.ovc</value>
-    <value name="LANGUAGE" locked="yes">French</value>
-    <value name="FOREIGN">kept</value>
-  </section>
-  <section path="Orvane/OBJECTS">
-    <group type="object" name="BUS">
-      <attribute name="COLOR">0xff0000</attribute>
-    </group>
-  </section>
-</configuration>
-)");
-    ASSERT_TRUE(store.load());
-    Orv::setValue(store, "GRID_HR", "127000");
-    Orv::setValue(store, "BELL", "1");
-    Orv::setValue(store, "LANGUAGE", "German");
-    Orv::setValue(store, "MRU_SCHEMA", "");
-    Orv::setValueAt(store, 0, "NET", "0");
-    Orv::setValueAt(store, 2, "BUS", "0xffff00");
-    Orv::setValues(store, "PROPERTIES_TOOLTIP", {"REFDES", "VALUE"});
-    ASSERT_TRUE(store.save());
-    // UNDO_LEVEL is the site's and BELL is back at its default; MRU_SCHEMA is empty and LANGUAGE locked, so
-    // both are left as they were.
-    const std::string expected = R"(<?xml version="1.0" encoding="UTF-8"?>
-<configuration>
-  <section path="Orvane/SETTINGS">
-    <value name="MRU_SCHEMA">old.ovc</value>
-    <value name="LANGUAGE" locked="yes">French</value>
-    <value name="FOREIGN">kept</value>
-    <value name="GRID_HR">127000</value>
-    <list name="PROPERTIES_TOOLTIP">
-      <item>REFDES</item>
-      <item>VALUE</item>
-    </list>
-  </section>
-  <section path="Orvane/OBJECTS">
-    <group type="object" name="NET">
-      <attribute name="VISIBLE">0</attribute>
-    </group>
-  </section>
-</configuration>
-)";
-    EXPECT_EQ(userFile(), expected);
 }

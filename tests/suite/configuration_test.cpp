@@ -552,30 +552,6 @@ TEST_F(ConfigurationFile, SavingAgainGivesWhatReadingAgainWould) {
     EXPECT_EQ(valuesOf("C"), Values{"7"}) << "what someone else wrote in between counts";
 }
 
-TEST_F(ConfigurationFile, ProcessesThatSaveAtTheSameTimeLoseNothing) {
-    constexpr int kProcesses = 3;
-    constexpr int kKeys = 15;
-    pid_t writers[kProcesses];
-    const auto keyOf = [](int process, int number) {
-        return "KEY_" + std::to_string(process) + "_" + std::to_string(number);
-    };
-    for (int process = 0; process < kProcesses; ++process) {
-        writers[process] = startChild([&, process] {
-            for (int number = 0; number < kKeys; ++number) {
-                if (!edit([&](IOvConfiguration& c) { c.writeValue(kPath, keyOf(process, number), "1"); }))
-                    return EXIT_FAILURE;
-            }
-            return EXIT_SUCCESS;
-        });
-    }
-    for (const pid_t writer : writers)
-        EXPECT_EQ(endOfChild(writer), EXIT_SUCCESS);
-    for (int process = 0; process < kProcesses; ++process) {
-        for (int number = 0; number < kKeys; ++number)
-            EXPECT_EQ(valuesOf(keyOf(process, number)), Values{"1"});
-    }
-}
-
 TEST_F(ConfigurationFile, DamagedFilesAreReportedOnceAndKeptAside) {
     std::string laughs = "<!DOCTYPE configuration [<!ENTITY e0 \"ha\">";
     for (int i = 1; i < 20; ++i) {
