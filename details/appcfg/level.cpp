@@ -89,6 +89,7 @@ std::optional<Level> readLevel(const std::string& directory) {
     if (!configuration)
         return std::nullopt;
     Level level{directory, true, {}};
+    level.statements.reserve(kCatalogueSize);
     StatementReader reader(*configuration);
     for (std::size_t row = 0; row < kCatalogueSize; ++row) {
         if (auto statement = reader.read(row))

@@ -93,8 +93,7 @@ bool loadStore(Impl& store, const std::string& projectPath) {
     readLevels(store);
     for (std::size_t row = 0; row < store.records.size(); ++row)
         store.refreshCache(row);
-    for (const auto& statement : store.levels.front().statements)
-        store.notePending(statement.row);
+    store.heldIsUnchecked = true;
     notifyOfAll(store);
     return true;
 }
@@ -115,6 +114,7 @@ bool lostWhatItHeld(const Impl& store, const IOvConfiguration& configuration) {
 } // namespace
 
 bool saveStore(Impl& store) {
+    store.checkHeld();
     // Until it has worked; where nothing is to be saved, nothing can fail.
     store.lastSaveFailed = store.pending.any();
     if (!prepareDirectories(store, store.lastProjectPath))

@@ -146,6 +146,7 @@ RefreshResult refreshStore(Impl& store) {
     if (store.isNotifying() || store.levels.empty())
         return result;
     result.isDone = true;
+    store.checkHeld();
     const auto former = std::exchange(store.levels, rereadLevels(store.levels));
     // What others wrote beside a save stands in the level since then, and in no record.
     Rows rows = std::exchange(store.settled, Rows());

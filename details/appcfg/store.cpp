@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <utility>
 
 namespace Orv {
 
@@ -73,6 +74,7 @@ void iAppConfiguration::Impl::registerCatalogue() {
     records = defaultRecords();
     levels.clear();
     pending.reset();
+    heldIsUnchecked = false;
     settled.reset();
 }
 
@@ -93,6 +95,13 @@ void iAppConfiguration::Impl::notePending(std::size_t row) {
     const auto& record = records[row];
     const auto* held = knowsWrittenLevel() ? levels.front().find(row) : nullptr;
     pending[row] = record.saved || record.withdrawn != 0 || isRedundant(record, held);
+}
+
+void iAppConfiguration::Impl::checkHeld() {
+    if (!std::exchange(heldIsUnchecked, false) || !knowsWrittenLevel())
+        return;
+    for (const auto& statement : levels.front().statements)
+        notePending(statement.row);
 }
 
 std::optional<std::size_t> iAppConfiguration::Impl::find(std::string_view key) const noexcept {

@@ -53,6 +53,7 @@ struct iAppConfiguration::Impl {
     /// The rows that a save has to look at: changed, or held by the user's level although it inherits the
     /// same.
     std::bitset<kCatalogueSize> pending;
+    bool heldIsUnchecked = false; ///< the rows that the load found in the user's level are not among them yet
     /// The rows that were saved since the load or the last refresh: the level has what the file then said of
     /// them, the record only what this store changed.
     std::bitset<kCatalogueSize> settled;
@@ -80,6 +81,8 @@ struct iAppConfiguration::Impl {
 
     /// Settles whether a save has to look at a row.
     void notePending(std::size_t row);
+    /// The same for what the load found in the user's level. That takes time, and many programs never save.
+    void checkHeld();
 
     bool isCached(std::size_t row) const { return typed.hasNumber[row] || typed.hasGraphics[row]; }
     void refreshCache(std::size_t row);
