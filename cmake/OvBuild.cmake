@@ -7,11 +7,14 @@ set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
-set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
-set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/${CMAKE_INSTALL_LIBDIR})
+set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/${CMAKE_INSTALL_LIBDIR})
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
-# An installed library finds its neighbour without an entry in the loader's configuration.
-set(CMAKE_INSTALL_RPATH "$ORIGIN;$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+# A library finds its neighbours, and a program its libraries, without an entry in the loader's configuration, in the
+# build tree as where they are installed. One run path for both: CMake fills one that it is going to replace with empty
+# entries, and the loader takes an empty entry for the current directory, which may be anybody's.
+set(CMAKE_INSTALL_RPATH "$ORIGIN")
+set(CMAKE_BUILD_WITH_INSTALL_RPATH ON)
 
 # The precompiled headers differ in nothing but their time stamps; without the sloppiness ccache never finds one.
 find_program(CCACHE ccache)
@@ -24,6 +27,17 @@ if(CCACHE)
     else()
         add_compile_options(-fpch-preprocess)
     endif()
+endif()
+
+# What is built for others withstands more than what is correct needs; docs/security.md says what each costs.
+add_compile_definitions(_GLIBCXX_ASSERTIONS)
+if(CMAKE_BUILD_TYPE MATCHES "^Rel" AND NOT OVSETTINGS_FUZZ)
+    add_compile_options(-fstack-protector-strong -fstack-clash-protection)
+    if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64")
+        add_compile_options(-fcf-protection)
+    endif()
+    add_compile_definitions(_FORTIFY_SOURCE=2)
+    add_link_options(LINKER:-z,relro,-z,now)
 endif()
 
 if(OVSETTINGS_SANITIZE_ADDRESS)
@@ -51,6 +65,10 @@ function(ov_target target)
     target_include_directories(${target} PUBLIC
         $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
     target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR})
+    get_target_property(type ${target} TYPE)
+    if(type STREQUAL "EXECUTABLE")
+        set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+    endif()
 endfunction()
 
 # ov_qt_target(TARGET [HEADERS]): a target with widgets: meta-object compiler, forms of resources/dialogs, precompiled

@@ -5,7 +5,7 @@
 #include "details/appcfg/overlay.h"
 #include "details/appcfg/transfer.h"
 #include "details/platform/asciicase.h"
-#include "details/platform/environment.h"
+#include "details/platform/installation.h"
 #include "suite/wdirutils.h"
 
 #include <algorithm>
@@ -33,7 +33,7 @@ bool liesInside(const std::string& directory, const std::string& home) {
 
 /// `RSR_HOME` as the list of directories has it.
 std::string installation() {
-    auto home = withForwardSlashes(platform::environmentVariable("RSR_HOME").value_or(""));
+    auto home = withForwardSlashes(platform::installationDirectory());
     while (home.size() > 1 && home.back() == '/')
         home.pop_back();
     return home;

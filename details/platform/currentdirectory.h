@@ -6,7 +6,7 @@ namespace platform {
 
 /// Keeps the process's current directory: what it was at construction it is again at destruction, even if
 /// that directory was renamed or deleted in between. The current directory belongs to the whole process; use
-/// on one thread only.
+/// on one thread only. What this library loads late is loaded before the first change.
 class CurrentDirectory {
 public:
     CurrentDirectory();
@@ -23,5 +23,8 @@ public:
 private:
     int before_; ///< descriptor of the directory to return to; -1 if there is none
 };
+
+/// Whether a path can be made the current directory, by the rules of CurrentDirectory; nothing is changed.
+bool mayBeCurrent(std::string_view path);
 
 } // namespace platform

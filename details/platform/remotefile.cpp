@@ -125,10 +125,7 @@ const Functions* functionsOf(const UrlScheme& scheme) {
     // Never destroyed: a look-up on a thread of its own may still be under way when the process ends.
     static auto& modules = *new std::array<Module, kUrlSchemes.size()>;
     Module& module = modules[static_cast<std::size_t>(&scheme - kUrlSchemes.data())];
-    std::call_once(module.once, [&] {
-        if (!loadFrom(besideThisLibrary(scheme.module), module))
-            loadFrom(scheme.module, module);
-    });
+    std::call_once(module.once, [&] { loadFrom(besideThisLibrary(scheme.module), module); });
     return module.library ? &module.functions : nullptr;
 }
 
@@ -212,6 +209,11 @@ bool IsRemotePath(std::string_view path) {
     return schemeOf(path) != nullptr;
 }
 
+void loadUrlModules() {
+    for (const UrlScheme& scheme : kUrlSchemes)
+        functionsOf(scheme);
+}
+
 RemoteStream* RemoteOpen(const std::string& path, const char* mode) {
     if (!isForReading(mode))
         return nullptr;
@@ -286,6 +288,13 @@ std::string expandHome(std::string path) {
             path.replace(0, end, *home);
     }
     return path;
+}
+
+void loadUserServices() {
+    std::array<char, 1024> texts;
+    struct passwd entry;
+    struct passwd* found = nullptr;
+    getpwnam_r("", &entry, texts.data(), texts.size(), &found);
 }
 
 void NormalizeName(std::string& path) {

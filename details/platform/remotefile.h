@@ -12,11 +12,15 @@ struct RemoteStream;
 /// True if the path, after one optional leading double quote, begins with "http:" or "ftp:".
 bool IsRemotePath(std::string_view path);
 
+/// Loads the modules now rather than on first use. They need further libraries, which the loader may be told
+/// to look for in the current directory.
+void loadUrlModules();
+
 /// File access that acts like fopen, fgets and fclose on a local path. For a remote one it turns "\" into "/"
-/// and goes through the URL access module, which is loaded on first use; without the module, or one of its
-/// entry points, every remote path fails to open. Local paths take separators of either kind and must name
-/// regular files, so that a pipe makes nobody wait. Only modes that read open anything. May be called on any
-/// thread; a remote call returns within a bounded time.
+/// and goes through the URL access module, which is loaded on first use from beside this library; without the
+/// module, or one of its entry points, every remote path fails to open. Local paths take separators of either
+/// kind and must name regular files, so that a pipe makes nobody wait. Only modes that read open anything.
+/// May be called on any thread; a remote call returns within a bounded time.
 RemoteStream* RemoteOpen(const std::string& path, const char* mode);
 /// Reads up to `size` - 1 bytes, to the end of a line and with it. @return `buffer`, or null at the end.
 char* RemoteGets(char* buffer, int size, RemoteStream* stream);
@@ -58,6 +62,9 @@ std::string MakeFilePath(std::string_view directory, std::string_view name, std:
 /// The path with the home directory in place of a leading "~" or "~USER". That of a user who is not known
 /// stays. May take long where the users are known to a server only.
 std::string expandHome(std::string path);
+
+/// Has the system load now what it asks for users: by the empty name, for which no service asks a server.
+void loadUserServices();
 
 /// Turns a leading "." or "~" into an absolute path, in place.
 void NormalizeName(std::string& path);

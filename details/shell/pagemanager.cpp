@@ -1,5 +1,6 @@
 #include "details/shell/pagemanager.h"
 
+#include "details/platform/paths.h"
 #include "details/shell/pagestarter.h"
 #include "details/shell/settingsdialog.h"
 #include "details/shell/settingsupdater.h"
@@ -74,6 +75,7 @@ CPageManager::~CPageManager() {
 bool CPageManager::read(const std::string& path) {
     if (!reader_)
         reader_ = std::make_unique<CSettingsXmlReader>(*this);
+    catalogueDirectory_ = platform::splitPath(path).directory;
     reader_->read(path);
     return true;
 }
@@ -163,8 +165,8 @@ CPropertyPageSupplier* CPageManager::supplierFor(const std::string& localization
     if (!isNew)
         return entry->second.get();
     try {
-        entry->second =
-            makeSupplier(localization, &frame_.appConfiguration(), &frame_.projectConfiguration());
+        entry->second = makeSupplier(localization, catalogueDirectory_, &frame_.appConfiguration(),
+                                     &frame_.projectConfiguration());
     } catch (const ComponentError&) {
         throw; // for the host
     } catch (...) {

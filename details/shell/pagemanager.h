@@ -49,6 +49,7 @@ private:
     CSettingsDialog& frame_;
     CSettingsUpdater& updater_;
     std::unique_ptr<CSettingsXmlReader> reader_;
+    std::string catalogueDirectory_;
     std::map<std::string, std::unique_ptr<CPropertyPageSupplier>> suppliers_; ///< by `localization`
     std::set<CFactoryEx*> configured_; ///< those that were given this dialog's configuration objects
 };

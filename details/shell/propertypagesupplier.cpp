@@ -1,7 +1,8 @@
 #include "details/shell/propertypagesupplier.h"
 
 #include "details/platform/componentregistry.h"
-#include "details/platform/environment.h"
+#include "details/platform/installation.h"
+#include "details/platform/paths.h"
 #include "details/shell/internalpages.h"
 #include "details/shell/toplevelfactory.h"
 #include "ovsettings/settingspagecomponent.h"
@@ -45,8 +46,8 @@ std::string betweenBrackets(const std::string& text) {
 
 /// Loads a registered component. It stays to the end of the process.
 IComponent* createComponent(const std::string& classId) {
-    const std::string home = platform::environmentVariable("RSR_HOME").value_or("");
-    const platform::ComponentEntry entry = platform::findComponent(home, classId);
+    const platform::ComponentEntry entry =
+        platform::findComponent(platform::installationDirectory(), classId);
     if (!entry.error.empty())
         std::cerr << "OvSettings: " << entry.error << std::endl;
     if (entry.library.empty())
@@ -57,6 +58,14 @@ IComponent* createComponent(const std::string& classId) {
     using Create = IComponent* (*)(const char*);
     const auto create = reinterpret_cast<Create>(library.symbol("createComponent"));
     return create ? create(classId.c_str()) : nullptr;
+}
+
+/// What the loader is asked for: a bare name as it is, anything else from the catalogue's directory on, and
+/// never from the current one, which may be that of a foreign project.
+std::string libraryFile(const std::string& name, const std::string& catalogueDirectory) {
+    if (platform::isBareName(name) || name.front() == '/' || name.front() == '\\')
+        return name;
+    return catalogueDirectory + '/' + name;
 }
 
 } // namespace
@@ -133,6 +142,7 @@ void CPropertyPageSupplierProjects::fetchNames(const Orv::CProjectConfiguration*
 }
 
 std::unique_ptr<CPropertyPageSupplier> makeSupplier(const std::string& localization,
+                                                    const std::string& catalogueDirectory,
                                                     Orv::iAppConfiguration* appConfig,
                                                     Orv::CProjectConfiguration* projectConfig) {
     if (localization == "internal")
@@ -142,7 +152,7 @@ std::unique_ptr<CPropertyPageSupplier> makeSupplier(const std::string& localizat
     const auto first = localization.find_first_not_of(" \t");
     if (first != std::string::npos && localization[first] == '[')
         return std::make_unique<CPropertyPageSupplierCom>(localization);
-    return std::make_unique<CPropertyPageSupplierDLL>(localization);
+    return std::make_unique<CPropertyPageSupplierDLL>(libraryFile(localization, catalogueDirectory));
 }
 
 } // namespace ovsettings

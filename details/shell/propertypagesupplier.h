@@ -77,7 +77,9 @@ private:
 };
 
 /// The supplier that a catalogue's `localization` text asks for, or null if it names none.
+/// @param catalogueDirectory where the relative path of a library begins.
 std::unique_ptr<CPropertyPageSupplier> makeSupplier(const std::string& localization,
+                                                    const std::string& catalogueDirectory,
                                                     Orv::iAppConfiguration* appConfig,
                                                     Orv::CProjectConfiguration* projectConfig);
 

@@ -1,7 +1,7 @@
 #include "details/shell/settingsdialog.h"
 
 #include "details/appcfg/appcfg.h"
-#include "details/platform/environment.h"
+#include "details/platform/installation.h"
 #include "details/shell/dialogunits.h"
 #include "details/shell/followsconfiguration.h"
 #include "details/shell/pagemanager.h"
@@ -178,8 +178,7 @@ void CSettingsDialog::OnInitDialog() {
     captions_.setLanguages(kEnglish, userLanguageId());
     captions_.load(kFirstCaption, kLastCaption);
     setWindowIcon(QIcon(QStringLiteral(":/ovsettings/images/settings.svg")));
-    const std::string path =
-        platform::environmentVariable("RSR_HOME").value_or("") + "/standard/" + catalogueFile_;
+    const std::string path = platform::installationDirectory() + "/standard/" + catalogueFile_;
     if (!manager_->read(path)) {
         showMessage(this, toQString("Can not load " + path + " file."));
         return;

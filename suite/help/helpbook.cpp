@@ -1,6 +1,6 @@
 #include "suite/help/helpbook.h"
 
-#include "details/platform/environment.h"
+#include "details/platform/installation.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
@@ -29,10 +29,10 @@ bool isPlainName(const QString& name) {
 }
 
 std::optional<QString> findBook(const QString& book) {
-    const auto home = platform::environmentVariable("RSR_HOME");
-    if (!home || home->empty() || !isPlainName(book))
+    const std::string home = platform::installationDirectory();
+    if (home.empty() || !isPlainName(book))
         return std::nullopt;
-    const QDir help(QDir(QString::fromStdString(*home)).filePath(QStringLiteral("standard/help")));
+    const QDir help(QDir(QString::fromStdString(home)).filePath(QStringLiteral("standard/help")));
     const auto found = findEntry(help, book, QDir::Dirs | QDir::NoDotAndDotDot);
     return found ? std::optional(QFileInfo(*found).canonicalFilePath()) : std::nullopt;
 }

@@ -1,6 +1,7 @@
 #include "suite/wdirutils.h"
 
 #include "details/platform/environment.h"
+#include "details/platform/installation.h"
 #include "details/platform/paths.h"
 
 #include <algorithm>
@@ -56,7 +57,7 @@ private:
 
 /// Where the installation has its own settings; empty without an installation.
 std::string standardDirectory() {
-    const std::string home = directoryEntry(platform::environmentVariable("RSR_HOME").value_or(""));
+    const std::string home = directoryEntry(platform::installationDirectory());
     if (home.empty())
         return {};
     return home == "/" ? "/standard" : home + "/standard";

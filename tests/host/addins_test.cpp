@@ -82,6 +82,29 @@ TEST_F(AddIns, MissingLibraryIsToldInNoLanguage) {
     std::setlocale(LC_MESSAGES, before.c_str());
 }
 
+TEST_F(AddIns, ARelativeNameBeginsAtTheCatalogueAndNotAtTheCurrentDirectory) {
+    const auto project = installation_.home() / "project";
+    const auto before = std::filesystem::current_path();
+    for (const auto& directory : {project, installation_.standard()}) {
+        std::filesystem::create_directories(directory / "addins");
+        std::filesystem::copy(NULL_FACTORY, directory / "addins/libpages.so");
+        std::filesystem::copy(NULL_FACTORY, directory / "libbare.so");
+    }
+    // The one in the project's directory would show a page.
+    for (const char* name : {"addins/libpages.so", "libbare.so"})
+        std::filesystem::copy(CONFIGURED_ADDIN, project / name,
+                              std::filesystem::copy_options::overwrite_existing);
+    std::filesystem::copy(CONFIGURED_ADDIN, installation_.standard() / "addins/libreal.so");
+    const testsupport::ScopedEnvironment home(
+        "RSR_HOME", std::filesystem::relative(installation_.home(), before).string());
+    EXPECT_EQ(treeWith(category("A")), "A,A,B"); // the installation is known from now on
+    std::filesystem::current_path(project);
+    EXPECT_EQ(treeWith(entry("Plain", "addins/libpages.so")), "A,B");
+    EXPECT_EQ(treeWith(entry("Plain", "libbare.so")), "A,B");
+    EXPECT_EQ(treeWith(entry("Plain", "addins\\libreal.so")), "A,Plain,B");
+    std::filesystem::current_path(before);
+}
+
 TEST_F(AddIns, OneOfAnEarlierOrLaterVersionIsToldAndLeftOut) {
     EXPECT_EQ(treeWith(entry("Any", OLDER_ADDIN)), "A,B");
     EXPECT_EQ(told_, "OvSettings: " OLDER_ADDIN

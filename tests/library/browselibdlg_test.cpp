@@ -179,6 +179,18 @@ TEST_F(BrowseLibDialog, ARemoteLibraryIsNeverWriteable) {
     }
 }
 
+// Needs an environment in which the loader looks into the current directory.
+TEST_F(BrowseLibDialog, DISABLED_LoadsNothingFromTheProject) {
+    std::filesystem::copy(FOREIGN_CURL, directory() / "libcurl.so.4");
+    HttpServer server;
+    server.serve("/mega/sym.lib", "");
+    server.serve("/mega/", "");
+    run([&](QDialog& dialog) {
+        typePath(dialog, server.url("/mega/"));
+        EXPECT_EQ(stateOf(dialog), "Remote megafile library");
+    });
+}
+
 TEST_F(BrowseLibDialog, ProposesAnAliasUntilItIsTheUsersOwn) {
     writeFile(directory() / "libs/parts/lib.cfg", "not an alias NO\n   alias CFG  \n");
     const ScopedEnvironment known("OV_LIBRARY_ALIASES", "ENV=" + in("libs/plain"));

@@ -1,5 +1,7 @@
 #include "details/pages/project/projectpaths.h"
 
+#include "details/platform/currentdirectory.h"
+
 #include "tests/project/projectfixture.h"
 
 namespace fs = std::filesystem;
@@ -63,8 +65,11 @@ TEST_F(ProjectPaths, TheCurrentDirectoryIsKeptEvenWhenItHasNoNameAnyMore) {
     openProject();
     fs::create_directories(directory() / "Sub");
     fs::current_path(directory() / "Sub");
-    fs::rename(directory() / "Sub", directory() / "Moved");
-    EXPECT_TRUE(isValid((directory() / "x.ini").string()));
+    {
+        platform::CurrentDirectory current;
+        EXPECT_TRUE(current.changeTo(directory().string()));
+        fs::rename(directory() / "Sub", directory() / "Moved");
+    }
     EXPECT_EQ(fs::current_path(), directory() / "Moved");
     fs::remove(directory() / "Moved");
     EXPECT_TRUE(isValid((directory() / "x.ini").string()));

@@ -1,4 +1,5 @@
-// A program for which there is no URL access module, or one that lacks an entry point.
+// A program that has no URL access module beside it, or one that lacks an entry point. One that the loader
+// would find by its name is not asked for.
 
 #include "details/platform/libcfg.h"
 #include "details/platform/remotefile.h"

@@ -5,7 +5,7 @@
 #include "details/appcfg/numbers.h"
 #include "details/pages/display/sampleschematic.h"
 #include "details/platform/atomicfile.h"
-#include "details/platform/environment.h"
+#include "details/platform/installation.h"
 #include "details/platform/paths.h"
 #include "details/widgets/gdipainter.h"
 #include "details/widgets/messagebox.h"
@@ -77,7 +77,7 @@ void storeColors(Orv::iAppConfiguration& appConfig, const char* key,
 }
 
 std::string defaultFile() {
-    return platform::environmentVariable("RSR_HOME").value_or("") + "/standard/colors.def";
+    return platform::installationDirectory() + "/standard/colors.def";
 }
 
 } // namespace

@@ -6,7 +6,7 @@
 #include "details/pages/display/mappinggrid.h"
 #include "details/pages/display/objectschema.h"
 #include "details/pages/display/ovpreview.h"
-#include "details/platform/environment.h"
+#include "details/platform/installation.h"
 #include "details/platform/paths.h"
 #include "details/widgets/messagebox.h"
 #include "details/widgets/ownerdrawbutton.h"
@@ -138,8 +138,7 @@ std::string firstRecentScheme(const Orv::iAppConfiguration& appConfig) {
 }
 
 std::string installedSchemes() {
-    const std::string home = platform::environmentVariable("RSR_HOME").value_or("");
-    return platform::resolveExisting(home + "/standard").value_or("");
+    return platform::resolveExisting(platform::installationDirectory() + "/standard").value_or("");
 }
 
 void addRecentScheme(Orv::iAppConfiguration& appConfig, const std::string& path) {

@@ -3,7 +3,7 @@
 #include "details/pages/project/libraryfolderbrowser.h"
 #include "details/pages/project/projectfilefields.h"
 #include "details/pages/project/projectpaths.h"
-#include "details/platform/environment.h"
+#include "details/platform/installation.h"
 #include "details/platform/paths.h"
 #include "details/platform/profilefile.h"
 #include "details/platform/profileview.h"
@@ -90,9 +90,9 @@ std::string& lastDirectory() {
 }
 
 std::string installedSymbols() {
-    const auto home = platform::environmentVariable("RSR_HOME");
-    platform::CProfileFile machine(home.value_or("") + kMachineFile, kValueLimit);
-    if (!home || home->empty() || machine.load())
+    const std::string home = platform::installationDirectory();
+    platform::CProfileFile machine(home + kMachineFile, kValueLimit);
+    if (home.empty() || machine.load())
         return {};
     std::string directory = machine.get(kLibrariesSection, kDefaultValue);
     if (directory.empty())

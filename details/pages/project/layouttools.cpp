@@ -1,6 +1,6 @@
 #include "details/pages/project/layouttools.h"
 
-#include "details/platform/environment.h"
+#include "details/platform/installation.h"
 #include "details/platform/profilefile.h"
 
 #include <algorithm>
@@ -19,7 +19,7 @@ constexpr char kConstraintsBase[] = "%RSR_HOME%\\standard\\isis\\";
 constexpr char kConfigurationBase[] = "%RSR_HOME%\\standard\\";
 
 std::string fileName() {
-    return platform::environmentVariable("RSR_HOME").value_or("") + "\\standard\\pcbsystem.ini";
+    return platform::installationDirectory() + "\\standard\\pcbsystem.ini";
 }
 
 /// The keys in the order of the file. A section that the list of names has no room for is not there, nor is

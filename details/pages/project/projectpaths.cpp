@@ -48,8 +48,7 @@ bool IsFileLocationValid(std::string projectPath, std::string filePath) {
     // The separator belongs to the directory, so that the one of "/file" is not empty.
     const std::size_t name = platform::splitPath(filePath).name.size();
     const std::string directory = filePath.substr(0, filePath.size() - name);
-    platform::CurrentDirectory currentDirectory;
-    return currentDirectory.changeTo(directory);
+    return platform::mayBeCurrent(directory);
 }
 
 std::string hardNameOf(const std::string& name) {
