@@ -5,9 +5,12 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <cstdio>
+#include <filesystem>
+#include <random>
 
 namespace platform {
 
@@ -54,6 +57,26 @@ int writeAll(int fd, std::string_view bytes) {
     return 0;
 }
 
+constexpr std::string_view kTemporary = ".tmp";
+constexpr std::string_view kDigits = "0123456789abcdef";
+constexpr std::size_t kNumberOfDigits = 8;
+
+// Nobody can take all such names in advance.
+std::string randomDigits() {
+    std::random_device random;
+    std::string digits;
+    while (digits.size() < kNumberOfDigits)
+        digits += kDigits[random() % kDigits.size()];
+    return digits;
+}
+
+// Under the lock, a file by the name of the temporary one is what a killed writer left. Whatever else has the
+// name is somebody's, or a trap.
+bool removeLeftover(const std::string& path) {
+    struct stat status;
+    return lstat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) && unlink(path.c_str()) == 0;
+}
+
 int resultOf(int status) {
     return status == 0 ? 0 : errno;
 }
@@ -73,7 +96,7 @@ int flushDirectory(const std::string& directory) {
 AtomicFile::AtomicFile(std::string path)
     : path_(followLinks(std::move(path), unfollowed_)),
       directory_(directoryOf(path_)),
-      temporary_(neighbour(path_, ".tmp")) {
+      temporary_(neighbour(path_, kTemporary)) {
 }
 
 FileError AtomicFile::error(std::string operation, int code) const {
@@ -83,7 +106,7 @@ FileError AtomicFile::error(std::string operation, int code) const {
 std::optional<FileError> AtomicFile::lock(std::chrono::milliseconds timeout) {
     if (unfollowed_ != 0)
         return error("follow the link", unfollowed_);
-    auto failure = lock_.acquire(neighbour(path_, ".lock"), timeout);
+    auto failure = lock_.acquire(neighbour(path_, ".lock"), path_, timeout);
     if (failure)
         return failure;
     struct stat status;
@@ -100,10 +123,8 @@ std::optional<FileError> AtomicFile::lock(std::chrono::milliseconds timeout) {
 std::optional<FileError> AtomicFile::write(std::string_view bytes) {
     if (const int code = checkWritable())
         return error("write", code);
-    if (const int code = writeTemporary(bytes)) {
-        unlink(temporary_.c_str());
+    if (const int code = writeTemporary(bytes))
         return error("write", code);
-    }
     if (const int code = resultOf(rename(temporary_.c_str(), path_.c_str()))) {
         unlink(temporary_.c_str());
         return error("put the new file in place", code);
@@ -127,19 +148,40 @@ int AtomicFile::checkWritable() const {
     return code == ENOENT ? 0 : code;
 }
 
-int AtomicFile::writeTemporary(std::string_view bytes) const {
+int AtomicFile::openTemporary() {
     const auto create = [this] {
         return ::open(temporary_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, former_ ? 0600 : 0666);
     };
+    temporary_ = neighbour(path_, kTemporary);
     int fd = create();
-    // Under the lock, a file of this name is what a killed writer left, or a trap; it is never written
-    // through.
-    if (fd < 0 && errno == EEXIST) {
-        if (unlink(temporary_.c_str()) != 0)
-            return errno;
+    if (fd < 0 && errno == EEXIST && removeLeftover(temporary_))
+        fd = create();
+    else if (fd < 0 && errno == EEXIST)
+        removeOtherTemporaries();
+    while (fd < 0 && errno == EEXIST) {
+        temporary_ = neighbour(path_, kTemporary) + '.' + randomDigits();
         fd = create();
     }
-    Descriptor file(fd);
+    return fd;
+}
+
+void AtomicFile::removeOtherTemporaries() const {
+    const std::string start = neighbour(path_, kTemporary) + '.';
+    std::error_code unreadable;
+    for (std::filesystem::directory_iterator entry(directory_, unreadable), end; !unreadable && entry != end;
+         entry.increment(unreadable)) {
+        const std::string path = directory_ + '/' + entry->path().filename().string();
+        const auto isDigit = [](char c) {
+            return kDigits.find(c) != std::string_view::npos;
+        };
+        if (path.starts_with(start) && path.size() == start.size() + kNumberOfDigits &&
+            std::all_of(path.end() - kNumberOfDigits, path.end(), isDigit))
+            removeLeftover(path);
+    }
+}
+
+int AtomicFile::writeTemporary(std::string_view bytes) {
+    Descriptor file(openTemporary());
     if (!file.valid())
         return errno;
     int code = former_ ? adoptAttributes(file.get()) : 0;
@@ -148,7 +190,11 @@ int AtomicFile::writeTemporary(std::string_view bytes) const {
     if (code == 0)
         code = resultOf(fsync(file.get()));
     const int closed = resultOf(file.close());
-    return code != 0 ? code : closed;
+    if (code == 0)
+        code = closed;
+    if (code != 0)
+        unlink(temporary_.c_str());
+    return code;
 }
 
 int AtomicFile::adoptAttributes(int fd) const {
@@ -160,9 +206,12 @@ int AtomicFile::adoptAttributes(int fd) const {
         groupKept = fchown(fd, former_->owner, former_->group) == 0 || groupKept;
     if (!groupKept)
         groupKept = fchown(fd, static_cast<uid_t>(-1), former_->group) == 0;
+    // Nobody may have another user's file run as that one with bytes of his own making.
+    const bool isOwn = status.st_uid == former_->owner;
+    const mode_t former = isOwn ? former_->mode : former_->mode & ~static_cast<mode_t>(S_ISUID | S_ISGID);
     // The rights of a group are for that group; another one gets no more than everybody.
-    const mode_t everybody = former_->mode & 07u;
-    const mode_t mode = groupKept ? former_->mode : (former_->mode & ~07070u) | everybody << 3;
+    const mode_t everybody = former & 07u;
+    const mode_t mode = groupKept ? former : (former & ~07070u) | everybody << 3;
     return resultOf(fchmod(fd, mode));
 }
 

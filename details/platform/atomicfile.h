@@ -12,8 +12,9 @@ namespace platform {
 /// new ones.
 ///
 /// Beside the file NAME stand `.NAME.lock`, which stays, and during a write `.NAME.tmp`; what a killed writer
-/// left of that, the next one removes. Symbolic links are followed, so a link stays a link. The lock serves
-/// for more than one write: take it, read, write, and let the object go.
+/// left of that, the next one removes. Where something else has that name and stays, the temporary file is
+/// `.NAME.tmp.` with eight digits behind it. Symbolic links are followed, so a link stays a link. The lock
+/// serves for more than one write: take it, read, write, and let the object go.
 class AtomicFile {
 public:
     explicit AtomicFile(std::string path);
@@ -25,7 +26,8 @@ public:
     [[nodiscard]] std::optional<FileError> lock(std::chrono::milliseconds timeout = kLockTimeout);
 
     /// Replaces the file by these bytes, under the lock. The new file has the mode of the old one, and its
-    /// owner and group as far as the user may give them. A file that the user may not write to is refused,
+    /// owner and group as far as the user may give them; it runs as another user or group only if the old one
+    /// did so as a file of this user's own. A file that the user may not write to is refused,
     /// whatever its directory allows. After an error the old bytes stand, unless the error is that of the
     /// directory's flush.
     [[nodiscard]] std::optional<FileError> write(std::string_view bytes);
@@ -46,14 +48,16 @@ private:
     };
 
     int checkWritable() const;
-    int writeTemporary(std::string_view bytes) const;
+    int openTemporary();
+    void removeOtherTemporaries() const;
+    int writeTemporary(std::string_view bytes);
     int adoptAttributes(int fd) const;
     FileError error(std::string operation, int code) const;
 
     int unfollowed_ = 0; ///< why the path's links could not be followed
     std::string path_;
     std::string directory_;
-    std::string temporary_;
+    std::string temporary_; ///< by the name that it had in the last write
     FileLock lock_;
     std::optional<Attributes> former_;
 };

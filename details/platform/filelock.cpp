@@ -48,19 +48,64 @@ private:
     bool isJoined_ = false;
 };
 
+/// A lock file, or why there is none.
+struct OpenedLock {
+    Descriptor file;
+    std::optional<FileError> failure;
+};
+
 // Opened before it is created: in a directory shared with a sticky bit, the system refuses to open another
 // user's file with the wish to create it. A lock needs no right to write, except on network file systems.
-Descriptor openLockFile(const char* path) {
+int openExisting(const std::string& path) {
     constexpr int kFlags = O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
+    const int fd = ::open(path.c_str(), O_RDWR | kFlags);
+    return fd < 0 && errno == EACCES ? ::open(path.c_str(), O_RDONLY | kFlags) : fd;
+}
+
+// Where the target is yet to be made, the mask of new files says who is going to write it. Nobody else may
+// read the lock file meanwhile: an open file outlives the rights by which it was opened.
+int create(const std::string& path, bool hasTarget) {
+    return ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, hasTarget ? 0600 : 0622);
+}
+
+OpenedLock openLockFile(const std::string& path, const std::string& target) {
     for (;;) {
-        int fd = ::open(path, O_RDWR | kFlags);
-        if (fd < 0 && errno == EACCES)
-            fd = ::open(path, O_RDONLY | kFlags);
-        if (fd < 0 && errno == ENOENT)
-            fd = ::open(path, O_RDWR | O_CREAT | O_EXCL | kFlags, 0666);
-        if (fd >= 0 || errno != EEXIST)
-            return Descriptor(fd);
+        int fd = openExisting(path);
+        if (fd < 0 && errno == ENOENT) {
+            const bool hasTarget = faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) == 0;
+            if (!hasTarget && errno != ENOENT)
+                return {{}, FileError{target, "write", errno}};
+            fd = create(path, hasTarget);
+        }
+        if (fd >= 0)
+            return {Descriptor(fd), std::nullopt};
+        if (errno != EEXIST)
+            return {{}, FileError{path, "open the lock file", errno}};
     }
+}
+
+mode_t rightsOfWriters(mode_t mode) {
+    return static_cast<mode_t>(0600 | ((mode & 020) ? 060 : 0) | ((mode & 02) ? 06 : 0));
+}
+
+// Only the owner of a lock file can do that, and who owns it need not own the target. What fails leaves the
+// lock with fewer users, which is told to those by the system.
+void admitWriters(int fd, const std::string& target) {
+    struct stat lock;
+    if (fstat(fd, &lock) != 0 || !S_ISREG(lock.st_mode) || lock.st_uid != geteuid())
+        return;
+    struct stat file;
+    mode_t rights = rightsOfWriters(lock.st_mode);
+    if (stat(target.c_str(), &file) == 0) {
+        rights = S_ISREG(file.st_mode) ? rightsOfWriters(file.st_mode) : 0600;
+        bool isGroups = lock.st_gid == file.st_gid;
+        if (lock.st_uid != file.st_uid)
+            isGroups = fchown(fd, file.st_uid, file.st_gid) == 0 || isGroups;
+        if (!isGroups && fchown(fd, static_cast<uid_t>(-1), file.st_gid) != 0)
+            rights = static_cast<mode_t>((rights & ~060u) | (rights & 06u) << 3);
+    }
+    if ((lock.st_mode & 07777) != rights)
+        static_cast<void>(fchmod(fd, rights));
 }
 
 // False if someone deleted the lock file while it was waited for; a lock on it would then exclude nobody.
@@ -98,13 +143,15 @@ int lockUntil(int fd, Queue& queue, Clock::time_point deadline) {
 
 } // namespace
 
-std::optional<FileError> FileLock::acquire(const std::string& path, std::chrono::milliseconds timeout) {
+std::optional<FileError> FileLock::acquire(const std::string& path, const std::string& target,
+                                           std::chrono::milliseconds timeout) {
     const auto deadline = Clock::now() + timeout;
     Queue queue(path);
     for (;;) {
-        Descriptor file = openLockFile(path.c_str());
-        if (!file.valid())
-            return FileError{path, "open the lock file", errno};
+        auto [file, failure] = openLockFile(path, target);
+        if (failure)
+            return failure;
+        admitWriters(file.get(), target);
         if (const int code = lockUntil(file.get(), queue, deadline))
             return FileError{path, "take the lock", code};
         if (isStillTheFile(file.get(), path.c_str())) {

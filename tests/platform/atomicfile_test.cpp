@@ -52,6 +52,135 @@ TEST(AtomicFile, KeepsModeFollowsLinksAndLeavesNothingButTheLockFile) {
     EXPECT_EQ(namesIn(root / "real"), (std::set<std::string>{"file", "new", ".file.lock", ".new.lock"}));
 }
 
+/// With a mask of new files of its own, until the end of the scope.
+class ScopedMask {
+public:
+    explicit ScopedMask(mode_t mask) : before_(umask(mask)) {}
+    ~ScopedMask() { umask(before_); }
+
+private:
+    mode_t before_;
+};
+
+TEST(AtomicFile, ALockIsOpenToWhoMayWriteTheFileAndToNobodyElse) {
+    constexpr mode_t kNone = 010000;
+    const struct {
+        mode_t file, mask, former, lock;
+    } rows[] = {
+        {0644, 022, kNone, 0600},  {0664, 022, kNone, 0660}, {0666, 077, kNone, 0666},
+        {0646, 022, kNone, 0606},  {0644, 022, 0644, 0600},  {0600, 0, 0666, 0600},
+        {0664, 022, 0644, 0660},   {0755, 022, 0644, 0600},  {kNone, 022, kNone, 0600},
+        {kNone, 002, kNone, 0660}, {kNone, 0, kNone, 0666},  {kNone, 022, 0644, 0600},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::Message()
+                     << std::oct << row.file << ", mask " << row.mask << ", lock " << row.former);
+        const TemporaryDirectory root;
+        const ScopedMask mask(row.mask);
+        if (row.file != kNone) {
+            writeFile(root / "file", "old");
+            ASSERT_EQ(chmod((root / "file").c_str(), row.file), 0);
+        }
+        if (row.former != kNone) {
+            writeFile(root / ".file.lock", "");
+            ASSERT_EQ(chmod((root / ".file.lock").c_str(), row.former), 0);
+        }
+        AtomicFile file(root / "file");
+        ASSERT_FALSE(file.lock());
+        EXPECT_EQ(modeOf(root / ".file.lock"), row.lock);
+        ASSERT_FALSE(file.write("new"));
+        EXPECT_EQ(modeOf(root / "file"), row.file == kNone ? 0666 & ~row.mask : row.file);
+    }
+}
+
+TEST(AtomicFile, AnotherUserIsNotBlockedAndBlocksNobody) {
+    if (geteuid() != 0)
+        GTEST_SKIP() << "only root has another user's files to give";
+    const TemporaryDirectory root;
+    fs::permissions(root.path(), fs::perms::all);
+    const auto write = [&](const char* bytes) {
+        return writeFileAtomically(root / "file", bytes);
+    };
+    const auto failureOfAnother = [&] {
+        int ends[2];
+        EXPECT_EQ(pipe(ends), 0);
+        EXPECT_EQ(testsupport::runUnprivileged([&] {
+                      const auto failure = write("another");
+                      const std::string text = failure ? failure->text() : "";
+                      return ::write(ends[1], text.data(), text.size()) < 0;
+                  }),
+                  0);
+        close(ends[1]);
+        char text[4096];
+        const ssize_t length = read(ends[0], text, sizeof text);
+        close(ends[0]);
+        return std::string(text, static_cast<std::size_t>(std::max<ssize_t>(length, 0)));
+    };
+    writeFile(root / "file", "old");
+    EXPECT_EQ(failureOfAnother(), (root / "file").string() + ": cannot write: Permission denied");
+    EXPECT_EQ(namesIn(root.path()), std::set<std::string>{"file"})
+        << "a lock of his could not be had by others";
+    ASSERT_FALSE(write("own"));
+    fs::permissions(root / "file", fs::perms(0666));
+    EXPECT_EQ(failureOfAnother(),
+              (root / ".file.lock").string() + ": cannot open the lock file: Permission denied");
+    ASSERT_FALSE(write("own"));
+    EXPECT_EQ(failureOfAnother(), "");
+    EXPECT_EQ(readFile(root / "file"), "another");
+
+    // What root locks, the file's owner and its group can lock.
+    for (const mode_t mode : {06644, 0664}) {
+        fs::remove(root / ".file.lock");
+        writeFile(root / "file", "old");
+        ASSERT_TRUE(testsupport::giveToUnprivileged((root / "file").c_str()));
+        ASSERT_EQ(chmod((root / "file").c_str(), mode), 0);
+        ASSERT_FALSE(write("root"));
+        EXPECT_EQ(modeOf(root / "file"), mode & 0777) << "no program of root's making runs as another user";
+        EXPECT_EQ(failureOfAnother(), "");
+    }
+}
+
+TEST(AtomicFile, WhatHasTheTemporaryFilesNameIsLeftAloneAndBlocksNoSave) {
+    const struct {
+        const char* name;
+        std::function<void(const fs::path& place)> make;
+    } rows[] = {
+        {"directory",
+         [](const fs::path& place) {
+             fs::create_directory(place);
+         }},
+        {"full directory",
+         [](const fs::path& place) {
+             writeFile(place / "theirs", "theirs");
+         }},
+        {"link",
+         [](const fs::path& place) {
+             fs::create_symlink("theirs", place);
+         }},
+        {"pipe",
+         [](const fs::path& place) {
+             EXPECT_EQ(mkfifo(place.c_str(), 0600), 0);
+         }},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        const TemporaryDirectory root;
+        row.make(root / ".file.tmp");
+        fs::create_directory(root / ".file.tmp.0000ffff");
+        writeFile(root / ".file.tmp.0123abcd", "left by a killed writer");
+        writeFile(root / ".file.tmp.readme", "theirs");
+        const auto theirs = fs::symlink_status(root / ".file.tmp").type();
+        for (const char* bytes : {"born", "new"}) {
+            const auto failure = writeFileAtomically(root / "file", bytes);
+            EXPECT_FALSE(failure) << failure->text();
+            EXPECT_EQ(readFile(root / "file"), bytes);
+        }
+        EXPECT_EQ(fs::symlink_status(root / ".file.tmp").type(), theirs);
+        EXPECT_EQ(namesIn(root.path()), (std::set<std::string>{"file", ".file.lock", ".file.tmp",
+                                                               ".file.tmp.0000ffff", ".file.tmp.readme"}));
+    }
+}
+
 TEST(AtomicFile, HeldLockTimesOutAndAKilledHolderHoldsNothing) {
     const TemporaryDirectory root;
     int ready[2];
