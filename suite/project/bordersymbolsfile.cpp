@@ -3,6 +3,7 @@
 #include "suite/project/datafile.h"
 #include "suite/project/numberedlist.h"
 
+#include <array>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -14,6 +15,7 @@ namespace {
 constexpr std::string_view kTable = "Borders";
 constexpr std::string_view kProperties = "Properties";
 constexpr std::string_view kAvailable = "AvailableProperties";
+constexpr std::array kSections{kTable, kProperties, kAvailable};
 constexpr std::string_view kAvailableList = "Name";
 
 using suite::Entry;
@@ -72,7 +74,7 @@ void CBorderSymbolsFile::Save(const std::string& path) {
     const auto store = [this](platform::ProfileDocument& content, bool isOrigin) {
         return impl_->store(content, isOrigin);
     };
-    impl_->saveError = impl_->file.save(path, store).value_or("");
+    impl_->saveError = impl_->file.save(path, kSections, store).value_or("");
     if (impl_->saveError.empty()) {
         impl_->storedTable = entriesOf(impl_->table);
         impl_->storedProperties = impl_->properties;

@@ -46,6 +46,17 @@ std::optional<std::string> findRepeated(std::span<const Entry> entries) {
     return std::nullopt;
 }
 
+/// Whether a content may be that of a file with such sections: it has one of them, or nothing.
+bool mayBeOfKind(const ProfileDocument& content, DataFile::Sections sections) {
+    constexpr std::string_view kBlank = " \t\r\n";
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    const std::string text = content.text();
+    const std::size_t start = text.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
+    const std::vector<std::string> names = content.sectionNames();
+    return text.find_first_not_of(kBlank, start) == std::string::npos ||
+           std::ranges::find_first_of(names, sections, platform::equalsWithoutCase) != names.end();
+}
+
 /// Whether two paths name one file, by whatever way.
 bool isSameFile(const std::string& one, const std::string& other) {
     std::error_code error;
@@ -71,14 +82,14 @@ std::optional<ProfileDocument> DataFile::reload(const std::string& path) {
     return ProfileDocument(bytes);
 }
 
-std::optional<std::string> DataFile::save(const std::string& path, const Edit& edit) {
-    auto error = trySave(path, edit);
+std::optional<std::string> DataFile::save(const std::string& path, Sections sections, const Edit& edit) {
+    auto error = trySave(path, sections, edit);
     if (error)
         projectLog().report(*error);
     return error;
 }
 
-std::optional<std::string> DataFile::trySave(const std::string& path, const Edit& edit) {
+std::optional<std::string> DataFile::trySave(const std::string& path, Sections sections, const Edit& edit) {
     if (path.empty())
         return "cannot save: no file is named";
     ProjectDocument document;
@@ -90,12 +101,18 @@ std::optional<std::string> DataFile::trySave(const std::string& path, const Edit
     std::string written;
     auto error = document.tryChange([&](ProfileDocument& content) {
         // In a file without a line there is nothing to lose, and everything to write.
-        const bool hasContent = !content.text().empty();
+        const std::string former = content.text();
+        const bool hasContent = !former.empty();
+        const bool isOfKind = mayBeOfKind(content, sections);
         unheld = hasContent && !isSameFile(full, origin_)
                      ? "cannot save: its former content has not been read"
                      : edit(content, hasContent);
-        if (!unheld)
-            written = content.text();
+        if (unheld)
+            return false;
+        written = content.text();
+        if (!isOfKind && written != former)
+            unheld = "cannot save: it holds something else: it has no section such as [" +
+                     std::string(sections.front()) + "]";
         return !unheld;
     });
     // What the file cannot hold does not wait: it would be in the way of every later save.

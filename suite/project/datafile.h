@@ -27,13 +27,18 @@ public:
     /// @return what the file cannot hold, or nothing.
     using Edit = std::function<std::optional<std::string>(platform::ProfileDocument& content, bool isOrigin)>;
 
+    /// The names of sections that files of one kind may have.
+    using Sections = std::span<const std::string_view>;
+
     /// Saves to a file, which is made if it is missing. The edit must depend on its arguments alone. A file
-    /// that has content and was not read is not written: nobody has seen what it would lose.
+    /// that has content and was not read is not written: nobody has seen what it would lose. Nor is one whose
+    /// content has none of the sections: a project may name any file as one of its own, also one that other
+    /// programs run.
     /// @return why it failed, in one line; then the file is as it was, and the project log was told.
-    std::optional<std::string> save(const std::string& path, const Edit& edit);
+    std::optional<std::string> save(const std::string& path, Sections sections, const Edit& edit);
 
 private:
-    std::optional<std::string> trySave(const std::string& path, const Edit& edit);
+    std::optional<std::string> trySave(const std::string& path, Sections sections, const Edit& edit);
 
     std::string origin_;   ///< the file that has the content, once read or saved
     std::string bytes_;    ///< what that file held then

@@ -64,7 +64,7 @@ void CSpecialComponentsFile::Save(const std::string& path) {
     const auto store = [this](platform::ProfileDocument& content, bool isOrigin) {
         return impl_->store(content, isOrigin);
     };
-    impl_->saveError = impl_->file.save(path, store).value_or("");
+    impl_->saveError = impl_->file.save(path, kSections, store).value_or("");
     if (impl_->saveError.empty())
         impl_->stored = impl_->categories;
 }

@@ -245,6 +245,51 @@ TEST_F(NamedFiles, AFileThatNobodyHasReadIsNotWritten) {
     }
 }
 
+TEST_F(NamedFiles, AFileOfAnotherKindIsReadAndNotWritten) {
+    const auto check = [&](auto change, const char* section, const std::string& text, bool isWritten) {
+        SCOPED_TRACE(text);
+        errors.clear();
+        auto file = change(text);
+        EXPECT_EQ(readFile(path()).find("x:A") != std::string::npos, isWritten);
+        EXPECT_EQ(readFile(path()).starts_with(text), true);
+        EXPECT_EQ(file->GetSaveError(), isWritten ? ""
+                                                  : path() +
+                                                        ": cannot save: it holds something else: it has "
+                                                        "no section such as [" +
+                                                        section + "]");
+        EXPECT_EQ(errors, isWritten ? Texts{} : Texts{file->GetSaveError()});
+    };
+    const auto borders = [&](const std::string& text) {
+        auto file = std::make_unique<CBorderSymbolsFile>();
+        load(*file, text);
+        file->Save(path()); // nothing is changed, and so nothing refused
+        EXPECT_EQ(errors, Texts{});
+        file->GetTable()["A4SHEETL"] = "x:A";
+        file->Save(path());
+        return file;
+    };
+    const auto components = [&](const std::string& text) {
+        auto file = std::make_unique<CSpecialComponentsFile>();
+        load(*file, text);
+        file->GetCategory(kPower) = {"x:A"};
+        file->Save(path());
+        return file;
+    };
+    for (const char* text : {"PATH=~/bin:$PATH\n", "# .profile\n[ -r ~/.bashrc ] && . ~/.bashrc\n",
+                             "; mine\n", "[Borders\n", "\n[Power supplies]\nSymbol#0=\n"}) {
+        check(borders, "Borders", text, false);
+        check(components, "PortIn", text, false);
+    }
+    check(borders, "Borders", "[Ground]\nSymbol#0=x:GND\n", false);
+    check(components, "PortIn", "[Borders]\nA4SHEETL=b:A\n", false);
+    for (const char* text : {"", " \r\n\n", "\xEF\xBB\xBF"}) {
+        check(borders, "Borders", text, true);
+        check(components, "PortIn", text, true);
+    }
+    check(borders, "Borders", "[availableproperties]\n", true);
+    check(components, "PortIn", "; mine\n[RIPPERBUSBUS]\n", true);
+}
+
 TEST_F(NamedFiles, AFileThatMayNotBeWrittenStaysWholeAndTheChangeWaits) {
     fs::permissions(directory.path(), fs::perms::all);
     const int status = runUnprivileged([&] {
