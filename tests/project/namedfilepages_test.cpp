@@ -3,7 +3,9 @@
 
 #include "details/pages/project/attributesgrid.h"
 #include "details/pages/project/bordersgrid.h"
+#include "details/pages/project/ownplace.h"
 #include "details/pages/project/projectdialog.h"
+#include "details/platform/writtenplace.h"
 #include "ovsettings/showsettingsdialog.h"
 #include "suite/bordersymbolsfile.h"
 #include "suite/specialcomponentsfile.h"
@@ -194,6 +196,130 @@ TEST_F(NamedFilePages, EditsOfAFileThatIsNamedNoMoreAreToldAtACommitAndStayForTh
         press(dialog, "OK");
     });
     expectStored("mine");
+}
+
+TEST_F(NamedFilePages, AFileOutsideOfTheProjectIsAskedAboutOnceAndByTheNameThatItReallyHas) {
+    const TemporaryDirectory elsewhere;
+    const struct {
+        const char *key, *file, *link, *page;
+        void (*edit)(QDialog& dialog);
+    } rows[] = {{"BorderSymbols", "mine.ini", "b.ini", "Borders", &editBorders},
+                {"PinComponents", "mine.pin", "s.pin", "Special Components", &editComponents}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.page);
+        const std::string real = fs::canonical(elsewhere.path()) / row.file;
+        fs::rename(path(row.file), real);
+        fs::create_directory_symlink(elsewhere.path(), path(std::string("d") + row.link));
+        fs::create_symlink(fs::path(std::string("d") + row.link) / row.file, path(row.link));
+        openProject("[DesignInfo]\n" + std::string(row.key) + "=" + row.link + "\nCentralLibrary=lib.lmc\n");
+        const std::string text = readFile(real);
+        const auto isAskedAbout = [&](const SeenBox& box) {
+            EXPECT_EQ(box, (SeenBox{"Project Settings",
+                                    real + "\n\nThe project names this file, which lies outside of the "
+                                           "project, its libraries and the working directories.\nWrite to it "
+                                           "anyway?",
+                                    QMessageBox::Question}));
+        };
+        run([&](QDialog& dialog) {
+            selectCategory(dialog, row.page);
+            press(dialog, "Apply"); // without edits there is nothing to ask
+            row.edit(dialog);
+            whenModal([](QWidget& question) { // Escape answers nothing, Enter No
+                QTest::keyClick(&question, Qt::Key_Escape);
+                QTest::keyClick(&question, Qt::Key_Return);
+            });
+            press(dialog, "OK");
+            for (const char* button : {"Apply", "OK"}) {
+                const SeenBox box = boxDuring([&] { press(dialog, button); });
+                EXPECT_EQ(box.icon, QMessageBox::Critical);
+                EXPECT_TRUE(box.text.starts_with(real + ": cannot save: ")) << box.text;
+                QApplication::processEvents();
+                EXPECT_TRUE(dialog.isVisible());
+            }
+            EXPECT_EQ(readFile(real), text);
+            press(dialog, "Cancel");
+        });
+        run([&](QDialog& dialog) {
+            row.edit(dialog);
+            isAskedAbout(boxDuring([&] { press(dialog, "Apply"); }, "Yes"));
+            EXPECT_NE(readFile(real), text);
+            fs::remove(real);
+            row.edit(dialog);
+            press(dialog, "OK");
+            EXPECT_TRUE(fs::exists(real));
+        });
+        // Another project has to ask for itself, and so has this one where its link leads elsewhere.
+        fs::remove(path(row.link));
+        fs::create_symlink(elsewhere / "new", path(row.link));
+        run([&](QDialog& dialog) {
+            row.edit(dialog);
+            boxDuring([&] { press(dialog, "Apply"); }, "No");
+            EXPECT_FALSE(fs::exists(elsewhere / "new"));
+            press(dialog, "Cancel");
+        });
+    }
+}
+
+TEST_F(NamedFilePages, AFileThatTheUserHasNamedHimselfIsNotAskedAbout) {
+    const TemporaryDirectory elsewhere;
+    run([&](QDialog& dialog) {
+        selectCategory(dialog, "Project");
+        auto& page = *dialog.findChild<ovsettings::CProjectDialog*>();
+        testsupport::type(*find<QLineEdit>(page, "Border Symbols"), (elsewhere / "mine.ini").string());
+        testsupport::type(*find<QLineEdit>(page, "Special Components"), (elsewhere / "mine.pin").string());
+        press(dialog, "Apply");
+        editBorders(dialog);
+        boxDuring([&] { editComponents(dialog); }, "No");
+        press(dialog, "OK");
+    });
+    EXPECT_TRUE(fs::exists(elsewhere / "mine.ini") && fs::exists(elsewhere / "mine.pin"));
+}
+
+TEST_F(NamedFilePages, APlaceIsTheProjectsOwnBelowItsDirectoriesAndThoseOfTheInstallation) {
+    const TemporaryDirectory elsewhere;
+    for (const std::string name : {"library", "parts", ".hidden/library"})
+        fs::create_directories(elsewhere / name);
+    writeFile(elsewhere / "parts/parts.lmc", "[CentralLibrary]\n");
+    openProject("[DesignInfo]\nCentralLibrary=" + (elsewhere / "parts/parts.lmc").string() +
+                "\n[SymbolLibraries]\nLocation#0=" + (elsewhere / "library").string() +
+                "\nLocation#1=" + (elsewhere / ".hidden/library").string() + "\n");
+    fs::create_directory(path("below"));
+    fs::create_symlink(elsewhere / "new.ini", path("out.ini"));
+    fs::create_symlink(elsewhere.path(), path("out"));
+    fs::create_symlink(directory(), elsewhere / "in");
+    for (const auto& made : {installation_.user() / ".hidden", installation_.site(),
+                             elsewhere / "library/.git", fs::path(directory().string() + "2")})
+        fs::create_directories(made);
+    const struct {
+        fs::path path;
+        bool isOwn;
+    } rows[] = {
+        {path("new.ini"), true},
+        {path(".hidden.ini"), true},
+        {path("below/new.ini"), true},
+        {elsewhere / "in/new.ini", true},
+        {elsewhere / "library/new.ini", true},
+        {elsewhere / "parts/new.ini", true},
+        {installation_.user() / ".hidden/new.ini", true},
+        {installation_.site() / "new.ini", true},
+        {installation_.standard() / "new.ini", true},
+        {installation_.home() / "new.ini", true},
+        {path("out.ini"), false},
+        {path("out/new.ini"), false},
+        {path("below/../../new.ini"), false},
+        {directory().string() + "2/new.ini", false},
+        {elsewhere / "new.ini", false},
+        {elsewhere / "library/.profile", false},
+        {elsewhere / "library/.git/config", false},
+        {elsewhere / ".hidden/library/new.ini", false},
+    };
+    for (const auto& row : rows) {
+        const auto place = platform::placeOfWrite(row.path);
+        ASSERT_TRUE(place) << row.path;
+        EXPECT_EQ(ovsettings::isOwnPlace(*place, project()), row.isOwn) << row.path;
+    }
+    EXPECT_FALSE(platform::placeOfWrite(path("none/new.ini")));
+    fs::remove(directory().string() + "2");
 }
 
 TEST_F(NamedFilePages, ANewBorderSizeIsScrolledToWhole) {

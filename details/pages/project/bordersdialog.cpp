@@ -67,12 +67,16 @@ bool CBordersDialog::onApply() {
         return true;
     }
     followFile();
+    // While the user is asked, another program may name another file, which he was not asked about.
+    const std::string path = storedPath();
+    if (!foreign_.mayWrite(*this, *projectConfig_, path))
+        return false;
     Orv::IBorderSymbols* symbols = borderSymbols();
     const Orv::IBorderSymbols::Table table = symbols->GetTable();
     const CBorderProperties::Properties properties = symbols->GetProperties();
     rows_.store(symbols->GetTable());
     symbols->GetProperties() = properties_.laidOver(properties);
-    symbols->Save(storedPath());
+    symbols->Save(path);
     if (const std::string cause = symbols->GetSaveError(); !cause.empty()) {
         symbols->GetTable() = table;
         symbols->GetProperties() = properties;

@@ -4,6 +4,7 @@
 #include "details/pages/project/attributesgrid.h"
 #include "details/pages/project/borderproperties.h"
 #include "details/pages/project/borderrows.h"
+#include "details/pages/project/foreignfile.h"
 #include "details/pages/project/namedfile.h"
 #include "details/pages/project/symbolsfeeder.h"
 
@@ -64,6 +65,7 @@ private:
 
     std::unique_ptr<Ui::CBordersDialog> ui_;
     NamedFile file_;
+    ForeignFile foreign_;
     CBorderRows rows_;
     CBorderProperties properties_;
     bool dirty_ = false;

@@ -1,5 +1,6 @@
 #include "details/pages/project/projectfilefields.h"
 
+#include "details/pages/project/foreignfile.h"
 #include "details/pages/project/projectpaths.h"
 #include "details/pages/project/savequestion.h"
 #include "details/platform/paths.h"
@@ -245,9 +246,12 @@ bool ProjectFileFields::check(QWidget& page, Refused refused) {
 void ProjectFileFields::store(ProjectFile file) {
     const Kind& kind = kindOf(file);
     ProjectFileField& field = (*this)[file];
+    const bool isUsers = field.isEdited();
     project_.projectFile->SetValue(kDesignInfo, kind.key, field.text());
     field.noteStored(project_.projectFile->GetValue(kDesignInfo, kind.key));
     const std::string path = (project_.projectFile->*kind.path)(1);
+    if (isUsers && !field.isEdited() && !path.empty())
+        noteNamedByUser(project_, path);
     if (Orv::IProjectFileConsumer* consumer = project_.*kind.consumer)
         consumer->Reload(path);
 }

@@ -35,4 +35,21 @@ void tellNoFile(QWidget& page, const QString& caption) {
     tellFailedSave(page, toUtf8(translated(text).arg(caption)));
 }
 
+bool asksToWriteForeignFile(QWidget& page, const std::string& place) {
+    const char* const text =
+        QT_TRANSLATE_NOOP("ovsettings::ProjectPage",
+                          "%1\n\nThe project names this file, which lies outside of the project, its "
+                          "libraries and the working directories.\nWrite to it anyway?");
+    return askYesNo(&page, translated(text).arg(toQString(place)),
+                    translated(QT_TRANSLATE_NOOP("ovsettings::ProjectPage", "Project Settings")),
+                    QMessageBox::Question, QMessageBox::No);
+}
+
+void tellDeclinedFile(QWidget& page, const std::string& place) {
+    const char* const text = QT_TRANSLATE_NOOP(
+        "ovsettings::ProjectPage", "%1: cannot save: the file lies outside of the project, its libraries and "
+                                   "the working directories, and you chose not to write to it");
+    tellFailedSave(page, toUtf8(translated(text).arg(toQString(place))));
+}
+
 } // namespace ovsettings

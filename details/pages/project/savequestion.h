@@ -18,4 +18,12 @@ void tellFailedSave(QWidget& page, const std::string& cause);
 /// @param caption of the page, which need not be the one on show.
 void tellNoFile(QWidget& page, const QString& caption);
 
+/// Asks whether to write to a file outside of the project. No is the default.
+/// @param place of the file, with its links followed.
+/// @return true for Yes.
+bool asksToWriteForeignFile(QWidget& page, const std::string& place);
+
+/// Tells that such a file is not written, as the user has answered before.
+void tellDeclinedFile(QWidget& page, const std::string& place);
+
 } // namespace ovsettings

@@ -113,8 +113,9 @@ bool CSpecialComponentsDialog::OnInitDialog() {
 }
 
 /// What the file object holds stays as it is where it cannot be saved. That is no matter of a page on which
-/// nothing was changed: there is nothing to lose, and the user may not be able to mend it. That there is no
-/// file any more is told, but refuses nothing: the user took it away, and here he could not give it back.
+/// nothing was changed: there is nothing to lose, and the user may not be able to mend it. Nor is he asked
+/// then about a file outside of the project, which is left alone. That there is no file any more is told, but
+/// refuses nothing: the user took it away, and here he could not give it back.
 bool CSpecialComponentsDialog::onApply() {
     if (!isBuilt())
         return true;
@@ -127,8 +128,14 @@ bool CSpecialComponentsDialog::onApply() {
     followFile();
     if (saved_ && working_ == loaded_)
         return true;
+    // While the user is asked, another program may name another file, which he was not asked about.
+    const std::string path = storedPath();
+    if (working_ == loaded_ && !ForeignFile::isAllowed(*projectConfig_, path))
+        return true;
+    if (!foreign_.mayWrite(*this, *projectConfig_, path))
+        return false;
     putIntoFile(working_);
-    components()->Save(storedPath());
+    components()->Save(path);
     const std::string cause = components()->GetSaveError();
     if (!cause.empty())
         file_.noteFailedSave();

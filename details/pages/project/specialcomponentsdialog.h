@@ -1,6 +1,7 @@
 #pragma once
 
 #include "details/pages/page.h"
+#include "details/pages/project/foreignfile.h"
 #include "details/pages/project/namedfile.h"
 #include "details/shell/unsavededits.h"
 #include "details/widgets/listboxeditor.h"
@@ -96,6 +97,7 @@ private:
 
     std::unique_ptr<Ui::CSpecialComponentsDialog> ui_;
     NamedFile file_;
+    ForeignFile foreign_;
     Lists working_;
     Lists loaded_;
     int shown_ = 0; ///< index of the category on show

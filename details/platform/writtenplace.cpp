@@ -1,0 +1,32 @@
+#include "details/platform/writtenplace.h"
+
+#include "details/platform/atomicfile.h"
+#include "details/platform/paths.h"
+
+#include <filesystem>
+#include <system_error>
+
+namespace platform {
+
+namespace fs = std::filesystem;
+
+std::optional<std::string> placeOfWrite(const std::string& path) {
+    const fs::path target = AtomicFile(fullPath(path)).path();
+    std::error_code error;
+    const fs::path directory = fs::canonical(target.parent_path(), error);
+    if (error || !target.has_filename())
+        return std::nullopt;
+    return (directory / target.filename()).string();
+}
+
+bool isBelow(const std::string& place, const std::string& directory) {
+    if (directory.empty())
+        return false;
+    std::error_code error;
+    const std::string whole = fs::canonical(fullPath(directory), error).string();
+    if (error || !place.starts_with(whole))
+        return false;
+    return whole == "/" || (place.size() > whole.size() && place[whole.size()] == '/');
+}
+
+} // namespace platform
