@@ -5,7 +5,6 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <cstdio>
@@ -171,11 +170,8 @@ void AtomicFile::removeOtherTemporaries() const {
     for (std::filesystem::directory_iterator entry(directory_, unreadable), end; !unreadable && entry != end;
          entry.increment(unreadable)) {
         const std::string path = directory_ + '/' + entry->path().filename().string();
-        const auto isDigit = [](char c) {
-            return kDigits.find(c) != std::string_view::npos;
-        };
         if (path.starts_with(start) && path.size() == start.size() + kNumberOfDigits &&
-            std::all_of(path.end() - kNumberOfDigits, path.end(), isDigit))
+            path.find_first_not_of(kDigits, start.size()) == std::string::npos)
             removeLeftover(path);
     }
 }

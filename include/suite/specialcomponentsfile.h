@@ -21,7 +21,8 @@ public:
     /// means no file and no content.
     void Reload(const std::string& path) override;
     /// Makes the file if it is missing. In the file that the content was read from, only the categories that
-    /// were changed since are written. A file that the last Reload could not read is refused.
+    /// were changed since are written. A file that the last Reload could not read is refused, and
+    /// so is one that has content but no section of this kind.
     void Save(const std::string& path) override;
     /// The lists stay where they are for the life of this object.
     std::vector<std::string>& GetCategory(int index) override;
