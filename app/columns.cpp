@@ -1,5 +1,7 @@
 #include "app/columns.h"
 
+#include "details/platform/printable.h"
+
 #include <algorithm>
 #include <ostream>
 
@@ -17,24 +19,9 @@ std::size_t widthOf(const std::string& text) {
 
 } // namespace
 
-std::string printable(std::string text) {
-    constexpr char kFirstOfTwo = '\xc2'; // of a control character beyond ASCII, in UTF-8
-    char before = '\0';
-    for (char& c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        const bool isFurther = byte >= 0x80 && byte < 0xa0;
-        // As part of a longer sequence such a byte is harmless.
-        const bool isAlone = (static_cast<unsigned char>(before) & 0x80) == 0;
-        if (byte < ' ' || byte == 0x7f || (isFurther && (before == kFirstOfTwo || isAlone)))
-            c = '?';
-        before = static_cast<char>(byte);
-    }
-    return text;
-}
-
 void writeColumns(std::ostream& out, std::vector<std::vector<std::string>> rows, const std::string& indent) {
     for (auto& row : rows)
-        std::ranges::transform(row, row.begin(), printable);
+        std::ranges::transform(row, row.begin(), platform::printable);
     std::vector<std::size_t> widths;
     for (const auto& row : rows) {
         widths.resize(std::max(widths.size(), row.size()));

@@ -2,10 +2,10 @@
 
 #include "app/dialog.h"
 
-#include "app/columns.h"
 #include "app/commands.h"
 #include "app/outcome.h"
 #include "app/workspace.h"
+#include "details/platform/printable.h"
 
 #include <orv/projectfiledata.h>
 #include <orv/updater.h>
@@ -69,7 +69,7 @@ public:
         project_.saveLibraries();
         for (const std::string& page : pages_) {
             if (host->isPageChanged(page))
-                out_ << "changed: " << printable(page) << std::endl;
+                out_ << "changed: " << platform::printable(page) << std::endl;
         }
         return true;
     }

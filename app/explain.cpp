@@ -85,9 +85,9 @@ void appendLockNote(const Report& report, std::size_t field, std::vector<std::ve
         return;
     const Orv::LockNote& note = report.origins[field].lockNote;
     if (!note.reason.empty())
-        rows.push_back({"reason", printable(note.reason), ""});
+        rows.push_back({"reason", note.reason, ""});
     if (!note.contact.empty())
-        rows.push_back({"contact", printable(note.contact), ""});
+        rows.push_back({"contact", note.contact, ""});
 }
 
 // As many as any level has a word on, so that the entries of a list that another level cut short are seen

@@ -4,12 +4,12 @@
 #include "app/commands.h"
 #include "app/fieldtext.h"
 #include "app/outcome.h"
+#include "app/output.h"
 #include "app/workspace.h"
 
 #include <orv/configurationreport.h>
 
 #include <QtCore/QJsonArray>
-#include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 
 #include <algorithm>
@@ -102,11 +102,11 @@ QJsonObject toJson(const Orv::PropertyReport& report) {
     };
 }
 
-void writeJson(std::ostream& out, const std::vector<Orv::PropertyReport>& reports) {
+QJsonArray toJson(const std::vector<Orv::PropertyReport>& reports) {
     QJsonArray array;
     for (const Orv::PropertyReport& report : reports)
         array.append(toJson(report));
-    out << QJsonDocument(array).toJson(QJsonDocument::Indented).toStdString();
+    return array;
 }
 
 } // namespace
@@ -130,7 +130,7 @@ int runList(const Options& options, Arguments arguments) {
     if (changedOnly)
         std::erase_if(reports, [](const Orv::PropertyReport& report) { return !report.changed; });
     if (json)
-        writeJson(std::cout, reports);
+        writeJson(std::cout, toJson(reports));
     else
         writeTable(std::cout, reports);
     return kDone;
@@ -147,7 +147,7 @@ int runGet(const Options& options, Arguments arguments) {
     if (!configuration.getProperty(property))
         return refuse("there is no key " + property.name);
     for (const std::string& value : property.values)
-        std::cout << value << '\n';
+        std::cout << forOutput(value) << '\n';
     return kDone;
 }
 

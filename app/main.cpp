@@ -1,7 +1,9 @@
-#include "app/columns.h"
 #include "app/commands.h"
 #include "app/outcome.h"
 #include "app/workspace.h"
+#include "details/platform/printable.h"
+
+#include <QtCore/QLoggingCategory>
 
 #include <algorithm>
 #include <array>
@@ -66,6 +68,13 @@ constexpr std::array kCommands{
     CommandRow{"--version", runVersion},
 };
 
+// The toolkit quotes names of files. That the platform without a screen cannot size a window by hints, which
+// it says at each, nobody needs to know.
+void tellOfToolkit(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    if (!text.startsWith(QLatin1String("This plugin does not support")))
+        platform::tell(qFormatLogMessage(type, context, text).toStdString());
+}
+
 int run(const app::CommandLine& line) {
     if (line.error)
         return app::misuse(*line.error);
@@ -75,8 +84,8 @@ int run(const app::CommandLine& line) {
     // What is set may be any text.
     if (const auto objection = app::misplacedOption(line.arguments); objection && line.command != "set")
         return app::misuse(*objection);
-    const app::ScopedErrorHandler handler(
-        [](const std::string& message) { std::cerr << app::printable(message) << std::endl; });
+    qInstallMessageHandler(tellOfToolkit);
+    const app::ScopedErrorHandler handler([](const std::string& message) { platform::tell(message); });
     const int status = command->run(line.options, line.arguments);
     if (!std::cout.flush())
         return app::refuse("the output cannot be written");

@@ -1,6 +1,6 @@
 #include "app/outcome.h"
 
-#include "app/columns.h"
+#include "details/platform/printable.h"
 
 #include <iostream>
 
@@ -8,13 +8,12 @@ namespace app {
 
 int refuse(std::string_view reason) {
     std::cout.flush();
-    std::cerr << "orvane-settings: " << printable(std::string(reason)) << std::endl;
+    platform::tell("orvane-settings: " + std::string(reason));
     return kRefused;
 }
 
 int misuse(std::string_view reason) {
-    std::cerr << "orvane-settings: " << printable(std::string(reason))
-              << " (orvane-settings --help tells more)" << std::endl;
+    platform::tell("orvane-settings: " + std::string(reason) + " (orvane-settings --help tells more)");
     return kMisuse;
 }
 

@@ -3,13 +3,13 @@
 #include "app/columns.h"
 #include "app/commands.h"
 #include "app/outcome.h"
+#include "app/output.h"
 #include "app/workspace.h"
 
 #include <orv/colorscheme.h>
 #include <orv/printingaccess.h>
 
 #include <QtCore/QJsonArray>
-#include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 
 #include <iostream>
@@ -48,7 +48,7 @@ void writeTable(std::ostream& out, const std::vector<ObjectColors>& colors) {
     writeColumns(out, rows);
 }
 
-void writeJson(std::ostream& out, const std::vector<ObjectColors>& colors) {
+QJsonArray toJson(const std::vector<ObjectColors>& colors) {
     QJsonArray array;
     for (const ObjectColors& row : colors) {
         array.append(QJsonObject{{"number", row.number},
@@ -56,7 +56,7 @@ void writeJson(std::ostream& out, const std::vector<ObjectColors>& colors) {
                                  {"screen", QString::fromStdString(row.screen)},
                                  {"print", QString::fromStdString(row.print)}});
     }
-    out << QJsonDocument(array).toJson(QJsonDocument::Indented).toStdString();
+    return array;
 }
 
 } // namespace
@@ -70,7 +70,7 @@ int runPrintColors(const Options& options, Arguments arguments) {
         return kRefused;
     const auto colors = objectColors(configuration);
     if (json)
-        writeJson(std::cout, colors);
+        writeJson(std::cout, toJson(colors));
     else
         writeTable(std::cout, colors);
     return kDone;

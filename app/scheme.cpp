@@ -3,6 +3,7 @@
 #include "app/columns.h"
 #include "app/commands.h"
 #include "app/outcome.h"
+#include "details/platform/printable.h"
 
 #include <orv/colorscheme.h>
 
@@ -27,7 +28,7 @@ std::vector<std::vector<std::string>> layerRows(const CColorScheme& scheme) {
 }
 
 void show(std::ostream& out, const CColorScheme& scheme) {
-    out << "scheme \"" << printable(scheme.name) << "\"\n";
+    out << "scheme \"" << platform::printable(scheme.name) << "\"\n";
     std::vector<std::vector<std::string>> rows{{"entry", "screen", "printer"}};
     for (std::size_t entry = 0; entry < CColorScheme::kColors; ++entry) {
         rows.push_back({std::to_string(entry), Orv::packedColorText(scheme.screenColors[entry]),

@@ -1,10 +1,10 @@
 // The command that writes: set.
 
-#include "app/columns.h"
 #include "app/commands.h"
 #include "app/fieldtext.h"
 #include "app/outcome.h"
 #include "app/workspace.h"
+#include "details/platform/printable.h"
 
 #include <algorithm>
 #include <iostream>
@@ -119,8 +119,9 @@ std::vector<std::string> storedValues(const std::string& key) {
 void tellOfRounding(const Property& stored, Arguments values) {
     for (std::size_t field = 0; field < values.size(); ++field) {
         if (!sameMeaning(stored.kind, field, stored.values[field], values[field])) {
-            std::cout << fieldTitle(stored, field) << ": " << printable(values[field]) << " is stored as "
-                      << printable(stored.values[field]) << " (six significant digits)\n";
+            std::cout << fieldTitle(stored, field) << ": " << platform::printable(values[field])
+                      << " is stored as " << platform::printable(stored.values[field])
+                      << " (six significant digits)\n";
         }
     }
 }

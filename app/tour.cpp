@@ -1,11 +1,13 @@
 // The command that looks at every page of the dialog without a screen: tour.
 
-#include "app/columns.h"
 #include "app/commands.h"
 #include "app/dialog.h"
 #include "app/outcome.h"
+#include "app/output.h"
+#include "app/replacefile.h"
 #include "app/tourguide.h"
 #include "app/workspace.h"
+#include "details/platform/printable.h"
 
 #include <ovsettings/showsettingsdialog.h>
 #include <suite/wdirutils.h>
@@ -17,7 +19,6 @@
 #include <array>
 #include <charconv>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 
 namespace app {
@@ -147,29 +148,22 @@ QPalette darkPalette() {
     return palette;
 }
 
-// The platform without a screen says at every window that it cannot size one by hints, which nobody needs to
-// know.
-void writeMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-    if (!text.startsWith(QLatin1String("This plugin does not support")))
-        std::cerr << qFormatLogMessage(type, context, text).toStdString() << std::endl;
-}
-
 bool writeSummary(const fs::path& path, const TourGuide& guide) {
-    std::ofstream file(path);
+    std::string text;
     for (const TourStop& stop : guide.stops()) {
-        file << printable(stop.caption) << '\t' << (stop.file.empty() ? "no picture" : stop.file) << '\t'
-             << (stop.pageClass.empty() ? "no page" : stop.pageClass) << '\t' << stop.size.width() << 'x'
-             << stop.size.height() << '\n';
+        text += platform::printable(stop.caption) + '\t' + (stop.file.empty() ? "no picture" : stop.file) +
+                '\t' + (stop.pageClass.empty() ? "no page" : stop.pageClass) + '\t' +
+                std::to_string(stop.size.width()) + 'x' + std::to_string(stop.size.height()) + '\n';
     }
     for (const std::string& note : guide.notes())
-        file << "note: " << printable(note) << '\n';
-    return static_cast<bool>(file.flush());
+        text += "note: " + platform::printable(note) + '\n';
+    return replaceFile(path, QByteArray::fromStdString(text));
 }
 
 // Says what is amiss first, so that a log of a failed tour ends with what counts.
 int conclude(const TourOptions& tour, const TourGuide& guide) {
     for (const std::string& note : guide.notes())
-        std::cout << "note: " << printable(note) << '\n';
+        std::cout << "note: " << platform::printable(note) << '\n';
     if (!writeSummary(tour.directory / "summary.txt", guide))
         return refuse((tour.directory / "summary.txt").string() + " cannot be written");
     if (guide.stops().empty())
@@ -188,7 +182,8 @@ int conclude(const TourOptions& tour, const TourGuide& guide) {
         if (stop.file.empty())
             status = refuse("the picture of " + stop.caption + " could not be written");
     }
-    std::cout << guide.stops().size() << " views visited, pictures in " << tour.directory.string() << '\n';
+    std::cout << guide.stops().size() << " views visited, pictures in " << forOutput(tour.directory.string())
+              << '\n';
     return status;
 }
 
@@ -210,7 +205,6 @@ int runTour(const Options& options, Arguments arguments) {
     const bool copied = moveToCopyOfUserDirectory(copy.path().toStdString());
 
     // Pictures are to be the same on every machine.
-    qInstallMessageHandler(writeMessage);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication::setStyle("Fusion");
     int argumentCount = 1;

@@ -1,8 +1,11 @@
 #include "app/tourguide.h"
 
+#include "app/replacefile.h"
+
 #include <ovsettings/propdialogtemplate.h>
 #include <ovsettings/showsettingsdialog.h>
 
+#include <QtCore/QBuffer>
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
@@ -273,7 +276,8 @@ void TourGuide::takePicture(QWidget& view, const QString& caption, const std::st
     TourStop stop{caption.toStdString(), {}, pageClass, {}};
     const QPixmap picture = view.grab();
     const std::string file = fileNameOf(stops_.size() + 1, caption);
-    if (picture.save(QString::fromStdString((directory_ / file).string()), "PNG"))
+    QBuffer bytes;
+    if (picture.save(&bytes, "PNG") && replaceFile(directory_ / file, bytes.data()))
         stop.file = file;
     stop.size = picture.size();
     stops_.push_back(std::move(stop));

@@ -1,9 +1,9 @@
 #include "details/shell/pagestarter.h"
 
+#include "details/platform/printable.h"
 #include "ovsettings/propertypagefactory.h"
 
 #include <exception>
-#include <iostream>
 #include <utility>
 
 namespace ovsettings {
@@ -41,7 +41,7 @@ void reportMissingPage(const std::string& pageKey) {
         cause = failure.what();
     } catch (...) {
     }
-    std::cerr << "OvSettings: no page " << pageKey << ": " << cause << std::endl;
+    platform::tell("OvSettings: no page " + pageKey + ": " + cause);
 }
 
 } // namespace ovsettings

@@ -1,10 +1,10 @@
 #include "ovsettings/propdialogtemplate.h"
 
+#include "details/platform/printable.h"
 #include "suite/help.h"
 
 #include <cstdlib>
 #include <cxxabi.h>
-#include <iostream>
 #include <memory>
 #include <typeinfo>
 
@@ -70,8 +70,8 @@ bool CPropDialogTemplate::createWindow(QWidget* parent) {
         throw;
     }
     setParent(nullptr);
-    std::cerr << "OvSettings: Cannot create property page dialog '" << runtimeClassName(*this)
-              << "' with IDD=" << templateId_ << " and state in 'OvSettings'" << std::endl;
+    platform::tell("OvSettings: Cannot create property page dialog '" + runtimeClassName(*this) +
+                   "' with IDD=" + std::to_string(templateId_) + " and state in 'OvSettings'");
     // The callers have no path for a page that failed: it stays in the dialog as an empty one.
     return true;
 }

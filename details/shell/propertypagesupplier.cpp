@@ -3,11 +3,11 @@
 #include "details/platform/componentregistry.h"
 #include "details/platform/installation.h"
 #include "details/platform/paths.h"
+#include "details/platform/printable.h"
 #include "details/shell/internalpages.h"
 #include "details/shell/toplevelfactory.h"
 #include "ovsettings/settingspagecomponent.h"
 
-#include <iostream>
 #include <utility>
 
 namespace ovsettings {
@@ -18,7 +18,7 @@ namespace {
 platform::SharedLibrary load(const std::string& name) {
     platform::SharedLibrary library(name);
     if (!library.defect().empty())
-        std::cerr << "OvSettings: " << library.defect() << std::endl;
+        platform::tell("OvSettings: " + library.defect());
     return library;
 }
 
@@ -29,8 +29,8 @@ bool fitsThisVersion(const platform::SharedLibrary& library, const std::string& 
     const auto version = reinterpret_cast<Version>(library.symbol("ovsettingsInterfaceVersion"));
     const int built = version ? version() : kInterfaceVersion;
     if (built != kInterfaceVersion)
-        std::cerr << "OvSettings: " << name << " was built for version " << built
-                  << " of the add-in interface, this is version " << kInterfaceVersion << std::endl;
+        platform::tell("OvSettings: " + name + " was built for version " + std::to_string(built) +
+                       " of the add-in interface, this is version " + std::to_string(kInterfaceVersion));
     return built == kInterfaceVersion;
 }
 
@@ -49,7 +49,7 @@ IComponent* createComponent(const std::string& classId) {
     const platform::ComponentEntry entry =
         platform::findComponent(platform::installationDirectory(), classId);
     if (!entry.error.empty())
-        std::cerr << "OvSettings: " << entry.error << std::endl;
+        platform::tell("OvSettings: " + entry.error);
     if (entry.library.empty())
         return nullptr;
     const platform::SharedLibrary library = load(entry.library);

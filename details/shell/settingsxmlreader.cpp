@@ -1,6 +1,7 @@
 #include "details/shell/settingsxmlreader.h"
 
 #include "details/platform/paths.h"
+#include "details/platform/printable.h"
 #include "details/platform/readfile.h"
 #include "details/shell/pagemanager.h"
 #include "details/widgets/messagebox.h"
@@ -36,9 +37,10 @@ bool CSettingsXmlReader::read(const std::string& path) {
         xmlInitParser();
     std::string problem;
     const CatalogueEnd end = readFile(path, manager_, problem);
-    // The box says little; whoever maintains the file needs the place.
+    // The box says little; whoever maintains the file needs the place. A manager that does not know the call
+    // writes the line to standard error as it gets it.
     if (!problem.empty())
-        Orv::IOvConfigurationManager::Instance().ReportError(problem);
+        Orv::IOvConfigurationManager::Instance().ReportError(platform::printable(problem));
     if (end == CatalogueEnd::noDocument)
         showMessage(QApplication::activeWindow(), QStringLiteral("File not found\n"));
     if (end == CatalogueEnd::foreignElement)

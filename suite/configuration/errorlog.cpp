@@ -1,9 +1,10 @@
 #include "suite/configuration/errorlog.h"
 
+#include "details/platform/printable.h"
+
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <cstdio>
 
 namespace suite {
 
@@ -16,10 +17,6 @@ std::vector<long long> fileState(const std::string& path) {
     return {static_cast<long long>(status.st_dev), static_cast<long long>(status.st_ino),
             static_cast<long long>(status.st_size), static_cast<long long>(status.st_mtim.tv_sec),
             static_cast<long long>(status.st_mtim.tv_nsec)};
-}
-
-void writeLine(const std::string& message) {
-    std::fputs((message + "\n").c_str(), stderr);
 }
 
 } // namespace
@@ -38,11 +35,11 @@ void ErrorLog::report(const std::string& message) {
     if (const Handler told = handler())
         told(message);
     else
-        writeLine(message);
+        platform::tell(message);
 }
 
 void ErrorLog::announce(const std::string& message) {
-    writeLine(message);
+    platform::tell(message);
     if (const Handler told = handler())
         told(message);
 }

@@ -219,6 +219,43 @@ TEST_F(Commands, ExplainTellsWhatEachDirectorySaysAndWhatWon) {
     EXPECT_TRUE(contains(net, " in force 1 from the built-in default\n\nLINE_STYLE\n"));
 }
 
+TEST_F(Commands, NoTerminalObeysWhatAFileOrANameSaysAndAPipeGetsItAsItIs) {
+    const std::string acting = "\x1b[2J\x9b\u009b\u202e\nEND\x7f";
+    const std::string shown = "?[2J????END?";
+    const auto base64 = QByteArray::fromStdString(acting).toBase64().toStdString();
+    writeFile(userFile(), R"(<configuration><section path="Orvane/SETTINGS"><value name="LANGUAGE" )"
+                          R"(encoding="base64">)" +
+                              base64 + "</value></section></configuration>");
+    writeFile(installation.home() / "odd.scm", "SCHEME " + acting.substr(0, acting.find('\n')) + "\n");
+    const std::string odd = (installation.user() / acting).string();
+    const std::string levels =
+        installation.user().string() + ';' + odd + ';' + installation.standard().string();
+    const Words commands[] = {
+        {"get", "LANGUAGE"},
+        {"explain", "LANGUAGE"},
+        {"list", "--changed"},
+        {"list", "--changed", "--json"},
+        {"scheme", "show", (installation.home() / "odd.scm").string()},
+        {"scheme", "show", odd},
+        {"--wdir", levels, "get", "UNIT"},
+        {"--project", odd, "tour", (installation.home() / "pictures").string()},
+        {"--page", acting, "tour", odd},
+        {acting},
+    };
+    for (const Words& words : commands) {
+        SCOPED_TRACE(testing::PrintToString(words));
+        const std::string both[] = {runOnTerminal(words).out, runProgram(words).err};
+        EXPECT_TRUE(contains(both[0], "[2J"));
+        for (const std::string& text : both) {
+            for (const char* order : {"\x1b", "\x9b", "\x7f", "\u202e", "\nEND"})
+                EXPECT_EQ(text.find(order), std::string::npos) << text;
+        }
+    }
+    EXPECT_EQ(runOnTerminal({"get", "LANGUAGE"}).out, shown + '\n');
+    EXPECT_EQ(runProgram({"get", "LANGUAGE"}).out, acting + '\n');
+    EXPECT_TRUE(runProgram({"list", "--changed", "--json"}).out.find("\u202e") != std::string::npos);
+}
+
 QJsonArray listJson(const Words& more, const Circumstances& circumstances = {}) {
     Words words{"list", "--json"};
     words.insert(words.end(), more.begin(), more.end());

@@ -23,3 +23,6 @@ using Words = std::vector<std::string>;
 
 /// Runs the built program to its end.
 Outcome runProgram(const Words& arguments, const Circumstances& circumstances = {});
+
+/// The same on a terminal of its own, which takes both outputs: all is in `out`.
+Outcome runOnTerminal(const Words& arguments);

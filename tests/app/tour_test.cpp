@@ -102,6 +102,10 @@ TEST_F(Tour, EveryPageOfTheSampleProjectLetsItsUserGoOn) {
 
 TEST_F(Tour, DarkPicturesAreDarkAndNamesAreSafeForAFile) {
     writeCatalogue({{"A/B: *C*", "Empty"}, {"...", "Empty"}, {"Größe", "Empty"}});
+    fs::create_directories(pictures);
+    writeFile(root / "kept", "kept");
+    for (const char* name : {"summary.txt", "01-A-B-C.png", ".summary.txt.tmp"})
+        fs::create_symlink(root / "kept", pictures / name);
     const Outcome outcome = runProgram({"--page", "Nope", "tour", pictures.string(), "--dark"});
     ASSERT_EQ(outcome.status, 0);
     EXPECT_NE(outcome.err.find("there is no category Nope; the dialog opens at A/B: *C*\n"),
@@ -112,6 +116,8 @@ TEST_F(Tour, DarkPicturesAreDarkAndNamesAreSafeForAFile) {
     const QImage picture(QString::fromStdString((pictures / "01-A-B-C.png").string()));
     ASSERT_FALSE(picture.isNull());
     EXPECT_LT(qGray(picture.pixel(2, 2)), 80);
+    EXPECT_EQ(summary().size(), 3u);
+    EXPECT_EQ(readFile(root / "kept"), "kept") << "a link in the way was followed";
 }
 
 TEST_F(Tour, PageThatDoesNotLetItselfBeLeftIsNamedOnceAndTheOthersAreVisited) {

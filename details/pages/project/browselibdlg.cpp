@@ -5,6 +5,7 @@
 #include "details/pages/project/projectpaths.h"
 #include "details/platform/installation.h"
 #include "details/platform/paths.h"
+#include "details/platform/printable.h"
 #include "details/platform/profilefile.h"
 #include "details/platform/profileview.h"
 #include "details/platform/remotefile.h"
@@ -177,7 +178,7 @@ void CBrowseLibDlg::OnInitDialog() {
         worker_.emplace([this] { takeFindings(); });
     } catch (const std::system_error& error) {
         // No thread or descriptor is left; the dialog works without a verdict.
-        qWarning("%s", error.what());
+        qWarning("%s", platform::printable(error.what()).c_str());
     }
     lookUp(LookUp::stateAndAlias);
 }

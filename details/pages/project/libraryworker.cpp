@@ -1,6 +1,7 @@
 #include "details/pages/project/libraryworker.h"
 
 #include "details/platform/libcfg.h"
+#include "details/platform/printable.h"
 #include "suite/zec.h"
 
 #include <dlfcn.h>
@@ -101,7 +102,7 @@ LibraryFindings findingsOf(const LibraryQuestion& question) {
             findings.alias = aliasOf(findings.location);
     } catch (const std::exception& error) {
         // The dialog needs an answer; what can't be looked up is not recognised.
-        qWarning("%s: %s", question.path.c_str(), error.what());
+        qWarning("%s", platform::printable(question.path + ": " + error.what()).c_str());
     }
     return findings;
 }
@@ -212,7 +213,7 @@ void LibraryWorker::startLookUp(const std::shared_ptr<Exchange>& exchange, unsig
             }).detach();
             return;
         } catch (const std::exception& error) {
-            qWarning("%s: %s", question.path.c_str(), error.what());
+            qWarning("%s", platform::printable(question.path + ": " + error.what()).c_str());
         }
     }
     lookUps().fetch_sub(1);
