@@ -6,6 +6,7 @@
 #include "app/outcome.h"
 #include "app/workspace.h"
 #include "details/platform/printable.h"
+#include "details/widgets/plaintext.h"
 
 #include <orv/projectfiledata.h>
 #include <orv/updater.h>
@@ -87,7 +88,8 @@ public:
     void operator()(const std::string& message) {
         if (!told_.insert(message).second)
             return;
-        QMessageBox box(QMessageBox::Warning, "Settings", QString::fromStdString(message), QMessageBox::Ok,
+        QMessageBox box(QMessageBox::Warning, "Settings",
+                        ovsettings::inItsOrder(QString::fromStdString(message)), QMessageBox::Ok,
                         QApplication::activeModalWidget());
         // A path may look like markup.
         box.setTextFormat(Qt::PlainText);

@@ -1,5 +1,6 @@
 #include "details/shell/noticelabel.h"
 
+#include "details/widgets/plaintext.h"
 #include "details/widgets/stringconversion.h"
 
 #include <QtGui/QAccessible>
@@ -27,7 +28,7 @@ void CNoticeLabel::removeNotices() {
 void CNoticeLabel::setNotices(const QStringList& notices) {
     notices_ = notices;
     const QString text = notices_.join(QLatin1Char('\n'));
-    setText(notices_.join(QLatin1Char(' ')));
+    setText(inItsOrder(inOneLine(notices_.join(QLatin1Char(' ')))));
     setToolTip(toToolTip(text));
     setAccessibleName(text);
 }

@@ -1,5 +1,6 @@
 #include "details/widgets/listboxeditor.h"
 
+#include "details/widgets/plaintext.h"
 #include "details/widgets/stringconversion.h"
 
 #include <QtCore/QMetaProperty>

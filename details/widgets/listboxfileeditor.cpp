@@ -1,10 +1,10 @@
 #include "details/widgets/listboxfileeditor.h"
 
 #include "details/platform/paths.h"
+#include "details/widgets/plainfiledialog.h"
 #include "details/widgets/stringconversion.h"
 
 #include <QtGui/QShortcut>
-#include <QtWidgets/QFileDialog>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QToolButton>
 
@@ -33,10 +33,10 @@ CListBoxFileEditor::CListBoxFileEditor(QWidget* parent) : CListBoxEditor(parent)
 void CListBoxFileEditor::browse() {
     cancelEditing();
     const int row = currentRow() < 0 ? lineCount() - 1 : currentRow();
-    const QString file = QFileDialog::getOpenFileName(window(), tr("Select File"), directoryOf(line(row)),
-                                                      tr("All Files (*)"));
-    if (!file.isEmpty())
-        enterText(row, file);
+    PlainFileDialog dialog(window(), tr("Select File"), directoryOf(line(row)), tr("All Files (*)"));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    if (dialog.exec() == QDialog::Accepted)
+        enterText(row, dialog.selectedFiles().value(0));
 }
 
 } // namespace ovsettings

@@ -1,6 +1,7 @@
 #include "details/widgets/lockmark.h"
 
 #include "details/widgets/grid/gridcellstyle.h"
+#include "details/widgets/plaintext.h"
 #include "details/widgets/stringconversion.h"
 #include "orv/appconfiguration.h"
 

@@ -1,5 +1,7 @@
 #include "details/widgets/messagebox.h"
 
+#include "details/widgets/plaintext.h"
+
 #include <QtGui/QCloseEvent>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QKeyEvent>
@@ -51,6 +53,7 @@ QWidget* windowOf(QWidget* parent) {
 
 int show(QMessageBox& box) {
     box.setTextFormat(Qt::PlainText);
+    box.setText(inItsOrder(box.text()));
     const PlainCursor cursor;
     return box.exec();
 }

@@ -3,11 +3,11 @@
 #include "details/platform/paths.h"
 #include "details/platform/readfile.h"
 #include "details/widgets/messagebox.h"
+#include "details/widgets/plainfiledialog.h"
 #include "details/widgets/stringconversion.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFileInfo>
-#include <QtWidgets/QFileDialog>
 #include <QtWidgets/QLineEdit>
 
 #include <vector>
@@ -21,15 +21,15 @@ void tellIncorrectFileName(QWidget& field) {
 }
 
 /// A pattern that stands in the name field never becomes the chosen file: accepting it lists what matches.
-class FileChooser : public QFileDialog {
+class FileChooser : public PlainFileDialog {
 public:
-    using QFileDialog::QFileDialog;
+    using PlainFileDialog::PlainFileDialog;
 
     void accept() override {
         const QString chosen = selectedFiles().value(0);
         const QString pattern = QFileInfo(chosen).fileName();
         if (!pattern.contains(QLatin1Char('*')) || QFileInfo::exists(chosen)) {
-            QFileDialog::accept();
+            PlainFileDialog::accept();
             return;
         }
         QStringList filters = nameFilters();

@@ -1,7 +1,5 @@
 #include "details/widgets/stringconversion.h"
 
-#include <QtGui/QTextDocument>
-
 namespace ovsettings {
 
 QString toQString(std::string_view utf8) {
@@ -16,10 +14,6 @@ QString inOneLine(QString text) {
     return text.replace(QLatin1String("\r\n"), QLatin1String(" "))
         .replace(QLatin1Char('\n'), QLatin1Char(' '))
         .replace(QLatin1Char('\r'), QLatin1Char(' '));
-}
-
-QString toToolTip(const QString& text) {
-    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal) : text;
 }
 
 } // namespace ovsettings

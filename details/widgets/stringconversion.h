@@ -15,7 +15,4 @@ std::string toUtf8(const QString& text);
 /// The text with each line break turned into a blank: a field of one line lets them be pasted.
 QString inOneLine(QString text);
 
-/// A text for a tool tip, which would read markup in it: it is shown as it stands.
-QString toToolTip(const QString& text);
-
 } // namespace ovsettings

@@ -1,5 +1,6 @@
 #include "suite/chooser/symbolchooser.h"
 
+#include "details/widgets/plaintext.h"
 #include "orv/symbolreader.h"
 #include "suite/chooser/symbollistmodel.h"
 #include "suite/chooser/symbolpreview.h"
@@ -257,7 +258,7 @@ void CSymbolChooser::updateSelection() {
 
 void CSymbolChooser::updateMessages() {
     const QString problem = problemText();
-    problem_->setText(problem);
+    problem_->setText(ovsettings::inItsOrder(problem));
     problemLine_->setVisible(!problem.isEmpty());
     count_->setText(countText());
 }

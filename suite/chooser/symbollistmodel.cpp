@@ -1,5 +1,7 @@
 #include "suite/chooser/symbollistmodel.h"
 
+#include "details/widgets/plaintext.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -55,10 +57,11 @@ int CSymbolListModel::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant CSymbolListModel::data(const QModelIndex& index, int role) const {
-    // A long name is cut in the list.
     if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
         return {};
-    return QString::fromStdString(table_.name(symbolAt(index.row())));
+    const QString name = QString::fromStdString(table_.name(symbolAt(index.row())));
+    // A long name is cut in the list.
+    return role == Qt::ToolTipRole ? ovsettings::toToolTip(name) : name;
 }
 
 } // namespace cldialog

@@ -1,5 +1,6 @@
 #include "suite/chooser/symbolpreview.h"
 
+#include "details/widgets/plaintext.h"
 #include "orv/symbolreader.h"
 #include "suite/library/centrallibrary.h"
 
@@ -21,8 +22,9 @@ constexpr std::size_t kMostProperties = 1000; ///< a file with more is not a sym
 
 /// Puts a text of any length into a label; the tool tip has all of it.
 void setText(QLabel& label, const QString& text) {
-    label.setText(text.size() > kMostText ? text.left(kMostText) + QChar(0x2026) : text);
-    label.setToolTip(text.toHtmlEscaped());
+    const QString shown = ovsettings::inItsOrder(text);
+    label.setText(shown.size() > kMostText ? shown.left(kMostText) + QChar(0x2026) : shown);
+    label.setToolTip(ovsettings::toToolTip(text));
 }
 
 } // namespace
@@ -90,7 +92,7 @@ void CSymbolPreview::show(const suite::CentralLibrary& library, const std::strin
             break;
         }
         auto* row = new QTreeWidgetItem({QString::fromStdString(property), QString::fromStdString(value)});
-        row->setToolTip(1, row->text(1).toHtmlEscaped());
+        row->setToolTip(1, ovsettings::toToolTip(row->text(1)));
         rows.push_back(row);
     }
     properties_->addTopLevelItems(rows);

@@ -1,5 +1,6 @@
 #include "suite/help/helpwindow.h"
 
+#include "details/widgets/plaintext.h"
 #include "suite/help/helpbook.h"
 
 #include <QtCore/QPointer>
@@ -110,6 +111,6 @@ void CHelpWindow::followLink(const QUrl& url) {
 }
 
 void CHelpWindow::showDocumentTitle() {
-    const QString title = browser_->documentTitle();
-    setWindowTitle(title.isEmpty() ? tr("Help") : title);
+    const QString title = browser_->documentTitle().simplified();
+    setWindowTitle(title.isEmpty() ? tr("Help") : ovsettings::inItsOrder(title));
 }

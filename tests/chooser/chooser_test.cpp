@@ -3,6 +3,8 @@
 
 #include <QtWidgets/QTableView>
 
+#include <algorithm>
+
 namespace {
 
 using namespace testsupport;
@@ -209,6 +211,30 @@ TEST_F(SymbolChooser, ThePreviewReadsTheSelectedSymbolAndMissesOneWithoutAFile) 
                   press(Qt::Key_Return);
               }),
               "special:AGND");
+}
+
+TEST_F(SymbolChooser, WhatTheLibrarySaysIsShownAsItStands) {
+    const std::string symbol = "special:" + kActingText;
+    writeFile(directory / (kActingText + ".lmc"),
+              "[CentralLibrary]\n[Partitions.Symbols]\nspecial=symbols/special\n" + kActingText + "=lost\n" +
+                  "[SpecialSymbols.Ground]\nSymbol#0=" + symbol + "\n");
+    writeFile(symbolFile("special", kActingText), "[Symbol]\nDescription=" + kActingText +
+                                                      "\n[Properties]\n" + kActingText + "=" + kActingText +
+                                                      "\n");
+    Names texts;
+    EXPECT_EQ(choose((directory / (kActingText + ".lmc")).string(),
+                     [&](QDialog& dialog) {
+                         switchTo(dialog, "All symbols");
+                         type("<b>");
+                         QApplication::processEvents();
+                         texts = textsWithoutEffect(dialog);
+                         press(Qt::Key_Return);
+                     }),
+              symbol);
+    // The item of the list, name and description with their tool tips, the value of the property.
+    EXPECT_EQ(
+        std::ranges::count_if(texts, [](const auto& text) { return text.find("<img") != std::string::npos; }),
+        6);
 }
 
 TEST_F(SymbolChooser, WithoutALibraryItSaysSoAndOffersWhatTheFeedNames) {

@@ -1,4 +1,5 @@
 #include "details/shell/internalpages.h"
+#include "details/shell/noticelabel.h"
 #include "details/shell/stringtable.h"
 #include "details/widgets/messagebox.h"
 #include "details/widgets/waitcursor.h"
@@ -15,14 +16,15 @@ using namespace ovsettings;
 
 namespace {
 
-TEST(MessageBox, ShowsNoWaitCursorWhileItAsks) {
+TEST(MessageBox, ShowsNoWaitCursorAndItsTextAsItStands) {
     const WaitCursor wait;
     Qt::CursorShape shape = Qt::WaitCursor;
     testsupport::whenModal([&shape](QWidget& box) {
         shape = QGuiApplication::overrideCursor()->shape();
+        testsupport::textsWithoutEffect(box);
         box.close();
     });
-    showMessage(nullptr, QStringLiteral("text"));
+    showMessage(nullptr, QString::fromStdString(testsupport::kActingText));
     EXPECT_EQ(shape, Qt::ArrowCursor);
     EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
 }
@@ -45,6 +47,16 @@ TEST(MessageBox, NobodyAnswersFailsTheTestAndDoesNotHangIt) {
     EXPECT_NONFATAL_FAILURE(answer = askYesNo(nullptr, QStringLiteral("Anyone?"), QString()),
                             "nobody answered the message box: Anyone?");
     EXPECT_FALSE(answer);
+}
+
+TEST(NoticeLabel, ShowsItsNoticesAsTheyStand) {
+    CNoticeLabel label;
+    label.addNotice(QString::fromStdString(testsupport::kActingText));
+    label.addNotice(QStringLiteral("Lost:\nGrid"));
+    const auto texts = testsupport::textsWithoutEffect(label);
+    ASSERT_EQ(texts.size(), 2u);
+    EXPECT_TRUE(testsupport::contains(texts[0], "X\nLost:\nGrid"));
+    EXPECT_TRUE(testsupport::contains(texts[1], "X Lost: Grid"));
 }
 
 TEST(StringTables, HaveEveryCaptionInEveryLanguage) {

@@ -2,7 +2,10 @@
 
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>
+#include <QtGui/QTextDocument>
+#include <QtWidgets/QHeaderView>
 
+#include <algorithm>
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
@@ -235,6 +238,72 @@ void activate(QWidget& window) {
     window.show();
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+}
+
+namespace {
+
+/// Loads nothing, so that a picture is seen and not looked for.
+class InertDocument : public QTextDocument {
+public:
+    explicit InertDocument(const QString& html) { setHtml(html); }
+
+    bool acts() const {
+        const auto formats = allFormats();
+        return std::ranges::any_of(formats, [](const QTextFormat& format) {
+            return format.isImageFormat() || format.boolProperty(QTextFormat::IsAnchor) ||
+                   format.intProperty(QTextFormat::FontWeight) > QFont::Normal;
+        });
+    }
+
+protected:
+    QVariant loadResource(int, const QUrl&) override { return QByteArray(); }
+};
+
+std::string readWithoutEffect(const QWidget& place, QString text) {
+    if (Qt::mightBeRichText(text)) {
+        const InertDocument document(text);
+        EXPECT_FALSE(document.acts()) << place.metaObject()->className() << ": " << text.toStdString();
+        text = document.toPlainText();
+    }
+    EXPECT_FALSE(text.contains(QChar(0x202e)))
+        << place.metaObject()->className() << ": " << text.toStdString();
+    return text.toStdString();
+}
+
+void appendItems(const QAbstractItemView& view, const QModelIndex& parent, std::vector<std::string>& texts) {
+    const QAbstractItemModel& model = *view.model();
+    for (int row = 0; row < model.rowCount(parent); ++row) {
+        for (int column = 0; column < model.columnCount(parent); ++column) {
+            const QModelIndex item = model.index(row, column, parent);
+            for (const int role : {Qt::ToolTipRole, Qt::WhatsThisRole})
+                texts.push_back(readWithoutEffect(view, item.data(role).toString()));
+        }
+        appendItems(view, model.index(row, 0, parent), texts);
+    }
+}
+
+} // namespace
+
+std::vector<std::string> textsWithoutEffect(QWidget& window) {
+    std::vector<std::string> texts;
+    QWidgetList widgets = window.findChildren<QWidget*>();
+    widgets.append(&window);
+    for (const QWidget* widget : widgets) {
+        for (const QString& text : {widget->toolTip(), widget->whatsThis()})
+            texts.push_back(readWithoutEffect(*widget, text));
+        if (const auto* view = qobject_cast<const QAbstractItemView*>(widget);
+            view && view->model() && !qobject_cast<const QHeaderView*>(view))
+            appendItems(*view, {}, texts);
+        const auto* label = qobject_cast<const QLabel*>(widget);
+        if (!label)
+            continue;
+        EXPECT_NE(label->textFormat(), Qt::RichText);
+        EXPECT_FALSE(label->textFormat() == Qt::PlainText && label->text().contains(QChar(0x202e)));
+        texts.push_back(label->textFormat() == Qt::PlainText ? label->text().toStdString()
+                                                             : readWithoutEffect(*label, label->text()));
+    }
+    std::erase(texts, "");
+    return texts;
 }
 
 } // namespace testsupport

@@ -41,4 +41,12 @@ void clickCell(QAbstractItemView& grid, int row, int column);
 /// Makes a window the active one, and waits until it is.
 void activate(QWidget& window);
 
+/// A text of a file that acts where markup is read: it looks for a picture beside the program, and turns the
+/// direction of the writing. It has no separator of paths.
+inline const std::string kActingText = "<b><a href='h'><img src='f'>\u202eX";
+
+/// What a window shows in the places that read markup: tool tips, those of items too, and labels, thus also
+/// message boxes. Fails the test for each that acts. @return the rest as the user reads it.
+std::vector<std::string> textsWithoutEffect(QWidget& window);
+
 } // namespace testsupport

@@ -10,12 +10,11 @@
 #include "details/widgets/gdipainter.h"
 #include "details/widgets/messagebox.h"
 #include "details/widgets/ownerdrawbutton.h"
+#include "details/widgets/plainfiledialog.h"
 #include "details/widgets/radiobutton.h"
 #include "details/widgets/stringconversion.h"
 #include "orv/appconfiguration.h"
 #include "ui_colordialog.h"
-
-#include <QtWidgets/QFileDialog>
 
 #include <algorithm>
 
@@ -184,8 +183,8 @@ void CColorDialog::selectScheme() {
 }
 
 void CColorDialog::importSchemes() {
-    QFileDialog dialog(window(), tr("Load Color Scheme"), QString(),
-                       tr("Scheme files (*.scm);;All Files (*)"));
+    PlainFileDialog dialog(window(), tr("Load Color Scheme"), QString(),
+                           tr("Scheme files (*.scm);;All Files (*)"));
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.setDefaultSuffix(QStringLiteral("scm"));
     if (dialog.exec() == QDialog::Accepted)
@@ -195,8 +194,8 @@ void CColorDialog::importSchemes() {
 void CColorDialog::exportScheme() {
     if (ui_->scheme->currentText().isEmpty())
         return;
-    QFileDialog dialog(window(), tr("Save Color Scheme"), QString(),
-                       tr("Scheme files (*.scm);;All Files (*)"));
+    PlainFileDialog dialog(window(), tr("Save Color Scheme"), QString(),
+                           tr("Scheme files (*.scm);;All Files (*)"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("scm"));
     if (dialog.exec() != QDialog::Accepted)

@@ -10,6 +10,7 @@
 #include "details/platform/paths.h"
 #include "details/widgets/messagebox.h"
 #include "details/widgets/ownerdrawbutton.h"
+#include "details/widgets/plainfiledialog.h"
 #include "details/widgets/propfile.h"
 #include "details/widgets/radiobutton.h"
 #include "details/widgets/stringconversion.h"
@@ -19,7 +20,6 @@
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtGui/QKeyEvent>
-#include <QtWidgets/QFileDialog>
 #include <QtWidgets/QLineEdit>
 
 #include <algorithm>
@@ -107,11 +107,12 @@ constexpr IctRow kIctRows[] = {
 };
 
 /// A file dialog for schemes. It has another default extension than the files have, and that is meant.
-class SchemeFileDialog : public QFileDialog {
+class SchemeFileDialog : public PlainFileDialog {
 public:
     SchemeFileDialog(QWidget* parent, const QString& title, AcceptMode mode)
-        : QFileDialog(parent, title, QString(),
-                      toQString(toolkitFilter("Orvane Color Schema (*.ovc)|*.ovc|All Files (*.*)|*.*||"))) {
+        : PlainFileDialog(
+              parent, title, QString(),
+              toQString(toolkitFilter("Orvane Color Schema (*.ovc)|*.ovc|All Files (*.*)|*.*||"))) {
         setOption(DontUseNativeDialog);
         setFileMode(AnyFile);
         setAcceptMode(mode);

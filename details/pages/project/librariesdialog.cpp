@@ -8,6 +8,7 @@
 #include "details/shell/stringtable.h"
 #include "details/widgets/gdipainter.h"
 #include "details/widgets/messagebox.h"
+#include "details/widgets/plaintext.h"
 #include "details/widgets/progress.h"
 #include "details/widgets/propfile.h"
 #include "details/widgets/stringconversion.h"
@@ -77,8 +78,7 @@ public:
         case Qt::AccessibleTextRole:
             return QString(alias + QLatin1String(", ") + path + QLatin1String(", ") + typeName(library.type));
         case Qt::ToolTipRole:
-            return QString(alias.toHtmlEscaped() + QLatin1String("<br>") + path.toHtmlEscaped() +
-                           QLatin1String("<br>") + typeName(library.type));
+            return toToolTip(alias + QLatin1Char('\n') + path + QLatin1Char('\n') + typeName(library.type));
         default:
             return QListWidgetItem::data(role);
         }

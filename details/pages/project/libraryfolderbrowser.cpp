@@ -32,7 +32,8 @@ constexpr Content kContents[] = {
 } // namespace
 
 LibraryFolderBrowser::LibraryFolderBrowser(QWidget* parent, const std::string& directory)
-    : QFileDialog(parent, toQString(stringForUser(kTitle)), toQString(directory)), status_(new QLabel(this)) {
+    : PlainFileDialog(parent, toQString(stringForUser(kTitle)), toQString(directory)),
+      status_(new QLabel(this)) {
     setOption(DontUseNativeDialog); // no other one has room for the status
     setOption(ShowDirsOnly);
     setFileMode(Directory);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtWidgets/QFileDialog>
+#include "details/widgets/plainfiledialog.h"
 
 #include <string>
 
@@ -9,7 +9,7 @@ class QLabel;
 namespace ovsettings {
 
 /// The chooser of a library's folder, which says of each folder that is selected what it holds.
-class LibraryFolderBrowser : public QFileDialog {
+class LibraryFolderBrowser : public PlainFileDialog {
     Q_OBJECT
 
 public:

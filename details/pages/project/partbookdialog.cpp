@@ -2,12 +2,11 @@
 
 #include "details/shell/projectaccess.h"
 #include "details/shell/stringtable.h"
+#include "details/widgets/plainfiledialog.h"
 #include "details/widgets/propfile.h"
 #include "details/widgets/stringconversion.h"
 #include "orv/projectfiledata.h"
 #include "ui_partbookdialog.h"
-
-#include <QtWidgets/QFileDialog>
 
 #include <string>
 
@@ -67,7 +66,7 @@ bool CPartBookDialog::isModified() const {
 }
 
 void CPartBookDialog::browse() {
-    QFileDialog dialog(window(), tr("OvPartBook configuration file"), QString(), fileFilter());
+    PlainFileDialog dialog(window(), tr("OvPartBook configuration file"), QString(), fileFilter());
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setDefaultSuffix(QStringLiteral("dbc"));
     if (dialog.exec() == QDialog::Accepted)

@@ -1,6 +1,6 @@
 #include "details/widgets/grid/gridmodel.h"
 
-#include "details/widgets/stringconversion.h"
+#include "details/widgets/plaintext.h"
 
 #include <QtGui/QBrush>
 
