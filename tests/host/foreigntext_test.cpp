@@ -25,18 +25,14 @@ protected:
         for (const ovsettings::PageReport& page : ovsettings::kPageReports)
             dialogs += entry(page.pageKey, "internal");
         catalogue(dialogs + entry("designs", "projects"));
-        std::string sections;
-        for (const char* path : {"SETTINGS", "OBJECTS", "LAYERS"}) {
-            sections += std::string("<section path='Orvane/") + path + "' reason=\"" + asXml(kActingText) +
-                        "\" contact=\"" + asXml(kActingText) + "\">";
-            sections += path == std::string("OBJECTS")
-                            ? "<group type='object' name='NET' locked='yes'/>"
-                            : "<value name='GRID_HR' locked='yes'>254000</value><value name='GRID_HR'/>"
-                              "<value name='BELL' locked='yes'>1</value>"
-                              "<value name='BOXSIZE_HR' locked='yes'>254000</value>";
-            sections += "</section>";
-        }
-        writeFile(directory_ / "orvane.xml", "<configuration>" + sections + "</configuration>");
+        const std::string note =
+            " reason=\"" + asXml(kActingText) + "\" contact=\"" + asXml(kActingText) + "\">";
+        writeFile(directory_ / "orvane.xml",
+                  "<configuration><section path='Orvane/SETTINGS'" + note +
+                      "<value name='GRID_HR' locked='yes'>254000</value><value name='GRID_HR'/>"
+                      "<value name='BOXSIZE_HR' locked='yes'>254000</value></section>"
+                      "<section path='Orvane/OBJECTS'" +
+                      note + "<group type='object' name='NET' locked='yes'/></section></configuration>");
         writeFile(installation_.user() / "scripts.ini", "[PlanDraw]\nForm#0=" + kActingText + "\n");
         openProject();
         testing::internal::CaptureStderr();

@@ -58,14 +58,15 @@ protected:
 };
 
 TEST_F(Help, ATopicIsFoundExactlyThenWithoutCaseThenAsTheIndex) {
-    writeFile(installation_.standard() / "help" / "orvane_ref" / "grid.html", pageText("Small grid"));
+    writeFile(installation_.standard() / "help" / "orvane_ref" / "grid.html",
+              pageText("\nSmall\u202e &lt;b>grid"));
     const struct {
         const char* topic;
         int shown;
         const char* title;
     } rows[] = {
-        {"GRID", 1, "Grid"},     {"grid", 1, "Small grid"}, {"units", 1, "Units"},
-        {"NETS", 0, "Contents"}, {"index", 1, "Contents"},  {"", 0, "Contents"},
+        {"GRID", 1, "Grid"},     {"grid", 1, "Small\ufffd <b>grid"}, {"units", 1, "Units"},
+        {"NETS", 0, "Contents"}, {"index", 1, "Contents"},           {"", 0, "Contents"},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(OlhHelpCall("orvane_ref", row.topic, 0), row.shown) << row.topic;
