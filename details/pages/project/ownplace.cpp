@@ -1,7 +1,7 @@
 #include "details/pages/project/ownplace.h"
 
 #include "details/pages/project/projectpaths.h"
-#include "details/platform/environment.h"
+#include "details/platform/installation.h"
 #include "details/platform/paths.h"
 #include "details/platform/writtenplace.h"
 #include "orv/centrallibrarystate.h"
@@ -37,7 +37,7 @@ bool isInALibrary(const std::string& place, const Orv::CProjectConfiguration& pr
 std::vector<std::string> trustedDirectories() {
     std::vector<std::string> directories;
     Orv::WdirUtils::GetWDIRs(directories);
-    directories.push_back(platform::environmentVariable("RSR_HOME").value_or(""));
+    directories.push_back(platform::installationDirectory());
     std::erase(directories, "");
     return directories;
 }

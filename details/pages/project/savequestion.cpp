@@ -1,5 +1,6 @@
 #include "details/pages/project/savequestion.h"
 
+#include "details/platform/printable.h"
 #include "details/widgets/messagebox.h"
 #include "details/widgets/stringconversion.h"
 
@@ -40,7 +41,7 @@ bool asksToWriteForeignFile(QWidget& page, const std::string& place) {
         QT_TRANSLATE_NOOP("ovsettings::ProjectPage",
                           "%1\n\nThe project names this file, which lies outside of the project, its "
                           "libraries and the working directories.\nWrite to it anyway?");
-    return askYesNo(&page, translated(text).arg(toQString(place)),
+    return askYesNo(&page, translated(text).arg(toQString(platform::printable(place))),
                     translated(QT_TRANSLATE_NOOP("ovsettings::ProjectPage", "Project Settings")),
                     QMessageBox::Question, QMessageBox::No);
 }
@@ -49,7 +50,7 @@ void tellDeclinedFile(QWidget& page, const std::string& place) {
     const char* const text = QT_TRANSLATE_NOOP(
         "ovsettings::ProjectPage", "%1: cannot save: the file lies outside of the project, its libraries and "
                                    "the working directories, and you chose not to write to it");
-    tellFailedSave(page, toUtf8(translated(text).arg(toQString(place))));
+    tellFailedSave(page, toUtf8(translated(text).arg(toQString(platform::printable(place)))));
 }
 
 } // namespace ovsettings
