@@ -9,7 +9,7 @@ namespace platform {
 /// A stream of RemoteOpen, on a local file or on a remote one.
 struct RemoteStream;
 
-/// True if the path, after one optional leading double quote, begins with "http:" or "ftp:".
+/// True if the path, after one optional leading double quote, begins with "http:", "https:" or "ftp:".
 bool IsRemotePath(std::string_view path);
 
 /// Loads the modules now rather than on first use. They need further libraries, which the loader may be told

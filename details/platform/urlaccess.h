@@ -6,7 +6,9 @@
 
 /// The contract between the remote file layer and the URL access module, an optional loadable library. Plain
 /// C at the boundary, so that a module may be built by anybody. All texts are UTF-8; every entry point may be
-/// called on any thread, one stream on one thread at a time, and returns within a bounded time.
+/// called on any thread, one stream on one thread at a time, and returns within a bounded time. A module
+/// sends no secret of its user, follows a server to no other host and no plainer scheme, and has an encrypted
+/// server prove its name; what would need more can't be reached.
 
 /// What the layer knows of a scheme before any module is loaded.
 struct UrlScheme {
@@ -18,6 +20,7 @@ struct UrlScheme {
 inline constexpr std::array kUrlSchemes{
     UrlScheme{"http:", "libOvUrlAccess.so", 0xe4e41644},
     UrlScheme{"ftp:", "libOvUrlAccess.so", 0xe4e41645},
+    UrlScheme{"https:", "libOvUrlAccess.so", 0xe4e41646},
 };
 
 #define OVURL_API __attribute__((visibility("default")))

@@ -2,6 +2,7 @@
 // are in memory from then on.
 
 #include "details/platform/urlaccess.h"
+#include "details/platform/asciicase.h"
 
 #include <curl/curl.h>
 
@@ -29,11 +30,13 @@ constexpr milliseconds kPromptLimit{2000}; ///< for an answer after which anothe
 constexpr long kSlowestRate = 64;          ///< bytes a second
 constexpr long kSlowestTime = 2;           ///< seconds at less than that rate
 constexpr long kReplyLimit = 2; ///< seconds for a reply of a file transfer server, the last one too
-constexpr long kMostRedirects = 5;
+constexpr int kMostRedirects = 5;
 constexpr std::size_t kLargestBody = 1u << 20; ///< that is read; one without a stated length ends there
 constexpr std::size_t kLargestHeaders = 256u << 10;
-constexpr char kProtocols[] = "http,ftp";
+constexpr char kProtocols[] = "http,https,ftp";
 
+constexpr long kFirstRedirection = 300;
+constexpr long kFirstError = 400;
 constexpr long kForbidden = 403;
 
 /// What is wanted of a location.
@@ -54,12 +57,14 @@ struct Answer {
     CURLcode result = CURLE_FAILED_INIT;
     CURL* from = nullptr; ///< while the answer comes in
     std::size_t enough = 0;
-    bool cut = false; ///< there was more than is read
+    bool cut = false;           ///< there was more than is read
+    std::size_t passedOver = 0; ///< of the bodies of redirections
     std::size_t headers = 0;
     std::string body;
     long status = 0;
     curl_off_t length = -1;
     bool isDirectory = false;
+    std::string redirection; ///< where the server sends who asks; empty for nowhere
 
     bool isWhole() const { return result == CURLE_OK || (cut && length >= 0); }
     bool isTooLong() const { return result == CURLE_FILESIZE_EXCEEDED || (cut && length < 0); }
@@ -81,8 +86,22 @@ curl_off_t lengthOf(CURL* handle) {
     return length;
 }
 
+bool isRedirection(long status) {
+    return status >= kFirstRedirection && status < kFirstError;
+}
+
+long statusOf(CURL* handle) {
+    long status = 0;
+    curl_easy_getinfo(handle, CURLINFO_RESPONSE_CODE, &status);
+    return status;
+}
+
 std::size_t keepBody(char* bytes, std::size_t, std::size_t count, void* to) {
     auto& answer = *static_cast<Answer*>(to);
+    if (isRedirection(statusOf(answer.from))) {
+        answer.passedOver += count;
+        return answer.passedOver <= kLargestBody ? count : 0;
+    }
     const std::size_t limit = lengthOf(answer.from) < 0 ? kLargestBody : answer.enough;
     const std::size_t kept = std::min(count, limit - std::min(limit, answer.body.size()));
     answer.body.append(bytes, kept);
@@ -105,9 +124,10 @@ bool isReady() {
 
 void setLimits(CURL* handle, const Need& need, milliseconds patience) {
     curl_easy_setopt(handle, CURLOPT_PROTOCOLS_STR, kProtocols);
-    curl_easy_setopt(handle, CURLOPT_REDIR_PROTOCOLS_STR, kProtocols);
-    curl_easy_setopt(handle, CURLOPT_FOLLOWLOCATION, 1L);
-    curl_easy_setopt(handle, CURLOPT_MAXREDIRS, kMostRedirects);
+    curl_easy_setopt(handle, CURLOPT_FOLLOWLOCATION, 0L);
+    curl_easy_setopt(handle, CURLOPT_SSL_VERIFYPEER, 1L);
+    curl_easy_setopt(handle, CURLOPT_SSL_VERIFYHOST, 2L);
+    curl_easy_setopt(handle, CURLOPT_NETRC, static_cast<long>(CURL_NETRC_IGNORED));
     curl_easy_setopt(handle, CURLOPT_CONNECTTIMEOUT_MS, kConnectLimit);
     curl_easy_setopt(handle, CURLOPT_TIMEOUT_MS, static_cast<long>(patience.count()));
     curl_easy_setopt(handle, CURLOPT_MAXFILESIZE_LARGE, need.largest);
@@ -122,27 +142,37 @@ void setLimits(CURL* handle, const Need& need, milliseconds patience) {
     curl_easy_setopt(handle, CURLOPT_FAILONERROR, 1L);
 }
 
-bool endsAsDirectory(CURLU* url) {
+using Url = std::unique_ptr<CURLU, Cleanup>;
+
+std::string partOf(CURLU* url, CURLUPart part) {
     char* text = nullptr;
-    if (curl_url_get(url, CURLUPART_PATH, &text, 0) != CURLUE_OK)
-        return false;
-    const std::unique_ptr<char, Cleanup> path(text);
-    return std::string_view(path.get()).ends_with('/');
+    if (curl_url_get(url, part, &text, 0) != CURLUE_OK)
+        return {};
+    const std::unique_ptr<char, Cleanup> owned(text);
+    return owned.get();
 }
 
-/// Reads what lies at a location, as far as there is need. @param patience positive.
-Answer fetch(const char* location, const Need& need, milliseconds patience) {
+/// Whether a server may send somebody from one location to another: to its own host, and not from an
+/// encrypted scheme to a plain one. Any other host would learn what is asked of this one.
+bool maySendOn(CURLU* from, CURLU* to) {
+    const std::string host = partOf(from, CURLUPART_HOST);
+    const std::string target = partOf(to, CURLUPART_HOST);
+    const bool isSameHost = !host.empty() && platform::equalsWithoutCase(host, target);
+    const std::string scheme = partOf(from, CURLUPART_SCHEME);
+    const std::string wanted = partOf(to, CURLUPART_SCHEME);
+    return isSameHost && (wanted == scheme || (scheme == "http" && wanted == "https"));
+}
+
+/// Asks for what lies at one location, as far as there is need. @param patience positive.
+Answer fetchOnce(CURLU* url, const Need& need, milliseconds patience) {
     Answer answer;
     answer.enough = need.enough;
-    const std::unique_ptr<CURLU, Cleanup> url(isReady() ? curl_url() : nullptr);
-    if (!url || curl_url_set(url.get(), CURLUPART_URL, location, CURLU_URLENCODE) != CURLUE_OK)
-        return answer;
     const std::unique_ptr<CURL, Cleanup> handle(curl_easy_init());
     if (!handle)
         return answer;
     answer.from = handle.get();
     setLimits(handle.get(), need, patience);
-    curl_easy_setopt(handle.get(), CURLOPT_CURLU, url.get());
+    curl_easy_setopt(handle.get(), CURLOPT_CURLU, url);
     curl_easy_setopt(handle.get(), CURLOPT_WRITEFUNCTION, &keepBody);
     curl_easy_setopt(handle.get(), CURLOPT_WRITEDATA, &answer);
     curl_easy_setopt(handle.get(), CURLOPT_HEADERFUNCTION, &countHeader);
@@ -150,12 +180,43 @@ Answer fetch(const char* location, const Need& need, milliseconds patience) {
     answer.result = curl_easy_perform(handle.get());
     answer.from = nullptr;
 
-    curl_easy_getinfo(handle.get(), CURLINFO_RESPONSE_CODE, &answer.status);
+    answer.status = statusOf(handle.get());
     answer.length = lengthOf(handle.get());
-    const char* last = nullptr;
-    curl_easy_getinfo(handle.get(), CURLINFO_EFFECTIVE_URL, &last);
-    if (last && curl_url_set(url.get(), CURLUPART_URL, last, 0) == CURLUE_OK)
-        answer.isDirectory = endsAsDirectory(url.get());
+    answer.isDirectory = partOf(url, CURLUPART_PATH).ends_with('/');
+    const char* redirection = nullptr;
+    curl_easy_getinfo(handle.get(), CURLINFO_REDIRECT_URL, &redirection);
+    answer.redirection = redirection ? redirection : "";
+    return answer;
+}
+
+/// Goes where the answer sends. @return false if that is nowhere, or leads away from the server.
+bool follow(const Answer& answer, Url& url) {
+    Url next(curl_url());
+    if (!next || curl_url_set(next.get(), CURLUPART_URL, answer.redirection.c_str(), 0) != CURLUE_OK ||
+        !maySendOn(url.get(), next.get()))
+        return false;
+    url = std::move(next);
+    return true;
+}
+
+/// Reads what lies at a location, or where its server sends on, as far as there is need.
+/// @param patience positive.
+Answer fetch(const char* location, const Need& need, milliseconds patience) {
+    const auto deadline = Clock::now() + patience;
+    Url url(isReady() ? curl_url() : nullptr);
+    if (!url || curl_url_set(url.get(), CURLUPART_URL, location, CURLU_URLENCODE) != CURLUE_OK)
+        return {};
+    Answer answer;
+    for (int redirects = 0; redirects <= kMostRedirects && patience.count() > 0; ++redirects) {
+        answer = fetchOnce(url.get(), need, patience);
+        if (answer.result != CURLE_OK || !isRedirection(answer.status))
+            return answer;
+        if (!follow(answer, url))
+            break;
+        patience = std::chrono::duration_cast<milliseconds>(deadline - Clock::now());
+    }
+    answer.result = CURLE_TOO_MANY_REDIRECTS;
+    answer.cut = false;
     return answer;
 }
 

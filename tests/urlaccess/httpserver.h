@@ -29,7 +29,10 @@ public:
         endlessHeaders,
     };
 
-    HttpServer();
+    /// An encrypted one shows a certificate of its own making, which nobody has reason to trust.
+    enum class Kind { plain, encrypted };
+
+    explicit HttpServer(Kind kind = Kind::plain);
     ~HttpServer();
     HttpServer(const HttpServer&) = delete;
     HttpServer& operator=(const HttpServer&) = delete;
@@ -45,6 +48,10 @@ public:
     std::string url(const std::string& path) const;
     /// How many requests have come.
     int requests() const { return requests_; }
+    /// How many clients have begun to talk of keys.
+    int handshakes() const { return handshakes_; }
+    /// Whether a text stood in the path of any request.
+    bool wasSent(const std::string& text) const;
 
 private:
     class Pages;
@@ -52,8 +59,10 @@ private:
     ScopedEnvironment noProxy_;
     std::unique_ptr<Pages> pages_;
     std::atomic<int> requests_ = 0;
+    std::atomic<int> handshakes_ = 0;
     std::atomic<bool> ended_ = false;
     QThread thread_;
+    Kind kind_;
     QTcpServer* server_; ///< lives on the thread
     int port_ = 0;
 };

@@ -33,9 +33,10 @@ std::string readAll(const std::string& path) {
 }
 
 TEST(RemoteFile, ALocationIsRemoteByItsExactBeginning) {
-    for (const char* path : {"http:", "ftp://host/lib", "\"http://host/my lib\"", "http:\\\\host\\lib"})
+    for (const char* path :
+         {"http:", "ftp://host/lib", "https://host", "\"http://host/my lib\"", "http:\\\\host\\lib"})
         EXPECT_TRUE(platform::IsRemotePath(path)) << path;
-    for (const char* path : {"", "\"", "https://host", "HTTP://host", "\"\"http://host", "/http:", "ftp"})
+    for (const char* path : {"", "\"", "HTTP://host", "httpss://host", "\"\"http://host", "/http:", "ftp"})
         EXPECT_FALSE(platform::IsRemotePath(path)) << path;
 }
 
@@ -154,6 +155,55 @@ TEST(UrlAccess, OnlyWhatAnswersInFullCanBeReached) {
     }
     for (const char* path : {"/early", "/endless", "/huge", "/large"})
         EXPECT_EQ(readAll(server.url(path)), "(none)") << path;
+}
+
+TEST(UrlAccess, AServerSendsNobodyToAnotherHostOrToAPlainerScheme) {
+    HttpServer encrypted(HttpServer::Kind::encrypted);
+    HttpServer server;
+    server.serve("/file", "x");
+    // One machine under two names: it is the name that counts.
+    std::string elsewhere = server.url("/file");
+    elsewhere.replace(elsewhere.find("127.0.0.1"), 9, "localhost");
+    const std::string authority = elsewhere.substr(std::string("http://localhost").size());
+    struct Row {
+        const char* path;
+        std::string target;
+        bool followed;
+        int requests = followed ? 2 : 1;
+    };
+    const Row rows[] = {
+        {"/relative", "file", true},
+        {"/here", server.url("/file"), true},
+        {"/twice", "/relative", true, 3},
+        {"/shouted", "HTTP" + server.url("/file").substr(4), true},
+        {"/other", elsewhere, false},
+        {"/hop", "/other", false, 2},
+        {"/noscheme", elsewhere.substr(5), false},
+        {"/user", "http://127.0.0.1@localhost" + authority, false},
+        {"/ftp", "ftp://127.0.0.1:1/file", false},
+        {"/disk", "file:///etc/passwd", false},
+        {"/nothing", "http://", false},
+    };
+    for (const Row& row : rows)
+        server.redirect(row.path, row.target);
+    for (const Row& row : rows) {
+        const int before = server.requests();
+        const std::string path = server.url(row.path);
+        EXPECT_EQ(platform::ProbeRemote(path), row.followed ? 3 : platform::kRemoteUnreachable) << row.path;
+        EXPECT_EQ(readAll(path), row.followed ? "x" : "(none)") << row.path;
+        EXPECT_EQ(server.requests() - before, 2 * row.requests) << row.path;
+    }
+    server.redirect("/upgrade", encrypted.url("/file"));
+    EXPECT_EQ(readAll(server.url("/upgrade")), "(none)") << "nobody answers for its certificate";
+    EXPECT_EQ(encrypted.handshakes(), 1);
+}
+
+TEST(UrlAccess, AnEncryptedServerHasToProveWhoItIs) {
+    HttpServer server(HttpServer::Kind::encrypted);
+    server.serve("/file", "x");
+    EXPECT_EQ(platform::ProbeRemote(server.url("/file")), platform::kRemoteUnreachable);
+    EXPECT_EQ(server.handshakes(), 1);
+    EXPECT_EQ(server.requests(), 0);
 }
 
 TEST(UrlAccess, ASlowServerIsGivenUpByEveryThreadThatAsks) {
