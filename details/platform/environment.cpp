@@ -1,6 +1,9 @@
 #include "details/platform/environment.h"
 
+#include "details/platform/remotefile.h"
+
 #include <cstdlib>
+#include <utility>
 
 namespace platform {
 
@@ -11,13 +14,15 @@ std::optional<std::string> environmentVariable(const char* name) {
     return value;
 }
 
-std::string expandEnvironmentReferences(std::string_view text) {
+std::optional<std::string> tryExpandEnvironmentReferences(std::string_view text) {
     std::string expanded;
-    for (;;) {
+    while (expanded.size() <= kLongestExpansion) {
         const auto open = text.find('%');
         const auto close = open == std::string_view::npos ? open : text.find('%', open + 1);
-        if (close == std::string_view::npos)
-            return expanded.append(text);
+        if (close == std::string_view::npos) {
+            const bool fits = expanded.empty() || expanded.size() + text.size() <= kLongestExpansion;
+            return fits ? std::optional(expanded.append(text)) : std::nullopt;
+        }
         const std::string name(text.substr(open + 1, close - open - 1));
         if (const auto value = name.empty() ? std::nullopt : environmentVariable(name.c_str())) {
             expanded.append(text.substr(0, open)).append(*value);
@@ -28,6 +33,12 @@ std::string expandEnvironmentReferences(std::string_view text) {
             text.remove_prefix(close);
         }
     }
+    return std::nullopt;
+}
+
+std::string expandEnvironmentReferences(std::string_view text) {
+    auto expanded = IsRemotePath(text) ? std::nullopt : tryExpandEnvironmentReferences(text);
+    return expanded && !IsRemotePath(*expanded) ? std::move(*expanded) : std::string(text);
 }
 
 } // namespace platform

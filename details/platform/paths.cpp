@@ -56,6 +56,17 @@ bool isFullElsewhere(std::string_view path) {
     return drive || path.starts_with("\\\\");
 }
 
+bool isTooLong(std::string_view path) {
+    return path.size() > kLongestPath;
+}
+
+std::string withSingleSeparators(std::string path) {
+    const auto repeated = std::ranges::unique(
+        path, [](char one, char next) { return one == kSeparator && next == kSeparator; });
+    path.erase(repeated.begin(), repeated.end());
+    return path;
+}
+
 } // namespace
 
 std::string platformPath(std::string_view text) {
@@ -99,7 +110,9 @@ std::optional<std::string> RememberedDirectories::find(const std::string& direct
 }
 
 std::optional<std::string> resolveExisting(std::string_view text) {
-    const std::string path = platformPath(text);
+    if (isTooLong(text))
+        return std::nullopt;
+    const std::string path = withSingleSeparators(platformPath(text));
     if (nameExists(path))
         return path;
     std::string resolved;
@@ -124,6 +137,8 @@ std::optional<std::string> resolveExisting(std::string_view text) {
 }
 
 std::string fullPath(std::string_view path) {
+    if (isTooLong(path))
+        return std::string(path);
     const auto existing = resolveExisting(path);
     if (!existing && isFullElsewhere(path))
         return std::string(path);
@@ -134,6 +149,8 @@ std::string fullPath(std::string_view path) {
 
 std::string withoutDots(const std::string& path) {
     namespace fs = std::filesystem;
+    if (isTooLong(path))
+        return path;
     const fs::path normal = fs::path(path).lexically_normal();
     if (path.find("..") == std::string::npos)
         return normal.string();
@@ -144,6 +161,10 @@ std::string withoutDots(const std::string& path) {
 }
 
 Place::Place(const std::string& path) {
+    if (isTooLong(path)) {
+        text_ = path;
+        return;
+    }
     const auto normal = std::filesystem::path(platformPath(path)).lexically_normal();
     text_ = (normal.has_filename() ? normal : normal.parent_path()).string();
     struct stat status = {};

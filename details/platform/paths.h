@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -8,6 +9,9 @@
 #include <utility>
 
 namespace platform {
+
+/// In bytes. No system call takes a longer one, so what is longer leads nowhere.
+constexpr std::size_t kLongestPath = 4095;
 
 /// A path cut at its last separator of either kind, which belongs to neither part.
 struct PathParts {
@@ -27,8 +31,9 @@ bool isBareName(std::string_view text);
 
 /// Finds what a path names on disk: in its exact spelling, or else component by component, each in its exact
 /// spelling first and then without regard to the case of ASCII letters; of several such names the first in
-/// byte order.
-/// @return the path as it is spelled on disk, or nothing if there is none.
+/// byte order. Of several separators in a row one counts.
+/// @return the path as it is spelled on disk, or nothing if there is none, or the text is longer than
+/// kLongestPath.
 std::optional<std::string> resolveExisting(std::string_view path);
 
 /// What look-ups without regard to case have read of directories, so that a long list of paths reads each
@@ -56,11 +61,12 @@ private:
 
 /// The path from the root, without "." and "..". A relative path begins at the current directory, and what is
 /// on disk gets its spelling there. A path with a drive letter or a server name is full elsewhere and stays
-/// as it is.
+/// as it is, and so does one that is longer than kLongestPath.
 std::string fullPath(std::string_view path);
 
 /// A full path without "." and "..". What is on disk stays what it is: where a link on the way leads "..", to
-/// another place than the text alone, the path is the one that the links lead to.
+/// another place than the text alone, the path is the one that the links lead to. One that is longer than
+/// kLongestPath stays as it is.
 std::string withoutDots(const std::string& path);
 
 /// Where a path leads, however it is spelled: equal if it is one place on disk; where either path leads

@@ -73,7 +73,7 @@ std::optional<FileError> readFile(const std::string& path, std::string& bytes, s
     if (code == 0)
         return std::nullopt;
     bytes.clear();
-    return FileError{path, kRead, code};
+    return FileError{path, kRead, code, limit};
 }
 
 bool opensForReading(const std::string& path) {

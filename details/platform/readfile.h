@@ -9,6 +9,9 @@
 namespace platform {
 
 constexpr std::size_t kLargestFile = 64u << 20; ///< in bytes; what is larger is no file of ours
+/// Of a file of which each byte may take a hundred once it is read: a configuration, a project, a location
+/// map.
+constexpr std::size_t kLargestDocument = 8u << 20;
 
 /// Reads a whole regular file. Anything else is refused, so that a pipe in place of a file makes nobody wait.
 /// @param limit the most bytes that are read; a larger file is refused.

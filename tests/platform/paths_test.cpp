@@ -1,5 +1,6 @@
 #include "details/platform/paths.h"
 
+#include "details/platform/environment.h"
 #include "details/platform/readfile.h"
 #include "tests/support/testsupport.h"
 
@@ -46,6 +47,8 @@ TEST(Paths, AreFoundInTheirOwnSpellingFirstAndThenWithoutRegardToCase) {
         {"other\\ONLY", "other/only"},
         {"Other/only", nullptr},
         {"LIBS\\", "Libs/"},
+        {"libs/\\//parts.lib", "Libs/PARTS.LIB"},
+        {"/Libs//Parts.lib", "Libs/Parts.lib"},
         {"libs/../OTHER/X", "Libs/../Other/x"},
         {"nothing/x", nullptr},
     };
@@ -77,6 +80,64 @@ TEST(Paths, FullPathBeginsAtTheRootAndIsSpelledAsOnDisk) {
     }};
     for (const auto& [path, full] : rows)
         EXPECT_EQ(platform::fullPath(path), full) << path;
+}
+
+TEST(Paths, WhatNoSystemTakesIsNoPathAndStaysAsItIs) {
+    const testsupport::TemporaryDirectory root;
+    const std::string directory = root.path().string();
+    const std::string slashes(1'000'000, '/');
+    std::string names = directory;
+    for (int i = 0; i < 500'000; ++i)
+        names += "/a\\..";
+    for (const std::string& path : {slashes, directory + slashes, slashes + directory, names}) {
+        EXPECT_FALSE(resolveExisting(path));
+        EXPECT_EQ(platform::fullPath(path), path);
+        EXPECT_EQ(withoutDots(path), path);
+        EXPECT_TRUE(Place(path) == Place(path));
+        EXPECT_FALSE(Place(path) == Place(directory));
+    }
+    const std::string longest = directory + std::string(kLongestPath - directory.size(), '/');
+    EXPECT_EQ(resolveExisting(longest), directory + '/');
+    EXPECT_FALSE(resolveExisting(longest + '/'));
+}
+
+TEST(Environment, ReferencesAreExpandedUpToALimit) {
+    const testsupport::ScopedEnvironment variable("OV_TEST_LONG", std::string(1000, 'v'));
+    const testsupport::ScopedEnvironment unset("OV_TEST_UNSET", std::nullopt);
+    const testsupport::ScopedEnvironment scheme("OV_TEST_SCHEME", "ht");
+    const testsupport::ScopedEnvironment server("OV_TEST_SERVER", "https://parts.example");
+    const auto repeated = [](int count) {
+        std::string text;
+        for (int i = 0; i < count; ++i)
+            text += "%OV_TEST_LONG%";
+        return text;
+    };
+    EXPECT_EQ(expandEnvironmentReferences(repeated(65)), std::string(65'000, 'v'));
+    const std::string unknown = "100 %%OV_TEST_UNSET%";
+    EXPECT_EQ(expandEnvironmentReferences(unknown + "%OV_TEST_SCHEME%"), unknown + "ht");
+    // What is on a server, and what would be, stays as it is.
+    for (const std::string& text :
+         {repeated(66), repeated(500'000), std::string("http://host/%OV_TEST_SCHEME%"),
+          std::string("\"https://host/%OV_TEST_SCHEME%"), std::string("%OV_TEST_SERVER%/parts"),
+          std::string("%OV_TEST_SCHEME%tp://host/%OV_TEST_SCHEME%")})
+        EXPECT_EQ(expandEnvironmentReferences(text), text) << text.substr(0, 60);
+}
+
+TEST(ReadFile, WhatIsTooLargeIsToldWithTheLimit) {
+    const testsupport::TemporaryDirectory root;
+    const std::string file = root / "file";
+    testsupport::writeFile(file, "");
+    std::string bytes;
+    for (const auto& [limit, words] :
+         {std::pair(kLargestDocument, "8 MiB"), std::pair(kLargestFile, "64 MiB"),
+          std::pair(std::size_t{1000}, "1000 bytes")}) {
+        std::filesystem::resize_file(file, limit);
+        EXPECT_FALSE(readFile(file, bytes, limit));
+        std::filesystem::resize_file(file, limit + 1);
+        const auto failure = readFile(file, bytes, limit);
+        ASSERT_TRUE(failure);
+        EXPECT_EQ(failure->text(), file + ": cannot read: File too large (the limit is " + words + ")");
+    }
 }
 
 TEST(ReadFile, TakesRegularFilesOnlyAndNamesTheCause) {
