@@ -86,13 +86,13 @@ Configuration::FileState Configuration::readFile(std::string& bytes,
                                                  std::optional<ConfigurationDocument>& document,
                                                  std::string& complaint) const {
     std::string now;
-    if (const auto failure = platform::readFile(path_, now)) {
+    if (const auto failure = platform::readFile(path_, now, platform::kLargestDocument)) {
         bytes.clear();
         if (failure->code == ENOENT)
             return FileState::missing;
         complaint = failure->text();
-        const bool isNoFile = failure->code == EISDIR || failure->code == EFBIG;
-        return isNoFile ? FileState::damaged : FileState::unreadable;
+        // One that is too large may be whole all the same.
+        return failure->code == EISDIR ? FileState::damaged : FileState::unreadable;
     }
     if (!now.empty() && now == bytes)
         return FileState::unchanged;
@@ -136,8 +136,10 @@ bool Configuration::save(platform::LockPatience& patience) {
     ConfigurationDocument& document = current ? *current : document_;
     applyEdits(document);
     const std::string text = document.serialise();
-    if (text.empty() || text.size() > platform::kLargestFile)
-        return failed(path_ + ": cannot write: " + (text.empty() ? "out of memory" : "too large"));
+    if (text.empty())
+        return failed(path_ + ": cannot write: out of memory");
+    if (text.size() > platform::kLargestDocument)
+        return failed(platform::FileError{path_, "write", EFBIG, platform::kLargestDocument}.text());
 
     std::string aside;
     if (state == FileState::damaged) {

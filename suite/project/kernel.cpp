@@ -1,6 +1,5 @@
 #include "suite/kernel.h"
 
-#include "details/platform/environment.h"
 #include "details/platform/paths.h"
 #include "suite/project/locationbuffer.h"
 #include "suite/project/locationmap.h"
@@ -27,14 +26,10 @@ KernelContext* KernelOpenContext(const char* projectPath) {
 int KernelResolveName(const char* name, char* buffer, KernelContext* context) {
     if (!name || !*name || !buffer || !context)
         return 0;
-    std::string path = platform::expandEnvironmentReferences(name);
-    if (LocationMap::isSoftName(path)) {
-        const auto hard = context->map.hardName(path);
-        if (!hard)
-            return 0;
-        path = *hard;
-    }
-    const std::string full = context->map.fullPathOfExpanded(path);
+    const auto path = context->map.realPath(name);
+    if (!path)
+        return 0;
+    const std::string full = context->map.fullPathOfReal(*path);
     std::error_code missing;
     return std::filesystem::exists(full, missing) && suite::writeLocation(full, buffer);
 }

@@ -2,38 +2,28 @@
 
 #include "details/platform/asciicase.h"
 #include "details/platform/environment.h"
+#include "details/platform/fileerror.h"
 #include "details/platform/paths.h"
 #include "details/platform/remotefile.h"
 #include "suite/project/projectlog.h"
-#include "suite/project/textfile.h"
 #include "suite/wdirutils.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <utility>
 
 namespace suite {
 
 namespace {
 
-constexpr char kFileName[] = "location.map";
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr std::string_view kBlanks = " \t\r\n";
 /// Names that lead to names; more of them are taken for a circle.
 constexpr int kDeepest = 32;
-/// Names that lead to names make a path grow; far beyond what a system takes is far enough.
-constexpr std::size_t kLongestPath = 1u << 16;
+/// Of a soft name in a message.
+constexpr std::size_t kMostShown = 60;
 
-std::string_view trimmed(std::string_view text) {
-    const auto begin = text.find_first_not_of(kBlanks);
-    if (begin == std::string_view::npos)
-        return {};
-    return text.substr(begin, text.find_last_not_of(kBlanks) - begin + 1);
-}
-
-std::string_view unquoted(std::string_view text) {
-    const bool quoted = text.size() >= 2 && text.front() == '"' && text.back() == '"';
-    return quoted ? text.substr(1, text.size() - 2) : text;
+const std::string& tooLongToExpand() {
+    static const std::string reason = "it is longer than " + platform::sizeText(platform::kLongestExpansion) +
+                                      " once what it refers to is in place";
+    return reason;
 }
 
 bool isSeparator(char c) {
@@ -52,21 +42,45 @@ bool isFull(std::string_view path) {
     return hasDrive(path) || platform::IsRemotePath(path) || (!path.empty() && isSeparator(path.front()));
 }
 
+/// Without "." and "..", by the text alone, since a disk may not answer. Not by the standard library's paths,
+/// which take a hundred times as long: a map may be full of names that lead to the longest paths.
+std::string lexicallyNormal(std::string_view path) {
+    const bool isRooted = path.starts_with('/');
+    std::string normal(isRooted ? "/" : "");
+    std::size_t climbed = normal.size(); // the beginning that no ".." takes away
+    while (!path.empty()) {
+        const std::string_view part = path.substr(0, path.find('/'));
+        path.remove_prefix(std::min(part.size() + 1, path.size()));
+        if (part.empty() || part == "." || (part == ".." && isRooted && normal.size() == climbed))
+            continue;
+        if (part == ".." && normal.size() > climbed) {
+            const auto slash = normal.rfind('/');
+            normal.resize(slash == std::string::npos ? climbed : std::max(slash, climbed));
+            continue;
+        }
+        if (!normal.empty() && normal.back() != '/')
+            normal += '/';
+        normal += part;
+        if (part == "..")
+            climbed = normal.size();
+    }
+    return normal;
+}
+
 /// Without "." and "..", and without a separator at the end: the root is an empty text. Of a remote location
 /// the rest is its server's to understand, down to the two separators before the server's name.
 std::string normalDirectory(const std::string& path) {
     if (platform::IsRemotePath(path))
         return path.substr(0, path.size() - (path.ends_with('/') ? 1 : 0));
-    // By the text alone, since a disk may not answer. No ".." leads out of a drive.
+    // No ".." leads out of a drive.
     const std::size_t root = hasDrive(path) ? kDriveLength : 0;
-    std::string normal =
-        path.substr(0, root) + std::filesystem::path(path.substr(root)).lexically_normal().string();
+    std::string normal = path.substr(0, root) + lexicallyNormal(std::string_view(path).substr(root));
     while (!normal.empty() && normal.back() == '/')
         normal.pop_back();
     return normal;
 }
 
-std::string directoryOf(std::string_view project) {
+std::string directoryOfProject(std::string_view project) {
     const std::string full = project.empty() ? std::string() : platform::fullPath(project);
     if (full.empty() || platform::isDirectory(full))
         return full;
@@ -78,123 +92,121 @@ std::string directoryOf(std::string_view project) {
 
 LocationMap LocationMap::ofProject(std::string_view project) {
     LocationMap map;
-    map.directory_ = directoryOf(project);
-    if (!map.directory_.empty())
-        map.addFile(map.directory_);
-    std::vector<std::string> workingDirectories;
-    Orv::WdirUtils::GetWDIRs(workingDirectories);
-    for (const std::string& directory : workingDirectories) {
-        if (!directory.empty())
-            map.addFile(directory);
+    map.directory_ = directoryOfProject(project);
+    std::vector<std::string> directories;
+    Orv::WdirUtils::GetWDIRs(directories);
+    directories.insert(directories.begin(), map.directory_);
+    for (const std::string& directory : directories) {
+        if (auto file = directory.empty() ? nullptr : File::of(directory))
+            map.files_.push_back(std::move(file));
     }
     return map;
 }
 
-void LocationMap::addFile(const std::string& directory) {
-    const auto path = platform::resolveExisting(directory + '/' + kFileName);
-    if (!path)
-        return;
-    std::string bytes;
-    if (const auto error = readTextFile(*path, bytes)) {
-        if (!error->missing)
-            projectLog().reportOnce(*path, error->text);
-        return;
-    }
-    if (const int line = add(bytes, directory))
-        projectLog().reportOnce(*path, *path + ":" + std::to_string(line) +
-                                           ": passed over: a line is \"$NAME DIRECTORY\"");
-}
-
 int LocationMap::add(std::string_view text, const std::string& directory) {
-    if (text.starts_with(kByteOrderMark))
-        text.remove_prefix(kByteOrderMark.size());
-    int firstBadLine = 0;
-    for (int number = 1; !text.empty(); ++number) {
-        const auto size = std::min(text.find('\n'), text.size() - 1) + 1;
-        const bool understood = addLine(trimmed(text.substr(0, size)), directory);
-        if (!understood && firstBadLine == 0)
-            firstBadLine = number;
-        text.remove_prefix(size);
+    files_.push_back(std::make_shared<const File>(std::string(text), std::string(), directory));
+    return files_.back()->firstBadLine();
+}
+
+LocationMap::Definition LocationMap::find(std::string_view name) const {
+    for (const auto& file : files_) {
+        if (const File::Entry* entry = file->find(name))
+            return {file.get(), entry};
     }
-    return firstBadLine;
+    return {};
 }
 
-bool LocationMap::addLine(std::string_view line, const std::string& directory) {
-    if (line.empty() || line.front() == '#')
-        return true;
-    const auto nameEnd = std::min(line.find_first_of(" \t="), line.size());
-    const std::string_view name = line.substr(0, nameEnd);
-    std::string_view value = trimmed(line.substr(nameEnd));
-    if (value.starts_with('='))
-        value = trimmed(value.substr(1));
-    value = unquoted(value);
-    if (name.size() <= 1 || !isSoftName(name) || !platform::isBareName(name) || value.empty())
-        return false;
-    if (index_.try_emplace(std::string(name.substr(1)), entries_.size()).second)
-        entries_.push_back({std::string(name.substr(1)), std::string(value), directory});
-    return true;
+std::optional<std::string> LocationMap::directoryOf(const Definition& definition, References references,
+                                                    std::size_t longest) {
+    const std::string_view value = definition.entry->value;
+    if (value.size() > longest)
+        return std::nullopt;
+    auto directory = references == References::expand ? platform::tryExpandEnvironmentReferences(value)
+                                                      : std::optional<std::string>(value);
+    if (!directory || directory->size() > longest || isSoftName(*directory))
+        return directory;
+    const std::string path = platform::expandHome(platform::platformPath(*directory));
+    return normalDirectory(isFull(path) ? path : definition.file->directory() + '/' + path);
 }
 
-const LocationMap::Entry* LocationMap::find(const std::string& name) const {
-    const auto found = index_.find(name);
-    return found == index_.end() ? nullptr : &entries_[found->second];
-}
-
-std::optional<std::string> LocationMap::hardName(std::string_view text) const {
+LocationMap::Resolution LocationMap::resolve(std::string_view text, References references,
+                                             std::size_t longest) const {
     std::string path(text);
     for (int depth = 0; isSoftName(path); ++depth) {
         const auto nameEnd = std::min(path.find_first_of("/\\"), path.size());
-        const Entry* entry = find(path.substr(1, nameEnd - 1));
-        if (!entry || depth == kDeepest || path.size() > kLongestPath)
-            return std::nullopt;
-        std::string directory = platform::expandEnvironmentReferences(entry->value);
-        if (!isSoftName(directory)) {
-            directory = platform::expandHome(platform::platformPath(directory));
-            directory = normalDirectory(isFull(directory) ? directory : entry->base + '/' + directory);
-            if (directory.empty() && nameEnd == path.size())
-                directory = "/";
-        }
-        path = directory + platform::platformPath(std::string_view(path).substr(nameEnd));
+        const Definition definition = find(std::string_view(path).substr(1, nameEnd - 1));
+        if (!definition.entry || depth == kDeepest)
+            return {};
+        auto directory = directoryOf(definition, references, longest);
+        if (!directory || directory->size() + path.size() - nameEnd > longest)
+            return {std::nullopt, true};
+        if (directory->empty() && nameEnd == path.size())
+            directory = "/";
+        path = *directory + platform::platformPath(std::string_view(path).substr(nameEnd));
     }
-    return path;
+    return {path};
+}
+
+std::optional<std::string> LocationMap::hardName(std::string_view text) const {
+    const Resolution expanded = resolve(text, References::expand, platform::kLongestExpansion);
+    if (expanded.isTooLong)
+        tell(text, tooLongToExpand());
+    if (!expanded.path || !isSoftName(text) || !platform::IsRemotePath(*expanded.path))
+        return expanded.path;
+    const Resolution kept = resolve(text, References::keep, platform::kLongestExpansion);
+    if (kept.path && platform::IsRemotePath(*kept.path))
+        return kept.path;
+    tell(text, "the environment must not make it a location on a server");
+    return std::nullopt;
 }
 
 std::optional<std::string> LocationMap::softName(std::string_view path) const {
     const std::string target = normalDirectory(platform::platformPath(path));
-    const Entry* longest = nullptr;
+    const References references = platform::IsRemotePath(target) ? References::keep : References::expand;
+    const File::Entry* longest = nullptr;
     std::size_t length = 0;
-    for (const Entry& entry : entries_) {
-        const auto hard = hardName('$' + entry.name);
-        if (!hard)
-            continue;
-        const std::string directory = normalDirectory(*hard);
-        const bool above = target.starts_with(directory) &&
-                           (target.size() == directory.size() || target[directory.size()] == '/');
-        if (above && (!longest || directory.size() > length)) {
-            longest = &entry;
-            length = directory.size();
+    for (const auto& file : files_) {
+        for (const File::Entry& entry : file->entries()) {
+            const auto hard = resolve('$' + std::string(entry.name), references, platform::kLongestPath).path;
+            if (!hard)
+                continue;
+            const std::string directory = normalDirectory(*hard);
+            const bool above = target.starts_with(directory) &&
+                               (target.size() == directory.size() || target[directory.size()] == '/');
+            if (above && (!longest || directory.size() > length)) {
+                longest = &entry;
+                length = directory.size();
+            }
         }
     }
     if (!longest)
         return std::nullopt;
-    return '$' + longest->name + target.substr(length);
+    return '$' + std::string(longest->name) + target.substr(length);
+}
+
+std::optional<std::string> LocationMap::realPath(std::string_view text) const {
+    const auto expanded = platform::tryExpandEnvironmentReferences(text);
+    if (!expanded)
+        tell(tooLongToExpand());
+    const auto path = hardName(expanded.value_or(std::string(text)));
+    if (!path || !platform::IsRemotePath(*path) || expanded == text)
+        return path;
+    const auto unexpanded = hardName(text);
+    return unexpanded && platform::IsRemotePath(*unexpanded) ? unexpanded : std::string(text);
 }
 
 std::string LocationMap::fullPath(std::string_view text) const {
-    return fullPathOfExpanded(platform::expandEnvironmentReferences(text));
+    const auto path = realPath(text);
+    return path ? fullPathOfReal(*path) : platform::expandEnvironmentReferences(text);
 }
 
-std::string LocationMap::fullPathOfExpanded(std::string path) const {
-    if (path.empty())
+std::string LocationMap::fullPathOfReal(std::string path) const {
+    if (path.empty() || platform::IsRemotePath(path))
         return path;
-    if (isSoftName(path)) {
-        const auto hard = hardName(path);
-        if (!hard)
-            return path;
-        path = *hard;
+    if (path.size() > platform::kLongestPath) {
+        tell("it is longer than " + platform::sizeText(platform::kLongestPath));
+        return path;
     }
-    if (platform::IsRemotePath(path))
-        return path;
     path = platform::expandHome(std::move(path));
     if (isFull(path) || directory_.empty())
         return platform::fullPath(path);
@@ -203,6 +215,21 @@ std::string LocationMap::fullPathOfExpanded(std::string path) const {
     if (path.starts_with('%') && !platform::resolveExisting(inDirectory))
         return path;
     return platform::fullPath(inDirectory);
+}
+
+void LocationMap::tell(std::string_view text, const std::string& reason) const {
+    const std::string_view name = text.substr(0, text.find_first_of("/\\"));
+    const Definition definition = find(name.substr(1));
+    if (definition.file && !definition.file->path().empty())
+        projectLog().reportOnce(definition.file->path(), definition.file->path() + ": " +
+                                                             std::string(name.substr(0, kMostShown)) +
+                                                             " is not resolved: " + reason);
+}
+
+void LocationMap::tell(const std::string& reason) const {
+    if (!directory_.empty())
+        projectLog().reportOnce(directory_,
+                                directory_ + ": a path of the project is not resolved: " + reason);
 }
 
 } // namespace suite

@@ -1,10 +1,11 @@
 #pragma once
 
-#include <cstddef>
+#include "suite/project/locationmapfile.h"
+
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace suite {
@@ -26,33 +27,54 @@ public:
     static bool isSoftName(std::string_view text) { return text.starts_with('$'); }
 
     /// The real path that a text with a soft name at its beginning stands for, or nothing if a name on the
-    /// way has no mapping or names lead in a circle. The case of names counts. Whoever reads a soft name,
-    /// reads it by this: what a page accepts is what the project finds.
+    /// way has no mapping or names lead in a circle, or the path grows beyond platform::kLongestExpansion.
+    /// The case of names counts. Whoever reads a soft name, reads it by this: what a page accepts is what the
+    /// project finds.
+    ///
+    /// The environment references of a location on a server stay in it; a soft name that leads to a server by
+    /// the environment alone has no mapping.
     std::optional<std::string> hardName(std::string_view text) const;
 
     /// The path with the name of the longest mapped directory above it, compared by components, or nothing.
     std::optional<std::string> softName(std::string_view path) const;
 
-    /// The full path of a file that a project names: environment references and soft names are resolved, and
-    /// a relative path begins at the project's directory. What cannot be resolved stays in the text.
+    /// What a text stands for: its environment references, then its soft name are resolved. A location on a
+    /// server keeps its references, and a text that only they would make one stays. @return as hardName.
+    std::optional<std::string> realPath(std::string_view text) const;
+
+    /// The full path of a file that a project names: as realPath, and a relative path begins at the project's
+    /// directory. What cannot be resolved stays in the text.
     std::string fullPath(std::string_view text) const;
-    /// As fullPath, of a text whose environment references are resolved already.
-    std::string fullPathOfExpanded(std::string path) const;
+    /// As fullPath, of a text that realPath gave.
+    std::string fullPathOfReal(std::string path) const;
 
 private:
-    struct Entry {
-        std::string name; ///< without "$"
-        std::string value;
-        std::string base; ///< where a relative value begins
+    using File = LocationMapFile;
+
+    struct Definition {
+        const File* file = nullptr;
+        const File::Entry* entry = nullptr;
+    };
+    enum class References { expand, keep };
+
+    struct Resolution {
+        std::optional<std::string> path = std::nullopt;
+        bool isTooLong = false;
     };
 
-    void addFile(const std::string& directory);
-    bool addLine(std::string_view line, const std::string& directory);
-    const Entry* find(const std::string& name) const;
+    /// @param longest bytes that the path may have.
+    Resolution resolve(std::string_view text, References references, std::size_t longest) const;
+    /// @return nothing if it is too long.
+    static std::optional<std::string> directoryOf(const Definition& definition, References references,
+                                                  std::size_t longest);
+    Definition find(std::string_view name) const;
+    /// Tells why a text with a soft name is not resolved.
+    void tell(std::string_view text, const std::string& reason) const;
+    /// Tells why a text of the project is not resolved.
+    void tell(const std::string& reason) const;
 
     std::string directory_;
-    std::vector<Entry> entries_;
-    std::unordered_map<std::string, std::size_t> index_; ///< of the entries, by name
+    std::vector<std::shared_ptr<const File>> files_; ///< the first one's definition of a name counts
 };
 
 } // namespace suite

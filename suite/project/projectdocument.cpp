@@ -19,7 +19,7 @@ std::optional<std::string> ProjectDocument::open(const std::string& path) {
         return "no project file is named";
     const std::string full = platform::fullPath(path);
     std::string bytes;
-    if (const auto error = readTextFile(full, bytes))
+    if (const auto error = readTextFile(full, bytes, platform::kLargestDocument))
         return error->text;
     path_ = full;
     content_ = ProfileDocument(bytes);
@@ -39,7 +39,7 @@ void ProjectDocument::close() {
 
 const ProfileDocument& ProjectDocument::content() {
     std::string bytes;
-    if (!path_.empty() && !readTextFile(path_, bytes))
+    if (!path_.empty() && !readTextFile(path_, bytes, platform::kLargestDocument))
         take(bytes);
     return content_;
 }
@@ -60,7 +60,7 @@ bool ProjectDocument::change(const Edit& edit) {
 
 std::optional<std::string> ProjectDocument::read(Bytes& bytes) const {
     std::string present;
-    const auto error = readTextFile(path_, present);
+    const auto error = readTextFile(path_, present, platform::kLargestDocument);
     if (error && !(mayCreate_ && error->missing))
         return error->text;
     bytes.reset();
@@ -93,8 +93,8 @@ std::optional<std::string> ProjectDocument::write(const Edit& edit, Bytes& befor
         if (auto error = lay(edit, before))
             return error;
     }
-    if (bytes_.size() > platform::kLargestFile)
-        return platform::FileError{path_, "write", EFBIG}.text();
+    if (bytes_.size() > platform::kLargestDocument)
+        return platform::FileError{path_, "write", EFBIG, platform::kLargestDocument}.text();
     if (bytes_ != before) {
         if (const auto failed = file.write(bytes_))
             return failed->text();

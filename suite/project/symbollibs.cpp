@@ -4,6 +4,7 @@
 #include "orv/projectfiledata.h"
 #include "suite/project/librarysection.h"
 #include "suite/project/locationmap.h"
+#include "suite/project/projectlog.h"
 #include "suite/project/textfile.h"
 
 #include <vector>
@@ -63,8 +64,11 @@ bool CSymbolLibs::Load(const std::string& path, const Progress& progress) {
         return false;
     const std::string full = platform::fullPath(path);
     std::string bytes;
-    if (suite::readTextFile(full, bytes))
+    if (const auto error = suite::readTextFile(full, bytes, platform::kLargestDocument)) {
+        if (!error->missing)
+            suite::projectLog().reportOnce(full, error->text);
         return false;
+    }
     const auto map = suite::LocationMap::ofProject(full);
     platform::RememberedDirectories directories;
     std::vector<suite::LibraryEntry> entries = suite::readLibraries(platform::ProfileView(bytes));

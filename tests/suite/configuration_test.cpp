@@ -706,6 +706,30 @@ TEST_F(ConfigurationFile, AFileThatCannotBeReadForAMomentIsNeitherMovedAsideNorS
     EXPECT_EQ(entriesInDirectory(), 2u) << "the file and its lock file";
 }
 
+TEST_F(ConfigurationFile, OneThatIsTooLargeIsToldAndNeitherReadNorReplaced) {
+    const std::string refused = "File too large (the limit is 8 MiB)";
+    const auto write = [](IOvConfiguration& c) {
+        c.writeValue(kPath, "A", "1");
+    };
+    writeFile(file(), "<configuration/>");
+    fs::resize_file(file(), (8u << 20) + 1);
+    EXPECT_EQ(open(Access::read), nullptr);
+    EXPECT_FALSE(edit(write));
+    ASSERT_FALSE(messages_.empty());
+    for (const std::string& message : messages_)
+        EXPECT_EQ(message, file().string() + ": cannot read: " + refused);
+    EXPECT_EQ(fs::file_size(file()), (8u << 20) + 1);
+
+    writeFile(file(), "<configuration/>");
+    EXPECT_FALSE(edit([](IOvConfiguration& c) {
+        for (const char* key : {"A", "B", "C"})
+            c.writeValue(kPath, key, std::string(3u << 20, 'x'));
+    }));
+    EXPECT_EQ(messages_.back(), file().string() + ": cannot write: " + refused);
+    EXPECT_EQ(readFile(file()), "<configuration/>");
+    EXPECT_EQ(entriesInDirectory(), 2u) << "the file and its lock file";
+}
+
 TEST_F(ConfigurationFile, FullDiskPutsADamagedFileBack) {
     writeFile(file(), "<config/>");
     EXPECT_EQ(runInChild([&] {

@@ -1,10 +1,12 @@
 #include "suite/locationmap.h"
 
 #include "suite/kernel.h"
+#include "suite/projectfile.h"
 #include "tests/support/projecterrors.h"
 #include "tests/support/testsupport.h"
 
 #include <array>
+#include <functional>
 
 namespace {
 
@@ -107,6 +109,101 @@ TEST_F(LocationMap, PassesOverWhatItCannotReadAndSaysSoOnce) {
     EXPECT_EQ(hardName("$NODIR"), "1 ");
     ASSERT_EQ(errors.size(), 2u);
     EXPECT_TRUE(contains(errors[0], "location.map:2:"));
+}
+
+TEST_F(LocationMap, NoValueOfTheEnvironmentGetsIntoALocationOnAServer) {
+    const ScopedEnvironment secret("OV_TEST_SECRET", "hush");
+    const ScopedEnvironment server("OV_TEST_SERVER", "https://parts.example/lib");
+    const ScopedEnvironment soft("OV_TEST_SOFT", "$ROOM/x");
+    const ScopedEnvironment scheme("OV_TEST_SCHEME", "ht");
+    writeFile(project / "demo.prj", "");
+    define("$WEB http://h/%OV_TEST_SECRET%\n$ROOM ftp://h/r\n$VIA $ROOM/%OV_TEST_SECRET%\n"
+           "$SERVER %OV_TEST_SERVER%\n$SOFT %OV_TEST_SOFT%\n$SPLIT %OV_TEST_SCHEME%tp://h\n"
+           "$HERE /%OV_TEST_SECRET%\n");
+    const std::pair<std::string, std::string> rows[] = {
+        {"$WEB/a", "0 http://h/%OV_TEST_SECRET%/a"},
+        {"$VIA/a", "0 ftp://h/r/%OV_TEST_SECRET%/a"},
+        {"$SERVER/a", "1 "},
+        {"$SOFT/a", "1 "},
+        {"$SPLIT/a", "1 "},
+        {"$HERE/a", "0 /hush/a"},
+    };
+    for (const auto& [name, result] : rows)
+        EXPECT_EQ(hardName(name), result) << name;
+    EXPECT_EQ(softName("http://h/%OV_TEST_SECRET%/a"), "0 $WEB/a");
+    EXPECT_EQ(errors.size(), 3u);
+    for (const std::string& error : errors)
+        EXPECT_TRUE(contains(error, " is not resolved: the environment must not make it a location"));
+
+    const std::pair<std::string, std::string> paths[] = {
+        {"https://h/%OV_TEST_SECRET%", "https://h/%OV_TEST_SECRET%"},
+        {"$ROOM/%OV_TEST_SECRET%", "ftp://h/r/%OV_TEST_SECRET%"},
+        {"%OV_TEST_SOFT%/a", "%OV_TEST_SOFT%/a"},
+        {"%OV_TEST_SERVER%/a", "%OV_TEST_SERVER%/a"},
+        {"%OV_TEST_SCHEME%tp://h", "%OV_TEST_SCHEME%tp://h"},
+        {"$HERE/%OV_TEST_SECRET%", "/hush/hush"},
+    };
+    NProjectTools::CProjectFile file;
+    for (const auto& [text, full] : paths) {
+        writeFile(project / "demo.prj", "[DesignInfo]\nDatabase=" + text + "\n");
+        ASSERT_TRUE(file.openProjectFile((project / "demo.prj").string()));
+        EXPECT_EQ(file.GetDatabasePath(1), full);
+    }
+}
+
+TEST_F(LocationMap, WhatOutgrowsItsLimitIsToldAndNotResolved) {
+    const ScopedEnvironment variable("OV_TEST_LONG", std::string(1000, 'v'));
+    writeFile(installation.site() / "location.map", "$S /site\n");
+    fs::resize_file(installation.site() / "location.map", (8u << 20) + 1);
+    std::string repeated;
+    for (int i = 0; i < 500'000; ++i)
+        repeated += "%OV_TEST_LONG%";
+    define("$L " + repeated + "\n$GROWN $LONG" + std::string(30'000, 'x') + "\n$LONG" +
+           std::string(30'000, 'x') + " /" + std::string(65'536, 'y') + "\n$OK /ok\n");
+    EXPECT_EQ(hardName("$S"), "1 ");
+    EXPECT_EQ(hardName("$OK"), "0 /ok");
+    EXPECT_EQ(hardName("$L/x"), "1 ");
+    EXPECT_EQ(hardName("$GROWN"), "1 ");
+    ASSERT_EQ(errors.size(), 3u);
+    EXPECT_TRUE(errors[0].ends_with("cannot read: File too large (the limit is 8 MiB)")) << errors[0];
+    EXPECT_TRUE(contains(errors[1], "location.map: $L is not resolved: it is longer than 64 KiB"));
+    EXPECT_TRUE(contains(errors[2], "location.map: $GROWN is not resolved: it is longer than 64 KiB"));
+
+    errors.clear();
+    const std::string longPath(5000, '/');
+    writeFile(project / "demo.prj", "[DesignInfo]\nDatabase=" + longPath + "\nBorderSymbols=" + repeated);
+    NProjectTools::CProjectFile file;
+    ASSERT_TRUE(file.openProjectFile((project / "demo.prj").string()));
+    EXPECT_EQ(file.GetDatabasePath(1), longPath);
+    EXPECT_EQ(file.GetBorderSymbolsPath(1), repeated);
+    ASSERT_EQ(errors.size(), 2u);
+    EXPECT_TRUE(contains(errors[0], "a path of the project is not resolved: it is longer than 4095 bytes"));
+    EXPECT_TRUE(contains(errors[1], "a path of the project is not resolved: it is longer than 64 KiB"));
+}
+
+TEST_F(LocationMap, AFileIsReadAnewWhenItChangedAndNotForEachName) {
+    define("$P /one\n");
+    EXPECT_EQ(hardName("$P"), "0 /one");
+    define("$P /two\n"); // as long, and in the same moment
+    EXPECT_EQ(hardName("$P"), "0 /two");
+    // One that has been there for a while.
+    const fs::path sample = fs::path(OV_SAMPLES) / "motorcontroller";
+    ASSERT_TRUE(fs::exists(sample / "location.map"));
+    const auto readCallsOf = [](const std::function<void()>& work) {
+        const auto calls = [] {
+            const std::string counts = readFile("/proc/self/io");
+            return std::stol(counts.substr(counts.find("syscr: ") + 7));
+        };
+        const long before = calls();
+        work();
+        return calls() - before;
+    };
+    const long ownCalls = readCallsOf([] {});
+    const auto prepare = [&] {
+        InitLocationMap(sample.c_str(), 0);
+    };
+    EXPECT_GT(readCallsOf(prepare), ownCalls);
+    EXPECT_EQ(readCallsOf(prepare), ownCalls);
 }
 
 TEST_F(LocationMap, TheKernelFindsWhatExists) {

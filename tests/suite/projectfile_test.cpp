@@ -1,5 +1,6 @@
 #include "suite/projectfile.h"
 
+#include "suite/symbollibs.h"
 #include "tests/support/projecterrors.h"
 #include "tests/support/testsupport.h"
 
@@ -117,6 +118,24 @@ TEST_F(ProjectFile, HoldsALongList) {
     EXPECT_EQ(bytes(), text + "[FixedFunctions]\n");
 }
 
+TEST_F(ProjectFile, RefusesWhatIsLargerThanItsLimit) {
+    const std::string text = "[DesignInfo]\nServerName=old\n";
+    open(text);
+    const std::string refused = "File too large (the limit is 8 MiB)";
+    project.SetServerName(std::string(8u << 20, 'x'));
+    ASSERT_EQ(errors.size(), 1u);
+    EXPECT_EQ(errors[0], path().string() + ": cannot write: " + refused);
+    EXPECT_EQ(bytes(), text);
+    EXPECT_EQ(project.GetServerName(), "old");
+    fs::resize_file(path(), (8u << 20) + 1);
+    EXPECT_FALSE(project.openProjectFile(path().string()));
+    EXPECT_EQ(project.lastError(), path().string() + ": cannot read: " + refused);
+    NProjectTools::CSymbolLibs libraries;
+    EXPECT_FALSE(libraries.Load(path().string()));
+    ASSERT_EQ(errors.size(), 2u);
+    EXPECT_EQ(errors[1], project.lastError());
+}
+
 TEST_F(ProjectFile, RefusesWhatALineCannotHoldAndWritesNothing) {
     const std::string text = "[DesignInfo]\nServerName=old\n";
     open(text);
@@ -210,7 +229,7 @@ TEST_F(ProjectFile, FullPathsAreResolvedAndTextsStayAsTheyAre) {
         {"$NONE\\a.ini", "$NONE\\a.ini"},
         {"$A/a.ini", "$A/a.ini"},
         {"C:\\parts\\a.ini", "C:\\parts\\a.ini"},
-        {longName, here + "/" + longName},
+        {longName, longName},
     };
     open("");
     for (const auto& [text, full] : rows) {

@@ -1,0 +1,165 @@
+#include "suite/project/locationmapfile.h"
+
+#include "details/platform/paths.h"
+#include "suite/project/projectlog.h"
+#include "suite/project/textfile.h"
+
+#include <sys/stat.h>
+#include <time.h>
+
+#include <algorithm>
+#include <array>
+#include <deque>
+#include <mutex>
+#include <optional>
+#include <utility>
+
+namespace suite {
+
+namespace {
+
+constexpr char kFileName[] = "location.map";
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view kBlanks = " \t\r\n";
+/// A project's and those of a list of working directories.
+constexpr std::size_t kMostKept = 16;
+/// In seconds. File systems tell no two changes apart that are closer together than this.
+constexpr time_t kCoarsestClock = 2;
+
+std::string_view trimmed(std::string_view text) {
+    const auto begin = text.find_first_not_of(kBlanks);
+    if (begin == std::string_view::npos)
+        return {};
+    return text.substr(begin, text.find_last_not_of(kBlanks) - begin + 1);
+}
+
+std::string_view unquoted(std::string_view text) {
+    const bool quoted = text.size() >= 2 && text.front() == '"' && text.back() == '"';
+    return quoted ? text.substr(1, text.size() - 2) : text;
+}
+
+/// What differs once a file was changed or replaced.
+using Stamp = std::array<long long, 7>;
+
+struct State {
+    Stamp stamp;
+    bool settled; ///< its last change is so old that the next one changes the stamp
+};
+
+std::optional<State> stateOf(const std::string& path) {
+    struct stat status;
+    if (stat(path.c_str(), &status) != 0)
+        return std::nullopt;
+    const Stamp stamp{static_cast<long long>(status.st_dev),
+                      static_cast<long long>(status.st_ino),
+                      status.st_size,
+                      status.st_mtim.tv_sec,
+                      status.st_mtim.tv_nsec,
+                      status.st_ctim.tv_sec,
+                      status.st_ctim.tv_nsec};
+    return State{stamp, status.st_ctim.tv_sec + kCoarsestClock < time(nullptr)};
+}
+
+using File = std::shared_ptr<const LocationMapFile>;
+
+/// The files that were read last, by the latest use.
+class KeptFiles {
+public:
+    struct Kept {
+        File file;
+        State state;
+    };
+
+    std::optional<Kept> find(const std::string& path, const std::string& directory) {
+        const std::lock_guard guard(mutex_);
+        const auto found = locate(path, directory);
+        return found == kept_.end() ? std::nullopt : std::optional(*found);
+    }
+
+    void keep(Kept kept) {
+        const std::lock_guard guard(mutex_);
+        if (const auto known = locate(kept.file->path(), kept.file->directory()); known != kept_.end())
+            kept_.erase(known);
+        kept_.push_front(std::move(kept));
+        if (kept_.size() > kMostKept)
+            kept_.pop_back();
+    }
+
+private:
+    std::deque<Kept>::iterator locate(const std::string& path, const std::string& directory) {
+        return std::ranges::find_if(kept_, [&](const Kept& kept) {
+            return kept.file->path() == path && kept.file->directory() == directory;
+        });
+    }
+
+    std::mutex mutex_;
+    std::deque<Kept> kept_;
+};
+
+KeptFiles& keptFiles() {
+    static KeptFiles files;
+    return files;
+}
+
+} // namespace
+
+File LocationMapFile::of(const std::string& directory) {
+    const auto path = platform::resolveExisting(directory + '/' + kFileName);
+    const auto state = path ? stateOf(*path) : std::nullopt;
+    if (!state)
+        return nullptr;
+    const auto known = keptFiles().find(*path, directory);
+    if (known && known->state.settled && known->state.stamp == state->stamp)
+        return known->file;
+    std::string bytes;
+    if (const auto error = readTextFile(*path, bytes, platform::kLargestDocument)) {
+        if (!error->missing)
+            projectLog().reportOnce(*path, error->text);
+        return nullptr;
+    }
+    File file = known && known->file->text() == bytes
+                    ? known->file
+                    : std::make_shared<const LocationMapFile>(std::move(bytes), *path, directory);
+    keptFiles().keep({file, *state});
+    if (const int line = file->firstBadLine())
+        projectLog().reportOnce(*path, *path + ":" + std::to_string(line) +
+                                           ": passed over: a line is \"$NAME DIRECTORY\"");
+    return file;
+}
+
+LocationMapFile::LocationMapFile(std::string text, std::string path, std::string directory)
+    : text_(std::move(text)), path_(std::move(path)), directory_(std::move(directory)) {
+    std::string_view rest = text_;
+    if (rest.starts_with(kByteOrderMark))
+        rest.remove_prefix(kByteOrderMark.size());
+    for (int number = 1; !rest.empty(); ++number) {
+        const auto size = std::min(rest.find('\n'), rest.size() - 1) + 1;
+        const bool understood = addLine(trimmed(rest.substr(0, size)));
+        if (!understood && firstBadLine_ == 0)
+            firstBadLine_ = number;
+        rest.remove_prefix(size);
+    }
+}
+
+bool LocationMapFile::addLine(std::string_view line) {
+    if (line.empty() || line.front() == '#')
+        return true;
+    const auto nameEnd = std::min(line.find_first_of(" \t="), line.size());
+    const std::string_view name = line.substr(0, nameEnd);
+    std::string_view value = trimmed(line.substr(nameEnd));
+    if (value.starts_with('='))
+        value = trimmed(value.substr(1));
+    value = unquoted(value);
+    if (name.size() <= 1 || name.front() != '$' || !platform::isBareName(name) || value.empty())
+        return false;
+    if (index_.try_emplace(name.substr(1), entries_.size()).second)
+        entries_.push_back({name.substr(1), value});
+    return true;
+}
+
+const LocationMapFile::Entry* LocationMapFile::find(std::string_view name) const {
+    const auto found = index_.find(name);
+    return found == index_.end() ? nullptr : &entries_[found->second];
+}
+
+} // namespace suite
