@@ -1,8 +1,13 @@
 #include "suite/kdsclient.h"
 
+#include "details/platform/fileerror.h"
 #include "details/platform/paths.h"
 
+#include <array>
+#include <chrono>
 #include <filesystem>
+#include <functional>
+#include <new>
 #include <sqlite3.h>
 #include <system_error>
 
@@ -13,6 +18,25 @@ namespace {
 /// Kept in the database's user version.
 constexpr int kSchema = 1;
 constexpr int kLongestWait = 250; // milliseconds
+
+// What a database may take. A small one can hold any number of rows, since its pages may be shared, and a
+// value of any length, since it may be computed.
+constexpr std::chrono::seconds kLongestOperation{5};
+constexpr int kMostBlocks = 1'000'000;   ///< of a snapshot
+constexpr int kLongestNames = 64 << 20;  ///< bytes of all of them
+constexpr int kLongestValue = 1 << 20;   ///< bytes
+constexpr int kStepsBetweenLooks = 1000; ///< at the clock
+
+struct Limit {
+    int id;
+    int value;
+};
+constexpr std::array kLimits{
+    Limit{SQLITE_LIMIT_LENGTH, kLongestValue},
+    Limit{SQLITE_LIMIT_VDBE_OP, 10'000},
+    Limit{SQLITE_LIMIT_ATTACHED, 0},
+    Limit{SQLITE_LIMIT_WORKER_THREADS, 0},
+};
 
 struct CloseDatabase {
     void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
@@ -29,13 +53,57 @@ bool isDamage(int code) {
     return primary == SQLITE_CORRUPT || primary == SQLITE_NOTADB;
 }
 
-/// The failure of the last call on a database; thrown where it tells of damage.
-Result failureOf(sqlite3& database, int code) {
+Result failureWith(sqlite3& database, const std::string& cause) {
     const char* path = sqlite3_db_filename(&database, "main");
-    Result failure = Result::failure(std::string(path ? path : "") + ": " + sqlite3_errmsg(&database));
+    return Result::failure(std::string(path ? path : "") + ": " + cause);
+}
+
+/// For what the user has to be told of.
+[[noreturn]] void refuse(sqlite3& database, const std::string& cause) {
+    throw Exception(failureWith(database, cause));
+}
+
+/// The failure of the last call on a database; thrown where it tells of damage, or of what takes too much.
+Result failureOf(sqlite3& database, int code) {
+    const int primary = code & 0xff;
+    if (primary == SQLITE_INTERRUPT)
+        refuse(database, "not read within " + std::to_string(kLongestOperation.count()) + " seconds");
+    if (primary == SQLITE_TOOBIG)
+        refuse(database, "a text is longer than " + platform::sizeText(kLongestValue));
     if (isDamage(code))
-        throw Exception(std::move(failure));
-    return failure;
+        refuse(database, sqlite3_errmsg(&database));
+    return failureWith(database, sqlite3_errmsg(&database));
+}
+
+/// While it lives, what is asked of a database ends in time.
+class Deadline {
+public:
+    explicit Deadline(sqlite3& database) : database_(database) {
+        sqlite3_progress_handler(&database_, kStepsBetweenLooks, &isOver, this);
+    }
+    ~Deadline() { sqlite3_progress_handler(&database_, 0, nullptr, nullptr); }
+    Deadline(const Deadline&) = delete;
+    Deadline& operator=(const Deadline&) = delete;
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    static int isOver(void* deadline) {
+        return Clock::now() > static_cast<Deadline*>(deadline)->end_ ? 1 : 0;
+    }
+
+    sqlite3& database_;
+    Clock::time_point end_ = Clock::now() + kLongestOperation;
+};
+
+/// An operation on a database, which has its deadline, and fails where memory ends.
+Result within(sqlite3& database, const std::function<Result()>& operation) {
+    const Deadline deadline(database);
+    try {
+        return operation();
+    } catch (const std::bad_alloc&) {
+        return failureWith(database, "out of memory");
+    }
 }
 
 Result prepare(sqlite3& database, const char* sql, Statement& statement) {
@@ -59,6 +127,16 @@ Result step(sqlite3& database, sqlite3_stmt& statement, bool& isRow) {
     return code == SQLITE_ROW || code == SQLITE_DONE ? Result() : failureOf(database, code);
 }
 
+/// Tables alone, and within limits: a view could compute for ever, and a virtual table is somebody's program.
+void restrict(sqlite3& database) {
+    for (const int option :
+         {SQLITE_DBCONFIG_ENABLE_VIEW, SQLITE_DBCONFIG_ENABLE_TRIGGER, SQLITE_DBCONFIG_TRUSTED_SCHEMA})
+        sqlite3_db_config(&database, option, 0, nullptr);
+    sqlite3_drop_modules(&database, nullptr);
+    for (const Limit& limit : kLimits)
+        sqlite3_limit(&database, limit.id, limit.value);
+}
+
 Result checkSchema(sqlite3& database) {
     Statement statement;
     if (Result result = prepare(database, "PRAGMA user_version", statement); !result)
@@ -73,16 +151,67 @@ Result checkSchema(sqlite3& database) {
                            std::to_string(schema) + " instead of " + std::to_string(kSchema));
 }
 
+/// Refuses a table of which values would be computed.
+Result checkTable(sqlite3& database, const std::string& name) {
+    Statement columns;
+    if (Result result = prepare(database, ("PRAGMA table_xinfo(" + name + ")").c_str(), columns); !result)
+        return result;
+    constexpr int kHidden = 6;
+    bool isRow = true;
+    while (isRow) {
+        if (Result result = step(database, *columns, isRow); !result)
+            return result;
+        if (isRow && sqlite3_column_int(columns.get(), kHidden) != 0)
+            refuse(database, "the table " + name + " has a computed column");
+    }
+    return {};
+}
+
 class Snapshot final : public ISnapshot {
 public:
     Snapshot(std::shared_ptr<sqlite3> database, sqlite3_int64 id) : database_(std::move(database)), id_(id) {}
 
     Result GetListBlocks(ListT<BlockInfo>& blocks) override {
+        return within(*database_, [&] {
+            Result result = checkTable(*database_, "blocks");
+            if (result)
+                result = checkExtent();
+            return result ? readBlocks(blocks) : result;
+        });
+    }
+
+private:
+    Result prepareForSnapshot(const char* sql, Statement& statement) {
+        Result result = prepare(*database_, sql, statement);
+        if (result)
+            sqlite3_bind_int64(statement.get(), 1, id_);
+        return result;
+    }
+
+    /// Before the blocks are sorted, which would keep all of them.
+    Result checkExtent() {
+        static const std::string sql =
+            "SELECT count(*), sum(length(CAST(name AS BLOB))) FROM (SELECT name FROM "
+            "blocks WHERE snapshot = ? LIMIT " +
+            std::to_string(kMostBlocks + 1) + ")";
+        Statement statement;
+        bool isRow = false;
+        if (Result result = prepareForSnapshot(sql.c_str(), statement); !result)
+            return result;
+        if (Result result = step(*database_, *statement, isRow); !result)
+            return result;
+        if (sqlite3_column_int64(statement.get(), 0) > kMostBlocks)
+            refuse(*database_, "a snapshot has more than " + std::to_string(kMostBlocks) + " blocks");
+        if (sqlite3_column_int64(statement.get(), 1) > kLongestNames)
+            refuse(*database_, "the names of the blocks take more than " + platform::sizeText(kLongestNames));
+        return {};
+    }
+
+    Result readBlocks(ListT<BlockInfo>& blocks) {
         Statement statement;
         constexpr char kSql[] = "SELECT name FROM blocks WHERE snapshot = ? ORDER BY position";
-        if (Result result = prepare(*database_, kSql, statement); !result)
+        if (Result result = prepareForSnapshot(kSql, statement); !result)
             return result;
-        sqlite3_bind_int64(statement.get(), 1, id_);
         for (bool isRow = true; isRow;) {
             if (Result result = step(*database_, *statement, isRow); !result)
                 return result;
@@ -92,10 +221,27 @@ public:
         return {};
     }
 
-private:
     std::shared_ptr<sqlite3> database_;
     sqlite3_int64 id_;
 };
+
+Result findSnapshot(const std::shared_ptr<sqlite3>& shared, const String& name,
+                    ContainerT<ISnapshot>& snapshot) {
+    sqlite3& database = *shared;
+    if (Result result = checkTable(database, "snapshots"); !result)
+        return result;
+    Statement statement;
+    if (Result result = prepare(database, "SELECT id FROM snapshots WHERE name = ?", statement); !result)
+        return result;
+    sqlite3_bind_text(statement.get(), 1, name.data(), static_cast<int>(name.size()), SQLITE_TRANSIENT);
+    bool isRow = false;
+    if (Result result = step(database, *statement, isRow); !result)
+        return result;
+    if (!isRow)
+        return failureWith(database, "no snapshot " + name);
+    snapshot.Set(std::make_unique<Snapshot>(shared, sqlite3_column_int64(statement.get(), 0)));
+    return {};
+}
 
 } // namespace
 
@@ -125,11 +271,8 @@ Result KDSPI::AttachSubClient(const String& client, const String& path) {
     if (code != SQLITE_OK)
         return failureOf(*database, code);
     sqlite3_busy_timeout(database.get(), kLongestWait);
-    // Tables alone: a view could compute for ever.
-    for (const int option :
-         {SQLITE_DBCONFIG_ENABLE_VIEW, SQLITE_DBCONFIG_ENABLE_TRIGGER, SQLITE_DBCONFIG_TRUSTED_SCHEMA})
-        sqlite3_db_config(database.get(), option, 0, nullptr);
-    if (Result result = checkSchema(*database); !result)
+    restrict(*database);
+    if (Result result = within(*database, [&] { return checkSchema(*database); }); !result)
         return result;
     impl_->database = std::move(database);
     return {};
@@ -138,18 +281,7 @@ Result KDSPI::AttachSubClient(const String& client, const String& path) {
 Result KDSPI::GetSnapshotByName(const String& name, ContainerT<ISnapshot>& snapshot) {
     if (!impl_->database)
         return Result::failure("no design database is attached");
-    sqlite3& database = *impl_->database;
-    Statement statement;
-    if (Result result = prepare(database, "SELECT id FROM snapshots WHERE name = ?", statement); !result)
-        return result;
-    sqlite3_bind_text(statement.get(), 1, name.data(), static_cast<int>(name.size()), SQLITE_TRANSIENT);
-    bool isRow = false;
-    if (Result result = step(database, *statement, isRow); !result)
-        return result;
-    if (!isRow)
-        return Result::failure(std::string(sqlite3_db_filename(&database, "main")) + ": no snapshot " + name);
-    snapshot.Set(std::make_unique<Snapshot>(impl_->database, sqlite3_column_int64(statement.get(), 0)));
-    return {};
+    return within(*impl_->database, [&] { return findSnapshot(impl_->database, name, snapshot); });
 }
 
 void KDSPI::DetachSubClient() {

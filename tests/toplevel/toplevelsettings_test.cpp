@@ -355,28 +355,83 @@ TEST_F(Designs, AChosenNameIsStoredToTheByte) {
     EXPECT_EQ(onDisk().GetTopBlock("main"), "caf\xe9");
 }
 
+/// A small database whose table of blocks has a hundred million rows: each of its inner pages names one other
+/// page over and over, down to that of a table with one row.
+void makeEndless(const std::filesystem::path& file, int snapshot) {
+    constexpr int kPage = 4096;
+    constexpr int kCells = 500;
+    constexpr int kCell = 5; // the number of a page, a key
+    runSql(file, "PRAGMA page_size = 4096; PRAGMA user_version = 1; CREATE TABLE snapshots (id, name);"
+                 "INSERT INTO snapshots VALUES (1, 'Orv'); CREATE TABLE leaf (snapshot, position, name);"
+                 "INSERT INTO leaf VALUES (" +
+                     std::to_string(snapshot) +
+                     ", 1, 'X'); CREATE TABLE inner1 (x); CREATE TABLE inner2 (x);"
+                     "CREATE TABLE blocks (snapshot, position, name);");
+    std::string bytes = testsupport::readFile(file);
+    const auto put = [&](int at, int number) {
+        bytes[static_cast<std::size_t>(at)] = static_cast<char>(number >> 8);
+        bytes[static_cast<std::size_t>(at) + 1] = static_cast<char>(number & 0xff);
+    };
+    for (int page = 6; page > 3; --page) {
+        const int begin = (page - 1) * kPage;
+        const int cells = kPage - kCells * kCell;
+        bytes[static_cast<std::size_t>(begin)] = 5; // an inner page of a table
+        put(begin + 3, kCells);
+        put(begin + 5, cells);
+        put(begin + 8, 0);
+        put(begin + 10, page - 1);
+        for (int i = 0; i < kCells; ++i) {
+            put(begin + 12 + 2 * i, cells + kCell * i);
+            put(begin + cells + kCell * i, 0);
+            put(begin + cells + kCell * i + 2, page - 1);
+            bytes[static_cast<std::size_t>(begin + cells + kCell * i) + 4] = 1;
+        }
+    }
+    testsupport::writeFile(file, bytes);
+}
+
 TEST_F(Designs, DatabaseThatCannotBeReadLeavesTheBlockAlone) {
     struct Case {
         const char* what;
         std::function<void()> make;
-        bool isTold;
+        std::string told; ///< nothing for silence
+    };
+    const std::string tables = "PRAGMA user_version = 1; CREATE TABLE snapshots (id, name);"
+                               "INSERT INTO snapshots VALUES (1, 'Orv');";
+    const auto sql = [&](const std::string& more) {
+        return [this, text = tables + more] {
+            runSql(database(), text);
+        };
     };
     const Case cases[] = {
-        {"missing", [] {}, false},
-        {"empty", [&] { testsupport::writeFile(database(), ""); }, false},
-        {"another schema", [&] { runSql(database(), "PRAGMA user_version = 7;"); }, false},
+        {"missing", [] {}, ""},
+        {"empty", [&] { testsupport::writeFile(database(), ""); }, ""},
+        {"another schema", [&] { runSql(database(), "PRAGMA user_version = 7;"); }, ""},
         {"blocks that are computed",
-         [&] {
-             runSql(database(),
-                    "PRAGMA user_version = 1; CREATE TABLE snapshots (id, name);"
-                    "INSERT INTO snapshots VALUES (1, 'Orv'); CREATE VIEW blocks AS WITH RECURSIVE n(i) AS "
-                    "(SELECT 1 UNION ALL SELECT i + 1 FROM n) "
-                    "SELECT 1 AS snapshot, i AS position, 'X' AS name FROM n;");
-         },
-         false},
-        {"no tables", [&] { runSql(database(), "PRAGMA user_version = 1;"); }, false},
-        {"a directory", [&] { std::filesystem::create_directory(database()); }, false},
-        {"no database", [&] { testsupport::writeFile(database(), std::string(5000, 'x')); }, true},
+         sql("CREATE VIEW blocks AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) "
+             "SELECT 1 AS snapshot, i AS position, 'X' AS name FROM n;"),
+         ""},
+        {"blocks of a module", sql("CREATE VIRTUAL TABLE blocks USING fts5 (snapshot, position, name);"), ""},
+        {"names that are computed",
+         sql("CREATE TABLE blocks (snapshot, position, name AS (printf('%.*c', 100000000, 'x')));"
+             "INSERT INTO blocks VALUES (1, 1);"),
+         "the table blocks has a computed column"},
+        {"a long name",
+         sql("CREATE TABLE blocks (snapshot, position, name);"
+             "INSERT INTO blocks VALUES (1, 1, printf('%.*c', 1048577, 'x'));"),
+         "a text is longer than 1 MiB"},
+        {"long names",
+         sql("CREATE TABLE blocks (snapshot, position, name); WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL "
+             "SELECT i + 1 FROM n LIMIT 65) INSERT INTO blocks SELECT 1, i, printf('%.*c', 1048000, 'x') "
+             "FROM n;"),
+         "the names of the blocks take more than 64 MiB"},
+        {"blocks without end", [&] { makeEndless(database(), 1); },
+         "a snapshot has more than 1000000 blocks"},
+        {"another snapshot without end", [&] { makeEndless(database(), 2); }, "not read within 5 seconds"},
+        {"no tables", [&] { runSql(database(), "PRAGMA user_version = 1;"); }, ""},
+        {"a directory", [&] { std::filesystem::create_directory(database()); }, ""},
+        {"no database", [&] { testsupport::writeFile(database(), std::string(5000, 'x')); },
+         "file is not a database"},
     };
     for (const Case& one : cases) {
         SCOPED_TRACE(one.what);
@@ -393,9 +448,9 @@ TEST_F(Designs, DatabaseThatCannotBeReadLeavesTheBlockAlone) {
             press(dialog, "OK");
         });
         EXPECT_EQ(onDisk().GetTopBlock("main"), "TOP");
-        ASSERT_EQ(boxes_.size(), one.isTold ? 1u : 0u);
-        if (one.isTold) {
-            EXPECT_EQ(boxes_[0], "iKDS error: " + database().string() + ": file is not a database!");
+        ASSERT_EQ(boxes_.size(), one.told.empty() ? 0u : 1u);
+        if (!one.told.empty()) {
+            EXPECT_EQ(boxes_[0], "iKDS error: " + database().string() + ": " + one.told + "!");
         }
     }
 }
