@@ -167,53 +167,73 @@ Result checkTable(sqlite3& database, const std::string& name) {
     return {};
 }
 
+/// What the blocks of a snapshot take, added up while they are found. Once they are sorted, all of them have
+/// been kept.
+class Extent {
+public:
+    /// Asked of each name.
+    static constexpr char kFunction[] = "isWithinLimits";
+
+    explicit Extent(sqlite3& database) : database_(database) { setFunction(&add); }
+    ~Extent() { setFunction(nullptr); }
+    Extent(const Extent&) = delete;
+    Extent& operator=(const Extent&) = delete;
+
+    /// What was exceeded; empty for nothing.
+    std::string excess() const {
+        if (blocks_ > kMostBlocks)
+            return "a snapshot has more than " + std::to_string(kMostBlocks) + " blocks";
+        return bytes_ > kLongestNames
+                   ? "the names of the blocks take more than " + platform::sizeText(kLongestNames)
+                   : std::string();
+    }
+
+private:
+    static void add(sqlite3_context* context, int, sqlite3_value** name) {
+        Extent& extent = *static_cast<Extent*>(sqlite3_user_data(context));
+        ++extent.blocks_;
+        extent.bytes_ += sqlite3_value_bytes(*name);
+        if (extent.blocks_ > kMostBlocks || extent.bytes_ > kLongestNames)
+            sqlite3_result_error(context, "too many", -1);
+        else
+            sqlite3_result_int(context, 1);
+    }
+
+    void setFunction(void (*function)(sqlite3_context*, int, sqlite3_value**)) {
+        sqlite3_create_function_v2(&database_, kFunction, 1, SQLITE_UTF8, this, function, nullptr, nullptr,
+                                   nullptr);
+    }
+
+    sqlite3& database_;
+    int blocks_ = 0;
+    int bytes_ = 0;
+};
+
 class Snapshot final : public ISnapshot {
 public:
     Snapshot(std::shared_ptr<sqlite3> database, sqlite3_int64 id) : database_(std::move(database)), id_(id) {}
 
     Result GetListBlocks(ListT<BlockInfo>& blocks) override {
         return within(*database_, [&] {
-            Result result = checkTable(*database_, "blocks");
-            if (result)
-                result = checkExtent();
+            const Result result = checkTable(*database_, "blocks");
             return result ? readBlocks(blocks) : result;
         });
     }
 
 private:
-    Result prepareForSnapshot(const char* sql, Statement& statement) {
-        Result result = prepare(*database_, sql, statement);
-        if (result)
-            sqlite3_bind_int64(statement.get(), 1, id_);
-        return result;
-    }
-
-    /// Before the blocks are sorted, which would keep all of them.
-    Result checkExtent() {
-        static const std::string sql =
-            "SELECT count(*), sum(length(CAST(name AS BLOB))) FROM (SELECT name FROM "
-            "blocks WHERE snapshot = ? LIMIT " +
-            std::to_string(kMostBlocks + 1) + ")";
-        Statement statement;
-        bool isRow = false;
-        if (Result result = prepareForSnapshot(sql.c_str(), statement); !result)
-            return result;
-        if (Result result = step(*database_, *statement, isRow); !result)
-            return result;
-        if (sqlite3_column_int64(statement.get(), 0) > kMostBlocks)
-            refuse(*database_, "a snapshot has more than " + std::to_string(kMostBlocks) + " blocks");
-        if (sqlite3_column_int64(statement.get(), 1) > kLongestNames)
-            refuse(*database_, "the names of the blocks take more than " + platform::sizeText(kLongestNames));
-        return {};
-    }
-
     Result readBlocks(ListT<BlockInfo>& blocks) {
+        const Extent extent(*database_);
         Statement statement;
-        constexpr char kSql[] = "SELECT name FROM blocks WHERE snapshot = ? ORDER BY position";
-        if (Result result = prepareForSnapshot(kSql, statement); !result)
+        static const std::string sql = std::string("SELECT name FROM blocks WHERE snapshot = ? AND ") +
+                                       Extent::kFunction + "(name) ORDER BY position";
+        if (Result result = prepare(*database_, sql.c_str(), statement); !result)
             return result;
+        sqlite3_bind_int64(statement.get(), 1, id_);
         for (bool isRow = true; isRow;) {
-            if (Result result = step(*database_, *statement, isRow); !result)
+            const Result result = step(*database_, *statement, isRow);
+            if (const std::string excess = extent.excess(); !excess.empty())
+                refuse(*database_, excess);
+            if (!result)
                 return result;
             if (isRow)
                 blocks.Append({textOf(*statement, 0)});
