@@ -6,16 +6,18 @@
 #include <utility>
 
 /// What makes a directory or a remote location a library of symbols, and what names a library may have. Paths
-/// are UTF-8 with separators of either kind; a remote one begins with "http:" or "ftp:". Yes-or-no answers
-/// are zero or non-zero. May be called on any thread; remote and network paths may take long to answer. The
-/// process must not change its environment while a call may be under way on another thread.
+/// are UTF-8 with separators of either kind; a remote one begins with "http:", "https:" or "ftp:". Yes-or-no
+/// answers are zero or non-zero. May be called on any thread; remote and network paths may take long to
+/// answer. The process must not change its environment while a call may be under way on another thread.
 
 /// A text with references to environment variables, "%NAME%".
 class OVSUITE_API ZECString {
 public:
     ZECString() = default;
     explicit ZECString(std::string text) : text_(std::move(text)) {}
-    /// Replaces the references in place; an unknown name stays as it stands.
+    /// Replaces the references in place; an unknown name stays as it stands. A remote location, and a text
+    /// that would become one, stays as a whole, since the server is not to learn what the environment holds;
+    /// so does one that would be longer than 64 KiB.
     void ConvertEnvironmentVariables();
     const std::string& text() const { return text_; }
 

@@ -222,7 +222,7 @@ public:
 
 private:
     Result readBlocks(ListT<BlockInfo>& blocks) {
-        const Extent extent(*database_);
+        Extent extent(*database_);
         Statement statement;
         static const std::string sql = std::string("SELECT name FROM blocks WHERE snapshot = ? AND ") +
                                        Extent::kFunction + "(name) ORDER BY position";

@@ -24,7 +24,8 @@ std::string_view trimmed(std::string_view text) {
 
 /// The spelling in which two locations are compared.
 std::string comparable(std::string_view text) {
-    std::string path = platform::expandEnvironmentReferences(text);
+    // A location on a server, too: it is compared, and sent to nobody.
+    std::string path = platform::tryExpandEnvironmentReferences(text).value_or(std::string(text));
     const bool isRemote = platform::IsRemotePath(path);
     path = isRemote ? platform::platformPath(path) : platform::fullPath(path);
     if (isRemote)

@@ -27,7 +27,7 @@ struct Place {
 };
 
 Place placeOf(const std::string& path) {
-    if (path.empty() || platform::IsRemotePath(path))
+    if (path.empty() || path.size() > platform::kLongestPath || platform::IsRemotePath(path))
         return {};
     std::string directory = platform::fullPath(path);
     if (!directory.starts_with('/'))

@@ -191,6 +191,24 @@ TEST_F(BrowseLibDialog, DISABLED_LoadsNothingFromTheProject) {
     });
 }
 
+TEST_F(BrowseLibDialog, SendsNoValueOfTheEnvironmentToAServer) {
+    HttpServer server;
+    const ScopedEnvironment secret("OV_TEST_SECRET", "hush");
+    const ScopedEnvironment soft("OV_TEST_SOFT", "$WEB/hush");
+    const ScopedEnvironment location("OV_TEST_LOCATION", server.url("/hush"));
+    writeFile(directory() / "location.map", "$WEB " + server.url("/web") + "\n$VALUE " +
+                                                server.url("/%OV_TEST_SECRET%/") +
+                                                "\n$MADE %OV_TEST_LOCATION%\n");
+    run([&](QDialog& dialog) {
+        for (const std::string& path :
+             {server.url("/%OV_TEST_SECRET%"), std::string("$WEB/%OV_TEST_SECRET%"), std::string("$VALUE"),
+              std::string("$MADE/x"), std::string("%OV_TEST_SOFT%"), std::string("%OV_TEST_LOCATION%")})
+            typePath(dialog, path);
+    });
+    EXPECT_TRUE(server.wasSent("%OV_TEST_SECRET%"));
+    EXPECT_FALSE(server.wasSent("hush"));
+}
+
 TEST_F(BrowseLibDialog, ProposesAnAliasUntilItIsTheUsersOwn) {
     writeFile(directory() / "libs/parts/lib.cfg", "not an alias NO\n   alias CFG  \n");
     const ScopedEnvironment known("OV_LIBRARY_ALIASES", "ENV=" + in("libs/plain"));
@@ -303,7 +321,7 @@ TEST_F(BrowseLibDialog, CreatesNothingForWhatIsNoPlaceOfADirectory) {
         return "The soft name in '" + path + "' stands for no directory.";
     };
     const auto remote = [](const std::string& path) {
-        return "'" + path + "' is no remote library: the location of one begins with http: or ftp:.";
+        return "'" + path + "' is no remote library: the location of one begins with http:, https: or ftp:.";
     };
     const std::pair<std::string, std::string> rows[] = {
         {"$NO/parts", unknown("$NO/parts")},
@@ -311,12 +329,12 @@ TEST_F(BrowseLibDialog, CreatesNothingForWhatIsNoPlaceOfADirectory) {
         {"$libs/parts", unknown("$libs/parts")},
         {"%OV_TEST_SOFT%/new", unknown("%OV_TEST_SOFT%/new")},
         {" \"$NO/new\"", unknown(" \"$NO/new\"")},
-        {"https:", remote("https:")},
-        {"https:host/lib", remote("https:host/lib")},
+        {"sftp:", remote("sftp:")},
+        {"sftp:host/lib", remote("sftp:host/lib")},
         {"s3://bucket/lib", remote("s3://bucket/lib")},
         {"svn+ssh://host/lib", remote("svn+ssh://host/lib")},
         {"  \"https:\"", remote("  \"https:\"")},
-        {"\"https://host/lib\"", remote("\"https://host/lib\"")},
+        {"\"sftp://host/lib\"", remote("\"sftp://host/lib\"")},
         {"HTTP:\\\\host\\lib", remote("HTTP:\\\\host\\lib")},
         {"\\\\host\\lib", remote("\\\\host\\lib")},
         {"libs\\mega\\SYM.lib", "'libs\\mega\\SYM.lib' is a file. A library is a directory."},

@@ -123,11 +123,17 @@ TEST(Zec, WhatPermissionsForbidIsReadOnlyAndCannotBeMade) {
         int readOnly, made;
     };
     const Row rows[] = {
-        {root + "/open", 0, 1},  {root + "\\OPEN\\new\\deep\\", 0, 1},
-        {root + "/fixed", 1, 1}, {root + "/fixed/new/deep", 1, 0},
-        {root + "/file", 0, 0},  {root + "/file/below", 1, 0},
-        {"/proc/new", 1, 0},     {"http://host/lib", 1, 0},
-        {"C:\\lib", 1, 0},       {"", 1, 0},
+        {root + "/open", 0, 1},
+        {root + "\\OPEN\\new\\deep\\", 0, 1},
+        {root + "/fixed", 1, 1},
+        {root + "/fixed/new/deep", 1, 0},
+        {root + "/file", 0, 0},
+        {root + "/file/below", 1, 0},
+        {"/proc/new", 1, 0},
+        {"http://host/lib", 1, 0},
+        {"C:\\lib", 1, 0},
+        {"", 1, 0},
+        {root + "/open" + std::string(5000, '/'), 1, 0},
     };
     for (const Row& row : rows) {
         const auto verdict = [&] {

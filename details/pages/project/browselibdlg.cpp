@@ -315,7 +315,7 @@ bool CBrowseLibDlg::checkPlace(const std::string& path) {
     else if (existing && std::filesystem::exists(*existing, missing) && !platform::isDirectory(*existing))
         reason = tr("'%1' is a file. A library is a directory.");
     else if (!existing && namesServer(plain))
-        reason = tr("'%1' is no remote library: the location of one begins with http: or ftp:.");
+        reason = tr("'%1' is no remote library: the location of one begins with http:, https: or ftp:.");
     if (reason.isEmpty())
         return true;
     showMessage(this, reason.arg(toQString(path)));

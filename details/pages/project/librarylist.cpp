@@ -50,10 +50,20 @@ std::string expanded(const std::string& text) {
 }
 
 /// Empty for what is no soft name, or one without a mapping.
-std::string mappedPath(const std::string& path) {
+std::string mapped(const std::string& text) {
     std::array<char, kLocationBufferSize> buffer{};
-    GetHardName(expanded(path).c_str(), buffer.data());
+    GetHardName(text.c_str(), buffer.data());
     return buffer.data();
+}
+
+/// As mapped, with the environment references replaced first, but for a location on a server.
+std::string mappedPath(const std::string& path) {
+    const std::string plain = expanded(path);
+    std::string hard = mapped(plain);
+    if (!platform::IsRemotePath(hard) || plain == path)
+        return hard;
+    hard = mapped(path);
+    return platform::IsRemotePath(hard) ? hard : std::string();
 }
 
 /// The path of a directory that exists, as it is spelled on disk; any other path as it stands.
@@ -137,8 +147,8 @@ void storeLibraries(std::span<const LibraryRow> rows, const std::string& project
     const platform::RememberedDirectories::Use use(directories);
     for (const LibraryRow& row : rows) {
         const int type = storedType(row, &row == &rows.front());
-        if (const std::string mapped = mappedPath(row.path); !mapped.empty())
-            libraries.AddLibrary(row.alias, row.path, expanded(mapped), type);
+        if (const std::string hard = mappedPath(row.path); !hard.empty())
+            libraries.AddLibrary(row.alias, row.path, expanded(hard), type);
         else
             libraries.AddLibrary(row.alias, storedLocation(row.path, directory),
                                  pathOnDisk(row.path, directory), type);

@@ -2,7 +2,6 @@
 
 #include "details/pages/project/projectpaths.h"
 #include "details/platform/asciicase.h"
-#include "details/platform/environment.h"
 #include "details/platform/paths.h"
 #include "details/platform/remotefile.h"
 #include "suite/zec.h"
@@ -140,8 +139,7 @@ Recognition recogniseLibrary(const std::string& location, LibraryType selected) 
 }
 
 std::string plainPath(const std::string& typed) {
-    const std::string_view path = std::string_view(typed).substr(0, typed.find_last_not_of(' ') + 1);
-    return hardNameOf(platform::expandEnvironmentReferences(path));
+    return realPathOf(typed.substr(0, typed.find_last_not_of(' ') + 1));
 }
 
 bool namesServer(std::string_view path) {

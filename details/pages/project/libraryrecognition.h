@@ -40,8 +40,8 @@ struct Recognition {
 /// @param selected the type that is selected now.
 Recognition recogniseLibrary(const std::string& location, LibraryType selected);
 
-/// What a typed path says, read as the project reads it: without the blanks behind it, and with its
-/// environment references and then its soft name replaced. A soft name without a mapping stays.
+/// What a typed path says, read as the project reads it: without the blanks behind it, and else as
+/// realPathOf.
 std::string plainPath(const std::string& typed);
 
 /// Whether a plain path is written like a place on another machine: behind blanks and quotes it begins with a

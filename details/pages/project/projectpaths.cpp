@@ -3,6 +3,7 @@
 #include "details/platform/currentdirectory.h"
 #include "details/platform/environment.h"
 #include "details/platform/paths.h"
+#include "details/platform/remotefile.h"
 #include "orv/projectfiledata.h"
 #include "suite/kernel.h"
 #include "suite/locationmap.h"
@@ -54,6 +55,15 @@ bool IsFileLocationValid(std::string projectPath, std::string filePath) {
 std::string hardNameOf(const std::string& name) {
     LocationBuffer buffer{};
     return GetHardName(name.c_str(), buffer.data()) == 0 ? buffer.data() : name;
+}
+
+std::string realPathOf(const std::string& text) {
+    const std::string expanded = platform::expandEnvironmentReferences(text);
+    std::string path = hardNameOf(expanded);
+    if (!platform::IsRemotePath(path) || expanded == text)
+        return path;
+    path = hardNameOf(text);
+    return platform::IsRemotePath(path) ? path : text;
 }
 
 } // namespace ovsettings

@@ -23,4 +23,9 @@ bool IsFileLocationValid(std::string projectPath, std::string filePath);
 /// Turns a soft name into a real path; any other text, and a soft name without a mapping, stays.
 std::string hardNameOf(const std::string& name);
 
+/// What a text stands for: its environment references, then its soft name are replaced; a soft name without a
+/// mapping stays. A location on a server keeps its references, since the environment is no business of the
+/// server's; and a text that only the environment would make such a location stays.
+std::string realPathOf(const std::string& text);
+
 } // namespace ovsettings
