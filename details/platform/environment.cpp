@@ -1,11 +1,23 @@
 #include "details/platform/environment.h"
 
+#include "details/platform/installation.h"
 #include "details/platform/remotefile.h"
 
 #include <cstdlib>
 #include <utility>
 
 namespace platform {
+
+namespace {
+
+std::optional<std::string> valueOfReference(const std::string& name) {
+    auto value = name.empty() ? std::nullopt : environmentVariable(name.c_str());
+    if (value && name == "RSR_HOME")
+        value = installationDirectory();
+    return value;
+}
+
+} // namespace
 
 std::optional<std::string> environmentVariable(const char* name) {
     const char* value = std::getenv(name);
@@ -24,7 +36,7 @@ std::optional<std::string> tryExpandEnvironmentReferences(std::string_view text)
             return fits ? std::optional(expanded.append(text)) : std::nullopt;
         }
         const std::string name(text.substr(open + 1, close - open - 1));
-        if (const auto value = name.empty() ? std::nullopt : environmentVariable(name.c_str())) {
+        if (const auto value = valueOfReference(name)) {
             expanded.append(text.substr(0, open)).append(*value);
             text.remove_prefix(close + 1);
         } else {

@@ -14,7 +14,7 @@ std::optional<std::string> environmentVariable(const char* name);
 constexpr std::size_t kLongestExpansion = 64u << 10;
 
 /// Replaces each reference "%NAME%" by the variable's value. An unknown name, and a lone "%", stay as they
-/// stand.
+/// stand. `RSR_HOME` is the one of installationDirectory.
 /// @return nothing if there is a reference and the result would be longer than kLongestExpansion.
 std::optional<std::string> tryExpandEnvironmentReferences(std::string_view text);
 
