@@ -56,14 +56,16 @@ bool isFullElsewhere(std::string_view path) {
     return drive || path.starts_with("\\\\");
 }
 
-bool isTooLong(std::string_view path) {
-    return path.size() > kLongestPath;
+/// Longer than any system call takes, or with a character that ends a path for it.
+bool isNoPath(std::string_view path) {
+    return path.size() > kLongestPath || path.find('\0') != std::string_view::npos;
 }
 
 std::string withSingleSeparators(std::string path) {
-    const auto repeated = std::ranges::unique(
-        path, [](char one, char next) { return one == kSeparator && next == kSeparator; });
-    path.erase(repeated.begin(), repeated.end());
+    const auto repeats = [](char one, char next) {
+        return one == kSeparator && next == kSeparator;
+    };
+    path.erase(std::unique(path.begin(), path.end(), repeats), path.end());
     return path;
 }
 
@@ -110,7 +112,7 @@ std::optional<std::string> RememberedDirectories::find(const std::string& direct
 }
 
 std::optional<std::string> resolveExisting(std::string_view text) {
-    if (isTooLong(text))
+    if (isNoPath(text))
         return std::nullopt;
     const std::string path = withSingleSeparators(platformPath(text));
     if (nameExists(path))
@@ -137,7 +139,7 @@ std::optional<std::string> resolveExisting(std::string_view text) {
 }
 
 std::string fullPath(std::string_view path) {
-    if (isTooLong(path))
+    if (isNoPath(path))
         return std::string(path);
     const auto existing = resolveExisting(path);
     if (!existing && isFullElsewhere(path))
@@ -149,7 +151,7 @@ std::string fullPath(std::string_view path) {
 
 std::string withoutDots(const std::string& path) {
     namespace fs = std::filesystem;
-    if (isTooLong(path))
+    if (isNoPath(path))
         return path;
     const fs::path normal = fs::path(path).lexically_normal();
     if (path.find("..") == std::string::npos)
@@ -161,7 +163,7 @@ std::string withoutDots(const std::string& path) {
 }
 
 Place::Place(const std::string& path) {
-    if (isTooLong(path)) {
+    if (isNoPath(path)) {
         text_ = path;
         return;
     }

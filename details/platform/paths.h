@@ -10,7 +10,8 @@
 
 namespace platform {
 
-/// In bytes. No system call takes a longer one, so what is longer leads nowhere.
+/// In bytes. No system call takes a longer one, so what is longer is no path, and leads nowhere. Nor is a
+/// text with a null character one.
 constexpr std::size_t kLongestPath = 4095;
 
 /// A path cut at its last separator of either kind, which belongs to neither part.
@@ -32,8 +33,7 @@ bool isBareName(std::string_view text);
 /// Finds what a path names on disk: in its exact spelling, or else component by component, each in its exact
 /// spelling first and then without regard to the case of ASCII letters; of several such names the first in
 /// byte order. Of several separators in a row one counts.
-/// @return the path as it is spelled on disk, or nothing if there is none, or the text is longer than
-/// kLongestPath.
+/// @return the path as it is spelled on disk, or nothing if there is none, or the text is no path.
 std::optional<std::string> resolveExisting(std::string_view path);
 
 /// What look-ups without regard to case have read of directories, so that a long list of paths reads each
@@ -61,12 +61,12 @@ private:
 
 /// The path from the root, without "." and "..". A relative path begins at the current directory, and what is
 /// on disk gets its spelling there. A path with a drive letter or a server name is full elsewhere and stays
-/// as it is, and so does one that is longer than kLongestPath.
+/// as it is, and so does what is no path.
 std::string fullPath(std::string_view path);
 
 /// A full path without "." and "..". What is on disk stays what it is: where a link on the way leads "..", to
-/// another place than the text alone, the path is the one that the links lead to. One that is longer than
-/// kLongestPath stays as it is.
+/// another place than the text alone, the path is the one that the links lead to. What is no path stays as
+/// it is.
 std::string withoutDots(const std::string& path);
 
 /// Where a path leads, however it is spelled: equal if it is one place on disk; where either path leads

@@ -188,7 +188,6 @@ TEST_F(Merge, AFileThatIsHarmedAfterTheLoadIsMadeWholeAgain) {
             std::filesystem::remove(file);
             std::filesystem::create_directory(file);
         },
-        [&] { std::filesystem::resize_file(file, 100 << 20); },
     };
     for (const auto& harm : harms) {
         std::filesystem::remove_all(file);
@@ -202,8 +201,12 @@ TEST_F(Merge, AFileThatIsHarmedAfterTheLoadIsMadeWholeAgain) {
         EXPECT_EQ(value("GRID_HR") + value("BELL") + values("NET").front(), "700");
         EXPECT_EQ(values("PRINTER"), (Texts{"a", "b"}));
     }
-    std::filesystem::remove(file);
+    std::filesystem::resize_file(file, (8 << 20) + 1);
     Orv::setValue(store, "BELL", "1");
+    store.save();
+    EXPECT_TRUE(store.lastSaveFailed()) << "what is too large may be whole all the same";
+    EXPECT_EQ(std::filesystem::file_size(file), (8u << 20) + 1);
+    std::filesystem::remove(file);
     ASSERT_TRUE(store.save());
     EXPECT_FALSE(std::filesystem::exists(file)) << "who takes the file away wants all defaults";
 }
