@@ -1,6 +1,6 @@
 #include "app/columns.h"
 
-#include "details/platform/printable.h"
+#include "platform/printable.h"
 
 #include <algorithm>
 #include <ostream>

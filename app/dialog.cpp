@@ -5,8 +5,8 @@
 #include "app/commands.h"
 #include "app/outcome.h"
 #include "app/workspace.h"
-#include "details/platform/printable.h"
-#include "details/widgets/plaintext.h"
+#include "dialog/widgets/plaintext.h"
+#include "platform/printable.h"
 
 #include <orv/projectfiledata.h>
 #include <orv/updater.h>

@@ -1,7 +1,7 @@
 #include "app/commands.h"
 #include "app/outcome.h"
 #include "app/workspace.h"
-#include "details/platform/printable.h"
+#include "platform/printable.h"
 
 #include <QtCore/QLoggingCategory>
 

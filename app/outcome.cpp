@@ -1,6 +1,6 @@
 #include "app/outcome.h"
 
-#include "details/platform/printable.h"
+#include "platform/printable.h"
 
 #include <iostream>
 

@@ -1,6 +1,6 @@
 #include "app/output.h"
 
-#include "details/platform/printable.h"
+#include "platform/printable.h"
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>

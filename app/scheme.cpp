@@ -3,7 +3,7 @@
 #include "app/columns.h"
 #include "app/commands.h"
 #include "app/outcome.h"
-#include "details/platform/printable.h"
+#include "platform/printable.h"
 
 #include <orv/colorscheme.h>
 

@@ -4,7 +4,7 @@
 #include "app/fieldtext.h"
 #include "app/outcome.h"
 #include "app/workspace.h"
-#include "details/platform/printable.h"
+#include "platform/printable.h"
 
 #include <algorithm>
 #include <iostream>

@@ -7,7 +7,7 @@
 #include "app/replacefile.h"
 #include "app/tourguide.h"
 #include "app/workspace.h"
-#include "details/platform/printable.h"
+#include "platform/printable.h"
 
 #include <ovsettings/showsettingsdialog.h>
 #include <suite/wdirutils.h>

@@ -3,8 +3,8 @@
 #include "benchmarks/benchmarks.h"
 #include "benchmarks/comparison.h"
 #include "benchmarks/levels.h"
-#include "details/platform/readfile.h"
 #include "orv/colorscheme.h"
+#include "platform/readfile.h"
 
 #include <cstring>
 #include <filesystem>

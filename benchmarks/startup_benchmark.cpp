@@ -3,12 +3,12 @@
 #include "benchmarks/benchmarks.h"
 #include "benchmarks/comparison.h"
 #include "benchmarks/levels.h"
-#include "details/platform/atomicfile.h"
-#include "details/platform/profilefile.h"
-#include "details/platform/readfile.h"
 #include "orv/appconfiguration.h"
 #include "orv/projectconfiguration.h"
 #include "ovsettings/showsettingsdialog.h"
+#include "platform/atomicfile.h"
+#include "platform/profilefile.h"
+#include "platform/readfile.h"
 
 #include <QtCore/QTimer>
 #include <QtWidgets/QApplication>

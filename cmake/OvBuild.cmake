@@ -51,17 +51,6 @@ elseif(OVSETTINGS_FUZZ)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
-# Includes name headers by their former places.
-file(STRINGS ${PROJECT_SOURCE_DIR}/cmake/formerpaths.txt OV_FORMER_PATHS)
-foreach(pair ${OV_FORMER_PATHS})
-    string(REPLACE " " ";" pair "${pair}")
-    list(GET pair 0 former)
-    list(GET pair 1 now)
-    cmake_path(GET former PARENT_PATH directory)
-    file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/former/${directory})
-    file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${now} ${CMAKE_BINARY_DIR}/former/${former} SYMBOLIC)
-endforeach()
-
 set(OV_PCH_QT <QtCore/QtCore> <QtWidgets/QtWidgets>)
 
 # Warnings, include paths and Qt's generators for one of our own targets.
@@ -75,7 +64,7 @@ function(ov_target target)
     endif()
     target_include_directories(${target} PUBLIC
         $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
-    target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR} ${CMAKE_BINARY_DIR}/former)
+    target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR})
     get_target_property(type ${target} TYPE)
     if(type STREQUAL "EXECUTABLE")
         set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")

@@ -1,6 +1,6 @@
 // The reader of the catalogue of pages.
 
-#include "details/shell/categories.h"
+#include "dialog/shell/categories.h"
 #include "fuzz/support.h"
 
 using fuzz::require;

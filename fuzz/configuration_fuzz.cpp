@@ -1,9 +1,9 @@
 // The reader of configuration files: what is read survives writing, and an edit changes nothing else.
 
-#include "details/platform/xmldocument.h"
 #include "fuzz/support.h"
-#include "suite/configuration/document.h"
-#include "suite/configuration/xmlprinter.h"
+#include "platform/xmldocument.h"
+#include "suite/configurations/document.h"
+#include "suite/configurations/xmlprinter.h"
 
 #include <algorithm>
 

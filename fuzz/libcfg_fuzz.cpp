@@ -1,6 +1,6 @@
 // The reader of a library's own file.
 
-#include "details/platform/libcfg.h"
+#include "platform/libcfg.h"
 
 #include "fuzz/support.h"
 

@@ -1,10 +1,10 @@
 // The reader of the index of a central library.
 
-#include "details/platform/asciicase.h"
-#include "details/platform/profiledocument.h"
 #include "fuzz/support.h"
-#include "suite/library/centrallibrary.h"
-#include "suite/project/numberedlist.h"
+#include "platform/asciicase.h"
+#include "platform/profiledocument.h"
+#include "suite/libraries/centrallibrary.h"
+#include "suite/projects/numberedlist.h"
 
 using fuzz::require;
 using suite::CentralLibrary;

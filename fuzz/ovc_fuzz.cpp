@@ -1,7 +1,7 @@
 // The reader of colour schema files.
 
-#include "details/pages/display/objectschema.h"
 #include "fuzz/support.h"
+#include "schemes/objectschema.h"
 
 using fuzz::require;
 

@@ -1,10 +1,10 @@
 // Paths: how they are found on disk, made full and freed of dots, and what references in them become.
 
-#include "details/platform/asciicase.h"
-#include "details/platform/environment.h"
-#include "details/platform/paths.h"
-#include "details/platform/remotefile.h"
 #include "fuzz/support.h"
+#include "platform/asciicase.h"
+#include "platform/environment.h"
+#include "platform/paths.h"
+#include "platform/remotefile.h"
 
 #include <sys/stat.h>
 

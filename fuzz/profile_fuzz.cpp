@@ -1,9 +1,9 @@
 // The readers of files of ini kind: they agree, and an edit keeps every byte that it does not concern.
 
-#include "details/platform/asciicase.h"
-#include "details/platform/profilefile.h"
-#include "details/platform/profileview.h"
 #include "fuzz/support.h"
+#include "platform/asciicase.h"
+#include "platform/profilefile.h"
+#include "platform/profileview.h"
 
 #include <algorithm>
 

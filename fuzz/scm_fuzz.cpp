@@ -1,7 +1,7 @@
 // The reader of scheme files, and its agreement with the writer.
 
-#include "details/pages/display/schemefile.h"
 #include "fuzz/support.h"
+#include "schemes/schemefile.h"
 
 #include <algorithm>
 

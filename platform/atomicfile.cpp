@@ -1,6 +1,6 @@
-#include "details/platform/atomicfile.h"
+#include "platform/atomicfile.h"
 
-#include "details/platform/paths.h"
+#include "platform/paths.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

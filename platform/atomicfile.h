@@ -1,6 +1,6 @@
 #pragma once
 
-#include "details/platform/filelock.h"
+#include "platform/filelock.h"
 
 #include <sys/types.h>
 

@@ -1,9 +1,9 @@
-#include "details/platform/componentregistry.h"
+#include "platform/componentregistry.h"
 
-#include "details/platform/asciicase.h"
-#include "details/platform/paths.h"
-#include "details/platform/profiledocument.h"
-#include "details/platform/readfile.h"
+#include "platform/asciicase.h"
+#include "platform/paths.h"
+#include "platform/profiledocument.h"
+#include "platform/readfile.h"
 
 #include <algorithm>
 #include <cerrno>

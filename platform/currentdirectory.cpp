@@ -1,7 +1,7 @@
-#include "details/platform/currentdirectory.h"
+#include "platform/currentdirectory.h"
 
-#include "details/platform/paths.h"
-#include "details/platform/remotefile.h"
+#include "platform/paths.h"
+#include "platform/remotefile.h"
 
 #include <fcntl.h>
 #include <unistd.h>

@@ -1,7 +1,7 @@
-#include "details/platform/environment.h"
+#include "platform/environment.h"
 
-#include "details/platform/installation.h"
-#include "details/platform/remotefile.h"
+#include "platform/installation.h"
+#include "platform/remotefile.h"
 
 #include <cstdlib>
 #include <utility>

@@ -1,4 +1,4 @@
-#include "details/platform/fileerror.h"
+#include "platform/fileerror.h"
 
 #include <array>
 #include <cerrno>

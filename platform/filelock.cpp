@@ -1,4 +1,4 @@
-#include "details/platform/filelock.h"
+#include "platform/filelock.h"
 
 #include <fcntl.h>
 #include <sys/file.h>

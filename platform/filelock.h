@@ -1,7 +1,7 @@
 #pragma once
 
-#include "details/platform/descriptor.h"
-#include "details/platform/fileerror.h"
+#include "platform/descriptor.h"
+#include "platform/fileerror.h"
 
 #include <chrono>
 #include <optional>

@@ -1,7 +1,7 @@
-#include "details/platform/installation.h"
+#include "platform/installation.h"
 
-#include "details/platform/environment.h"
-#include "details/platform/paths.h"
+#include "platform/environment.h"
+#include "platform/paths.h"
 
 #include <filesystem>
 #include <mutex>

@@ -1,6 +1,6 @@
-#include "details/platform/libcfg.h"
+#include "platform/libcfg.h"
 
-#include "details/platform/remotefile.h"
+#include "platform/remotefile.h"
 
 #include <array>
 #include <memory>

@@ -1,6 +1,6 @@
-#include "details/platform/paths.h"
+#include "platform/paths.h"
 
-#include "details/platform/asciicase.h"
+#include "platform/asciicase.h"
 
 #include <dirent.h>
 #include <sys/stat.h>

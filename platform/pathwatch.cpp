@@ -1,7 +1,7 @@
-#include "details/platform/pathwatch.h"
+#include "platform/pathwatch.h"
 
-#include "details/platform/asciicase.h"
-#include "details/platform/paths.h"
+#include "platform/asciicase.h"
+#include "platform/paths.h"
 
 #include <sys/inotify.h>
 

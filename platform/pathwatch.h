@@ -1,6 +1,6 @@
 #pragma once
 
-#include "details/platform/descriptor.h"
+#include "platform/descriptor.h"
 
 #include <map>
 #include <set>

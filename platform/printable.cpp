@@ -1,4 +1,4 @@
-#include "details/platform/printable.h"
+#include "platform/printable.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
-#include "details/platform/profiledocument.h"
+#include "platform/profiledocument.h"
 
-#include "details/platform/asciicase.h"
-#include "details/platform/profileview.h"
+#include "platform/asciicase.h"
+#include "platform/profileview.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
-#include "details/platform/profilefile.h"
+#include "platform/profilefile.h"
 
-#include "details/platform/atomicfile.h"
-#include "details/platform/paths.h"
-#include "details/platform/readfile.h"
+#include "platform/atomicfile.h"
+#include "platform/paths.h"
+#include "platform/readfile.h"
 
 #include <cerrno>
 #include <utility>

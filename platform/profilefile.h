@@ -1,8 +1,8 @@
 #pragma once
 
-#include "details/platform/fileerror.h"
-#include "details/platform/filelock.h"
-#include "details/platform/profiledocument.h"
+#include "platform/fileerror.h"
+#include "platform/filelock.h"
+#include "platform/profiledocument.h"
 
 #include <chrono>
 #include <cstddef>

@@ -1,6 +1,6 @@
-#include "details/platform/profileview.h"
+#include "platform/profileview.h"
 
-#include "details/platform/asciicase.h"
+#include "platform/asciicase.h"
 
 #include <algorithm>
 

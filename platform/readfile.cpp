@@ -1,7 +1,7 @@
-#include "details/platform/readfile.h"
+#include "platform/readfile.h"
 
-#include "details/platform/descriptor.h"
-#include "details/platform/paths.h"
+#include "platform/descriptor.h"
+#include "platform/paths.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "details/platform/fileerror.h"
+#include "platform/fileerror.h"
 
 #include <cstddef>
 #include <optional>

@@ -1,10 +1,10 @@
-#include "details/platform/remotefile.h"
+#include "platform/remotefile.h"
 
-#include "details/platform/descriptor.h"
-#include "details/platform/environment.h"
-#include "details/platform/paths.h"
-#include "details/platform/sharedlibrary.h"
-#include "details/platform/urlaccess.h"
+#include "platform/descriptor.h"
+#include "platform/environment.h"
+#include "platform/paths.h"
+#include "platform/sharedlibrary.h"
+#include "platform/urlaccess.h"
 
 #include <dlfcn.h>
 #include <fcntl.h>

@@ -1,6 +1,6 @@
-#include "details/platform/sharedlibrary.h"
+#include "platform/sharedlibrary.h"
 
-#include "details/platform/paths.h"
+#include "platform/paths.h"
 
 #include <algorithm>
 #include <dlfcn.h>

@@ -1,7 +1,7 @@
-#include "details/platform/writtenplace.h"
+#include "platform/writtenplace.h"
 
-#include "details/platform/atomicfile.h"
-#include "details/platform/paths.h"
+#include "platform/atomicfile.h"
+#include "platform/paths.h"
 
 #include <filesystem>
 #include <system_error>

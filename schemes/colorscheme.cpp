@@ -1,9 +1,9 @@
 #include "orv/colorscheme.h"
 
-#include "details/appcfg/colours.h"
-#include "details/pages/display/schemefile.h"
-#include "details/platform/paths.h"
-#include "details/platform/readfile.h"
+#include "platform/paths.h"
+#include "platform/readfile.h"
+#include "schemes/schemefile.h"
+#include "store/colours.h"
 
 namespace Orv {
 

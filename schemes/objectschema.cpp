@@ -1,9 +1,9 @@
-#include "details/pages/display/objectschema.h"
+#include "schemes/objectschema.h"
 
-#include "details/platform/asciicase.h"
-#include "details/platform/atomicfile.h"
-#include "details/platform/paths.h"
-#include "details/platform/readfile.h"
+#include "platform/asciicase.h"
+#include "platform/atomicfile.h"
+#include "platform/paths.h"
+#include "platform/readfile.h"
 
 #include <libxml/parser.h>
 

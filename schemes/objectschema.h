@@ -1,7 +1,7 @@
 #pragma once
 
-#include "details/platform/fileerror.h"
-#include "details/platform/xmldocument.h"
+#include "platform/fileerror.h"
+#include "platform/xmldocument.h"
 
 #include <functional>
 #include <list>

@@ -1,8 +1,8 @@
-#include "details/pages/display/schemefile.h"
+#include "schemes/schemefile.h"
 
-#include "details/appcfg/numbers.h"
-#include "details/platform/asciicase.h"
-#include "details/platform/paths.h"
+#include "platform/asciicase.h"
+#include "platform/paths.h"
+#include "store/numbers.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,4 +1,4 @@
-#include "details/appcfg/appcfg.h"
+#include "store/appcfg.h"
 
 #include "orv/appconfiguration.h"
 

@@ -1,11 +1,11 @@
 #include "orv/appconfiguration.h"
 
-#include "details/appcfg/kinds.h"
-#include "details/appcfg/numbers.h"
-#include "details/appcfg/overlay.h"
-#include "details/appcfg/persistence.h"
-#include "details/appcfg/refresh.h"
-#include "details/appcfg/store.h"
+#include "store/kinds.h"
+#include "store/numbers.h"
+#include "store/overlay.h"
+#include "store/persistence.h"
+#include "store/refresh.h"
+#include "store/store.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "details/appcfg/catalogue.h"
+#include "store/catalogue.h"
 
 #include <algorithm>
 #include <array>

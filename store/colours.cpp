@@ -1,6 +1,6 @@
-#include "details/appcfg/colours.h"
+#include "store/colours.h"
 
-#include "details/appcfg/numbers.h"
+#include "store/numbers.h"
 
 #include <cstdint>
 #include <cstdio>

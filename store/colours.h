@@ -6,7 +6,7 @@
 namespace Orv {
 
 /// Between the forms of a colour. A packed colour has red in the low byte, then green, then blue
-/// (0x00BBGGRR); a text has red first (0xRRGGBB). Numbers in a text read as in details/appcfg/numbers.h, so
+/// (0x00BBGGRR); a text has red first (0xRRGGBB). Numbers in a text read as in store/numbers.h, so
 /// a text that is no number is black. What comes out of a text has no top byte and is never negative.
 
 /// Swaps the low and the high byte of 24 bits, and drops the top byte.

@@ -1,9 +1,9 @@
 #include "orv/configurationreport.h"
 
-#include "details/appcfg/catalogue.h"
-#include "details/appcfg/configurationhandle.h"
-#include "details/appcfg/kinds.h"
-#include "details/appcfg/store.h"
+#include "store/catalogue.h"
+#include "store/configurationhandle.h"
+#include "store/kinds.h"
+#include "store/store.h"
 
 #include <algorithm>
 #include <cstdint>

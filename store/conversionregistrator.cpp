@@ -1,4 +1,4 @@
-#include "details/appcfg/conversionregistrator.h"
+#include "store/conversionregistrator.h"
 
 namespace Orv::Metrics::_UTImpl {
 

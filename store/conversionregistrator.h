@@ -1,6 +1,6 @@
 #pragma once
 
-#include "details/appcfg/visitobjectdelegator.h"
+#include "store/visitobjectdelegator.h"
 
 #include <span>
 

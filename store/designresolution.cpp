@@ -1,4 +1,4 @@
-#include "details/appcfg/designresolution.h"
+#include "store/designresolution.h"
 
 #include "suite/designdatabase.h"
 #include "suite/propertymangler.h"

@@ -1,8 +1,8 @@
-#include "details/appcfg/graphics.h"
+#include "store/graphics.h"
 
-#include "details/appcfg/colours.h"
-#include "details/appcfg/numbers.h"
 #include "orv/appconfiguration.h"
+#include "store/colours.h"
+#include "store/numbers.h"
 
 #include <algorithm>
 #include <span>

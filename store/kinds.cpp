@@ -1,4 +1,4 @@
-#include "details/appcfg/kinds.h"
+#include "store/kinds.h"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,8 @@
-#include "details/appcfg/level.h"
+#include "store/level.h"
 
-#include "details/appcfg/catalogue.h"
-#include "details/appcfg/configurationhandle.h"
-#include "details/appcfg/kinds.h"
+#include "store/catalogue.h"
+#include "store/configurationhandle.h"
+#include "store/kinds.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "orv/levelwatch.h"
 
-#include "details/platform/pathwatch.h"
+#include "platform/pathwatch.h"
 #include "suite/configuration.h"
 
 namespace Orv {

@@ -1,4 +1,4 @@
-#include "details/appcfg/numbers.h"
+#include "store/numbers.h"
 
 #include <algorithm>
 #include <charconv>

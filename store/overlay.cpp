@@ -1,6 +1,6 @@
-#include "details/appcfg/overlay.h"
+#include "store/overlay.h"
 
-#include "details/appcfg/kinds.h"
+#include "store/kinds.h"
 
 #include <algorithm>
 

@@ -1,11 +1,11 @@
-#include "details/appcfg/persistence.h"
+#include "store/persistence.h"
 
-#include "details/appcfg/configurationhandle.h"
-#include "details/appcfg/numbers.h"
-#include "details/appcfg/overlay.h"
-#include "details/appcfg/transfer.h"
-#include "details/platform/asciicase.h"
-#include "details/platform/installation.h"
+#include "platform/asciicase.h"
+#include "platform/installation.h"
+#include "store/configurationhandle.h"
+#include "store/numbers.h"
+#include "store/overlay.h"
+#include "store/transfer.h"
 #include "suite/wdirutils.h"
 
 #include <algorithm>

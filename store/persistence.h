@@ -1,6 +1,6 @@
 #pragma once
 
-#include "details/appcfg/store.h"
+#include "store/store.h"
 
 #include <string>
 

@@ -1,11 +1,11 @@
 #include "orv/printingaccess.h"
 
-#include "details/appcfg/appcfg.h"
-#include "details/appcfg/colours.h"
-#include "details/appcfg/numbers.h"
-#include "details/platform/paths.h"
-#include "details/platform/readfile.h"
 #include "orv/appconfiguration.h"
+#include "platform/paths.h"
+#include "platform/readfile.h"
+#include "store/appcfg.h"
+#include "store/colours.h"
+#include "store/numbers.h"
 
 #include <algorithm>
 #include <array>

@@ -1,9 +1,9 @@
-#include "details/appcfg/refresh.h"
+#include "store/refresh.h"
 
-#include "details/appcfg/kinds.h"
-#include "details/appcfg/numbers.h"
-#include "details/appcfg/overlay.h"
-#include "details/appcfg/transfer.h"
+#include "store/kinds.h"
+#include "store/numbers.h"
+#include "store/overlay.h"
+#include "store/transfer.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,4 +1,4 @@
-#include "details/appcfg/resolutions.h"
+#include "store/resolutions.h"
 
 #include <vector>
 

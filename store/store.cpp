@@ -1,8 +1,8 @@
-#include "details/appcfg/store.h"
+#include "store/store.h"
 
-#include "details/appcfg/kinds.h"
-#include "details/appcfg/numbers.h"
-#include "details/appcfg/transfer.h"
+#include "store/kinds.h"
+#include "store/numbers.h"
+#include "store/transfer.h"
 
 #include <algorithm>
 #include <atomic>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "details/appcfg/catalogue.h"
-#include "details/appcfg/graphics.h"
-#include "details/appcfg/level.h"
 #include "orv/appconfiguration.h"
+#include "store/catalogue.h"
+#include "store/graphics.h"
+#include "store/level.h"
 
 #include <bitset>
 #include <cstdint>

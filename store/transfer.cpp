@@ -1,6 +1,6 @@
-#include "details/appcfg/transfer.h"
+#include "store/transfer.h"
 
-#include "details/appcfg/kinds.h"
+#include "store/kinds.h"
 
 #include <algorithm>
 

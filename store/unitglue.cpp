@@ -1,8 +1,8 @@
-#include "details/appcfg/unitglue.h"
+#include "store/unitglue.h"
 
-#include "details/appcfg/appcfg.h"
-#include "details/appcfg/numbers.h"
 #include "orv/appconfiguration.h"
+#include "store/appcfg.h"
+#include "store/numbers.h"
 
 #include <limits>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "details/appcfg/resolutions.h"
 #include "orv/metrics.h"
+#include "store/resolutions.h"
 
 #include <string>
 #include <string_view>

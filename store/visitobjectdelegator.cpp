@@ -1,4 +1,4 @@
-#include "details/appcfg/visitobjectdelegator.h"
+#include "store/visitobjectdelegator.h"
 
 #include "suite/designdatabase.h"
 

@@ -1,4 +1,4 @@
-#include "details/pages/page.h"
+#include "dialog/pages/page.h"
 
 namespace ovsettings {
 

@@ -1,10 +1,10 @@
-#include "details/pages/project/foreignfile.h"
+#include "dialog/projectfile/foreignfile.h"
 
-#include "details/pages/project/ownplace.h"
-#include "details/pages/project/savequestion.h"
-#include "details/platform/writtenplace.h"
+#include "dialog/projectfile/ownplace.h"
+#include "dialog/projectfile/savequestion.h"
 #include "orv/projectconfiguration.h"
 #include "orv/projectfiledata.h"
+#include "platform/writtenplace.h"
 
 #include <optional>
 #include <utility>

@@ -1,12 +1,12 @@
-#include "details/pages/project/ownplace.h"
+#include "dialog/projectfile/ownplace.h"
 
-#include "details/pages/project/projectpaths.h"
-#include "details/platform/installation.h"
-#include "details/platform/paths.h"
-#include "details/platform/writtenplace.h"
+#include "dialog/projectfile/projectpaths.h"
 #include "orv/centrallibrarystate.h"
 #include "orv/projectconfiguration.h"
 #include "orv/projectfiledata.h"
+#include "platform/installation.h"
+#include "platform/paths.h"
+#include "platform/writtenplace.h"
 #include "suite/symbollibs.h"
 #include "suite/wdirutils.h"
 

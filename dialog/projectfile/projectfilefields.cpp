@@ -1,12 +1,12 @@
-#include "details/pages/project/projectfilefields.h"
+#include "dialog/projectfile/projectfilefields.h"
 
-#include "details/pages/project/foreignfile.h"
-#include "details/pages/project/projectpaths.h"
-#include "details/pages/project/savequestion.h"
-#include "details/platform/paths.h"
-#include "details/widgets/messagebox.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/projectfile/foreignfile.h"
+#include "dialog/projectfile/projectpaths.h"
+#include "dialog/projectfile/savequestion.h"
+#include "dialog/widgets/messagebox.h"
+#include "dialog/widgets/stringconversion.h"
 #include "orv/projectfiledata.h"
+#include "platform/paths.h"
 #include "suite/locationmap.h"
 
 #include <QtCore/QCoreApplication>

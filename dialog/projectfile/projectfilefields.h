@@ -1,8 +1,8 @@
 #pragma once
 
-#include "details/pages/project/projecttextstate.h"
-#include "details/shell/projectaccess.h"
-#include "details/widgets/propfile.h"
+#include "dialog/projectfile/projecttextstate.h"
+#include "dialog/shell/projectaccess.h"
+#include "dialog/widgets/propfile.h"
 #include "orv/projectconfiguration.h"
 
 #include <QtCore/QString>

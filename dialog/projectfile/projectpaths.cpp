@@ -1,10 +1,10 @@
-#include "details/pages/project/projectpaths.h"
+#include "dialog/projectfile/projectpaths.h"
 
-#include "details/platform/currentdirectory.h"
-#include "details/platform/environment.h"
-#include "details/platform/paths.h"
-#include "details/platform/remotefile.h"
 #include "orv/projectfiledata.h"
+#include "platform/currentdirectory.h"
+#include "platform/environment.h"
+#include "platform/paths.h"
+#include "platform/remotefile.h"
 #include "suite/kernel.h"
 #include "suite/locationmap.h"
 

@@ -1,8 +1,8 @@
-#include "details/pages/project/savequestion.h"
+#include "dialog/projectfile/savequestion.h"
 
-#include "details/platform/printable.h"
-#include "details/widgets/messagebox.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/widgets/messagebox.h"
+#include "dialog/widgets/stringconversion.h"
+#include "platform/printable.h"
 
 #include <QtCore/QCoreApplication>
 

@@ -1,4 +1,4 @@
-#include "details/pages/project/symbolsfeeder.h"
+#include "dialog/projectfile/symbolsfeeder.h"
 
 #include "orv/centrallibrarystate.h"
 #include "orv/projectconfiguration.h"

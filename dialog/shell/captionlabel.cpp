@@ -1,4 +1,4 @@
-#include "details/shell/captionlabel.h"
+#include "dialog/shell/captionlabel.h"
 
 #include <QtGui/QFontMetrics>
 #include <QtGui/QPainter>

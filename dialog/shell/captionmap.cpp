@@ -1,7 +1,7 @@
-#include "details/shell/captionmap.h"
+#include "dialog/shell/captionmap.h"
 
-#include "details/platform/asciicase.h"
-#include "details/shell/stringtable.h"
+#include "dialog/shell/stringtable.h"
+#include "platform/asciicase.h"
 
 namespace ovsettings {
 

@@ -1,6 +1,6 @@
-#include "details/shell/categories.h"
+#include "dialog/shell/categories.h"
 
-#include "details/platform/xmldocument.h"
+#include "platform/xmldocument.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
-#include "details/shell/categorytree.h"
+#include "dialog/shell/categorytree.h"
 
-#include "details/shell/dialogunits.h"
+#include "dialog/shell/dialogunits.h"
 
 #include <QtCore/QItemSelectionModel>
 #include <QtCore/QScopedValueRollback>

@@ -1,4 +1,4 @@
-#include "details/shell/dialogunits.h"
+#include "dialog/shell/dialogunits.h"
 
 #include <QtGui/QFontInfo>
 #include <QtGui/QFontMetrics>

@@ -1,4 +1,4 @@
-#include "details/shell/emptydialog.h"
+#include "dialog/shell/emptydialog.h"
 
 #include "ui_emptydialog.h"
 

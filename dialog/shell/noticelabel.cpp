@@ -1,7 +1,7 @@
-#include "details/shell/noticelabel.h"
+#include "dialog/shell/noticelabel.h"
 
-#include "details/widgets/plaintext.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/widgets/plaintext.h"
+#include "dialog/widgets/stringconversion.h"
 
 #include <QtGui/QAccessible>
 #include <QtGui/QPainter>

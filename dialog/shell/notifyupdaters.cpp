@@ -1,6 +1,6 @@
-#include "details/shell/notifyupdaters.h"
+#include "dialog/shell/notifyupdaters.h"
 
-#include "details/shell/settingsdialog.h"
+#include "dialog/shell/settingsdialog.h"
 
 namespace ovsettings {
 

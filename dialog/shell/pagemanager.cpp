@@ -1,12 +1,12 @@
-#include "details/shell/pagemanager.h"
+#include "dialog/shell/pagemanager.h"
 
-#include "details/platform/paths.h"
-#include "details/shell/pagestarter.h"
-#include "details/shell/settingsdialog.h"
-#include "details/shell/settingsupdater.h"
-#include "details/shell/settingsxmlreader.h"
+#include "dialog/shell/pagestarter.h"
+#include "dialog/shell/settingsdialog.h"
+#include "dialog/shell/settingsupdater.h"
+#include "dialog/shell/settingsxmlreader.h"
 #include "orv/projectconfiguration.h"
 #include "ovsettings/settingspagecomponent.h"
+#include "platform/paths.h"
 
 #include <algorithm>
 #include <utility>

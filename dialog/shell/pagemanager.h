@@ -1,7 +1,7 @@
 #pragma once
 
-#include "details/shell/categories.h"
-#include "details/shell/propertypagesupplier.h"
+#include "dialog/shell/categories.h"
+#include "dialog/shell/propertypagesupplier.h"
 
 #include <map>
 #include <memory>

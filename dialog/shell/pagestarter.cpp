@@ -1,7 +1,7 @@
-#include "details/shell/pagestarter.h"
+#include "dialog/shell/pagestarter.h"
 
-#include "details/platform/printable.h"
 #include "ovsettings/propertypagefactory.h"
+#include "platform/printable.h"
 
 #include <exception>
 #include <utility>

@@ -1,6 +1,6 @@
 #include "ovsettings/propdialogtemplate.h"
 
-#include "details/platform/printable.h"
+#include "platform/printable.h"
 #include "suite/help.h"
 
 #include <cstdlib>

@@ -1,12 +1,12 @@
-#include "details/shell/propertypagesupplier.h"
+#include "dialog/shell/propertypagesupplier.h"
 
-#include "details/platform/componentregistry.h"
-#include "details/platform/installation.h"
-#include "details/platform/paths.h"
-#include "details/platform/printable.h"
-#include "details/shell/internalpages.h"
-#include "details/shell/toplevelfactory.h"
+#include "dialog/shell/internalpages.h"
+#include "dialog/shell/toplevelfactory.h"
 #include "ovsettings/settingspagecomponent.h"
+#include "platform/componentregistry.h"
+#include "platform/installation.h"
+#include "platform/paths.h"
+#include "platform/printable.h"
 
 #include <utility>
 

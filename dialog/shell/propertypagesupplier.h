@@ -1,7 +1,7 @@
 #pragma once
 
-#include "details/platform/sharedlibrary.h"
 #include "ovsettings/propertypagefactory.h"
+#include "platform/sharedlibrary.h"
 
 #include <memory>
 #include <string>

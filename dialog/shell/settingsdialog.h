@@ -1,6 +1,6 @@
 #pragma once
 
-#include "details/shell/captionmap.h"
+#include "dialog/shell/captionmap.h"
 
 #include <QtCore/QPointer>
 #include <QtWidgets/QDialog>

@@ -1,4 +1,4 @@
-#include "details/appcfg/unitglue.h"
+#include "store/unitglue.h"
 
 namespace ovsettings {
 

@@ -1,6 +1,6 @@
-#include "details/shell/settingsupdater.h"
+#include "dialog/shell/settingsupdater.h"
 
-#include "details/widgets/stringconversion.h"
+#include "dialog/widgets/stringconversion.h"
 #include "orv/updater.h"
 
 #include <algorithm>

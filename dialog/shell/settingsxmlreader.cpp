@@ -1,10 +1,10 @@
-#include "details/shell/settingsxmlreader.h"
+#include "dialog/shell/settingsxmlreader.h"
 
-#include "details/platform/paths.h"
-#include "details/platform/printable.h"
-#include "details/platform/readfile.h"
-#include "details/shell/pagemanager.h"
-#include "details/widgets/messagebox.h"
+#include "dialog/shell/pagemanager.h"
+#include "dialog/widgets/messagebox.h"
+#include "platform/paths.h"
+#include "platform/printable.h"
+#include "platform/readfile.h"
 #include "suite/configuration.h"
 
 #include <QtWidgets/QApplication>

@@ -1,6 +1,6 @@
 #include "ovsettings/showsettingsdialog.h"
 
-#include "details/shell/settingsdialog.h"
+#include "dialog/shell/settingsdialog.h"
 
 #include <QtWidgets/QApplication>
 

@@ -1,6 +1,6 @@
-#include "details/shell/stringtable.h"
+#include "dialog/shell/stringtable.h"
 
-#include "details/widgets/stringconversion.h"
+#include "dialog/widgets/stringconversion.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QJsonDocument>

@@ -1,4 +1,4 @@
-#include "details/shell/toplevelfactory.h"
+#include "dialog/shell/toplevelfactory.h"
 
 #include "orv/projectconfiguration.h"
 #include "orv/projectfiledata.h"

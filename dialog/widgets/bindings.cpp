@@ -1,11 +1,11 @@
-#include "details/widgets/bindings.h"
+#include "dialog/widgets/bindings.h"
 
-#include "details/appcfg/appcfg.h"
-#include "details/appcfg/unitglue.h"
-#include "details/widgets/decimalspinctrl.h"
-#include "details/widgets/lockmark.h"
-#include "details/widgets/radiobutton.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/widgets/decimalspinctrl.h"
+#include "dialog/widgets/lockmark.h"
+#include "dialog/widgets/radiobutton.h"
+#include "dialog/widgets/stringconversion.h"
+#include "store/appcfg.h"
+#include "store/unitglue.h"
 
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>

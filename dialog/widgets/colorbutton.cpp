@@ -1,12 +1,12 @@
-#include "details/widgets/colorbutton.h"
+#include "dialog/widgets/colorbutton.h"
 
-#include "details/appcfg/colours.h"
-#include "details/appcfg/numbers.h"
-#include "details/widgets/colorchangeobserver.h"
-#include "details/widgets/gdipainter.h"
-#include "details/widgets/grid/gridwnd.h"
-#include "details/widgets/ownseccolorwell.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/widgets/colorchangeobserver.h"
+#include "dialog/widgets/gdipainter.h"
+#include "dialog/widgets/grid/gridwnd.h"
+#include "dialog/widgets/ownseccolorwell.h"
+#include "dialog/widgets/stringconversion.h"
+#include "store/colours.h"
+#include "store/numbers.h"
 
 #include <QtGui/QPainter>
 #include <QtWidgets/QHeaderView>

@@ -1,7 +1,7 @@
-#include "details/widgets/colorcombobox.h"
+#include "dialog/widgets/colorcombobox.h"
 
-#include "details/widgets/coloritemdelegate.h"
-#include "details/widgets/gdipainter.h"
+#include "dialog/widgets/coloritemdelegate.h"
+#include "dialog/widgets/gdipainter.h"
 
 #include <QtGui/QStandardItemModel>
 #include <QtWidgets/QStylePainter>

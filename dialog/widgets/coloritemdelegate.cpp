@@ -1,6 +1,6 @@
-#include "details/widgets/coloritemdelegate.h"
+#include "dialog/widgets/coloritemdelegate.h"
 
-#include "details/widgets/gdipainter.h"
+#include "dialog/widgets/gdipainter.h"
 
 #include <QtGui/QPainter>
 

@@ -1,7 +1,7 @@
-#include "details/widgets/colorlistbox.h"
+#include "dialog/widgets/colorlistbox.h"
 
-#include "details/widgets/coloritemdelegate.h"
-#include "details/widgets/gdipainter.h"
+#include "dialog/widgets/coloritemdelegate.h"
+#include "dialog/widgets/gdipainter.h"
 
 namespace ovsettings {
 

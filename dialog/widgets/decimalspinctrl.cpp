@@ -1,6 +1,6 @@
-#include "details/widgets/decimalspinctrl.h"
+#include "dialog/widgets/decimalspinctrl.h"
 
-#include "details/widgets/numbertext.h"
+#include "dialog/widgets/numbertext.h"
 
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QLineEdit>

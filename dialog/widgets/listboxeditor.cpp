@@ -1,7 +1,7 @@
-#include "details/widgets/listboxeditor.h"
+#include "dialog/widgets/listboxeditor.h"
 
-#include "details/widgets/plaintext.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/widgets/plaintext.h"
+#include "dialog/widgets/stringconversion.h"
 
 #include <QtCore/QMetaProperty>
 #include <QtCore/QPointer>

@@ -1,8 +1,8 @@
-#include "details/widgets/listboxfileeditor.h"
+#include "dialog/widgets/listboxfileeditor.h"
 
-#include "details/platform/paths.h"
-#include "details/widgets/plainfiledialog.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/widgets/plainfiledialog.h"
+#include "dialog/widgets/stringconversion.h"
+#include "platform/paths.h"
 
 #include <QtGui/QShortcut>
 #include <QtWidgets/QListWidget>

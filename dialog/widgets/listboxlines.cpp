@@ -1,7 +1,7 @@
-#include "details/widgets/listboxlines.h"
+#include "dialog/widgets/listboxlines.h"
 
-#include "details/widgets/listboxeditor.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/widgets/listboxeditor.h"
+#include "dialog/widgets/stringconversion.h"
 
 namespace ovsettings {
 

@@ -1,8 +1,8 @@
-#include "details/widgets/lockmark.h"
+#include "dialog/widgets/lockmark.h"
 
-#include "details/widgets/grid/gridcellstyle.h"
-#include "details/widgets/plaintext.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/widgets/grid/gridcellstyle.h"
+#include "dialog/widgets/plaintext.h"
+#include "dialog/widgets/stringconversion.h"
 #include "orv/appconfiguration.h"
 
 #include <QtCore/QCoreApplication>

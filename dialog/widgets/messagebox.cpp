@@ -1,6 +1,6 @@
-#include "details/widgets/messagebox.h"
+#include "dialog/widgets/messagebox.h"
 
-#include "details/widgets/plaintext.h"
+#include "dialog/widgets/plaintext.h"
 
 #include <QtGui/QCloseEvent>
 #include <QtGui/QGuiApplication>

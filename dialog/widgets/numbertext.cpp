@@ -1,4 +1,4 @@
-#include "details/widgets/numbertext.h"
+#include "dialog/widgets/numbertext.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "details/widgets/ownerdrawbutton.h"
+#include "dialog/widgets/ownerdrawbutton.h"
 
 #include <QtGui/QPainter>
 

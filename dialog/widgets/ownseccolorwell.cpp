@@ -1,6 +1,6 @@
-#include "details/widgets/ownseccolorwell.h"
+#include "dialog/widgets/ownseccolorwell.h"
 
-#include "details/widgets/gdipainter.h"
+#include "dialog/widgets/gdipainter.h"
 
 #include <QtCore/QPointer>
 #include <QtGui/QKeyEvent>

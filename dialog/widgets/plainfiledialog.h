@@ -1,6 +1,6 @@
 #pragma once
 
-#include "details/widgets/plaintext.h"
+#include "dialog/widgets/plaintext.h"
 
 #include <QtCore/QEvent>
 #include <QtWidgets/QFileDialog>

@@ -1,6 +1,6 @@
-#include "details/widgets/progress.h"
+#include "dialog/widgets/progress.h"
 
-#include "details/widgets/messagebox.h"
+#include "dialog/widgets/messagebox.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtWidgets/QProgressDialog>

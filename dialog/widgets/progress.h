@@ -1,6 +1,6 @@
 #pragma once
 
-#include "details/widgets/waitcursor.h"
+#include "dialog/widgets/waitcursor.h"
 
 #include <QtCore/QString>
 

@@ -1,10 +1,10 @@
-#include "details/widgets/propfile.h"
+#include "dialog/widgets/propfile.h"
 
-#include "details/platform/paths.h"
-#include "details/platform/readfile.h"
-#include "details/widgets/messagebox.h"
-#include "details/widgets/plainfiledialog.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/widgets/messagebox.h"
+#include "dialog/widgets/plainfiledialog.h"
+#include "dialog/widgets/stringconversion.h"
+#include "platform/paths.h"
+#include "platform/readfile.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFileInfo>

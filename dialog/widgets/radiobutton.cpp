@@ -1,4 +1,4 @@
-#include "details/widgets/radiobutton.h"
+#include "dialog/widgets/radiobutton.h"
 
 #include <QtWidgets/QRadioButton>
 

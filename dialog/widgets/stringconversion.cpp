@@ -1,4 +1,4 @@
-#include "details/widgets/stringconversion.h"
+#include "dialog/widgets/stringconversion.h"
 
 namespace ovsettings {
 

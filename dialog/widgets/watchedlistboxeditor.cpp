@@ -1,4 +1,4 @@
-#include "details/widgets/watchedlistboxeditor.h"
+#include "dialog/widgets/watchedlistboxeditor.h"
 
 namespace ovsettings {
 

@@ -1,4 +1,4 @@
-#include "details/widgets/wheelguard.h"
+#include "dialog/widgets/wheelguard.h"
 
 #include <QtCore/QChildEvent>
 #include <QtWidgets/QAbstractSpinBox>

@@ -1,8 +1,8 @@
 // The URL access module over libcurl. A location is read as a whole when it is opened, or not at all; streams
 // are in memory from then on.
 
-#include "details/platform/urlaccess.h"
-#include "details/platform/asciicase.h"
+#include "platform/urlaccess.h"
+#include "platform/asciicase.h"
 
 #include <curl/curl.h>
 

@@ -1,7 +1,7 @@
 #include "suite/cldialog.h"
 
 #include "suite/chooser/symbolchooser.h"
-#include "suite/library/centrallibrary.h"
+#include "suite/libraries/centrallibrary.h"
 
 #include <QtCore/QPointer>
 #include <QtWidgets/QApplication>

@@ -1,6 +1,6 @@
 #include "suite/chooser/symbolchooser.h"
 
-#include "details/widgets/plaintext.h"
+#include "dialog/widgets/plaintext.h"
 #include "orv/symbolreader.h"
 #include "suite/chooser/symbollistmodel.h"
 #include "suite/chooser/symbolpreview.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "suite/chooser/symboltable.h"
-#include "suite/library/centrallibrary.h"
+#include "suite/libraries/centrallibrary.h"
 
 #include <QtCore/QTimer>
 #include <QtWidgets/QDialog>

@@ -1,6 +1,6 @@
 #include "suite/chooser/symbollistmodel.h"
 
-#include "details/widgets/plaintext.h"
+#include "dialog/widgets/plaintext.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,8 +1,8 @@
 #include "suite/chooser/symbolpreview.h"
 
-#include "details/widgets/plaintext.h"
+#include "dialog/widgets/plaintext.h"
 #include "orv/symbolreader.h"
-#include "suite/library/centrallibrary.h"
+#include "suite/libraries/centrallibrary.h"
 
 #include <QtCore/QLocale>
 #include <QtWidgets/QFormLayout>

@@ -1,7 +1,7 @@
 #include "suite/chooser/symboltable.h"
 
-#include "details/platform/asciicase.h"
 #include "orv/symbolreader.h"
+#include "platform/asciicase.h"
 
 #include <QtCore/QStringList>
 

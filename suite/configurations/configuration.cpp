@@ -1,8 +1,8 @@
-#include "suite/configuration/configuration.h"
+#include "suite/configurations/configuration.h"
 
-#include "details/platform/atomicfile.h"
-#include "details/platform/readfile.h"
-#include "suite/configuration/xmltext.h"
+#include "platform/atomicfile.h"
+#include "platform/readfile.h"
+#include "suite/configurations/xmltext.h"
 
 #include <algorithm>
 #include <atomic>

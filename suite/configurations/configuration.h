@@ -1,9 +1,9 @@
 #pragma once
 
-#include "details/platform/filelock.h"
+#include "platform/filelock.h"
 #include "suite/configuration.h"
-#include "suite/configuration/document.h"
-#include "suite/configuration/errorlog.h"
+#include "suite/configurations/document.h"
+#include "suite/configurations/errorlog.h"
 
 #include <cstdint>
 #include <map>

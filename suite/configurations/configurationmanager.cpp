@@ -1,6 +1,6 @@
-#include "suite/configuration/configurationmanager.h"
+#include "suite/configurations/configurationmanager.h"
 
-#include "details/platform/paths.h"
+#include "platform/paths.h"
 
 #include <algorithm>
 #include <memory>

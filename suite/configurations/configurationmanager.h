@@ -1,8 +1,8 @@
 #pragma once
 
 #include "suite/configuration.h"
-#include "suite/configuration/configuration.h"
-#include "suite/configuration/errorlog.h"
+#include "suite/configurations/configuration.h"
+#include "suite/configurations/errorlog.h"
 
 #include <list>
 #include <map>

@@ -1,8 +1,8 @@
-#include "suite/configuration/document.h"
+#include "suite/configurations/document.h"
 
-#include "details/platform/xmldocument.h"
-#include "suite/configuration/xmlprinter.h"
-#include "suite/configuration/xmltext.h"
+#include "platform/xmldocument.h"
+#include "suite/configurations/xmlprinter.h"
+#include "suite/configurations/xmltext.h"
 
 #include <libxml/SAX2.h>
 #include <libxml/parser.h>

@@ -1,6 +1,6 @@
-#include "suite/configuration/errorlog.h"
+#include "suite/configurations/errorlog.h"
 
-#include "details/platform/printable.h"
+#include "platform/printable.h"
 
 #include <sys/stat.h>
 

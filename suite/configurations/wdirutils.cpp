@@ -1,8 +1,8 @@
 #include "suite/wdirutils.h"
 
-#include "details/platform/environment.h"
-#include "details/platform/installation.h"
-#include "details/platform/paths.h"
+#include "platform/environment.h"
+#include "platform/installation.h"
+#include "platform/paths.h"
 
 #include <algorithm>
 #include <string_view>

@@ -1,6 +1,6 @@
-#include "suite/configuration/xmlprinter.h"
+#include "suite/configurations/xmlprinter.h"
 
-#include "suite/configuration/xmltext.h"
+#include "suite/configurations/xmltext.h"
 
 #include <libxml/parserInternals.h>
 

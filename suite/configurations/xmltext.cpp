@@ -1,4 +1,4 @@
-#include "suite/configuration/xmltext.h"
+#include "suite/configurations/xmltext.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>

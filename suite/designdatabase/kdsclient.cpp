@@ -1,7 +1,7 @@
 #include "suite/kdsclient.h"
 
-#include "details/platform/fileerror.h"
-#include "details/platform/paths.h"
+#include "platform/fileerror.h"
+#include "platform/paths.h"
 
 #include <array>
 #include <chrono>

@@ -1,6 +1,6 @@
 #include "suite/help/helpbook.h"
 
-#include "details/platform/installation.h"
+#include "platform/installation.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>

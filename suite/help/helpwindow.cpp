@@ -1,6 +1,6 @@
 #include "suite/help/helpwindow.h"
 
-#include "details/widgets/plaintext.h"
+#include "dialog/widgets/plaintext.h"
 #include "suite/help/helpbook.h"
 
 #include <QtCore/QPointer>

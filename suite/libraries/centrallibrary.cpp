@@ -1,10 +1,10 @@
-#include "suite/library/centrallibrary.h"
+#include "suite/libraries/centrallibrary.h"
 
-#include "details/platform/asciicase.h"
-#include "details/platform/paths.h"
-#include "details/platform/profileview.h"
-#include "suite/project/numberedlist.h"
-#include "suite/project/textfile.h"
+#include "platform/asciicase.h"
+#include "platform/paths.h"
+#include "platform/profileview.h"
+#include "suite/projects/numberedlist.h"
+#include "suite/projects/textfile.h"
 
 #include <algorithm>
 #include <array>

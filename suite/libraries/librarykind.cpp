@@ -2,7 +2,7 @@
 
 #include "suite/zec.h"
 
-#include "details/platform/remotefile.h"
+#include "platform/remotefile.h"
 
 #include <algorithm>
 #include <array>

@@ -2,10 +2,10 @@
 
 #include "suite/zec.h"
 
-#include "details/platform/asciicase.h"
-#include "details/platform/environment.h"
-#include "details/platform/paths.h"
-#include "details/platform/remotefile.h"
+#include "platform/asciicase.h"
+#include "platform/environment.h"
+#include "platform/paths.h"
+#include "platform/remotefile.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -1,7 +1,7 @@
 #include "suite/libraryserver.h"
 
-#include "details/platform/paths.h"
-#include "suite/library/centrallibrary.h"
+#include "platform/paths.h"
+#include "suite/libraries/centrallibrary.h"
 
 #include <algorithm>
 #include <array>

@@ -1,9 +1,9 @@
-#include "suite/library/symbolreader.h"
+#include "suite/libraries/symbolreader.h"
 
-#include "details/platform/asciicase.h"
-#include "details/platform/paths.h"
 #include "orv/projectfiledata.h"
-#include "suite/project/projectlog.h"
+#include "platform/asciicase.h"
+#include "platform/paths.h"
+#include "suite/projects/projectlog.h"
 
 #include <sys/stat.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "orv/symbolreader.h"
-#include "suite/library/centrallibrary.h"
+#include "suite/libraries/centrallibrary.h"
 
 #include <string>
 #include <utility>

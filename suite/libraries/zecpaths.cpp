@@ -2,9 +2,9 @@
 
 #include "suite/zec.h"
 
-#include "details/platform/environment.h"
-#include "details/platform/paths.h"
-#include "details/platform/remotefile.h"
+#include "platform/environment.h"
+#include "platform/paths.h"
+#include "platform/remotefile.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

@@ -1,4 +1,4 @@
-#include "suite/project/centrallibrarystate.h"
+#include "suite/projects/centrallibrarystate.h"
 
 #include "orv/projectfiledata.h"
 

@@ -1,7 +1,7 @@
 #include "suite/checkcl.h"
 
-#include "details/platform/profilefile.h"
-#include "suite/project/centrallibraryrelease.h"
+#include "platform/profilefile.h"
+#include "suite/projects/centrallibraryrelease.h"
 
 namespace NOrvUtils {
 

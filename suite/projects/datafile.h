@@ -1,6 +1,6 @@
 #pragma once
 
-#include "details/platform/profiledocument.h"
+#include "platform/profiledocument.h"
 
 #include <functional>
 #include <optional>

@@ -1,8 +1,8 @@
 #include "suite/kernel.h"
 
-#include "details/platform/paths.h"
-#include "suite/project/locationbuffer.h"
-#include "suite/project/locationmap.h"
+#include "platform/paths.h"
+#include "suite/projects/locationbuffer.h"
+#include "suite/projects/locationmap.h"
 
 #include <filesystem>
 #include <system_error>

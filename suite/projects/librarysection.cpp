@@ -1,6 +1,6 @@
-#include "suite/project/librarysection.h"
+#include "suite/projects/librarysection.h"
 
-#include "suite/project/numberedlist.h"
+#include "suite/projects/numberedlist.h"
 
 #include <charconv>
 

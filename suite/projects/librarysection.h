@@ -1,7 +1,7 @@
 #pragma once
 
-#include "details/platform/profiledocument.h"
-#include "details/platform/profileview.h"
+#include "platform/profiledocument.h"
+#include "platform/profileview.h"
 
 #include <string>
 #include <vector>

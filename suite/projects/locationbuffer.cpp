@@ -1,4 +1,4 @@
-#include "suite/project/locationbuffer.h"
+#include "suite/projects/locationbuffer.h"
 
 #include "suite/locationmap.h"
 

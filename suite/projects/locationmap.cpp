@@ -1,11 +1,11 @@
-#include "suite/project/locationmap.h"
+#include "suite/projects/locationmap.h"
 
-#include "details/platform/asciicase.h"
-#include "details/platform/environment.h"
-#include "details/platform/fileerror.h"
-#include "details/platform/paths.h"
-#include "details/platform/remotefile.h"
-#include "suite/project/projectlog.h"
+#include "platform/asciicase.h"
+#include "platform/environment.h"
+#include "platform/fileerror.h"
+#include "platform/paths.h"
+#include "platform/remotefile.h"
+#include "suite/projects/projectlog.h"
 #include "suite/wdirutils.h"
 
 #include <algorithm>

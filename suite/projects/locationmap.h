@@ -1,6 +1,6 @@
 #pragma once
 
-#include "suite/project/locationmapfile.h"
+#include "suite/projects/locationmapfile.h"
 
 #include <memory>
 #include <optional>

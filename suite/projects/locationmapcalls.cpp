@@ -1,7 +1,7 @@
 #include "suite/locationmap.h"
 
-#include "suite/project/locationbuffer.h"
-#include "suite/project/locationmap.h"
+#include "suite/projects/locationbuffer.h"
+#include "suite/projects/locationmap.h"
 
 #include <memory>
 #include <mutex>

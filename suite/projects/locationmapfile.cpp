@@ -1,8 +1,8 @@
-#include "suite/project/locationmapfile.h"
+#include "suite/projects/locationmapfile.h"
 
-#include "details/platform/paths.h"
-#include "suite/project/projectlog.h"
-#include "suite/project/textfile.h"
+#include "platform/paths.h"
+#include "suite/projects/projectlog.h"
+#include "suite/projects/textfile.h"
 
 #include <sys/stat.h>
 #include <time.h>

@@ -1,6 +1,6 @@
-#include "suite/project/numberedlist.h"
+#include "suite/projects/numberedlist.h"
 
-#include "details/platform/asciicase.h"
+#include "platform/asciicase.h"
 
 #include <charconv>
 #include <optional>

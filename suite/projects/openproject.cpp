@@ -1,13 +1,13 @@
 #include "suite/openproject.h"
 
 #include "suite/bordersymbolsfile.h"
-#include "suite/library/symbolreader.h"
-#include "suite/project/centrallibrarystate.h"
-#include "suite/project/librarysection.h"
-#include "suite/project/projectdocument.h"
-#include "suite/project/projectlog.h"
+#include "suite/libraries/symbolreader.h"
 #include "suite/projectdatafile.h"
 #include "suite/projectfile.h"
+#include "suite/projects/centrallibrarystate.h"
+#include "suite/projects/librarysection.h"
+#include "suite/projects/projectdocument.h"
+#include "suite/projects/projectlog.h"
 #include "suite/specialcomponentsfile.h"
 #include "suite/symbollibs.h"
 

@@ -1,6 +1,6 @@
 #include "suite/projectdatafile.h"
 
-#include "suite/project/datafile.h"
+#include "suite/projects/datafile.h"
 
 #include <utility>
 

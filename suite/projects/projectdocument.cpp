@@ -1,10 +1,10 @@
-#include "suite/project/projectdocument.h"
+#include "suite/projects/projectdocument.h"
 
-#include "details/platform/atomicfile.h"
-#include "details/platform/paths.h"
-#include "details/platform/readfile.h"
-#include "suite/project/projectlog.h"
-#include "suite/project/textfile.h"
+#include "platform/atomicfile.h"
+#include "platform/paths.h"
+#include "platform/readfile.h"
+#include "suite/projects/projectlog.h"
+#include "suite/projects/textfile.h"
 
 #include <cerrno>
 #include <utility>

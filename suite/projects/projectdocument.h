@@ -1,7 +1,7 @@
 #pragma once
 
-#include "details/platform/filelock.h"
-#include "details/platform/profiledocument.h"
+#include "platform/filelock.h"
+#include "platform/profiledocument.h"
 
 #include <functional>
 #include <optional>

@@ -1,11 +1,11 @@
 #include "suite/projectfile.h"
 
-#include "details/platform/asciicase.h"
-#include "details/platform/paths.h"
-#include "suite/project/locationmap.h"
-#include "suite/project/numberedlist.h"
-#include "suite/project/projectdocument.h"
-#include "suite/project/projectlog.h"
+#include "platform/asciicase.h"
+#include "platform/paths.h"
+#include "suite/projects/locationmap.h"
+#include "suite/projects/numberedlist.h"
+#include "suite/projects/projectdocument.h"
+#include "suite/projects/projectlog.h"
 
 #include <algorithm>
 #include <array>

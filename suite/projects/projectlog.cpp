@@ -1,4 +1,4 @@
-#include "suite/project/projectlog.h"
+#include "suite/projects/projectlog.h"
 
 namespace suite {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "suite/configuration/errorlog.h"
+#include "suite/configurations/errorlog.h"
 
 namespace suite {
 

@@ -1,7 +1,7 @@
 #include "suite/specialcomponentsfile.h"
 
-#include "suite/project/datafile.h"
-#include "suite/project/numberedlist.h"
+#include "suite/projects/datafile.h"
+#include "suite/projects/numberedlist.h"
 
 #include <array>
 #include <optional>

@@ -1,11 +1,11 @@
 #include "suite/symbollibs.h"
 
-#include "details/platform/paths.h"
 #include "orv/projectfiledata.h"
-#include "suite/project/librarysection.h"
-#include "suite/project/locationmap.h"
-#include "suite/project/projectlog.h"
-#include "suite/project/textfile.h"
+#include "platform/paths.h"
+#include "suite/projects/librarysection.h"
+#include "suite/projects/locationmap.h"
+#include "suite/projects/projectlog.h"
+#include "suite/projects/textfile.h"
 
 #include <vector>
 

@@ -1,4 +1,4 @@
-#include "suite/project/textfile.h"
+#include "suite/projects/textfile.h"
 
 #include <cerrno>
 

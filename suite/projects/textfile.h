@@ -1,6 +1,6 @@
 #pragma once
 
-#include "details/platform/readfile.h"
+#include "platform/readfile.h"
 
 #include <cstddef>
 #include <optional>

@@ -1,7 +1,7 @@
-#include "details/pages/advanced/generaldialog.h"
+#include "dialog/pages/advanced/generaldialog.h"
 
-#include "details/appcfg/unitglue.h"
-#include "details/pages/advanced/generalgrid.h"
+#include "dialog/pages/advanced/generalgrid.h"
+#include "store/unitglue.h"
 #include "tests/editor/editorfixture.h"
 
 #include <algorithm>

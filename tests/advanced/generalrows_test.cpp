@@ -1,8 +1,8 @@
-#include "details/pages/advanced/generalcheckbox.h"
-#include "details/pages/advanced/generalgrid.h"
-#include "details/pages/advanced/generalrowcheckbox.h"
-#include "details/pages/advanced/generalrowedit.h"
-#include "details/pages/advanced/generalrowunitvalueedit.h"
+#include "dialog/pages/advanced/generalcheckbox.h"
+#include "dialog/pages/advanced/generalgrid.h"
+#include "dialog/pages/advanced/generalrowcheckbox.h"
+#include "dialog/pages/advanced/generalrowedit.h"
+#include "dialog/pages/advanced/generalrowunitvalueedit.h"
 #include "orv/appconfiguration.h"
 #include "tests/support/widgets.h"
 

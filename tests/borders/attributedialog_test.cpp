@@ -1,4 +1,4 @@
-#include "details/pages/project/attributedialog.h"
+#include "dialog/pages/borders/attributedialog.h"
 
 #include "tests/support/widgets.h"
 

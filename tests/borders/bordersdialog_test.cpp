@@ -1,10 +1,10 @@
-#include "details/pages/project/bordersdialog.h"
+#include "dialog/pages/borders/bordersdialog.h"
 
-#include "details/appcfg/unitglue.h"
-#include "details/pages/project/bordersgrid.h"
+#include "dialog/pages/borders/bordersgrid.h"
 #include "orv/symbolreader.h"
+#include "store/unitglue.h"
 #include "suite/bordersymbolsfile.h"
-#include "tests/project/projectfixture.h"
+#include "tests/support/projectfixture.h"
 
 #include <QtCore/QThread>
 #include <QtGui/QContextMenuEvent>

@@ -1,6 +1,6 @@
 #include "orv/centrallibrarystate.h"
 #include "orv/projectconfiguration.h"
-#include "tests/project/projectfixture.h"
+#include "tests/support/projectfixture.h"
 
 #include <QtWidgets/QTableView>
 

@@ -1,9 +1,9 @@
-#include "details/pages/project/specialcomponentsdialog.h"
+#include "dialog/pages/components/specialcomponentsdialog.h"
 
 #include "orv/projectconfiguration.h"
 #include "orv/specialcomponents.h"
 #include "suite/specialcomponentsfile.h"
-#include "tests/project/projectfixture.h"
+#include "tests/support/projectfixture.h"
 
 #include <QtWidgets/QAbstractItemView>
 

@@ -3,15 +3,15 @@
 // OV_DAMAGE=all tries every value of every byte; otherwise a few telling values, and of larger files not
 // every place.
 
-#include "details/appcfg/appcfg.h"
-#include "details/pages/display/objectschema.h"
-#include "details/pages/project/layouttools.h"
-#include "details/pages/project/libraryrecognition.h"
-#include "details/platform/libcfg.h"
-#include "details/shell/categories.h"
+#include "dialog/pages/libraries/libraryrecognition.h"
+#include "dialog/pages/project/layouttools.h"
+#include "dialog/shell/categories.h"
 #include "orv/appconfiguration.h"
 #include "orv/colorscheme.h"
 #include "orv/symbolreader.h"
+#include "platform/libcfg.h"
+#include "schemes/objectschema.h"
+#include "store/appcfg.h"
 #include "suite/bordersymbolsfile.h"
 #include "suite/configuration.h"
 #include "suite/kdsclient.h"

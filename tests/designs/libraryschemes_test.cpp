@@ -1,4 +1,4 @@
-#include "details/pages/toplevel/libraryschemes.h"
+#include "dialog/pages/designs/libraryschemes.h"
 
 #include <gtest/gtest.h>
 

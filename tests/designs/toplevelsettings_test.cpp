@@ -1,4 +1,4 @@
-#include "tests/toplevel/designs.h"
+#include "tests/designs/designs.h"
 
 #include "orv/projectfiledata.h"
 #include "ovsettings/propdialogtemplate.h"

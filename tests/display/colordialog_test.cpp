@@ -1,4 +1,4 @@
-#include "details/pages/display/colordialog.h"
+#include "dialog/pages/display/colordialog.h"
 
 #include "tests/display/displaypages.h"
 

@@ -1,4 +1,4 @@
-#include "details/pages/display/displaydialog.h"
+#include "dialog/pages/display/displaydialog.h"
 
 #include "tests/display/displaypages.h"
 

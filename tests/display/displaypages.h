@@ -1,6 +1,6 @@
 #pragma once
 
-#include "details/widgets/ownerdrawbutton.h"
+#include "dialog/widgets/ownerdrawbutton.h"
 #include "tests/support/configuredpages.h"
 
 #include <QtGui/QImage>

@@ -1,8 +1,8 @@
-#include "details/pages/display/fontdialog.h"
+#include "dialog/pages/display/fontdialog.h"
 
-#include "details/pages/display/fontsgrid.h"
-#include "details/pages/display/ownbitmapbtn.h"
-#include "details/pages/display/scalefactoredit.h"
+#include "dialog/pages/display/fontsgrid.h"
+#include "dialog/pages/display/ownbitmapbtn.h"
+#include "dialog/pages/display/scalefactoredit.h"
 #include "tests/display/displaypages.h"
 
 #include <QtWidgets/QFontDialog>

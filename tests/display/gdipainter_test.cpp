@@ -1,4 +1,4 @@
-#include "details/widgets/gdipainter.h"
+#include "dialog/widgets/gdipainter.h"
 
 #include "tests/display/displaypages.h"
 

@@ -1,4 +1,4 @@
-#include "details/pages/display/mappinggrid.h"
+#include "dialog/pages/display/mappinggrid.h"
 
 #include "tests/display/objectspage.h"
 

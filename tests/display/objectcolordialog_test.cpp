@@ -1,4 +1,4 @@
-#include "details/pages/display/objectcolordialog.h"
+#include "dialog/pages/display/objectcolordialog.h"
 
 #include "tests/display/objectspage.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "details/pages/display/mappinggrid.h"
-#include "details/pages/display/objectcolordialog.h"
+#include "dialog/pages/display/mappinggrid.h"
+#include "dialog/pages/display/objectcolordialog.h"
 #include "tests/display/displaypages.h"
 
 #include <QtWidgets/QAbstractButton>

@@ -1,5 +1,5 @@
-#include "details/pages/display/sampleschematic.h"
-#include "details/widgets/gdipainter.h"
+#include "dialog/pages/display/sampleschematic.h"
+#include "dialog/widgets/gdipainter.h"
 #include "tests/display/objectspage.h"
 
 #include <QtGui/QFontMetrics>

@@ -1,6 +1,6 @@
-#include "details/pages/editor/globalnetsdialog.h"
+#include "dialog/pages/editor/globalnetsdialog.h"
 
-#include "details/pages/editor/globalsgrid.h"
+#include "dialog/pages/editor/globalsgrid.h"
 #include "tests/support/widgets.h"
 
 #include <QtTest/QTest>

@@ -1,7 +1,7 @@
-#include "details/pages/editor/griddialog.h"
+#include "dialog/pages/editor/griddialog.h"
 
-#include "details/appcfg/unitglue.h"
-#include "details/widgets/decimalspinctrl.h"
+#include "dialog/widgets/decimalspinctrl.h"
+#include "store/unitglue.h"
 #include "tests/editor/editorfixture.h"
 
 using Orv::Metrics::Unit;

@@ -1,4 +1,4 @@
-#include "details/pages/editor/metricsdialog.h"
+#include "dialog/pages/editor/metricsdialog.h"
 
 #include "tests/editor/editorfixture.h"
 

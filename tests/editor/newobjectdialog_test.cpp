@@ -1,7 +1,7 @@
-#include "details/pages/editor/newobjectdialog.h"
+#include "dialog/pages/editor/newobjectdialog.h"
 
-#include "details/appcfg/unitglue.h"
-#include "details/widgets/decimalspinctrl.h"
+#include "dialog/widgets/decimalspinctrl.h"
+#include "store/unitglue.h"
 #include "tests/editor/editorfixture.h"
 
 using ovsettings::CDecimalSpinCtrl;

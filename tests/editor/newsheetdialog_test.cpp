@@ -1,7 +1,7 @@
-#include "details/pages/editor/newsheetdialog.h"
+#include "dialog/pages/editor/newsheetdialog.h"
 
-#include "details/appcfg/unitglue.h"
 #include "orv/projectconfiguration.h"
+#include "store/unitglue.h"
 #include "suite/bordersymbolsfile.h"
 #include "suite/projectdatafile.h"
 #include "tests/editor/editorfixture.h"

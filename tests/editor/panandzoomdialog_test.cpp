@@ -1,4 +1,4 @@
-#include "details/pages/editor/panandzoomdialog.h"
+#include "dialog/pages/editor/panandzoomdialog.h"
 
 #include "tests/editor/editorfixture.h"
 

@@ -1,9 +1,9 @@
-#include "details/pages/project/browselibdlg.h"
+#include "dialog/pages/libraries/browselibdlg.h"
 
-#include "details/pages/project/libraryfolderbrowser.h"
-#include "details/widgets/stringconversion.h"
-#include "tests/project/projectfixture.h"
+#include "dialog/pages/libraries/libraryfolderbrowser.h"
+#include "dialog/widgets/stringconversion.h"
 #include "tests/support/childprocess.h"
+#include "tests/support/projectfixture.h"
 #include "tests/urlaccess/httpserver.h"
 
 #include <QtCore/QElapsedTimer>

@@ -1,8 +1,8 @@
-#include "details/pages/project/centrallibrarydialog.h"
+#include "dialog/pages/libraries/centrallibrarydialog.h"
 
 #include "orv/projectfiledata.h"
 #include "suite/locationmap.h"
-#include "tests/project/projectfixture.h"
+#include "tests/support/projectfixture.h"
 
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QFileDialog>

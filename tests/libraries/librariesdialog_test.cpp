@@ -1,10 +1,10 @@
-#include "details/pages/project/librariesdialog.h"
+#include "dialog/pages/libraries/librariesdialog.h"
 
-#include "details/pages/project/librarylist.h"
-#include "details/widgets/gdipainter.h"
+#include "dialog/pages/libraries/librarylist.h"
+#include "dialog/widgets/gdipainter.h"
 #include "orv/projectconfiguration.h"
 #include "suite/symbollibs.h"
-#include "tests/project/projectfixture.h"
+#include "tests/support/projectfixture.h"
 
 #include <QtWidgets/QProgressDialog>
 

@@ -1,4 +1,4 @@
-#include "details/platform/atomicfile.h"
+#include "platform/atomicfile.h"
 
 #include "tests/support/childprocess.h"
 #include "tests/support/testsupport.h"

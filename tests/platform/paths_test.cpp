@@ -1,7 +1,7 @@
-#include "details/platform/paths.h"
+#include "platform/paths.h"
 
-#include "details/platform/environment.h"
-#include "details/platform/readfile.h"
+#include "platform/environment.h"
+#include "platform/readfile.h"
 #include "tests/support/testsupport.h"
 
 #include <sys/stat.h>

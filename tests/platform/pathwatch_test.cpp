@@ -1,4 +1,4 @@
-#include "details/platform/pathwatch.h"
+#include "platform/pathwatch.h"
 
 #include "tests/support/testsupport.h"
 

@@ -1,6 +1,6 @@
-#include "details/platform/profilefile.h"
+#include "platform/profilefile.h"
 
-#include "details/platform/atomicfile.h"
+#include "platform/atomicfile.h"
 #include "tests/support/childprocess.h"
 #include "tests/support/testsupport.h"
 

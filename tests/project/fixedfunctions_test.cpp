@@ -1,9 +1,9 @@
-#include "details/pages/project/fixedfunctionsdialog.h"
+#include "dialog/pages/project/fixedfunctionsdialog.h"
 
 #include "orv/projectconfiguration.h"
 #include "ovsettings/showsettingsdialog.h"
-#include "tests/project/projectfixture.h"
 #include "tests/support/askingupdater.h"
+#include "tests/support/projectfixture.h"
 
 #include <algorithm>
 

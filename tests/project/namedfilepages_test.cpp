@@ -1,15 +1,15 @@
 // The pages that write a file which the project names, in the dialog: a save that fails, and a store of
 // another page while they hold edits.
 
-#include "details/pages/project/attributesgrid.h"
-#include "details/pages/project/bordersgrid.h"
-#include "details/pages/project/ownplace.h"
-#include "details/pages/project/projectdialog.h"
-#include "details/platform/writtenplace.h"
+#include "dialog/pages/borders/attributesgrid.h"
+#include "dialog/pages/borders/bordersgrid.h"
+#include "dialog/pages/project/projectdialog.h"
+#include "dialog/projectfile/ownplace.h"
 #include "ovsettings/showsettingsdialog.h"
+#include "platform/writtenplace.h"
 #include "suite/bordersymbolsfile.h"
 #include "suite/specialcomponentsfile.h"
-#include "tests/project/projectfixture.h"
+#include "tests/support/projectfixture.h"
 
 using namespace testsupport;
 

@@ -1,7 +1,7 @@
-#include "details/pages/project/netnamedelimiter.h"
+#include "dialog/pages/project/netnamedelimiter.h"
 
 #include "orv/projectconfiguration.h"
-#include "tests/project/projectfixture.h"
+#include "tests/support/projectfixture.h"
 
 namespace {
 

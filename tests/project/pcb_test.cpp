@@ -1,5 +1,5 @@
-#include "details/widgets/stringconversion.h"
-#include "tests/project/projectfixture.h"
+#include "dialog/widgets/stringconversion.h"
+#include "tests/support/projectfixture.h"
 
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QFileDialog>

@@ -1,8 +1,8 @@
-#include "details/pages/project/projectdialog.h"
+#include "dialog/pages/project/projectdialog.h"
 
 #include "ovsettings/showsettingsdialog.h"
 #include "suite/projectfile.h"
-#include "tests/project/projectfixture.h"
+#include "tests/support/projectfixture.h"
 
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QFileDialog>

@@ -1,8 +1,8 @@
-#include "details/pages/project/projectpaths.h"
+#include "dialog/projectfile/projectpaths.h"
 
-#include "details/platform/currentdirectory.h"
+#include "platform/currentdirectory.h"
 
-#include "tests/project/projectfixture.h"
+#include "tests/support/projectfixture.h"
 
 namespace fs = std::filesystem;
 

@@ -1,7 +1,7 @@
 #include "tests/reliability/savers.h"
 
-#include "details/platform/profilefile.h"
 #include "orv/appconfiguration.h"
+#include "platform/profilefile.h"
 #include "suite/configuration.h"
 #include "suite/projectfile.h"
 

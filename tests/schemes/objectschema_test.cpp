@@ -1,4 +1,4 @@
-#include "details/pages/display/objectschema.h"
+#include "schemes/objectschema.h"
 
 #include "tests/support/childprocess.h"
 #include "tests/support/testsupport.h"

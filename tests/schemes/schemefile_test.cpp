@@ -1,4 +1,4 @@
-#include "details/pages/display/schemefile.h"
+#include "schemes/schemefile.h"
 
 #include "tests/support/testsupport.h"
 

@@ -1,9 +1,9 @@
-#include "details/pages/startup/runonstartupdialog.h"
+#include "dialog/pages/startup/runonstartupdialog.h"
 
-#include "details/platform/profilefile.h"
 #include "orv/appconfiguration.h"
 #include "orv/projectconfiguration.h"
 #include "ovsettings/showsettingsdialog.h"
+#include "platform/profilefile.h"
 #include "tests/support/askingupdater.h"
 #include "tests/support/widgets.h"
 

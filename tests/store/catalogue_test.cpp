@@ -1,7 +1,7 @@
-#include "tests/appcfg/storetest.h"
+#include "tests/store/storetest.h"
 
-#include "details/appcfg/catalogue.h"
-#include "details/appcfg/kinds.h"
+#include "store/catalogue.h"
+#include "store/kinds.h"
 
 #include <map>
 

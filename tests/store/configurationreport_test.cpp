@@ -1,5 +1,5 @@
 #include "orv/configurationreport.h"
-#include "tests/appcfg/storetest.h"
+#include "tests/store/storetest.h"
 
 using Orv::reportProperty;
 

@@ -1,7 +1,7 @@
 // What a save leaves in a file that others write, too.
 
 #include "suite/configuration.h"
-#include "tests/appcfg/storetest.h"
+#include "tests/store/storetest.h"
 
 #include <functional>
 

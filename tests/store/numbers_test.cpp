@@ -1,5 +1,5 @@
-#include "details/appcfg/colours.h"
-#include "details/appcfg/numbers.h"
+#include "store/colours.h"
+#include "store/numbers.h"
 
 #include <gtest/gtest.h>
 

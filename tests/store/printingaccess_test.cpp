@@ -1,6 +1,6 @@
 #include "orv/printingaccess.h"
 
-#include "tests/appcfg/storetest.h"
+#include "tests/store/storetest.h"
 
 #include <limits>
 #include <map>

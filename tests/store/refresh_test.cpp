@@ -1,7 +1,7 @@
 // What a running program takes over of what others write.
 
 #include "ovsettings/configurationwatcher.h"
-#include "tests/appcfg/storetest.h"
+#include "tests/store/storetest.h"
 
 #include <QtTest/QSignalSpy>
 

@@ -1,4 +1,4 @@
-#include "tests/appcfg/storetest.h"
+#include "tests/store/storetest.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "details/appcfg/appcfg.h"
 #include "orv/appconfiguration.h"
+#include "store/appcfg.h"
 #include "tests/support/testsupport.h"
 
 using Texts = std::vector<std::string>;

@@ -1,8 +1,8 @@
-#include "details/appcfg/unitglue.h"
+#include "store/unitglue.h"
 
-#include "details/appcfg/conversionregistrator.h"
-#include "details/appcfg/designresolution.h"
 #include "orv/appconfiguration.h"
+#include "store/conversionregistrator.h"
+#include "store/designresolution.h"
 #include "suite/designdatabase.h"
 #include "tests/support/testsupport.h"
 

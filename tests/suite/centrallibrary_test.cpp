@@ -1,4 +1,4 @@
-#include "suite/library/centrallibrary.h"
+#include "suite/libraries/centrallibrary.h"
 
 #include "orv/centrallibrarystate.h"
 #include "orv/symbolreader.h"

@@ -1,10 +1,10 @@
 // The sample project and its central library: whatever they name is there.
 
-#include "details/platform/profilefile.h"
 #include "orv/bordersymbols.h"
 #include "orv/centrallibrarystate.h"
 #include "orv/specialcomponents.h"
 #include "orv/symbolreader.h"
+#include "platform/profilefile.h"
 #include "suite/checkcl.h"
 #include "suite/locationmap.h"
 #include "suite/openproject.h"

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "details/appcfg/appcfg.h"
 #include "orv/appconfiguration.h"
 #include "ovsettings/propdialogtemplate.h"
+#include "store/appcfg.h"
 #include "tests/support/widgets.h"
 
 /// Pages over a loaded configuration, in a window.

@@ -1,7 +1,7 @@
-#include "tests/project/projectfixture.h"
+#include "tests/support/projectfixture.h"
 
-#include "details/shell/internalpages.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/shell/internalpages.h"
+#include "dialog/widgets/stringconversion.h"
 
 #include <QtCore/QStringList>
 #include <QtGui/QClipboard>

@@ -1,6 +1,6 @@
 // A URL access module to which everything is there. It lacks URL_Loop2, unless built as a complete one.
 
-#include "details/platform/urlaccess.h"
+#include "platform/urlaccess.h"
 
 UrlStream* URL_Fopen(const char*, const char*) {
     return new UrlStream{kUrlSchemes[0].magic};

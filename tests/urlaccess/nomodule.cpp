@@ -1,8 +1,8 @@
 // A program that has no URL access module beside it, or one that lacks an entry point. One that the loader
 // would find by its name is not asked for.
 
-#include "details/platform/libcfg.h"
-#include "details/platform/remotefile.h"
+#include "platform/libcfg.h"
+#include "platform/remotefile.h"
 
 #include <cstdlib>
 #include <filesystem>

@@ -1,5 +1,5 @@
-#include "details/platform/libcfg.h"
-#include "details/platform/remotefile.h"
+#include "platform/libcfg.h"
+#include "platform/remotefile.h"
 
 #include "tests/support/childprocess.h"
 #include "tests/urlaccess/httpserver.h"

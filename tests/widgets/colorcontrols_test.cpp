@@ -1,7 +1,7 @@
-#include "details/widgets/colorbutton.h"
-#include "details/widgets/colorchangeobserver.h"
-#include "details/widgets/grid/gridwnd.h"
-#include "details/widgets/ownseccolorwell.h"
+#include "dialog/widgets/colorbutton.h"
+#include "dialog/widgets/colorchangeobserver.h"
+#include "dialog/widgets/grid/gridwnd.h"
+#include "dialog/widgets/ownseccolorwell.h"
 #include "tests/support/widgets.h"
 
 #include <QtCore/QCoreApplication>

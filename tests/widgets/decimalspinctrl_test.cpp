@@ -1,4 +1,4 @@
-#include "details/widgets/decimalspinctrl.h"
+#include "dialog/widgets/decimalspinctrl.h"
 
 #include "tests/support/widgets.h"
 

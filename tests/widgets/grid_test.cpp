@@ -1,4 +1,4 @@
-#include "details/widgets/grid/gridwnd.h"
+#include "dialog/widgets/grid/gridwnd.h"
 
 #include "tests/support/widgets.h"
 

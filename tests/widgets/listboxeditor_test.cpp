@@ -1,7 +1,7 @@
-#include "details/widgets/listboxeditor.h"
+#include "dialog/widgets/listboxeditor.h"
 
-#include "details/widgets/listboxfileeditor.h"
-#include "details/widgets/messagebox.h"
+#include "dialog/widgets/listboxfileeditor.h"
+#include "dialog/widgets/messagebox.h"
 #include "tests/support/widgets.h"
 
 #include <QtWidgets/QVBoxLayout>

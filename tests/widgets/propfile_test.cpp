@@ -1,6 +1,6 @@
-#include "details/widgets/propfile.h"
+#include "dialog/widgets/propfile.h"
 
-#include "details/widgets/stringconversion.h"
+#include "dialog/widgets/stringconversion.h"
 #include "tests/support/widgets.h"
 
 #include <QtWidgets/QDialogButtonBox>

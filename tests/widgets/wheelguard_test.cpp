@@ -1,6 +1,6 @@
-#include "details/widgets/wheelguard.h"
+#include "dialog/widgets/wheelguard.h"
 
-#include "details/widgets/decimalspinctrl.h"
+#include "dialog/widgets/decimalspinctrl.h"
 #include "tests/support/widgets.h"
 
 #include <QtGui/QWheelEvent>

@@ -1,6 +1,6 @@
-#include "details/pages/advanced/generalcheckbox.h"
+#include "dialog/pages/advanced/generalcheckbox.h"
 
-#include "details/widgets/stringconversion.h"
+#include "dialog/widgets/stringconversion.h"
 
 namespace ovsettings {
 

@@ -1,6 +1,6 @@
-#include "details/pages/advanced/generalchoices.h"
+#include "dialog/pages/advanced/generalchoices.h"
 
-#include "details/appcfg/appcfg.h"
+#include "store/appcfg.h"
 
 #include <QtCore/QCoreApplication>
 

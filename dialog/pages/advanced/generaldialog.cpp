@@ -1,11 +1,11 @@
-#include "details/pages/advanced/generaldialog.h"
+#include "dialog/pages/advanced/generaldialog.h"
 
-#include "details/appcfg/appcfg.h"
-#include "details/appcfg/unitglue.h"
-#include "details/pages/advanced/generalchoices.h"
-#include "details/pages/advanced/generalrowcheckbox.h"
-#include "details/pages/advanced/generalrowunitvalueedit.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/pages/advanced/generalchoices.h"
+#include "dialog/pages/advanced/generalrowcheckbox.h"
+#include "dialog/pages/advanced/generalrowunitvalueedit.h"
+#include "dialog/widgets/stringconversion.h"
+#include "store/appcfg.h"
+#include "store/unitglue.h"
 #include "ui_generaldialog.h"
 
 #include <algorithm>

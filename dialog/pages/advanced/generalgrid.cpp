@@ -1,12 +1,12 @@
-#include "details/pages/advanced/generalgrid.h"
+#include "dialog/pages/advanced/generalgrid.h"
 
-#include "details/appcfg/appcfg.h"
-#include "details/appcfg/unitglue.h"
-#include "details/pages/advanced/generalcheckbox.h"
-#include "details/pages/advanced/generalchoices.h"
-#include "details/pages/advanced/generalrowcheckbox.h"
-#include "details/pages/advanced/generalrowunitvalueedit.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/pages/advanced/generalcheckbox.h"
+#include "dialog/pages/advanced/generalchoices.h"
+#include "dialog/pages/advanced/generalrowcheckbox.h"
+#include "dialog/pages/advanced/generalrowunitvalueedit.h"
+#include "dialog/widgets/stringconversion.h"
+#include "store/appcfg.h"
+#include "store/unitglue.h"
 
 #include <QtCore/QCoreApplication>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "details/pages/advanced/generalrow.h"
-#include "details/widgets/grid/gridwnd.h"
+#include "dialog/pages/advanced/generalrow.h"
+#include "dialog/widgets/grid/gridwnd.h"
 #include "orv/metrics.h"
 
 #include <memory>

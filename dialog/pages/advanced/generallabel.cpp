@@ -1,7 +1,7 @@
-#include "details/pages/advanced/generallabel.h"
+#include "dialog/pages/advanced/generallabel.h"
 
-#include "details/pages/advanced/generalgrid.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/pages/advanced/generalgrid.h"
+#include "dialog/widgets/stringconversion.h"
 
 namespace ovsettings {
 

@@ -1,6 +1,6 @@
-#include "details/pages/advanced/generallorvikkeybindingscheckbox.h"
+#include "dialog/pages/advanced/generallorvikkeybindingscheckbox.h"
 
-#include "details/widgets/stringconversion.h"
+#include "dialog/widgets/stringconversion.h"
 
 namespace ovsettings {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "details/pages/advanced/generalrowcheckbox.h"
+#include "dialog/pages/advanced/generalrowcheckbox.h"
 
 namespace ovsettings {
 

@@ -1,10 +1,10 @@
-#include "details/pages/advanced/generalrow.h"
+#include "dialog/pages/advanced/generalrow.h"
 
-#include "details/appcfg/appcfg.h"
-#include "details/pages/advanced/generalgrid.h"
-#include "details/widgets/lockmark.h"
-#include "details/widgets/messagebox.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/pages/advanced/generalgrid.h"
+#include "dialog/widgets/lockmark.h"
+#include "dialog/widgets/messagebox.h"
+#include "dialog/widgets/stringconversion.h"
+#include "store/appcfg.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "details/widgets/grid/gridcellstyle.h"
+#include "dialog/widgets/grid/gridcellstyle.h"
 
 #include <QtCore/QString>
 

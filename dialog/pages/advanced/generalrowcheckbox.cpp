@@ -1,6 +1,6 @@
-#include "details/pages/advanced/generalrowcheckbox.h"
+#include "dialog/pages/advanced/generalrowcheckbox.h"
 
-#include "details/widgets/stringconversion.h"
+#include "dialog/widgets/stringconversion.h"
 
 namespace ovsettings {
 

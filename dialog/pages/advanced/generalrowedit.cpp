@@ -1,6 +1,6 @@
-#include "details/pages/advanced/generalrowedit.h"
+#include "dialog/pages/advanced/generalrowedit.h"
 
-#include "details/widgets/stringconversion.h"
+#include "dialog/widgets/stringconversion.h"
 
 #include <QtCore/QCoreApplication>
 

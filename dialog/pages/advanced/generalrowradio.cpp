@@ -1,8 +1,8 @@
-#include "details/pages/advanced/generalrowradio.h"
+#include "dialog/pages/advanced/generalrowradio.h"
 
-#include "details/pages/advanced/generalgrid.h"
-#include "details/pages/advanced/generalrowcheckbox.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/pages/advanced/generalgrid.h"
+#include "dialog/pages/advanced/generalrowcheckbox.h"
+#include "dialog/widgets/stringconversion.h"
 
 namespace ovsettings {
 

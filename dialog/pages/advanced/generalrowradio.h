@@ -1,6 +1,6 @@
 #pragma once
 
-#include "details/pages/advanced/generalrow.h"
+#include "dialog/pages/advanced/generalrow.h"
 
 namespace ovsettings {
 

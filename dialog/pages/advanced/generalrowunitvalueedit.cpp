@@ -1,8 +1,8 @@
-#include "details/pages/advanced/generalrowunitvalueedit.h"
+#include "dialog/pages/advanced/generalrowunitvalueedit.h"
 
-#include "details/appcfg/unitglue.h"
-#include "details/widgets/numbertext.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/widgets/numbertext.h"
+#include "dialog/widgets/stringconversion.h"
+#include "store/unitglue.h"
 
 #include <QtCore/QCoreApplication>
 

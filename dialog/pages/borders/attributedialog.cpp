@@ -1,8 +1,8 @@
-#include "details/pages/project/attributedialog.h"
+#include "dialog/pages/borders/attributedialog.h"
 
-#include "details/pages/project/newattributedialog.h"
-#include "details/shell/dialogunits.h"
-#include "details/widgets/messagebox.h"
+#include "dialog/pages/borders/newattributedialog.h"
+#include "dialog/shell/dialogunits.h"
+#include "dialog/widgets/messagebox.h"
 #include "ui_attributedialog.h"
 
 namespace ovsettings {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "details/pages/project/attributesgrid.h"
+#include "dialog/pages/borders/attributesgrid.h"
 
 #include <QtWidgets/QDialog>
 

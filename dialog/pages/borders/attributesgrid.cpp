@@ -1,6 +1,6 @@
-#include "details/pages/project/attributesgrid.h"
+#include "dialog/pages/borders/attributesgrid.h"
 
-#include "details/widgets/stringconversion.h"
+#include "dialog/widgets/stringconversion.h"
 
 #include <QtCore/QSet>
 

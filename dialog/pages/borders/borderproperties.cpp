@@ -1,6 +1,6 @@
-#include "details/pages/project/borderproperties.h"
+#include "dialog/pages/borders/borderproperties.h"
 
-#include "details/widgets/stringconversion.h"
+#include "dialog/widgets/stringconversion.h"
 
 #include <map>
 #include <set>

@@ -1,7 +1,7 @@
-#include "details/pages/project/borderrows.h"
+#include "dialog/pages/borders/borderrows.h"
 
-#include "details/appcfg/unitglue.h"
-#include "details/widgets/numbertext.h"
+#include "dialog/widgets/numbertext.h"
+#include "store/unitglue.h"
 
 #include <algorithm>
 

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "details/pages/page.h"
-#include "details/pages/project/attributesgrid.h"
-#include "details/pages/project/borderproperties.h"
-#include "details/pages/project/borderrows.h"
-#include "details/pages/project/foreignfile.h"
-#include "details/pages/project/namedfile.h"
-#include "details/pages/project/symbolsfeeder.h"
+#include "dialog/pages/borders/attributesgrid.h"
+#include "dialog/pages/borders/borderproperties.h"
+#include "dialog/pages/borders/borderrows.h"
+#include "dialog/pages/page.h"
+#include "dialog/projectfile/foreignfile.h"
+#include "dialog/projectfile/namedfile.h"
+#include "dialog/projectfile/symbolsfeeder.h"
 
 #include <memory>
 #include <optional>

@@ -1,6 +1,6 @@
-#include "details/pages/project/bordersgrid.h"
+#include "dialog/pages/borders/bordersgrid.h"
 
-#include "details/widgets/stringconversion.h"
+#include "dialog/widgets/stringconversion.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtGui/QKeyEvent>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "details/pages/project/borderrows.h"
-#include "details/widgets/grid/gridwnd.h"
+#include "dialog/pages/borders/borderrows.h"
+#include "dialog/widgets/grid/gridwnd.h"
 
 namespace ovsettings {
 

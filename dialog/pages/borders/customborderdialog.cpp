@@ -1,10 +1,10 @@
-#include "details/pages/project/customborderdialog.h"
+#include "dialog/pages/borders/customborderdialog.h"
 
-#include "details/appcfg/unitglue.h"
-#include "details/widgets/messagebox.h"
-#include "details/widgets/numbertext.h"
-#include "details/widgets/stringconversion.h"
-#include "details/widgets/wheelguard.h"
+#include "dialog/widgets/messagebox.h"
+#include "dialog/widgets/numbertext.h"
+#include "dialog/widgets/stringconversion.h"
+#include "dialog/widgets/wheelguard.h"
+#include "store/unitglue.h"
 #include "ui_customborderdialog.h"
 
 #include <cmath>

@@ -1,6 +1,6 @@
-#include "details/pages/project/newattributedialog.h"
+#include "dialog/pages/borders/newattributedialog.h"
 
-#include "details/widgets/stringconversion.h"
+#include "dialog/widgets/stringconversion.h"
 #include "ui_newattributedialog.h"
 
 namespace ovsettings {

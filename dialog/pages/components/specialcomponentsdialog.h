@@ -1,10 +1,10 @@
 #pragma once
 
-#include "details/pages/page.h"
-#include "details/pages/project/foreignfile.h"
-#include "details/pages/project/namedfile.h"
-#include "details/shell/unsavededits.h"
-#include "details/widgets/listboxeditor.h"
+#include "dialog/pages/page.h"
+#include "dialog/projectfile/foreignfile.h"
+#include "dialog/projectfile/namedfile.h"
+#include "dialog/shell/unsavededits.h"
+#include "dialog/widgets/listboxeditor.h"
 
 #include <QtWidgets/QComboBox>
 

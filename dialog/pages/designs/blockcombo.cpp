@@ -1,8 +1,8 @@
-#include "details/pages/toplevel/blockcombo.h"
+#include "dialog/pages/designs/blockcombo.h"
 
-#include "details/pages/toplevel/navigator.h"
-#include "details/widgets/messagebox.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/pages/designs/navigator.h"
+#include "dialog/widgets/messagebox.h"
+#include "dialog/widgets/stringconversion.h"
 #include "orv/projectconfiguration.h"
 #include "orv/projectfiledata.h"
 #include "suite/kdsclient.h"

@@ -1,7 +1,7 @@
-#include "details/pages/toplevel/navigator.h"
+#include "dialog/pages/designs/navigator.h"
 
-#include "details/platform/descriptor.h"
-#include "details/platform/environment.h"
+#include "platform/descriptor.h"
+#include "platform/environment.h"
 
 #include <QtCore/QByteArray>
 #include <QtDBus/QDBusConnection>

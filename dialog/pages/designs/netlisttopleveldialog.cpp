@@ -1,7 +1,7 @@
-#include "details/pages/toplevel/netlisttopleveldialog.h"
+#include "dialog/pages/designs/netlisttopleveldialog.h"
 
-#include "details/pages/toplevel/blockcombo.h"
-#include "details/shell/projectaccess.h"
+#include "dialog/pages/designs/blockcombo.h"
+#include "dialog/shell/projectaccess.h"
 #include "ui_netlisttopleveldialog.h"
 
 namespace ovsettings {

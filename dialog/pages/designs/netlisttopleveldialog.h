@@ -1,7 +1,7 @@
 #pragma once
 
-#include "details/pages/page.h"
-#include "details/pages/toplevel/navigator.h"
+#include "dialog/pages/designs/navigator.h"
+#include "dialog/pages/page.h"
 
 #include <memory>
 #include <string>

@@ -1,5 +1,5 @@
-#include "details/pages/toplevel/netlisttopleveldialog.h"
-#include "details/pages/toplevel/toplevelsettingsdialog.h"
+#include "dialog/pages/designs/netlisttopleveldialog.h"
+#include "dialog/pages/designs/toplevelsettingsdialog.h"
 #include "ovsettings/topleveldialogprovider.h"
 
 namespace toplevelsettings {

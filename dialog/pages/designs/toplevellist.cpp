@@ -1,6 +1,6 @@
-#include "details/pages/toplevel/toplevellist.h"
+#include "dialog/pages/designs/toplevellist.h"
 
-#include "details/widgets/stringconversion.h"
+#include "dialog/widgets/stringconversion.h"
 
 #include <QtCore/QSet>
 #include <QtCore/QStringListModel>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "details/widgets/listboxeditor.h"
+#include "dialog/widgets/listboxeditor.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QHash>

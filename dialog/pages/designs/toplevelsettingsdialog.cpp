@@ -1,12 +1,12 @@
-#include "details/pages/toplevel/toplevelsettingsdialog.h"
+#include "dialog/pages/designs/toplevelsettingsdialog.h"
 
-#include "details/pages/toplevel/blockcombo.h"
-#include "details/pages/toplevel/libraryschemes.h"
-#include "details/platform/asciicase.h"
-#include "details/shell/projectaccess.h"
-#include "details/widgets/listboxlines.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/pages/designs/blockcombo.h"
+#include "dialog/pages/designs/libraryschemes.h"
+#include "dialog/shell/projectaccess.h"
+#include "dialog/widgets/listboxlines.h"
+#include "dialog/widgets/stringconversion.h"
 #include "orv/projectfiledata.h"
+#include "platform/asciicase.h"
 #include "ui_toplevelsettingsdialog.h"
 
 #include <QtCore/QSignalBlocker>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "details/pages/display/colorsgrid.h"
-#include "details/pages/page.h"
-#include "details/shell/followsconfiguration.h"
+#include "dialog/pages/display/colorsgrid.h"
+#include "dialog/pages/page.h"
+#include "dialog/shell/followsconfiguration.h"
 
 #include <memory>
 

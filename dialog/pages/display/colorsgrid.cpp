@@ -1,6 +1,6 @@
-#include "details/pages/display/colorsgrid.h"
+#include "dialog/pages/display/colorsgrid.h"
 
-#include "details/widgets/gdipainter.h"
+#include "dialog/widgets/gdipainter.h"
 
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>

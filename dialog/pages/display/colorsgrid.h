@@ -1,7 +1,7 @@
 #pragma once
 
-#include "details/pages/display/schemefile.h"
-#include "details/widgets/grid/gridwnd.h"
+#include "dialog/widgets/grid/gridwnd.h"
+#include "schemes/schemefile.h"
 
 #include <map>
 

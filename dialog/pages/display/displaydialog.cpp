@@ -1,6 +1,6 @@
-#include "details/pages/display/displaydialog.h"
+#include "dialog/pages/display/displaydialog.h"
 
-#include "details/appcfg/appcfg.h"
+#include "store/appcfg.h"
 #include "ui_displaydialog.h"
 
 #include <QtWidgets/QStyle>

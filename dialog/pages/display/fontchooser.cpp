@@ -1,4 +1,4 @@
-#include "details/pages/display/fontchooser.h"
+#include "dialog/pages/display/fontchooser.h"
 
 #include <QtCore/QStringListModel>
 #include <QtWidgets/QLineEdit>

@@ -1,10 +1,10 @@
-#include "details/pages/display/fontdialog.h"
+#include "dialog/pages/display/fontdialog.h"
 
-#include "details/appcfg/appcfg.h"
-#include "details/appcfg/numbers.h"
-#include "details/pages/display/fontchooser.h"
-#include "details/widgets/lockmark.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/pages/display/fontchooser.h"
+#include "dialog/widgets/lockmark.h"
+#include "dialog/widgets/stringconversion.h"
+#include "store/appcfg.h"
+#include "store/numbers.h"
 #include "ui_fontdialog.h"
 
 namespace ovsettings {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "details/pages/page.h"
-#include "details/shell/followsconfiguration.h"
+#include "dialog/pages/page.h"
+#include "dialog/shell/followsconfiguration.h"
 
 #include <memory>
 #include <string>

@@ -1,10 +1,10 @@
-#include "details/pages/display/fontmaprow.h"
+#include "dialog/pages/display/fontmaprow.h"
 
-#include "details/appcfg/appcfg.h"
-#include "details/appcfg/numbers.h"
-#include "details/pages/display/fontsgrid.h"
-#include "details/widgets/lockmark.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/pages/display/fontsgrid.h"
+#include "dialog/widgets/lockmark.h"
+#include "dialog/widgets/stringconversion.h"
+#include "store/appcfg.h"
+#include "store/numbers.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtGui/QFont>

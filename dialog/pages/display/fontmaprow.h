@@ -1,6 +1,6 @@
 #pragma once
 
-#include "details/shell/followsconfiguration.h"
+#include "dialog/shell/followsconfiguration.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,6 +1,6 @@
-#include "details/pages/display/fontsgrid.h"
+#include "dialog/pages/display/fontsgrid.h"
 
-#include "details/pages/display/ownbitmapbtn.h"
+#include "dialog/pages/display/ownbitmapbtn.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtGui/QKeyEvent>

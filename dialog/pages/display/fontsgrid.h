@@ -1,7 +1,7 @@
 #pragma once
 
-#include "details/pages/display/fontmaprow.h"
-#include "details/widgets/grid/gridwnd.h"
+#include "dialog/pages/display/fontmaprow.h"
+#include "dialog/widgets/grid/gridwnd.h"
 
 #include <memory>
 #include <vector>

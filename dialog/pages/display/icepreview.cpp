@@ -1,10 +1,10 @@
-#include "details/pages/display/icepreview.h"
+#include "dialog/pages/display/icepreview.h"
 
-#include "details/pages/display/mappinggrid.h"
-#include "details/pages/display/mappingrow.h"
-#include "details/pages/display/objectcolordialog.h"
-#include "details/widgets/gdipainter.h"
-#include "details/widgets/ownerdrawbutton.h"
+#include "dialog/pages/display/mappinggrid.h"
+#include "dialog/pages/display/mappingrow.h"
+#include "dialog/pages/display/objectcolordialog.h"
+#include "dialog/widgets/gdipainter.h"
+#include "dialog/widgets/ownerdrawbutton.h"
 
 #include <QtCore/QRect>
 #include <QtGui/QFontMetrics>

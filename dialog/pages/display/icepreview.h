@@ -1,6 +1,6 @@
 #pragma once
 
-#include "details/pages/display/preview.h"
+#include "dialog/pages/display/preview.h"
 
 #include <QtGui/QFont>
 #include <QtGui/QPixmap>

@@ -1,8 +1,8 @@
-#include "details/pages/display/mappinggrid.h"
+#include "dialog/pages/display/mappinggrid.h"
 
-#include "details/appcfg/appcfg.h"
-#include "details/appcfg/colours.h"
-#include "details/widgets/colorbutton.h"
+#include "dialog/widgets/colorbutton.h"
+#include "store/appcfg.h"
+#include "store/colours.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEvent>

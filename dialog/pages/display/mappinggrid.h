@@ -1,8 +1,8 @@
 #pragma once
 
-#include "details/pages/display/mappingrow.h"
-#include "details/widgets/colorchangeobserver.h"
-#include "details/widgets/grid/gridwnd.h"
+#include "dialog/pages/display/mappingrow.h"
+#include "dialog/widgets/colorchangeobserver.h"
+#include "dialog/widgets/grid/gridwnd.h"
 
 #include <functional>
 #include <map>

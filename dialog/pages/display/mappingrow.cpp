@@ -1,12 +1,12 @@
-#include "details/pages/display/mappingrow.h"
+#include "dialog/pages/display/mappingrow.h"
 
-#include "details/appcfg/appcfg.h"
-#include "details/appcfg/colours.h"
-#include "details/appcfg/numbers.h"
-#include "details/pages/display/mappinggrid.h"
-#include "details/widgets/lockmark.h"
-#include "details/widgets/messagebox.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/pages/display/mappinggrid.h"
+#include "dialog/widgets/lockmark.h"
+#include "dialog/widgets/messagebox.h"
+#include "dialog/widgets/stringconversion.h"
+#include "store/appcfg.h"
+#include "store/colours.h"
+#include "store/numbers.h"
 
 #include <QtCore/QCoreApplication>
 

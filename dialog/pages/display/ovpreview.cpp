@@ -1,11 +1,11 @@
-#include "details/pages/display/ovpreview.h"
+#include "dialog/pages/display/ovpreview.h"
 
-#include "details/pages/display/mappinggrid.h"
-#include "details/pages/display/mappingrow.h"
-#include "details/pages/display/objectcolordialog.h"
-#include "details/pages/display/sampleschematic.h"
-#include "details/widgets/gdipainter.h"
-#include "details/widgets/ownerdrawbutton.h"
+#include "dialog/pages/display/mappinggrid.h"
+#include "dialog/pages/display/mappingrow.h"
+#include "dialog/pages/display/objectcolordialog.h"
+#include "dialog/pages/display/sampleschematic.h"
+#include "dialog/widgets/gdipainter.h"
+#include "dialog/widgets/ownerdrawbutton.h"
 
 #include <algorithm>
 #include <string_view>

@@ -1,4 +1,4 @@
-#include "details/pages/display/ownbitmapbtn.h"
+#include "dialog/pages/display/ownbitmapbtn.h"
 
 #include <QtGui/QIcon>
 

@@ -1,7 +1,7 @@
-#include "details/pages/display/sampleschematic.h"
+#include "dialog/pages/display/sampleschematic.h"
 
-#include "details/widgets/gdipainter.h"
-#include "details/widgets/ownerdrawbutton.h"
+#include "dialog/widgets/gdipainter.h"
+#include "dialog/widgets/ownerdrawbutton.h"
 
 #include <QtCore/QString>
 

@@ -1,7 +1,7 @@
-#include "details/pages/display/scalefactoredit.h"
+#include "dialog/pages/display/scalefactoredit.h"
 
-#include "details/appcfg/numbers.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/widgets/stringconversion.h"
+#include "store/numbers.h"
 
 #include <QtWidgets/QLineEdit>
 

@@ -1,4 +1,4 @@
-#include "details/pages/editor/globalnetsdialog.h"
+#include "dialog/pages/editor/globalnetsdialog.h"
 
 #include "ui_globalnetsdialog.h"
 

@@ -1,4 +1,4 @@
-#include "details/pages/editor/globalsgrid.h"
+#include "dialog/pages/editor/globalsgrid.h"
 
 namespace ovsettings {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "details/widgets/grid/gridwnd.h"
+#include "dialog/widgets/grid/gridwnd.h"
 
 namespace ovsettings {
 

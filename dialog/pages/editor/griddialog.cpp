@@ -1,8 +1,8 @@
-#include "details/pages/editor/griddialog.h"
+#include "dialog/pages/editor/griddialog.h"
 
-#include "details/appcfg/unitglue.h"
-#include "details/widgets/lockmark.h"
-#include "details/widgets/messagebox.h"
+#include "dialog/widgets/lockmark.h"
+#include "dialog/widgets/messagebox.h"
+#include "store/unitglue.h"
 #include "ui_griddialog.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "details/pages/page.h"
-#include "details/shell/followsconfiguration.h"
-#include "details/widgets/bindings.h"
+#include "dialog/pages/page.h"
+#include "dialog/shell/followsconfiguration.h"
+#include "dialog/widgets/bindings.h"
 
 #include <memory>
 

@@ -1,11 +1,11 @@
-#include "details/pages/editor/metricsdialog.h"
+#include "dialog/pages/editor/metricsdialog.h"
 
-#include "details/appcfg/appcfg.h"
-#include "details/appcfg/unitglue.h"
-#include "details/widgets/lockmark.h"
-#include "details/widgets/messagebox.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/widgets/lockmark.h"
+#include "dialog/widgets/messagebox.h"
+#include "dialog/widgets/stringconversion.h"
 #include "orv/appconfiguration.h"
+#include "store/appcfg.h"
+#include "store/unitglue.h"
 #include "ui_metricsdialog.h"
 
 #include <list>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "details/pages/page.h"
-#include "details/shell/followsconfiguration.h"
-#include "details/shell/unsavededits.h"
+#include "dialog/pages/page.h"
+#include "dialog/shell/followsconfiguration.h"
+#include "dialog/shell/unsavededits.h"
 #include "orv/metrics.h"
 
 #include <memory>

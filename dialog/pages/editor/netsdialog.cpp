@@ -1,7 +1,7 @@
-#include "details/pages/editor/netsdialog.h"
+#include "dialog/pages/editor/netsdialog.h"
 
-#include "details/widgets/lockmark.h"
-#include "details/widgets/messagebox.h"
+#include "dialog/widgets/lockmark.h"
+#include "dialog/widgets/messagebox.h"
 #include "ui_netsdialog.h"
 
 #include <array>

@@ -1,7 +1,7 @@
-#include "details/pages/editor/newobjectdialog.h"
+#include "dialog/pages/editor/newobjectdialog.h"
 
-#include "details/widgets/lockmark.h"
-#include "details/widgets/messagebox.h"
+#include "dialog/widgets/lockmark.h"
+#include "dialog/widgets/messagebox.h"
 #include "ui_newobjectdialog.h"
 
 namespace ovsettings {

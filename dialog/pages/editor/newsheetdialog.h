@@ -1,8 +1,8 @@
 #pragma once
 
-#include "details/pages/editor/sheetsizes.h"
-#include "details/pages/page.h"
-#include "details/shell/followsconfiguration.h"
+#include "dialog/pages/editor/sheetsizes.h"
+#include "dialog/pages/page.h"
+#include "dialog/shell/followsconfiguration.h"
 #include "orv/metrics.h"
 
 #include <QtCore/QString>

@@ -1,9 +1,9 @@
-#include "details/pages/editor/panandzoomdialog.h"
+#include "dialog/pages/editor/panandzoomdialog.h"
 
-#include "details/appcfg/appcfg.h"
-#include "details/widgets/bindings.h"
-#include "details/widgets/lockmark.h"
-#include "details/widgets/radiobutton.h"
+#include "dialog/widgets/bindings.h"
+#include "dialog/widgets/lockmark.h"
+#include "dialog/widgets/radiobutton.h"
+#include "store/appcfg.h"
 #include "ui_panandzoomdialog.h"
 
 #include <QtGui/QFocusEvent>

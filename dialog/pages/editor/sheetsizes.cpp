@@ -1,10 +1,10 @@
-#include "details/pages/editor/sheetsizes.h"
+#include "dialog/pages/editor/sheetsizes.h"
 
-#include "details/appcfg/appcfg.h"
-#include "details/appcfg/numbers.h"
-#include "details/appcfg/resolutions.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/widgets/stringconversion.h"
 #include "orv/metrics.h"
+#include "store/appcfg.h"
+#include "store/numbers.h"
+#include "store/resolutions.h"
 
 #include <QtCore/QCoreApplication>
 

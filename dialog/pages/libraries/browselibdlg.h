@@ -1,7 +1,7 @@
 #pragma once
 
-#include "details/pages/project/dirhandler.h"
-#include "details/pages/project/libraryworker.h"
+#include "dialog/pages/libraries/dirhandler.h"
+#include "dialog/pages/libraries/libraryworker.h"
 
 #include <QtWidgets/QDialog>
 

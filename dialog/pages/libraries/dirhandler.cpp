@@ -1,6 +1,6 @@
-#include "details/pages/project/dirhandler.h"
+#include "dialog/pages/libraries/dirhandler.h"
 
-#include "details/platform/paths.h"
+#include "platform/paths.h"
 
 namespace ovsettings {
 

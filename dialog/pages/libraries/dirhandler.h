@@ -1,6 +1,6 @@
 #pragma once
 
-#include "details/platform/currentdirectory.h"
+#include "platform/currentdirectory.h"
 
 #include <string_view>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "details/pages/page.h"
-#include "details/pages/project/librarylist.h"
-#include "details/widgets/watchedlistboxeditor.h"
+#include "dialog/pages/libraries/librarylist.h"
+#include "dialog/pages/page.h"
+#include "dialog/widgets/watchedlistboxeditor.h"
 
 #include <QtCore/QTimer>
 

@@ -1,8 +1,8 @@
-#include "details/pages/project/libraryfolderbrowser.h"
+#include "dialog/pages/libraries/libraryfolderbrowser.h"
 
-#include "details/platform/remotefile.h"
-#include "details/shell/stringtable.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/shell/stringtable.h"
+#include "dialog/widgets/stringconversion.h"
+#include "platform/remotefile.h"
 
 #include <QtWidgets/QGridLayout>
 #include <QtWidgets/QLabel>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "details/widgets/plainfiledialog.h"
+#include "dialog/widgets/plainfiledialog.h"
 
 #include <string>
 

@@ -1,9 +1,9 @@
-#include "details/pages/project/libraryrecognition.h"
+#include "dialog/pages/libraries/libraryrecognition.h"
 
-#include "details/pages/project/projectpaths.h"
-#include "details/platform/asciicase.h"
-#include "details/platform/paths.h"
-#include "details/platform/remotefile.h"
+#include "dialog/projectfile/projectpaths.h"
+#include "platform/asciicase.h"
+#include "platform/paths.h"
+#include "platform/remotefile.h"
 #include "suite/zec.h"
 
 #include <algorithm>

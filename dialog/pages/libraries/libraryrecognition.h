@@ -1,6 +1,6 @@
 #pragma once
 
-#include "details/pages/project/librarytypes.h"
+#include "dialog/pages/libraries/librarytypes.h"
 
 #include <optional>
 #include <string>

@@ -1,7 +1,7 @@
-#include "details/pages/project/libraryworker.h"
+#include "dialog/pages/libraries/libraryworker.h"
 
-#include "details/platform/libcfg.h"
-#include "details/platform/printable.h"
+#include "platform/libcfg.h"
+#include "platform/printable.h"
 #include "suite/zec.h"
 
 #include <dlfcn.h>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "details/pages/project/libraryrecognition.h"
-#include "details/platform/descriptor.h"
+#include "dialog/pages/libraries/libraryrecognition.h"
+#include "platform/descriptor.h"
 
 #include <QtCore/QSocketNotifier>
 

@@ -1,9 +1,9 @@
-#include "details/pages/project/fixedfunctionsdialog.h"
+#include "dialog/pages/project/fixedfunctionsdialog.h"
 
-#include "details/pages/project/savequestion.h"
-#include "details/shell/notifyupdaters.h"
-#include "details/shell/projectaccess.h"
-#include "details/widgets/listboxlines.h"
+#include "dialog/projectfile/savequestion.h"
+#include "dialog/shell/notifyupdaters.h"
+#include "dialog/shell/projectaccess.h"
+#include "dialog/widgets/listboxlines.h"
 #include "orv/projectfiledata.h"
 #include "ui_fixedfunctionsdialog.h"
 

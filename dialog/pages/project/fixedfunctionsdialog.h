@@ -1,7 +1,7 @@
 #pragma once
 
-#include "details/pages/page.h"
-#include "details/widgets/watchedlistboxeditor.h"
+#include "dialog/pages/page.h"
+#include "dialog/widgets/watchedlistboxeditor.h"
 
 #include <memory>
 

@@ -1,7 +1,7 @@
-#include "details/pages/project/layouttools.h"
+#include "dialog/pages/project/layouttools.h"
 
-#include "details/platform/installation.h"
-#include "details/platform/profilefile.h"
+#include "platform/installation.h"
+#include "platform/profilefile.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,7 +1,7 @@
-#include "details/pages/project/netnamedelimiter.h"
+#include "dialog/pages/project/netnamedelimiter.h"
 
-#include "details/shell/projectaccess.h"
-#include "details/widgets/radiobutton.h"
+#include "dialog/shell/projectaccess.h"
+#include "dialog/widgets/radiobutton.h"
 #include "orv/projectconfiguration.h"
 #include "orv/projectfiledata.h"
 #include "ui_netnamedelimiter.h"

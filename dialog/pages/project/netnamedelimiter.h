@@ -1,6 +1,6 @@
 #pragma once
 
-#include "details/pages/page.h"
+#include "dialog/pages/page.h"
 
 #include <cstddef>
 #include <memory>

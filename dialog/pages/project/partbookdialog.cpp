@@ -1,10 +1,10 @@
-#include "details/pages/project/partbookdialog.h"
+#include "dialog/pages/project/partbookdialog.h"
 
-#include "details/shell/projectaccess.h"
-#include "details/shell/stringtable.h"
-#include "details/widgets/plainfiledialog.h"
-#include "details/widgets/propfile.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/shell/projectaccess.h"
+#include "dialog/shell/stringtable.h"
+#include "dialog/widgets/plainfiledialog.h"
+#include "dialog/widgets/propfile.h"
+#include "dialog/widgets/stringconversion.h"
 #include "orv/projectfiledata.h"
 #include "ui_partbookdialog.h"
 

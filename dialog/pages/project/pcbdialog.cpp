@@ -1,7 +1,7 @@
-#include "details/pages/project/pcbdialog.h"
+#include "dialog/pages/project/pcbdialog.h"
 
-#include "details/platform/paths.h"
-#include "details/widgets/propfile.h"
+#include "dialog/widgets/propfile.h"
+#include "platform/paths.h"
 #include "ui_pcbdialog.h"
 
 #include <algorithm>

@@ -1,10 +1,10 @@
-#include "details/pages/project/projectdialog.h"
+#include "dialog/pages/project/projectdialog.h"
 
-#include "details/pages/project/projectfilefields.h"
-#include "details/pages/project/projectpaths.h"
-#include "details/platform/readfile.h"
-#include "details/widgets/stringconversion.h"
+#include "dialog/projectfile/projectfilefields.h"
+#include "dialog/projectfile/projectpaths.h"
+#include "dialog/widgets/stringconversion.h"
 #include "orv/projectfiledata.h"
+#include "platform/readfile.h"
 #include "ui_projectdialog.h"
 
 #include <QtCore/QSignalBlocker>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "details/pages/page.h"
-#include "details/pages/project/layouttools.h"
+#include "dialog/pages/page.h"
+#include "dialog/pages/project/layouttools.h"
 
 #include <memory>
 #include <string>

@@ -1,11 +1,11 @@
-#include "details/pages/startup/runonstartupdialog.h"
+#include "dialog/pages/startup/runonstartupdialog.h"
 
-#include "details/platform/environment.h"
-#include "details/platform/filelock.h"
-#include "details/platform/paths.h"
-#include "details/widgets/messagebox.h"
-#include "details/widgets/stringconversion.h"
-#include "details/widgets/waitcursor.h"
+#include "dialog/widgets/messagebox.h"
+#include "dialog/widgets/stringconversion.h"
+#include "dialog/widgets/waitcursor.h"
+#include "platform/environment.h"
+#include "platform/filelock.h"
+#include "platform/paths.h"
 #include "ui_runonstartupdialog.h"
 
 #include <filesystem>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "details/pages/page.h"
-#include "details/pages/startup/scriptsini.h"
-#include "details/widgets/listboxfileeditor.h"
+#include "dialog/pages/page.h"
+#include "dialog/pages/startup/scriptsini.h"
+#include "dialog/widgets/listboxfileeditor.h"
 
 #include <QtCore/QString>
 

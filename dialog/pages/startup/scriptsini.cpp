@@ -1,8 +1,8 @@
-#include "details/pages/startup/scriptsini.h"
+#include "dialog/pages/startup/scriptsini.h"
 
-#include "details/platform/paths.h"
-#include "details/platform/profilefile.h"
-#include "details/shell/stringtable.h"
+#include "dialog/shell/stringtable.h"
+#include "platform/paths.h"
+#include "platform/profilefile.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -1,6 +1,6 @@
-#include "details/widgets/grid/gridmodel.h"
+#include "dialog/widgets/grid/gridmodel.h"
 
-#include "details/widgets/plaintext.h"
+#include "dialog/widgets/plaintext.h"
 
 #include <QtGui/QBrush>
 

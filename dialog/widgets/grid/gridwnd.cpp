@@ -1,8 +1,8 @@
-#include "details/widgets/grid/gridwnd.h"
+#include "dialog/widgets/grid/gridwnd.h"
 
-#include "details/widgets/grid/griddelegate.h"
-#include "details/widgets/grid/gridmodel.h"
-#include "details/widgets/messagebox.h"
+#include "dialog/widgets/grid/griddelegate.h"
+#include "dialog/widgets/grid/gridmodel.h"
+#include "dialog/widgets/messagebox.h"
 
 #include <QtCore/QPointer>
 #include <QtGui/QKeyEvent>
