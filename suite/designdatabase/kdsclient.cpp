@@ -280,8 +280,9 @@ Result KDSPI::AttachSubClient(const String& client, const String& path) {
     DetachSubClient();
     const std::string file = platform::fullPath(path);
     std::error_code error;
-    if (!std::filesystem::is_regular_file(file, error)) // a pipe would make the caller wait
-        return Result::failure(file + ": no design database for " + client);
+    // A pipe would make the caller wait.
+    if (file.size() > platform::kLongestPath || !std::filesystem::is_regular_file(file, error))
+        return Result::failure(file.substr(0, platform::kLongestPath) + ": no design database for " + client);
     sqlite3* opened = nullptr;
     const int code =
         sqlite3_open_v2(file.c_str(), &opened, SQLITE_OPEN_READONLY | SQLITE_OPEN_EXRESCODE, nullptr);

@@ -50,7 +50,7 @@ int ZECIsValidAlias(const std::string& name) {
 
 std::string ZECFindAlias(const std::string& path) {
     const auto aliases = platform::environmentVariable(kAliases);
-    if (path.empty() || !aliases)
+    if (path.empty() || path.size() > platform::kLongestPath || !aliases)
         return {};
     const std::string wanted = comparable(path);
     for (std::string_view rest = *aliases; !rest.empty();) {

@@ -30,6 +30,9 @@ int KernelResolveName(const char* name, char* buffer, KernelContext* context) {
     if (!path)
         return 0;
     const std::string full = context->map.fullPathOfReal(*path);
+    // A path of the standard library takes many times the memory of its text.
+    if (full.size() > platform::kLongestPath)
+        return 0;
     std::error_code missing;
     return std::filesystem::exists(full, missing) && suite::writeLocation(full, buffer);
 }

@@ -69,7 +69,7 @@ std::string mappedPath(const std::string& path) {
 /// The path of a directory that exists, as it is spelled on disk; any other path as it stands.
 std::string pathOnDisk(const std::string& path, std::string_view projectDirectory) {
     std::string looked = expanded(path);
-    if (looked.empty() || looked.starts_with('$'))
+    if (looked.empty() || looked.size() > platform::kLongestPath || looked.starts_with('$'))
         return path;
     looked = platform::platformPath(platform::expandHome(std::move(looked)));
     if (!projectDirectory.empty() && std::filesystem::path(looked).is_relative())

@@ -163,7 +163,7 @@ std::string baseDirectory(const std::string& projectDirectory) {
 }
 
 std::string libraryLocation(const std::string& path, const std::string& base) {
-    if (path.empty() || platform::IsRemotePath(path))
+    if (path.empty() || path.size() > platform::kLongestPath || platform::IsRemotePath(path))
         return path;
     const std::string full = platform::expandHome(platform::platformPath(path));
     if (isRooted(full))
