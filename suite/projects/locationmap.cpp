@@ -17,6 +17,9 @@ namespace {
 
 /// Names that lead to names; more of them are taken for a circle.
 constexpr int kDeepest = 32;
+/// In bytes, that the text of a directory may be longer than its shortest. Who looks for the soft name of a
+/// path looks at all there are.
+constexpr std::size_t kLongestDetour = 512;
 /// Of a soft name in a message.
 constexpr std::size_t kMostShown = 60;
 
@@ -167,7 +170,8 @@ std::optional<std::string> LocationMap::softName(std::string_view path) const {
     std::size_t length = 0;
     for (const auto& file : files_) {
         for (const File::Entry& entry : file->entries()) {
-            const auto hard = resolve('$' + std::string(entry.name), references, platform::kLongestPath).path;
+            const auto hard =
+                resolve('$' + std::string(entry.name), references, target.size() + kLongestDetour).path;
             if (!hard)
                 continue;
             const std::string directory = normalDirectory(*hard);
