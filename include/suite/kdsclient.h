@@ -34,7 +34,8 @@ private:
     String description_;
 };
 
-/// Thrown by the operations below where a database turns out to be damaged.
+/// Thrown by the operations below where a database turns out to be damaged, or would take too much: where it
+/// computes what it holds, is larger than any design, or takes more than five seconds to answer.
 class OVSUITE_API Exception : public std::exception {
 public:
     explicit Exception(Result result) : result_(std::move(result)) {}

@@ -21,7 +21,8 @@ OVSUITE_API int InitLocationMap(const char* projectPath, int reserved);
 /// Turns a name that begins with a soft name into a real path. @return 0 if it wrote the path to `buffer`.
 /// For a text that is no soft name it returns another value and leaves the buffer alone; for a soft name that
 /// has no mapping, or maps in a circle, it returns another value and makes the buffer an empty text. The case
-/// of soft names counts.
+/// of soft names counts. References to the environment are replaced in the map's directories, but not in a
+/// location on a server; whoever replaces those of a name before has to see that it maps to none.
 OVSUITE_API int GetHardName(const char* name, char* buffer);
 
 /// Turns a real path into one with a soft name, if there is a directory in the map above it, or one that it
