@@ -95,7 +95,8 @@ std::optional<std::string> DataFile::trySave(const std::string& path, Sections s
     ProjectDocument document;
     document.openForChanges(path);
     const std::string& full = document.path();
-    if (!platform::isDirectory(std::filesystem::path(full).parent_path().string()))
+    if (full.size() > platform::kLongestPath ||
+        !platform::isDirectory(std::filesystem::path(full).parent_path().string()))
         return full + ": cannot save: its directory is not there";
     std::optional<std::string> unheld;
     std::string written;
