@@ -188,10 +188,10 @@ float iAppConfiguration::getNumber(std::string_view key) const noexcept {
 
 bool iAppConfiguration::setNumber(std::string_view key, float value) {
     const auto row = findRow(key);
-    if (!row || !typed_->hasNumber[*row])
+    if (!row || !impl_->hasNumber[*row])
         return false;
     impl_->aboutToChange(*row);
-    impl_->typed.numbers[*row] = value;
+    impl_->numbers[*row] = value;
     outdateText(impl_->records[*row]);
     impl_->notify(key, value);
     return true;
@@ -218,7 +218,7 @@ bool iAppConfiguration::setGraphics(std::string_view key, int visible, int selec
     if (!row || !typed_->hasGraphics[*row])
         return false;
     impl_->aboutToChange(*row);
-    impl_->typed.graphics[*row] = Graphics{visible, selectable, colour, fillStyle, lineStyle, lineThickness};
+    impl_->graphics[*row] = Graphics{visible, selectable, colour, fillStyle, lineStyle, lineThickness};
     outdateText(impl_->records[*row]);
     impl_->notify(key, static_cast<float>(visible));
     return true;

@@ -69,7 +69,7 @@ void iAppConfiguration::Impl::invalidateHandles() {
 }
 
 void iAppConfiguration::Impl::registerCatalogue() {
-    static_assert(kCatalogueSize <= kRows);
+    static_assert(kCatalogueSize <= kRowMask);
     invalidateHandles();
     records = defaultRecords();
     levels.clear();
@@ -120,12 +120,12 @@ void iAppConfiguration::Impl::refreshCache(std::size_t row) {
     case Cache::none:
         break;
     case Cache::number:
-        typed.numbers[row] = property.values.empty() ? 0.0F : floatFromText(property.values.front());
-        typed.hasNumber[row] = true;
+        numbers[row] = property.values.empty() ? 0.0F : floatFromText(property.values.front());
+        hasNumber[row] = true;
         break;
     case Cache::graphics:
-        typed.graphics[row] = graphicsFromFields(property.kind, property.values);
-        typed.hasGraphics[row] = true;
+        graphics[row] = graphicsFromFields(property.kind, property.values);
+        hasGraphics[row] = true;
         break;
     }
 }
@@ -135,10 +135,10 @@ void iAppConfiguration::Impl::flushCache(std::size_t row) {
         return;
     records[row].isFlushed = true;
     auto& property = records[row].property;
-    if (typed.hasNumber[row] && !property.values.empty())
-        property.values.front() = floatToText(typed.numbers[row]);
-    else if (typed.hasGraphics[row])
-        printGraphics(property.kind, typed.graphics[row], property.values);
+    if (hasNumber[row] && !property.values.empty())
+        property.values.front() = floatToText(numbers[row]);
+    else if (hasGraphics[row])
+        printGraphics(property.kind, graphics[row], property.values);
 }
 
 void iAppConfiguration::Impl::notify(std::string_view key, float value) {

@@ -7,6 +7,7 @@
 
 #include <bitset>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -58,7 +59,11 @@ struct iAppConfiguration::Impl {
     /// them, the record only what this store changed.
     std::bitset<kCatalogueSize> settled;
     bool lastSaveFailed = false;
-    TypedValues typed;
+    std::vector<float> numbers = std::vector<float>(kCatalogueSize);
+    std::vector<Graphics> graphics = std::vector<Graphics>(kCatalogueSize);
+    std::vector<bool> hasNumber = std::vector<bool>(kCatalogueSize);
+    std::unique_ptr<bool[]> hasGraphics = std::make_unique<bool[]>(kCatalogueSize);
+    TypedValues typed{0, kCatalogueSize, numbers.data(), graphics.data(), hasGraphics.get()};
     std::vector<iEventSink*> sinks; ///< not owned
 
     Impl() { invalidateHandles(); }
@@ -84,7 +89,7 @@ struct iAppConfiguration::Impl {
     /// The same for what the load found in the user's level. That takes time, and many programs never save.
     void checkHeld();
 
-    bool isCached(std::size_t row) const { return typed.hasNumber[row] || typed.hasGraphics[row]; }
+    bool isCached(std::size_t row) const { return hasNumber[row] || hasGraphics[row]; }
     void refreshCache(std::size_t row);
     /// Brings a row's text up to date from the cache.
     void flushCache(std::size_t row);

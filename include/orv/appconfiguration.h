@@ -4,7 +4,6 @@
 #include "orv/locknote.h"
 #include "ovsettings/export.h"
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -94,7 +93,7 @@ public:
         friend class iAppConfiguration;
         explicit constexpr Handle(std::uint64_t token) : token_(token) {}
 
-        std::uint64_t token_ = 0; ///< the load that it belongs to, and in the low byte the row
+        std::uint64_t token_ = 0; ///< the load that it belongs to, and in the low bits the row
     };
 
     iAppConfiguration();
@@ -177,11 +176,11 @@ public:
     bool isValid(Handle handle) const noexcept { return handle.token_ >> kRowBits == typed_->load; }
     /// As getNumber by key.
     float getNumber(Handle handle) const noexcept {
-        return isValid(handle) ? typed_->numbers[handle.token_ % kRows] : 0.0F;
+        return isValid(handle) ? typed_->numbers[handle.token_ & kRowMask] : 0.0F;
     }
     /// As getGraphics by key. @return false, with the output untouched, if there are none.
     bool getGraphics(Handle handle, Graphics& graphics) const noexcept {
-        const auto row = handle.token_ % kRows;
+        const auto row = handle.token_ & kRowMask;
         if (!isValid(handle) || !typed_->hasGraphics[row])
             return false;
         graphics = typed_->graphics[row];
@@ -226,17 +225,18 @@ public:
     struct Impl;
 
 private:
-    static constexpr int kRowBits = 8;
-    static constexpr std::size_t kRows = std::size_t{1} << kRowBits;
+    /// Of a handle's token, for the row; the rest counts loads.
+    static constexpr int kRowBits = 20;
+    static constexpr std::uint64_t kRowMask = (std::uint64_t{1} << kRowBits) - 1;
 
     /// The typed values by row. Laid open so that a read by handle is compiled into the host, which makes
-    /// this layout part of the binary interface. As long as a handle can count, so that none leads out of it.
+    /// this layout part of the binary interface. A valid handle's row is always less than their count.
     struct TypedValues {
         std::uint64_t load = 0; ///< what valid handles belong to; never 0 in a store
-        std::array<float, kRows> numbers{};
-        std::array<Graphics, kRows> graphics{};
-        std::array<bool, kRows> hasNumber{};
-        std::array<bool, kRows> hasGraphics{};
+        std::size_t count = 0;
+        const float* numbers = nullptr;
+        const Graphics* graphics = nullptr;
+        const bool* hasGraphics = nullptr;
     };
 
     std::unique_ptr<Impl> impl_;

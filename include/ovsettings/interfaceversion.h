@@ -6,7 +6,7 @@ namespace ovsettings {
 
 /// Counts the changes of the binary contract between the dialog and add-ins: the classes and the order of
 /// operations in these headers.
-inline constexpr int kInterfaceVersion = 1;
+inline constexpr int kInterfaceVersion = 2;
 
 } // namespace ovsettings
 
