@@ -2,7 +2,7 @@
 
 #include <orv/appconfiguration.h>
 
-#include <QtCore/QStringDecoder>
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <array>
@@ -96,14 +96,8 @@ std::optional<unsigned> parseColour(std::string_view text) {
 
 // Values end up in XML, which has no means to hold most control characters.
 bool isStorable(std::string_view text) {
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString decoded = decoder(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
-    if (decoder.hasError())
-        return false;
-    return std::ranges::none_of(decoded, [](QChar c) {
-        return (c.unicode() < 0x20 && c != u'\t' && c != u'\n') || c.unicode() == 0xfffe ||
-               c.unicode() == 0xffff;
-    });
+    return platform::isUtf8Of(
+        text, [](char32_t c) { return (c >= 0x20 || c == '\t' || c == '\n') && c != 0xfffe && c != 0xffff; });
 }
 
 } // namespace

@@ -60,11 +60,16 @@ struct CommandRow {
 };
 
 constexpr std::array kCommands{
-    CommandRow{"", app::runDialog},         CommandRow{"list", app::runList},
-    CommandRow{"get", app::runGet},         CommandRow{"set", app::runSet},
-    CommandRow{"explain", app::runExplain}, CommandRow{"print-colors", app::runPrintColors},
-    CommandRow{"scheme", app::runScheme},   CommandRow{"tour", app::runTour},
-    CommandRow{"--help", runHelp},          CommandRow{"-h", runHelp},
+    CommandRow{"", app::openDialogFromModule},
+    CommandRow{"list", app::runList},
+    CommandRow{"get", app::runGet},
+    CommandRow{"set", app::runSet},
+    CommandRow{"explain", app::runExplain},
+    CommandRow{"print-colors", app::runPrintColors},
+    CommandRow{"scheme", app::runScheme},
+    CommandRow{"tour", app::tourFromModule},
+    CommandRow{"--help", runHelp},
+    CommandRow{"-h", runHelp},
     CommandRow{"--version", runVersion},
 };
 

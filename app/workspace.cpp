@@ -2,9 +2,7 @@
 
 #include "app/outcome.h"
 
-#include <ovsettings/topleveldialogprovider.h>
 #include <suite/configuration.h>
-#include <suite/openproject.h>
 #include <suite/projectfile.h>
 #include <suite/wdirutils.h>
 
@@ -97,6 +95,10 @@ std::string reasonOfFailedLoad() {
 
 } // namespace
 
+fs::path moduleDirectory() {
+    return (program().parent_path() / OV_MODULES_FROM_PROGRAM).lexically_normal();
+}
+
 std::string installation() {
     const char* home = nonEmptyVariable("RSR_HOME");
     std::string path = home ? home : "";
@@ -166,32 +168,6 @@ std::optional<std::string> prepareToSave(Orv::iAppConfiguration& configuration) 
     if (!isDirectory(user))
         return "the user's directory " + user + " does not exist, so nothing could be saved";
     return std::nullopt;
-}
-
-Project::Project() = default;
-Project::~Project() = default;
-
-std::optional<std::string> Project::open(const Options& options) {
-    if (!options.project)
-        return std::nullopt;
-    std::string reason;
-    opened_ = NProjectTools::COpenProject::open(*options.project, reason);
-    if (opened_) {
-        opened_->configuration().topLevelProvider = options.netlist
-                                                        ? toplevelsettings::getNetlistTopLevelProvider()
-                                                        : toplevelsettings::getTopLevelSettingsProvider();
-        return std::nullopt;
-    }
-    return "the project cannot be opened: " + reason;
-}
-
-Orv::CProjectConfiguration& Project::configuration() {
-    return opened_ ? opened_->configuration() : none_;
-}
-
-void Project::saveLibraries() {
-    if (opened_ && configuration().librariesChanged && opened_->saveLibraries())
-        configuration().librariesChanged = false;
 }
 
 bool openConfiguration(const Options& options, Orv::iAppConfiguration& configuration) {

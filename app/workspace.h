@@ -3,17 +3,13 @@
 #include "app/options.h"
 
 #include <orv/appconfiguration.h>
-#include <orv/projectconfiguration.h>
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
-
-namespace NProjectTools {
-class COpenProject;
-}
 
 namespace app {
 
@@ -21,6 +17,9 @@ namespace app {
 /// environment, else the sample installation, with the user's directory of the platform before it.
 /// @return why that cannot be, or nothing.
 std::optional<std::string> setUpEnvironment(const Options& options);
+
+/// Where the program's own modules are.
+std::filesystem::path moduleDirectory();
 
 /// `RSR_HOME` as the store reads it, with forward slashes and none at its end; empty if it is not set.
 std::string installation();
@@ -38,26 +37,6 @@ void tellMissingDirectories(const Orv::iAppConfiguration& configuration);
 /// loaded anew, so that it knows that nothing is there.
 /// @return why nothing could be saved, as far as it can be told before trying, or nothing.
 std::optional<std::string> prepareToSave(Orv::iAppConfiguration& configuration);
-
-/// The project of a run, as the options name it, or none.
-class Project {
-public:
-    Project();
-    ~Project();
-    Project(const Project&) = delete;
-    Project& operator=(const Project&) = delete;
-
-    /// Opens what the options name. @return why that failed, or nothing.
-    std::optional<std::string> open(const Options& options);
-    Orv::CProjectConfiguration& configuration();
-    /// Writes the library list into the project file if the dialog has changed it. What cannot be written is
-    /// told to the error handler, and tried again the next time.
-    void saveLibraries();
-
-private:
-    std::unique_ptr<NProjectTools::COpenProject> opened_;
-    Orv::CProjectConfiguration none_;
-};
 
 /// setUpEnvironment and loadConfiguration. A failure is told. @return true if the configuration is loaded.
 bool openConfiguration(const Options& options, Orv::iAppConfiguration& configuration);

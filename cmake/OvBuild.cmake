@@ -71,6 +71,15 @@ function(ov_target target)
     endif()
 endfunction()
 
+# One of the shared libraries that others link.
+function(ov_library target)
+    target_compile_features(${target} PUBLIC cxx_std_20)
+    target_include_directories(${target} PUBLIC
+        $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+    set_target_properties(${target} PROPERTIES
+        VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} LINKER_LANGUAGE CXX)
+endfunction()
+
 # ov_qt_target(TARGET [HEADERS]): a target with widgets: meta-object compiler, forms of resources/dialogs, precompiled
 # headers of ov_precompile, Qt's if none are named.
 function(ov_qt_target target)

@@ -1,16 +1,18 @@
 include(CMakePackageConfigHelpers)
 
 install(DIRECTORY include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
-install(TARGETS OvSettings OvSuite EXPORT OvSettingsTargets
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
-install(TARGETS OvUrlAccess LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+# What opens no window is found without Qt.
+install(TARGETS OvStore OvSuite EXPORT OvStoreTargets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(TARGETS OvSettings OvSuiteWidgets EXPORT OvSettingsTargets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(TARGETS OvUrlAccess OvSettingsCommands LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(TARGETS orvane-settings RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(DIRECTORY installation/ DESTINATION ${CMAKE_INSTALL_DATADIR}/orvane)
 install(DIRECTORY samples DESTINATION ${CMAKE_INSTALL_DATADIR}/orvane)
 install(FILES LICENSE README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs examples DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(EXPORT OvSettingsTargets NAMESPACE OvSettings::
-    DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/OvSettings)
+foreach(targets OvStoreTargets OvSettingsTargets)
+    install(EXPORT ${targets} NAMESPACE OvSettings:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/OvSettings)
+endforeach()
 configure_package_config_file(cmake/OvSettingsConfig.cmake.in OvSettingsConfig.cmake
     INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/OvSettings)
 write_basic_package_version_file(OvSettingsConfigVersion.cmake COMPATIBILITY SameMajorVersion)

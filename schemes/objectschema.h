@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ovsettings/export.h"
 #include "platform/fileerror.h"
 #include "platform/xmldocument.h"
 
@@ -20,7 +21,7 @@ struct CObjectSchemaItem {
 };
 
 /// The picture in memory of one file of a colour scheme (.ovc), which it reads or writes.
-class CObjectSchema {
+class OVSETTINGS_API CObjectSchema {
 public:
     /// @param tell is given what the user is to know of a file that is read in spite of it.
     explicit CObjectSchema(std::function<void(const std::string& text)> tell = {});
@@ -59,6 +60,6 @@ private:
 };
 
 /// The name that a scheme has for the object of a caption, in upper case.
-std::string schemaItemName(std::string_view caption);
+OVSETTINGS_API std::string schemaItemName(std::string_view caption);
 
 } // namespace ovsettings

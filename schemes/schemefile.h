@@ -1,6 +1,7 @@
 #pragma once
 
 #include "orv/colorscheme.h"
+#include "ovsettings/export.h"
 
 #include <array>
 #include <cstddef>
@@ -43,13 +44,13 @@ struct SchemeReading {
 };
 
 /// Reads the text of a scheme file, whatever its bytes are.
-SchemeReading readSchemes(std::string_view text);
+OVSETTINGS_API SchemeReading readSchemes(std::string_view text);
 
 /// The text of a scheme file with this one scheme. The name ends at a line break, if it has one.
-std::string schemeText(const Orv::CColorScheme& scheme);
+OVSETTINGS_API std::string schemeText(const Orv::CColorScheme& scheme);
 
 /// The name of the scheme that a file of this path is to hold: the file's own, up to the first dot; empty if
 /// it has no dot.
-std::string schemeNameOf(std::string_view path);
+OVSETTINGS_API std::string schemeNameOf(std::string_view path);
 
 } // namespace ovsettings

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ovsettings/export.h"
+
 #include <string>
 #include <string_view>
 
@@ -10,14 +12,14 @@ namespace Orv {
 /// a text that is no number is black. What comes out of a text has no top byte and is never negative.
 
 /// Swaps the low and the high byte of 24 bits, and drops the top byte.
-int swapRedAndBlue(int colour);
+OVSETTINGS_API int swapRedAndBlue(int colour);
 
 /// A text at base 16, with or without the prefix "0x", as a packed colour.
-int colourFromText(std::string_view text);
+OVSETTINGS_API int colourFromText(std::string_view text);
 
 /// "0x" and six lower-case digits.
-std::string colourToText(int colour);
+OVSETTINGS_API std::string colourToText(int colour);
 /// "0x" and as few lower-case digits as it takes.
-std::string colourToShortText(int colour);
+OVSETTINGS_API std::string colourToShortText(int colour);
 
 } // namespace Orv

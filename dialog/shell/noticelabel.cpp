@@ -1,7 +1,7 @@
 #include "dialog/shell/noticelabel.h"
 
-#include "dialog/widgets/plaintext.h"
 #include "dialog/widgets/stringconversion.h"
+#include "platform/plaintext.h"
 
 #include <QtGui/QAccessible>
 #include <QtGui/QPainter>
@@ -28,8 +28,8 @@ void CNoticeLabel::removeNotices() {
 void CNoticeLabel::setNotices(const QStringList& notices) {
     notices_ = notices;
     const QString text = notices_.join(QLatin1Char('\n'));
-    setText(inItsOrder(inOneLine(notices_.join(QLatin1Char(' ')))));
-    setToolTip(toToolTip(text));
+    setText(platform::inItsOrder(inOneLine(notices_.join(QLatin1Char(' ')))));
+    setToolTip(platform::toToolTip(text));
     setAccessibleName(text);
 }
 

@@ -1,7 +1,7 @@
 #include "dialog/widgets/listboxeditor.h"
 
-#include "dialog/widgets/plaintext.h"
 #include "dialog/widgets/stringconversion.h"
+#include "platform/plaintext.h"
 
 #include <QtCore/QMetaProperty>
 #include <QtCore/QPointer>
@@ -225,7 +225,7 @@ void CListBoxEditor::setLine(int row, const QString& text) {
     QListWidgetItem* item = list_->item(row);
     item->setText(text);
     item->setData(kOriginRole, QVariant());
-    item->setToolTip(toToolTip(text));
+    item->setToolTip(platform::toToolTip(text));
     item->setData(Qt::AccessibleTextRole, text.isEmpty() ? tr("New line") : text);
 }
 

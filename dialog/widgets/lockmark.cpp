@@ -1,9 +1,9 @@
 #include "dialog/widgets/lockmark.h"
 
 #include "dialog/widgets/grid/gridcellstyle.h"
-#include "dialog/widgets/plaintext.h"
 #include "dialog/widgets/stringconversion.h"
 #include "orv/appconfiguration.h"
+#include "platform/plaintext.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtWidgets/QAbstractButton>
@@ -15,14 +15,14 @@ namespace {
 
 void lock(QWidget& widget, const QString& toolTip) {
     widget.setEnabled(false);
-    widget.setToolTip(toToolTip(toolTip));
+    widget.setToolTip(platform::toToolTip(toolTip));
     // The tool tip serves in its place, but with its markup.
     if (widget.toolTip() != toolTip && widget.accessibleDescription().isEmpty())
         widget.setAccessibleDescription(toolTip);
 }
 
 void unlock(QWidget& widget) {
-    if (toToolTip(widget.accessibleDescription()) == widget.toolTip())
+    if (platform::toToolTip(widget.accessibleDescription()) == widget.toolTip())
         widget.setAccessibleDescription({});
     widget.setToolTip({});
     widget.setEnabled(true);

@@ -1,6 +1,6 @@
 #include "dialog/widgets/messagebox.h"
 
-#include "dialog/widgets/plaintext.h"
+#include "platform/plaintext.h"
 
 #include <QtGui/QCloseEvent>
 #include <QtGui/QGuiApplication>
@@ -53,7 +53,7 @@ QWidget* windowOf(QWidget* parent) {
 
 int show(QMessageBox& box) {
     box.setTextFormat(Qt::PlainText);
-    box.setText(inItsOrder(box.text()));
+    box.setText(platform::inItsOrder(box.text()));
     const PlainCursor cursor;
     return box.exec();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dialog/widgets/plaintext.h"
+#include "platform/plaintext.h"
 
 #include <QtCore/QEvent>
 #include <QtWidgets/QFileDialog>
@@ -19,7 +19,7 @@ protected:
         // Before the box is laid out, which is when the pictures of a text are loaded.
         if (auto* box = event->polished() ? qobject_cast<QMessageBox*>(event->child()) : nullptr) {
             box->setTextFormat(Qt::PlainText);
-            box->setText(inItsOrder(box->text()));
+            box->setText(platform::inItsOrder(box->text()));
         }
         QFileDialog::childEvent(event);
     }

@@ -1,4 +1,4 @@
 #pragma once
 
-// OVSUITE_API marks what libOvSuite.so exports; everything else in it is hidden.
+// OVSUITE_API marks what libOvSuite.so and libOvSuiteWidgets.so export; everything else in them is hidden.
 #define OVSUITE_API __attribute__((visibility("default")))

@@ -1,7 +1,7 @@
 #include "suite/chooser/symbolchooser.h"
 
-#include "dialog/widgets/plaintext.h"
 #include "orv/symbolreader.h"
+#include "platform/plaintext.h"
 #include "suite/chooser/symbollistmodel.h"
 #include "suite/chooser/symbolpreview.h"
 
@@ -258,7 +258,7 @@ void CSymbolChooser::updateSelection() {
 
 void CSymbolChooser::updateMessages() {
     const QString problem = problemText();
-    problem_->setText(ovsettings::inItsOrder(problem));
+    problem_->setText(platform::inItsOrder(problem));
     problemLine_->setVisible(!problem.isEmpty());
     count_->setText(countText());
 }

@@ -1,6 +1,6 @@
 #include "suite/chooser/symbollistmodel.h"
 
-#include "dialog/widgets/plaintext.h"
+#include "platform/plaintext.h"
 
 #include <algorithm>
 #include <utility>
@@ -61,7 +61,7 @@ QVariant CSymbolListModel::data(const QModelIndex& index, int role) const {
         return {};
     const QString name = QString::fromStdString(table_.name(symbolAt(index.row())));
     // A long name is cut in the list.
-    return role == Qt::ToolTipRole ? ovsettings::toToolTip(name) : name;
+    return role == Qt::ToolTipRole ? platform::toToolTip(name) : name;
 }
 
 } // namespace cldialog

@@ -1,7 +1,7 @@
 #include "suite/chooser/symbolpreview.h"
 
-#include "dialog/widgets/plaintext.h"
 #include "orv/symbolreader.h"
+#include "platform/plaintext.h"
 #include "suite/libraries/centrallibrary.h"
 
 #include <QtCore/QLocale>
@@ -22,9 +22,9 @@ constexpr std::size_t kMostProperties = 1000; ///< a file with more is not a sym
 
 /// Puts a text of any length into a label; the tool tip has all of it.
 void setText(QLabel& label, const QString& text) {
-    const QString shown = ovsettings::inItsOrder(text);
+    const QString shown = platform::inItsOrder(text);
     label.setText(shown.size() > kMostText ? shown.left(kMostText) + QChar(0x2026) : shown);
-    label.setToolTip(ovsettings::toToolTip(text));
+    label.setToolTip(platform::toToolTip(text));
 }
 
 } // namespace
@@ -92,7 +92,7 @@ void CSymbolPreview::show(const suite::CentralLibrary& library, const std::strin
             break;
         }
         auto* row = new QTreeWidgetItem({QString::fromStdString(property), QString::fromStdString(value)});
-        row->setToolTip(1, ovsettings::toToolTip(row->text(1)));
+        row->setToolTip(1, platform::toToolTip(row->text(1)));
         rows.push_back(row);
     }
     properties_->addTopLevelItems(rows);

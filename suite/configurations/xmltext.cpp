@@ -1,11 +1,11 @@
 #include "suite/configurations/xmltext.h"
 
-#include <QtCore/QByteArray>
-#include <QtCore/QString>
-#include <QtCore/QStringDecoder>
+#include "platform/base64.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <climits>
+#include <utility>
 
 namespace suite::xml {
 
@@ -45,13 +45,10 @@ std::string rawText(const xmlNode* element) {
 }
 
 bool decodeBase64(std::string& text) {
-    const auto decoded =
-        QByteArray::fromBase64Encoding(QByteArray::fromStdString(text).simplified().replace(' ', ""),
-                                       QByteArray::AbortOnBase64DecodingErrors);
-    if (!decoded)
-        return false;
-    text = decoded.decoded.toStdString();
-    return true;
+    auto decoded = platform::fromBase64(text);
+    if (decoded)
+        text = std::move(*decoded);
+    return decoded.has_value();
 }
 
 xmlNode* makeText(xmlDoc* document, std::string_view text) {
@@ -160,16 +157,9 @@ bool hasOwnText(const xmlNode* element) {
 }
 
 bool isCarried(std::string_view text) {
-    const auto carriesByte = [](char c) {
-        return static_cast<unsigned char>(c) >= 0x20 || c == '\t' || c == '\n' || c == '\r';
-    };
-    if (!std::all_of(text.begin(), text.end(), carriesByte))
-        return false;
-    if (std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; }))
-        return true;
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString decoded = decoder(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
-    return !decoder.hasError() && !decoded.contains(QChar(0xfffe)) && !decoded.contains(QChar(0xffff));
+    return platform::isUtf8Of(text, [](char32_t c) {
+        return (c >= 0x20 || c == '\t' || c == '\n' || c == '\r') && c != 0xfffe && c != 0xffff;
+    });
 }
 
 bool readText(const xmlNode* element, std::string& text) {
@@ -197,7 +187,7 @@ void writeText(xmlNode* element, const std::string& text) {
         removeAttribute(element, kEncoding);
     else
         setAttribute(element, kEncoding, std::string(kBase64));
-    const std::string written = carried ? text : QByteArray::fromStdString(text).toBase64().toStdString();
+    const std::string written = carried ? text : platform::toBase64(text);
     if (written.empty())
         return;
     xmlNode* node = makeText(element->doc, written);

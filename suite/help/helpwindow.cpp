@@ -1,6 +1,6 @@
 #include "suite/help/helpwindow.h"
 
-#include "dialog/widgets/plaintext.h"
+#include "platform/plaintext.h"
 #include "suite/help/helpbook.h"
 
 #include <QtCore/QPointer>
@@ -112,5 +112,5 @@ void CHelpWindow::followLink(const QUrl& url) {
 
 void CHelpWindow::showDocumentTitle() {
     const QString title = browser_->documentTitle().simplified();
-    setWindowTitle(title.isEmpty() ? tr("Help") : ovsettings::inItsOrder(title));
+    setWindowTitle(title.isEmpty() ? tr("Help") : platform::inItsOrder(title));
 }

@@ -1,6 +1,7 @@
 // What the program does around the dialog, with a user at it.
 
-#include "app/dialog.h"
+#include "app/dialog/dialog.h"
+#include "app/dialog/project.h"
 #include "app/workspace.h"
 #include "tests/support/widgets.h"
 

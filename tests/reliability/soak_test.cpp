@@ -1,7 +1,8 @@
 // The settings dialog opened and closed again and again, with something changed on each of its pages: nothing
 // that an opening takes may stay behind. OV_RELIABILITY_COUNT sets how often; a figure a line is printed.
 
-#include "app/dialog.h"
+#include "app/dialog/dialog.h"
+#include "app/dialog/project.h"
 #include "app/workspace.h"
 #include "ovsettings/propdialogtemplate.h"
 #include "tests/support/widgets.h"

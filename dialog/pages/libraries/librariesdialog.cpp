@@ -7,11 +7,11 @@
 #include "dialog/shell/stringtable.h"
 #include "dialog/widgets/gdipainter.h"
 #include "dialog/widgets/messagebox.h"
-#include "dialog/widgets/plaintext.h"
 #include "dialog/widgets/progress.h"
 #include "dialog/widgets/propfile.h"
 #include "dialog/widgets/stringconversion.h"
 #include "platform/asciicase.h"
+#include "platform/plaintext.h"
 #include "suite/symbollibs.h"
 #include "ui_librariesdialog.h"
 
@@ -78,7 +78,8 @@ public:
         case Qt::AccessibleTextRole:
             return QString(alias + QLatin1String(", ") + path + QLatin1String(", ") + typeName(library.type));
         case Qt::ToolTipRole:
-            return toToolTip(alias + QLatin1Char('\n') + path + QLatin1Char('\n') + typeName(library.type));
+            return platform::toToolTip(alias + QLatin1Char('\n') + path + QLatin1Char('\n') +
+                                       typeName(library.type));
         default:
             return QListWidgetItem::data(role);
         }

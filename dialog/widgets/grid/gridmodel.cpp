@@ -1,6 +1,6 @@
 #include "dialog/widgets/grid/gridmodel.h"
 
-#include "dialog/widgets/plaintext.h"
+#include "platform/plaintext.h"
 
 #include <QtGui/QBrush>
 
@@ -69,7 +69,7 @@ QVariant CGridModel::data(const QModelIndex& index, int role) const {
     case Qt::ForegroundRole:
         return shown.style.interior ? QVariant(textColourOn(*shown.style.interior)) : QVariant();
     case Qt::ToolTipRole:
-        return toToolTip(shown.style.toolTip);
+        return platform::toToolTip(shown.style.toolTip);
     case Qt::AccessibleDescriptionRole:
         return shown.style.toolTip;
     case Qt::AccessibleTextRole: {

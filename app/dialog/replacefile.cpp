@@ -1,4 +1,4 @@
-#include "app/replacefile.h"
+#include "app/dialog/replacefile.h"
 
 #include <QtCore/QFile>
 

@@ -1,11 +1,12 @@
 // The program without a command: the settings dialog.
 
-#include "app/dialog.h"
+#include "app/dialog/dialog.h"
 
 #include "app/commands.h"
+#include "app/dialog/project.h"
 #include "app/outcome.h"
 #include "app/workspace.h"
-#include "dialog/widgets/plaintext.h"
+#include "platform/plaintext.h"
 #include "platform/printable.h"
 
 #include <orv/projectfiledata.h>
@@ -89,7 +90,7 @@ public:
         if (!told_.insert(message).second)
             return;
         QMessageBox box(QMessageBox::Warning, "Settings",
-                        ovsettings::inItsOrder(QString::fromStdString(message)), QMessageBox::Ok,
+                        platform::inItsOrder(QString::fromStdString(message)), QMessageBox::Ok,
                         QApplication::activeModalWidget());
         // A path may look like markup.
         box.setTextFormat(Qt::PlainText);

@@ -1,6 +1,6 @@
-#include "app/tourguide.h"
+#include "app/dialog/tourguide.h"
 
-#include "app/replacefile.h"
+#include "app/dialog/replacefile.h"
 
 #include <ovsettings/propdialogtemplate.h>
 #include <ovsettings/showsettingsdialog.h>

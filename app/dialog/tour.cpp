@@ -1,11 +1,12 @@
 // The command that looks at every page of the dialog without a screen: tour.
 
 #include "app/commands.h"
-#include "app/dialog.h"
+#include "app/dialog/dialog.h"
+#include "app/dialog/project.h"
+#include "app/dialog/replacefile.h"
+#include "app/dialog/tourguide.h"
 #include "app/outcome.h"
 #include "app/output.h"
-#include "app/replacefile.h"
-#include "app/tourguide.h"
 #include "app/workspace.h"
 #include "platform/printable.h"
 

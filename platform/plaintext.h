@@ -1,11 +1,13 @@
 #pragma once
 
+// For those who have the toolkit. Nothing else on this floor knows it.
+
 #include <QtCore/QString>
 #include <QtGui/QTextDocument>
 
 #include <algorithm>
 
-namespace ovsettings {
+namespace platform {
 
 /// A text whose characters stand in the order in which they are shown: what would turn the direction of the
 /// writing, and so make one file's name look like another's, becomes a replacement character.
@@ -26,4 +28,4 @@ inline QString toToolTip(const QString& text) {
     return Qt::mightBeRichText(shown) ? Qt::convertFromPlainText(shown, Qt::WhiteSpaceNormal) : shown;
 }
 
-} // namespace ovsettings
+} // namespace platform

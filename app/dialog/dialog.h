@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/options.h"
+#include "app/commands.h"
 
 #include <QtCore/QTimer>
 
@@ -13,6 +13,10 @@ class iAppConfiguration;
 namespace app {
 
 class Project;
+
+/// The commands that show or make a page.
+int runDialog(const Options& options, Arguments arguments);
+int runTour(const Options& options, Arguments arguments);
 
 /// Opens the settings dialog on a loaded configuration and a project. Needs a QApplication.
 /// @param out receives a line "changed: NAME" for each changed page, at each commit.
