@@ -3,10 +3,10 @@
 #include "dialog/pages/borders/attributesgrid.h"
 #include "dialog/pages/borders/borderproperties.h"
 #include "dialog/pages/borders/borderrows.h"
-#include "dialog/pages/page.h"
 #include "dialog/projectfile/foreignfile.h"
 #include "dialog/projectfile/namedfile.h"
 #include "dialog/projectfile/symbolsfeeder.h"
+#include "dialog/shell/page.h"
 
 #include <memory>
 #include <optional>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "dialog/pages/page.h"
 #include "dialog/projectfile/foreignfile.h"
 #include "dialog/projectfile/namedfile.h"
+#include "dialog/shell/page.h"
 #include "dialog/shell/unsavededits.h"
 #include "dialog/widgets/listboxeditor.h"
 

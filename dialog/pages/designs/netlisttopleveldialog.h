@@ -1,7 +1,7 @@
 #pragma once
 
 #include "dialog/pages/designs/navigator.h"
-#include "dialog/pages/page.h"
+#include "dialog/shell/page.h"
 
 #include <memory>
 #include <string>

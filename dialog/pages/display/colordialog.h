@@ -1,8 +1,8 @@
 #pragma once
 
 #include "dialog/pages/display/colorsgrid.h"
-#include "dialog/pages/page.h"
 #include "dialog/shell/followsconfiguration.h"
+#include "dialog/shell/page.h"
 
 #include <memory>
 

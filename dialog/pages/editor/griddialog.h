@@ -1,7 +1,7 @@
 #pragma once
 
-#include "dialog/pages/page.h"
 #include "dialog/shell/followsconfiguration.h"
+#include "dialog/shell/page.h"
 #include "dialog/widgets/bindings.h"
 
 #include <memory>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "dialog/pages/editor/sheetsizes.h"
-#include "dialog/pages/page.h"
 #include "dialog/shell/followsconfiguration.h"
+#include "dialog/shell/page.h"
 #include "orv/metrics.h"
 
 #include <QtCore/QString>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "dialog/pages/libraries/librarylist.h"
-#include "dialog/pages/page.h"
+#include "dialog/shell/page.h"
 #include "dialog/widgets/watchedlistboxeditor.h"
 
 #include <QtCore/QTimer>

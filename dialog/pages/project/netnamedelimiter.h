@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dialog/pages/page.h"
+#include "dialog/shell/page.h"
 
 #include <cstddef>
 #include <memory>

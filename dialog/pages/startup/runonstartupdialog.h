@@ -1,7 +1,7 @@
 #pragma once
 
-#include "dialog/pages/page.h"
 #include "dialog/pages/startup/scriptsini.h"
+#include "dialog/shell/page.h"
 #include "dialog/widgets/listboxfileeditor.h"
 
 #include <QtCore/QString>

@@ -1,4 +1,4 @@
-#include "dialog/pages/page.h"
+#include "dialog/shell/page.h"
 
 namespace ovsettings {
 
