@@ -25,7 +25,7 @@ std::string installationDirectory() {
     static std::string absolute;
 
     const std::string name = environmentVariable("RSR_HOME").value_or("");
-    if (name.empty() || name.front() == '/' || name.front() == '\\')
+    if (name.empty() || isFull(name))
         return name;
     const std::lock_guard lock(mutex);
     if (known != name) {

@@ -84,6 +84,10 @@ PathParts splitPath(std::string_view text) {
     return {text.substr(0, separator), text.substr(separator + 1)};
 }
 
+bool isFull(std::string_view path) {
+    return (!path.empty() && isSeparator(path.front())) || isFullElsewhere(path);
+}
+
 bool isBareName(std::string_view text) {
     return text.find_first_of(kSeparators) == std::string_view::npos;
 }

@@ -27,6 +27,9 @@ std::string platformPath(std::string_view text);
 /// The parts are views of the text.
 PathParts splitPath(std::string_view text);
 
+/// True for a path from the root, and for one with a drive letter or a server name, which is full elsewhere.
+bool isFull(std::string_view path);
+
 /// True if the text has no separator of either kind.
 bool isBareName(std::string_view text);
 
