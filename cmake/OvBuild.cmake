@@ -78,6 +78,10 @@ function(ov_library target)
         $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
     set_target_properties(${target} PROPERTIES
         VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} LINKER_LANGUAGE CXX)
+    # What a library forgot to link is noticed where it is made. A sanitizer's own symbols come with the program.
+    if(NOT OVSETTINGS_SANITIZE_ADDRESS AND NOT OVSETTINGS_SANITIZE_THREAD)
+        target_link_options(${target} PRIVATE LINKER:--no-undefined)
+    endif()
 endfunction()
 
 # ov_qt_target(TARGET [HEADERS]): a target with widgets: meta-object compiler, forms of resources/dialogs, precompiled

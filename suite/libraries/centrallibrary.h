@@ -1,5 +1,7 @@
 #pragma once
 
+#include "suite/export.h"
+
 #include <cstddef>
 #include <map>
 #include <optional>
@@ -41,7 +43,7 @@ enum class SpecialSymbolKind {
 
 /// The index of a central library, read once. Everything is in the order of the file; names compare as those
 /// of every file of ini kind do.
-class CentralLibrary {
+class OVSUITE_API CentralLibrary {
 public:
     /// Reads an index. @return why it cannot be read, with the library empty, or nothing.
     std::optional<std::string> load(const std::string& indexPath);
@@ -85,10 +87,10 @@ struct Symbol {
 inline constexpr std::string_view kSymbolExtension = ".sym";
 
 /// Reads the symbol "PARTITION:NAME" of a library. @return nothing if there is none or it cannot be read.
-std::optional<Symbol> readSymbol(const CentralLibrary& library, std::string_view partition,
-                                 std::string_view name);
+OVSUITE_API std::optional<Symbol> readSymbol(const CentralLibrary& library, std::string_view partition,
+                                             std::string_view name);
 
 /// The names of the symbols in a partition's directory, in alphabetical order.
-std::vector<std::string> symbolNames(const CentralLibrary& library, const Partition& partition);
+OVSUITE_API std::vector<std::string> symbolNames(const CentralLibrary& library, const Partition& partition);
 
 } // namespace suite
