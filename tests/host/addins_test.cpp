@@ -108,7 +108,7 @@ TEST_F(AddIns, ARelativeNameBeginsAtTheCatalogueAndNotAtTheCurrentDirectory) {
 TEST_F(AddIns, OneOfAnEarlierOrLaterVersionIsToldAndLeftOut) {
     EXPECT_EQ(treeWith(entry("Any", OLDER_ADDIN)), "A,B");
     EXPECT_EQ(told_, "OvSettings: " OLDER_ADDIN
-                     " was built for version 0 of the add-in interface, this is version 1\n");
+                     " was built for version 0 of the add-in interface, this is version 2\n");
     EXPECT_EQ(treeWith(entry("Any", NEWER_ADDIN)), "A,B");
     EXPECT_TRUE(told_.starts_with("OvSettings: ")) << told_;
     EXPECT_TRUE(testsupport::contains(told_, "undefined symbol: ovsettingsOperationOfALaterVersion"));
