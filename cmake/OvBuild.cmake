@@ -55,7 +55,8 @@ set(OV_PCH_QT <QtCore/QtCore> <QtWidgets/QtWidgets>)
 
 # Warnings, include paths and Qt's generators for one of our own targets.
 function(ov_target target)
-    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Werror)
+    target_compile_options(${target} PRIVATE
+        -Wall -Wextra -Wpedantic -Wconversion $<$<BOOL:${OVSETTINGS_WERROR}>:-Werror>)
     # At -O3, g++ 12 sees overflows inside std::string that cannot happen.
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
         target_compile_options(${target} PRIVATE

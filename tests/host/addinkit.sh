@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs the build, builds the example add-ins against it, puts them into a copy of the sample installation, and looks
-# for their pages in a tour of the dialog.
+# Installs the build, builds the examples against it, runs the one without a window, puts the add-ins into a copy of the
+# sample installation, and looks for their pages in a tour of the dialog.
 # Usage: addinkit.sh BUILD SOURCE COMPILER BUILD_TYPE
 set -euo pipefail
 build=$1 source=$2 compiler=$3 type=$4
@@ -16,6 +16,16 @@ flags=$(sed -n 's/^CMAKE_CXX_FLAGS:[^=]*=//p' "$build/CMakeCache.txt")
     cp -r "$work/prefix/share/orvane" "$work/home"
     cmake --install "$work/addin" --prefix "$work/home"
 } >"$work/log" 2>&1 || { cat "$work/log"; exit 1; }
+
+# A program without a window needs no Qt, to be built or to run.
+{
+    cmake -S "$source/examples/batch" -B "$work/batch" -DCMAKE_PREFIX_PATH="$work/prefix" -DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON \
+        -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_CXX_FLAGS="$flags" -DCMAKE_BUILD_TYPE="$type"
+    cmake --build "$work/batch"
+} >"$work/log" 2>&1 || { cat "$work/log"; exit 1; }
+if ldd "$work/batch/batch" | grep -i qt; then exit 1; fi
+shown=$(RSR_HOME=$work/home WDIR="$work/user;$work/home/standard" "$work/batch/batch")
+[ "$shown" = "nets 0x00ffff, grid 254000 x 10 nm" ] || { echo "the batch program says: $shown"; exit 1; }
 
 cat >"$work/home/standard/settings.xml" <<END
 <settings>
