@@ -1,7 +1,7 @@
 // The reader of location maps, and both directions of names.
 
 #include "fuzz/support.h"
-#include "suite/projects/locationmap.h"
+#include "suite/projects/softnames.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 
 #include "orv/appconfiguration.h"
 #include "store/catalogue.h"
-#include "store/graphics.h"
+#include "store/graphicsfields.h"
 #include "store/level.h"
 
 #include <bitset>

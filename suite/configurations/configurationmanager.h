@@ -1,7 +1,7 @@
 #pragma once
 
 #include "suite/configuration.h"
-#include "suite/configurations/configuration.h"
+#include "suite/configurations/configurationfile.h"
 #include "suite/configurations/errorlog.h"
 
 #include <list>

@@ -1,6 +1,6 @@
 #include "suite/bordersymbolsfile.h"
 
-#include "suite/projects/datafile.h"
+#include "suite/projects/mergedfile.h"
 #include "suite/projects/numberedlist.h"
 
 #include <array>

@@ -2,7 +2,7 @@
 
 #include "platform/paths.h"
 #include "suite/projects/locationbuffer.h"
-#include "suite/projects/locationmap.h"
+#include "suite/projects/softnames.h"
 
 #include <filesystem>
 #include <system_error>

@@ -1,7 +1,7 @@
 #include "suite/locationmap.h"
 
 #include "suite/projects/locationbuffer.h"
-#include "suite/projects/locationmap.h"
+#include "suite/projects/softnames.h"
 
 #include <memory>
 #include <mutex>

@@ -1,6 +1,6 @@
 #include "suite/projectdatafile.h"
 
-#include "suite/projects/datafile.h"
+#include "suite/projects/mergedfile.h"
 
 #include <utility>
 

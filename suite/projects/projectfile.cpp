@@ -2,10 +2,10 @@
 
 #include "platform/asciicase.h"
 #include "platform/paths.h"
-#include "suite/projects/locationmap.h"
 #include "suite/projects/numberedlist.h"
-#include "suite/projects/projectdocument.h"
+#include "suite/projects/projectfiletext.h"
 #include "suite/projects/projectlog.h"
+#include "suite/projects/softnames.h"
 
 #include <algorithm>
 #include <array>

@@ -3,8 +3,8 @@
 #include "orv/projectfiledata.h"
 #include "platform/paths.h"
 #include "suite/projects/librarysection.h"
-#include "suite/projects/locationmap.h"
 #include "suite/projects/projectlog.h"
+#include "suite/projects/softnames.h"
 #include "suite/projects/textfile.h"
 
 #include <vector>

@@ -1,9 +1,9 @@
-#include "suite/projects/datafile.h"
+#include "suite/projects/mergedfile.h"
 
 #include "platform/asciicase.h"
 #include "platform/paths.h"
 #include "suite/projects/numberedlist.h"
-#include "suite/projects/projectdocument.h"
+#include "suite/projects/projectfiletext.h"
 #include "suite/projects/projectlog.h"
 #include "suite/projects/textfile.h"
 

@@ -1,4 +1,4 @@
-#include "suite/projects/projectdocument.h"
+#include "suite/projects/projectfiletext.h"
 
 #include "platform/atomicfile.h"
 #include "platform/paths.h"

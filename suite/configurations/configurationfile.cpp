@@ -1,4 +1,4 @@
-#include "suite/configurations/configuration.h"
+#include "suite/configurations/configurationfile.h"
 
 #include "platform/atomicfile.h"
 #include "platform/readfile.h"

@@ -1,4 +1,4 @@
-#include "store/graphics.h"
+#include "store/graphicsfields.h"
 
 #include "orv/appconfiguration.h"
 #include "store/colours.h"

@@ -1,4 +1,4 @@
-#include "suite/projects/locationmap.h"
+#include "suite/projects/softnames.h"
 
 #include "platform/asciicase.h"
 #include "platform/environment.h"

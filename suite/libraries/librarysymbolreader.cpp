@@ -1,4 +1,4 @@
-#include "suite/libraries/symbolreader.h"
+#include "suite/libraries/librarysymbolreader.h"
 
 #include "orv/projectfiledata.h"
 #include "platform/asciicase.h"

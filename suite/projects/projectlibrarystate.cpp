@@ -1,4 +1,4 @@
-#include "suite/projects/centrallibrarystate.h"
+#include "suite/projects/projectlibrarystate.h"
 
 #include "orv/projectfiledata.h"
 
