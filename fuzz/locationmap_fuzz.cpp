@@ -6,7 +6,7 @@
 #include <algorithm>
 
 using fuzz::require;
-using suite::LocationMap;
+using suite::SoftNames;
 
 namespace {
 
@@ -21,25 +21,25 @@ std::vector<std::string> namesIn(std::string_view text) {
     return names;
 }
 
-void checkName(const LocationMap& map, const std::string& name) {
+void checkName(const SoftNames& map, const std::string& name) {
     const auto hard = map.hardName(name);
     if (!hard)
         return;
-    require(!hard->empty() && !LocationMap::isSoftName(*hard));
+    require(!hard->empty() && !SoftNames::isSoftName(*hard));
     if (name.find_first_of("/\\") != std::string::npos)
         return;
     const auto below = map.hardName(name + "/below");
     require(below && below->ends_with("/below"));
     // A shorter way may lead to the same place, but it does lead there.
     const auto soft = map.softName(*below);
-    require(soft && LocationMap::isSoftName(*soft) && map.hardName(*soft).has_value());
+    require(soft && SoftNames::isSoftName(*soft) && map.hardName(*soft).has_value());
 }
 
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view text = fuzz::textOf(data, size);
-    LocationMap map;
+    SoftNames map;
     const int badLine = map.add(text, "/base");
     require(badLine >= 0 && badLine <= std::ranges::count(text, '\n') + 1);
     for (const std::string& name : namesIn(text))

@@ -56,10 +56,10 @@ std::uint64_t nextRevision() {
 
 } // namespace
 
-Configuration::Configuration(std::string path, ErrorLog& log) : path_(std::move(path)), log_(log) {
+ConfigurationFile::ConfigurationFile(std::string path, ErrorLog& log) : path_(std::move(path)), log_(log) {
 }
 
-bool Configuration::read(std::optional<Contents> known) {
+bool ConfigurationFile::read(std::optional<Contents> known) {
     if (known)
         bytes_ = std::move(known->bytes);
     std::optional<ConfigurationDocument> document;
@@ -82,9 +82,9 @@ bool Configuration::read(std::optional<Contents> known) {
     return false;
 }
 
-Configuration::FileState Configuration::readFile(std::string& bytes,
-                                                 std::optional<ConfigurationDocument>& document,
-                                                 std::string& complaint) const {
+ConfigurationFile::FileState ConfigurationFile::readFile(std::string& bytes,
+                                                         std::optional<ConfigurationDocument>& document,
+                                                         std::string& complaint) const {
     std::string now;
     if (const auto failure = platform::readFile(path_, now, platform::kLargestDocument)) {
         bytes.clear();
@@ -105,12 +105,12 @@ Configuration::FileState Configuration::readFile(std::string& bytes,
     return FileState::damaged;
 }
 
-bool Configuration::failed(const std::string& message) const {
+bool ConfigurationFile::failed(const std::string& message) const {
     log_.report(message);
     return false;
 }
 
-bool Configuration::save(platform::LockPatience& patience) {
+bool ConfigurationFile::save(platform::LockPatience& patience) {
     if (keyEdits_.empty() && groupEdits_.empty() && attributeEdits_.empty())
         return !wasRefused_;
     platform::AtomicFile file(path_);
@@ -163,14 +163,14 @@ bool Configuration::save(platform::LockPatience& patience) {
     return !wasRefused_;
 }
 
-std::optional<Configuration::Contents> Configuration::takeContents() {
+std::optional<ConfigurationFile::Contents> ConfigurationFile::takeContents() {
     if (state_ != FileState::read || document_.isFlawed())
         return std::nullopt;
     document_.setReporter({});
     return Contents{std::move(path_), std::move(bytes_), std::move(document_), revision_};
 }
 
-void Configuration::applyEdits(ConfigurationDocument& document) const {
+void ConfigurationFile::applyEdits(ConfigurationDocument& document) const {
     for (const auto& [name, edit] : keyEdits_) {
         const auto& [path, key] = name;
         if (edit.state && edit.state->isList)
@@ -198,8 +198,9 @@ void Configuration::applyEdits(ConfigurationDocument& document) const {
     }
 }
 
-void Configuration::writeGroup(const std::string& path, const std::string& typeWord, const std::string& key,
-                               const std::map<std::string, std::string>& attributes) {
+void ConfigurationFile::writeGroup(const std::string& path, const std::string& typeWord,
+                                   const std::string& key,
+                                   const std::map<std::string, std::string>& attributes) {
     const auto isStorable = [this](const auto& attribute) {
         return canBeNamed({attribute.first}) && canBeText(attribute.second);
     };
@@ -207,8 +208,8 @@ void Configuration::writeGroup(const std::string& path, const std::string& typeW
         noteGroup(path, typeWord, key, attributes);
 }
 
-void Configuration::writeList(const std::string& path, const std::string& key,
-                              const std::vector<std::string>& values) {
+void ConfigurationFile::writeList(const std::string& path, const std::string& key,
+                                  const std::vector<std::string>& values) {
     const auto isStorable = [this](const std::string& value) {
         return canBeText(value);
     };
@@ -216,27 +217,29 @@ void Configuration::writeList(const std::string& path, const std::string& key,
         noteKey(path, key, {KeyState{values, true}}, saysOfKey(path, key, KeyState{values, true}));
 }
 
-void Configuration::writeValue(const std::string& path, const std::string& key, const std::string& value) {
+void ConfigurationFile::writeValue(const std::string& path, const std::string& key,
+                                   const std::string& value) {
     if (canBeNamed({path, key}) && canBeText(value))
         noteKey(path, key, {KeyState{{value}, false}}, saysOfKey(path, key, KeyState{{value}, false}));
 }
 
-void Configuration::removeGroup(const std::string& path, const std::string& typeWord,
-                                const std::string& key) {
+void ConfigurationFile::removeGroup(const std::string& path, const std::string& typeWord,
+                                    const std::string& key) {
     noteGroup(path, typeWord, key, std::nullopt);
 }
 
-void Configuration::removeKey(const std::string& path, const std::string& key) {
+void ConfigurationFile::removeKey(const std::string& path, const std::string& key) {
     noteKey(path, key, {}, saysOfKey(path, key, std::nullopt));
 }
 
-void Configuration::withdrawKey(const std::string& path, const std::string& key,
-                                const std::vector<std::string>* ifSays) {
+void ConfigurationFile::withdrawKey(const std::string& path, const std::string& key,
+                                    const std::vector<std::string>* ifSays) {
     noteKey(path, key, {std::nullopt, true, copyOf(ifSays)}, !document_.canWithdrawKey(path, key, ifSays));
 }
 
-void Configuration::writeAttribute(const std::string& path, const std::string& typeWord,
-                                   const std::string& key, const std::string& name, const std::string& text) {
+void ConfigurationFile::writeAttribute(const std::string& path, const std::string& typeWord,
+                                       const std::string& key, const std::string& name,
+                                       const std::string& text) {
     if (!canBeNamed({path, typeWord, key, name}) || !canBeText(text))
         return;
     ConfigurationDocument::Attributes present;
@@ -248,24 +251,24 @@ void Configuration::writeAttribute(const std::string& path, const std::string& t
                   known != present.end() && known->second == text);
 }
 
-void Configuration::withdrawAttribute(const std::string& path, const std::string& typeWord,
-                                      const std::string& key, const std::string& name,
-                                      const std::string* ifSays) {
+void ConfigurationFile::withdrawAttribute(const std::string& path, const std::string& typeWord,
+                                          const std::string& key, const std::string& name,
+                                          const std::string* ifSays) {
     noteAttribute({std::string(sectionPath(path)), typeWord, key}, name, {std::nullopt, copyOf(ifSays)},
                   !document_.canWithdrawAttribute(path, typeWord, key, name, ifSays));
 }
 
-Orv::LockNote Configuration::keyLockNote(const std::string& path, const std::string& key,
-                                         std::size_t item) const {
+Orv::LockNote ConfigurationFile::keyLockNote(const std::string& path, const std::string& key,
+                                             std::size_t item) const {
     return document_.keyLockNote(path, key, item);
 }
 
-Orv::LockNote Configuration::groupLockNote(const std::string& path, const std::string& typeWord,
-                                           const std::string& key, const std::string& name) const {
+Orv::LockNote ConfigurationFile::groupLockNote(const std::string& path, const std::string& typeWord,
+                                               const std::string& key, const std::string& name) const {
     return document_.attributeLockNote(path, typeWord, key, name);
 }
 
-void Configuration::listKeys(const std::string& path, std::vector<std::string>& keys) const {
+void ConfigurationFile::listKeys(const std::string& path, std::vector<std::string>& keys) const {
     keys = document_.keys(path);
     for (const auto& [name, edit] : keyEdits_) {
         if (name.first == sectionPath(path))
@@ -273,8 +276,8 @@ void Configuration::listKeys(const std::string& path, std::vector<std::string>& 
     }
 }
 
-void Configuration::listGroups(const std::string& path, const std::string& typeWord,
-                               std::vector<std::string>& keys) const {
+void ConfigurationFile::listGroups(const std::string& path, const std::string& typeWord,
+                                   std::vector<std::string>& keys) const {
     keys = document_.groups(path, typeWord);
     const auto merge = [&](const GroupName& group, bool present) {
         if (std::get<0>(group) == sectionPath(path) && std::get<1>(group) == typeWord)
@@ -290,9 +293,9 @@ void Configuration::listGroups(const std::string& path, const std::string& typeW
     }
 }
 
-bool Configuration::readGroup(const std::string& path, const std::string& typeWord, const std::string& key,
-                              std::map<std::string, std::string>& attributes,
-                              std::map<std::string, int>& locks, bool& groupLocked) const {
+bool ConfigurationFile::readGroup(const std::string& path, const std::string& typeWord,
+                                  const std::string& key, std::map<std::string, std::string>& attributes,
+                                  std::map<std::string, int>& locks, bool& groupLocked) const {
     if (groupEdits_.empty() && attributeEdits_.empty())
         return document_.readGroup(path, typeWord, key, attributes, locks, groupLocked);
     const GroupName name(sectionPath(path), typeWord, key);
@@ -314,8 +317,8 @@ bool Configuration::readGroup(const std::string& path, const std::string& typeWo
     return !attributes.empty() || !locks.empty() || groupLocked;
 }
 
-bool Configuration::readList(const std::string& path, const std::string& key,
-                             std::vector<std::string>& values, std::vector<std::uint8_t>& locks) const {
+bool ConfigurationFile::readList(const std::string& path, const std::string& key,
+                                 std::vector<std::string>& values, std::vector<std::uint8_t>& locks) const {
     const bool present = document_.readKey(path, key, values, locks);
     if (keyEdits_.empty())
         return present;
@@ -329,7 +332,7 @@ bool Configuration::readList(const std::string& path, const std::string& key,
 }
 
 // Names stand in XML attributes, where nothing can be encoded. The product's own names are plain words.
-bool Configuration::canBeNamed(std::initializer_list<std::string_view> names) {
+bool ConfigurationFile::canBeNamed(std::initializer_list<std::string_view> names) {
     const auto isName = [](std::string_view name) {
         return name.size() <= kLongestText && xml::isCarried(name);
     };
@@ -337,17 +340,17 @@ bool Configuration::canBeNamed(std::initializer_list<std::string_view> names) {
            refused(path_ + ": cannot write: a name is too long, or holds control characters or no UTF-8");
 }
 
-bool Configuration::canBeText(const std::string& text) {
+bool ConfigurationFile::canBeText(const std::string& text) {
     return text.size() <= kLongestText || refused(path_ + ": cannot write: a text is too long");
 }
 
-bool Configuration::refused(const std::string& message) {
+bool ConfigurationFile::refused(const std::string& message) {
     wasRefused_ = true;
     return failed(message);
 }
 
 /// @param isSaid whether the file, as it was read, says so already.
-void Configuration::noteKey(const std::string& path, const std::string& key, KeyEdit edit, bool isSaid) {
+void ConfigurationFile::noteKey(const std::string& path, const std::string& key, KeyEdit edit, bool isSaid) {
     // Nobody knows what an unread file says.
     if (state_ == FileState::unreadable || !isSaid) {
         keyEdits_.insert_or_assign(KeyName(sectionPath(path), key), std::move(edit));
@@ -358,8 +361,8 @@ void Configuration::noteKey(const std::string& path, const std::string& key, Key
     }
 }
 
-bool Configuration::saysOfKey(const std::string& path, const std::string& key,
-                              const std::optional<KeyState>& state) const {
+bool ConfigurationFile::saysOfKey(const std::string& path, const std::string& key,
+                                  const std::optional<KeyState>& state) const {
     const bool isThere = document_.hasKey(path, key);
     if (!state || !isThere)
         return !state && !isThere;
@@ -368,8 +371,9 @@ bool Configuration::saysOfKey(const std::string& path, const std::string& key,
     return document_.readKey(path, key, values, locks) && values == state->values;
 }
 
-void Configuration::noteGroup(const std::string& path, const std::string& typeWord, const std::string& key,
-                              std::optional<ConfigurationDocument::Attributes> attributes) {
+void ConfigurationFile::noteGroup(const std::string& path, const std::string& typeWord,
+                                  const std::string& key,
+                                  std::optional<ConfigurationDocument::Attributes> attributes) {
     const bool isSaid = state_ != FileState::unreadable && saysOfGroup(path, typeWord, key, attributes);
     if (isSaid && groupEdits_.empty() && attributeEdits_.empty())
         return;
@@ -383,7 +387,8 @@ void Configuration::noteGroup(const std::string& path, const std::string& typeWo
 }
 
 /// @param isSaid whether the file, as it was read, says so already.
-void Configuration::noteAttribute(GroupName group, const std::string& name, AttributeEdit edit, bool isSaid) {
+void ConfigurationFile::noteAttribute(GroupName group, const std::string& name, AttributeEdit edit,
+                                      bool isSaid) {
     if (const auto whole = groupEdits_.find(group); whole != groupEdits_.end()) {
         editAttribute(whole->second, name, edit);
     } else if (state_ == FileState::unreadable || !isSaid) {
@@ -399,8 +404,9 @@ void Configuration::noteAttribute(GroupName group, const std::string& name, Attr
 }
 
 // A group that is written carries no lock marks, so one that has some says something else.
-bool Configuration::saysOfGroup(const std::string& path, const std::string& typeWord, const std::string& key,
-                                const std::optional<ConfigurationDocument::Attributes>& attributes) const {
+bool ConfigurationFile::saysOfGroup(
+    const std::string& path, const std::string& typeWord, const std::string& key,
+    const std::optional<ConfigurationDocument::Attributes>& attributes) const {
     const bool isThere = document_.hasGroup(path, typeWord, key);
     if (!attributes || !isThere)
         return !attributes && !isThere;

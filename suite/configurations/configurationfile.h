@@ -18,7 +18,7 @@ namespace suite {
 /// The configuration of one directory. What is written is kept beside the file's contents, as the state that
 /// each key is meant to have, and only where that differs from what the file says: steps that cancel each
 /// other out, and values that are there already, come to nothing.
-class Configuration final : public Orv::IOvConfiguration {
+class ConfigurationFile final : public Orv::IOvConfiguration {
 public:
     /// A file and what it amounts to.
     struct Contents {
@@ -29,7 +29,7 @@ public:
     };
 
     /// @param path where `orvane.xml` is, or would be.
-    Configuration(std::string path, ErrorLog& log);
+    ConfigurationFile(std::string path, ErrorLog& log);
 
     const std::string& path() const { return path_; }
 

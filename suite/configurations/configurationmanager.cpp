@@ -30,14 +30,14 @@ Orv::IOvConfiguration* ConfigurationManager::GetConfiguration(const std::string&
     const auto path = fileIn(directory);
     if (!path)
         return nullptr;
-    auto configuration = std::make_unique<Configuration>(*path, log_);
+    auto configuration = std::make_unique<ConfigurationFile>(*path, log_);
     const bool isWhole = configuration->read(takeKept(configuration->path()));
     return isWhole || access == Access::write ? configuration.release() : nullptr;
 }
 
 bool ConfigurationManager::ReleaseConfiguration(Orv::IOvConfiguration* configuration) {
     // Every configuration there is came from this manager.
-    const std::unique_ptr<Configuration> owned(static_cast<Configuration*>(configuration));
+    const std::unique_ptr<ConfigurationFile> owned(static_cast<ConfigurationFile*>(configuration));
     if (!owned)
         return true;
     auto patience = patienceWith(owned->path());
@@ -59,17 +59,17 @@ void ConfigurationManager::setPatience(const std::string& path, const platform::
     patience_[path] = patience;
 }
 
-std::optional<Configuration::Contents> ConfigurationManager::takeKept(const std::string& path) {
+std::optional<ConfigurationFile::Contents> ConfigurationManager::takeKept(const std::string& path) {
     const std::lock_guard guard(mutex_);
-    const auto found = std::ranges::find(kept_, path, &Configuration::Contents::path);
+    const auto found = std::ranges::find(kept_, path, &ConfigurationFile::Contents::path);
     if (found == kept_.end())
         return std::nullopt;
-    std::optional<Configuration::Contents> contents(std::move(*found));
+    std::optional<ConfigurationFile::Contents> contents(std::move(*found));
     kept_.erase(found);
     return contents;
 }
 
-void ConfigurationManager::keep(std::optional<Configuration::Contents> contents) {
+void ConfigurationManager::keep(std::optional<ConfigurationFile::Contents> contents) {
     if (!contents || contents->bytes.size() > kLargestKept)
         return;
     const std::lock_guard guard(mutex_);

@@ -24,8 +24,8 @@ public:
 private:
     platform::LockPatience patienceWith(const std::string& path);
     void setPatience(const std::string& path, const platform::LockPatience& patience);
-    std::optional<Configuration::Contents> takeKept(const std::string& path);
-    void keep(std::optional<Configuration::Contents> contents);
+    std::optional<ConfigurationFile::Contents> takeKept(const std::string& path);
+    void keep(std::optional<ConfigurationFile::Contents> contents);
 
     ErrorLog log_;
     std::mutex mutex_;
@@ -33,7 +33,7 @@ private:
     /// The files that were released last, the latest first. A program loads the same levels for each project
     /// and for each report, and saves the user's at each page of a dialog; most files are then the same as
     /// before, byte by byte, and their trees serve again.
-    std::list<Configuration::Contents> kept_;
+    std::list<ConfigurationFile::Contents> kept_;
 };
 
 } // namespace suite

@@ -23,8 +23,8 @@ constexpr std::array<std::string_view, 5> kIdentifyingProperties{
 
 } // namespace
 
-std::vector<std::pair<std::string, std::string>> SymbolReader::GetProperties(const std::string& library,
-                                                                             const std::string& name) {
+std::vector<std::pair<std::string, std::string>>
+LibrarySymbolReader::GetProperties(const std::string& library, const std::string& name) {
     update();
     if (!library.empty()) {
         const auto symbol = readSymbol(library_, library, name);
@@ -42,7 +42,7 @@ std::vector<std::pair<std::string, std::string>> SymbolReader::GetProperties(con
     return {};
 }
 
-SymbolReader::FileState SymbolReader::stateOf(const std::string& path) {
+LibrarySymbolReader::FileState LibrarySymbolReader::stateOf(const std::string& path) {
     struct stat status;
     if (path.empty() || stat(path.c_str(), &status) != 0)
         return {};
@@ -51,7 +51,7 @@ SymbolReader::FileState SymbolReader::stateOf(const std::string& path) {
             static_cast<long long>(status.st_mtim.tv_nsec)};
 }
 
-void SymbolReader::update() {
+void LibrarySymbolReader::update() {
     const std::string named = project_.GetCentralLibraryPath(1);
     std::string path = named.empty() ? named : platform::fullPath(named);
     FileState state = stateOf(path);

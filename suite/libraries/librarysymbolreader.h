@@ -15,10 +15,10 @@ namespace suite {
 
 /// Reads symbols of a project's central library. The index is read when it is first needed, and again when it
 /// or the project's choice of it has changed.
-class SymbolReader final : public Orv::ISymbolReader {
+class LibrarySymbolReader final : public Orv::ISymbolReader {
 public:
     /// @param project must outlive this object.
-    explicit SymbolReader(Orv::IProjectFileData& project) : project_(project) {}
+    explicit LibrarySymbolReader(Orv::IProjectFileData& project) : project_(project) {}
 
     /// A symbol without a library part is looked for in all partitions, in the order of the index.
     std::vector<std::pair<std::string, std::string>> GetProperties(const std::string& library,

@@ -27,7 +27,7 @@ std::vector<Entry> entriesOf(const Orv::IBorderSymbols::Table& table) {
 } // namespace
 
 struct CBorderSymbolsFile::Impl {
-    suite::DataFile file;
+    suite::MergedFile file;
     Table table;
     std::vector<Property> properties;
     std::vector<std::string> names;

@@ -7,10 +7,10 @@
 #include <filesystem>
 #include <system_error>
 
-using suite::LocationMap;
+using suite::SoftNames;
 
 struct KernelContext {
-    LocationMap map;
+    SoftNames map;
 };
 
 extern "C" {
@@ -20,7 +20,7 @@ KernelContext* KernelOpenContext(const char* projectPath) {
     const auto path = platform::resolveExisting(projectPath ? projectPath : "");
     if (!path || !std::filesystem::is_regular_file(*path, missing))
         return nullptr;
-    return new KernelContext{LocationMap::ofProject(*path)};
+    return new KernelContext{SoftNames::ofProject(*path)};
 }
 
 int KernelResolveName(const char* name, char* buffer, KernelContext* context) {

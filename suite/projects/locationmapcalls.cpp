@@ -8,7 +8,7 @@
 
 namespace {
 
-using suite::LocationMap;
+using suite::SoftNames;
 
 constexpr int kWritten = 0;
 constexpr int kNotWritten = 1;
@@ -16,21 +16,21 @@ constexpr int kNotWritten = 1;
 /// The process's map. Any thread may ask it, while another call prepares it anew.
 class CurrentMap {
 public:
-    void set(LocationMap map) {
+    void set(SoftNames map) {
         const std::lock_guard guard(mutex_);
-        map_ = std::make_shared<const LocationMap>(std::move(map));
+        map_ = std::make_shared<const SoftNames>(std::move(map));
     }
 
-    std::shared_ptr<const LocationMap> get() {
+    std::shared_ptr<const SoftNames> get() {
         const std::lock_guard guard(mutex_);
         if (!map_)
-            map_ = std::make_shared<const LocationMap>(LocationMap::ofProject({}));
+            map_ = std::make_shared<const SoftNames>(SoftNames::ofProject({}));
         return map_;
     }
 
 private:
     std::mutex mutex_;
-    std::shared_ptr<const LocationMap> map_;
+    std::shared_ptr<const SoftNames> map_;
 };
 
 CurrentMap& currentMap() {
@@ -43,12 +43,12 @@ CurrentMap& currentMap() {
 extern "C" {
 
 int InitLocationMap(const char* projectPath, int) {
-    currentMap().set(LocationMap::ofProject(projectPath ? projectPath : ""));
+    currentMap().set(SoftNames::ofProject(projectPath ? projectPath : ""));
     return 0;
 }
 
 int GetHardName(const char* name, char* buffer) {
-    if (!name || !buffer || !LocationMap::isSoftName(name))
+    if (!name || !buffer || !SoftNames::isSoftName(name))
         return kNotWritten;
     const auto hard = currentMap().get()->hardName(name);
     if (hard)

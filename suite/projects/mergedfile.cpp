@@ -47,7 +47,7 @@ std::optional<std::string> findRepeated(std::span<const Entry> entries) {
 }
 
 /// Whether a content may be that of a file with such sections: it has one of them, or nothing.
-bool mayBeOfKind(const ProfileDocument& content, DataFile::Sections sections) {
+bool mayBeOfKind(const ProfileDocument& content, MergedFile::Sections sections) {
     constexpr std::string_view kBlank = " \t\r\n";
     constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
     const std::string text = content.text();
@@ -65,7 +65,7 @@ bool isSameFile(const std::string& one, const std::string& other) {
 
 } // namespace
 
-std::optional<ProfileDocument> DataFile::reload(const std::string& path) {
+std::optional<ProfileDocument> MergedFile::reload(const std::string& path) {
     const std::string full = path.empty() ? path : platform::fullPath(path);
     std::string bytes;
     if (const auto error = path.empty() ? std::nullopt : readTextFile(full, bytes, kLargestDataFile)) {
@@ -82,17 +82,17 @@ std::optional<ProfileDocument> DataFile::reload(const std::string& path) {
     return ProfileDocument(bytes);
 }
 
-std::optional<std::string> DataFile::save(const std::string& path, Sections sections, const Edit& edit) {
+std::optional<std::string> MergedFile::save(const std::string& path, Sections sections, const Edit& edit) {
     auto error = trySave(path, sections, edit);
     if (error)
         projectLog().report(*error);
     return error;
 }
 
-std::optional<std::string> DataFile::trySave(const std::string& path, Sections sections, const Edit& edit) {
+std::optional<std::string> MergedFile::trySave(const std::string& path, Sections sections, const Edit& edit) {
     if (path.empty())
         return "cannot save: no file is named";
-    ProjectDocument document;
+    ProjectFileText document;
     document.openForChanges(path);
     const std::string& full = document.path();
     if (full.size() > platform::kLongestPath ||

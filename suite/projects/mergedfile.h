@@ -12,9 +12,9 @@
 
 namespace suite {
 
-/// The file behind content that is held parsed: where the content came from, and what a save may take out of
-/// a file.
-class DataFile {
+/// The file behind content that is held parsed. A save lays what was changed onto the file as it is on disk
+/// by then, so that what others wrote there stays.
+class MergedFile {
 public:
     /// Reads another file; an empty path means no file and no content.
     /// @return nothing if the former content stays: the file cannot be read, of which the project log is told

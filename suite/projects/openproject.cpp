@@ -19,8 +19,8 @@ struct COpenProject::Impl {
     CBorderSymbolsFile borderSymbols;
     CSpecialComponentsFile pinComponents;
     CProjectDataFile busContents;
-    suite::CentralLibraryState centralLibrary{file};
-    suite::SymbolReader symbolReader{file};
+    suite::ProjectLibraryState centralLibrary{file};
+    suite::LibrarySymbolReader symbolReader{file};
     suite::PropertyFilter propertyFilter;
     Orv::CProjectConfiguration configuration;
 
@@ -77,7 +77,7 @@ bool COpenProject::saveLibraries() {
     std::vector<suite::LibraryEntry> entries;
     for (const ISymbolLibrary* library : impl_->libraries.GetLibList())
         entries.push_back({library->GetAlias(), library->GetLocation(), library->GetType()});
-    suite::ProjectDocument document;
+    suite::ProjectFileText document;
     if (const auto error = document.open(impl_->file.GetFilePath())) {
         suite::projectLog().report(*error);
         return false;

@@ -7,7 +7,7 @@
 namespace NProjectTools {
 
 struct CProjectDataFile::Impl {
-    suite::DataFile file;
+    suite::MergedFile file;
     platform::ProfileDocument content;
 };
 

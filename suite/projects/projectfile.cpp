@@ -53,7 +53,7 @@ void append(std::vector<std::string>& list, std::vector<std::string> more) {
 } // namespace
 
 struct CProjectFile::Impl {
-    suite::ProjectDocument document;
+    suite::ProjectFileText document;
     std::string lastError;
 
     std::string text(std::string_view section, std::string_view key) {
@@ -66,7 +66,7 @@ struct CProjectFile::Impl {
         const std::string stored = info(key);
         if (!full || stored.empty())
             return stored;
-        const auto map = suite::LocationMap::ofProject(document.path());
+        const auto map = suite::SoftNames::ofProject(document.path());
         const std::string found = map.fullPath(stored);
         const auto trimmed = withoutOuterBlanks(stored);
         if (trimmed.size() == stored.size() || platform::resolveExisting(found))

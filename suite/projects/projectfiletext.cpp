@@ -13,7 +13,7 @@ namespace suite {
 
 using platform::ProfileDocument;
 
-std::optional<std::string> ProjectDocument::open(const std::string& path) {
+std::optional<std::string> ProjectFileText::open(const std::string& path) {
     close();
     if (path.empty())
         return "no project file is named";
@@ -27,38 +27,38 @@ std::optional<std::string> ProjectDocument::open(const std::string& path) {
     return std::nullopt;
 }
 
-void ProjectDocument::openForChanges(const std::string& path) {
+void ProjectFileText::openForChanges(const std::string& path) {
     close();
     path_ = platform::fullPath(path);
     mayCreate_ = true;
 }
 
-void ProjectDocument::close() {
+void ProjectFileText::close() {
     *this = {};
 }
 
-const ProfileDocument& ProjectDocument::content() {
+const ProfileDocument& ProjectFileText::content() {
     std::string bytes;
     if (!path_.empty() && !readTextFile(path_, bytes, platform::kLargestDocument))
         take(bytes);
     return content_;
 }
 
-void ProjectDocument::take(const std::string& bytes) {
+void ProjectFileText::take(const std::string& bytes) {
     if (bytes == bytes_)
         return;
     content_ = ProfileDocument(bytes);
     bytes_ = bytes;
 }
 
-bool ProjectDocument::change(const Edit& edit) {
+bool ProjectFileText::change(const Edit& edit) {
     const auto error = tryChange(edit);
     if (error)
         projectLog().report(*error);
     return !error;
 }
 
-std::optional<std::string> ProjectDocument::read(Bytes& bytes) const {
+std::optional<std::string> ProjectFileText::read(Bytes& bytes) const {
     std::string present;
     const auto error = readTextFile(path_, present, platform::kLargestDocument);
     if (error && !(mayCreate_ && error->missing))
@@ -69,7 +69,7 @@ std::optional<std::string> ProjectDocument::read(Bytes& bytes) const {
     return std::nullopt;
 }
 
-std::optional<std::string> ProjectDocument::lay(const Edit& edit, const Bytes& before) {
+std::optional<std::string> ProjectFileText::lay(const Edit& edit, const Bytes& before) {
     take(before.value_or(""));
     if (!edit(content_)) {
         content_ = ProfileDocument(bytes_);
@@ -79,7 +79,7 @@ std::optional<std::string> ProjectDocument::lay(const Edit& edit, const Bytes& b
     return std::nullopt;
 }
 
-std::optional<std::string> ProjectDocument::write(const Edit& edit, Bytes& before) {
+std::optional<std::string> ProjectFileText::write(const Edit& edit, Bytes& before) {
     platform::AtomicFile file(path_);
     const auto failure = file.lock(patience_.timeout());
     patience_.note(failure);
@@ -102,7 +102,7 @@ std::optional<std::string> ProjectDocument::write(const Edit& edit, Bytes& befor
     return std::nullopt;
 }
 
-std::optional<std::string> ProjectDocument::tryChange(const Edit& edit) {
+std::optional<std::string> ProjectFileText::tryChange(const Edit& edit) {
     if (path_.empty())
         return "cannot store a project value: no project is open";
     Bytes before;

@@ -9,9 +9,9 @@
 
 namespace suite {
 
-/// A project file on disk, or a file that a project names. It is read again whenever its bytes have changed,
-/// and replaced as a whole, under its lock, by each change.
-class ProjectDocument {
+/// The text of a project file, or of a file that a project names, as it is on disk. It is read again whenever
+/// its bytes have changed, and replaced as a whole, under its lock, by each change.
+class ProjectFileText {
 public:
     /// @return why the file cannot be opened, path included; then none is open.
     [[nodiscard]] std::optional<std::string> open(const std::string& path);

@@ -7,7 +7,7 @@
 
 namespace suite {
 
-bool CentralLibraryState::IsAttached() {
+bool ProjectLibraryState::IsAttached() {
     std::error_code missing;
     return std::filesystem::is_regular_file(project_.GetCentralLibraryPath(1), missing);
 }

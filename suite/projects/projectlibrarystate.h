@@ -9,10 +9,10 @@ class IProjectFileData;
 namespace suite {
 
 /// The central library of a project, as it is at the moment of the question.
-class CentralLibraryState final : public Orv::ICentralLibraryState {
+class ProjectLibraryState final : public Orv::ICentralLibraryState {
 public:
     /// @param project must outlive this object.
-    explicit CentralLibraryState(Orv::IProjectFileData& project) : project_(project) {}
+    explicit ProjectLibraryState(Orv::IProjectFileData& project) : project_(project) {}
 
     bool IsAttached() override;
 

@@ -93,8 +93,8 @@ std::string directoryOfProject(std::string_view project) {
 
 } // namespace
 
-LocationMap LocationMap::ofProject(std::string_view project) {
-    LocationMap map;
+SoftNames SoftNames::ofProject(std::string_view project) {
+    SoftNames map;
     map.directory_ = directoryOfProject(project);
     std::vector<std::string> directories;
     Orv::WdirUtils::GetWDIRs(directories);
@@ -106,12 +106,12 @@ LocationMap LocationMap::ofProject(std::string_view project) {
     return map;
 }
 
-int LocationMap::add(std::string_view text, const std::string& directory) {
+int SoftNames::add(std::string_view text, const std::string& directory) {
     files_.push_back(std::make_shared<const File>(std::string(text), std::string(), directory));
     return files_.back()->firstBadLine();
 }
 
-LocationMap::Definition LocationMap::find(std::string_view name) const {
+SoftNames::Definition SoftNames::find(std::string_view name) const {
     for (const auto& file : files_) {
         if (const File::Entry* entry = file->find(name))
             return {file.get(), entry};
@@ -119,8 +119,8 @@ LocationMap::Definition LocationMap::find(std::string_view name) const {
     return {};
 }
 
-std::optional<std::string> LocationMap::directoryOf(const Definition& definition, References references,
-                                                    std::size_t longest) {
+std::optional<std::string> SoftNames::directoryOf(const Definition& definition, References references,
+                                                  std::size_t longest) {
     const std::string_view value = definition.entry->value;
     if (value.size() > longest)
         return std::nullopt;
@@ -132,8 +132,8 @@ std::optional<std::string> LocationMap::directoryOf(const Definition& definition
     return normalDirectory(isFull(path) ? path : definition.file->directory() + '/' + path);
 }
 
-LocationMap::Resolution LocationMap::resolve(std::string_view text, References references,
-                                             std::size_t longest) const {
+SoftNames::Resolution SoftNames::resolve(std::string_view text, References references,
+                                         std::size_t longest) const {
     std::string path(text);
     for (int depth = 0; isSoftName(path); ++depth) {
         const auto nameEnd = std::min(path.find_first_of("/\\"), path.size());
@@ -150,7 +150,7 @@ LocationMap::Resolution LocationMap::resolve(std::string_view text, References r
     return {path};
 }
 
-std::optional<std::string> LocationMap::hardName(std::string_view text) const {
+std::optional<std::string> SoftNames::hardName(std::string_view text) const {
     const Resolution expanded = resolve(text, References::expand, platform::kLongestExpansion);
     if (expanded.isTooLong)
         tell(text, tooLongToExpand());
@@ -163,7 +163,7 @@ std::optional<std::string> LocationMap::hardName(std::string_view text) const {
     return std::nullopt;
 }
 
-std::optional<std::string> LocationMap::softName(std::string_view path) const {
+std::optional<std::string> SoftNames::softName(std::string_view path) const {
     const std::string target = normalDirectory(platform::platformPath(path));
     const References references = platform::IsRemotePath(target) ? References::keep : References::expand;
     const File::Entry* longest = nullptr;
@@ -188,7 +188,7 @@ std::optional<std::string> LocationMap::softName(std::string_view path) const {
     return '$' + std::string(longest->name) + target.substr(length);
 }
 
-std::optional<std::string> LocationMap::realPath(std::string_view text) const {
+std::optional<std::string> SoftNames::realPath(std::string_view text) const {
     const auto expanded = platform::tryExpandEnvironmentReferences(text);
     if (!expanded)
         tell(tooLongToExpand());
@@ -199,12 +199,12 @@ std::optional<std::string> LocationMap::realPath(std::string_view text) const {
     return unexpanded && platform::IsRemotePath(*unexpanded) ? unexpanded : std::string(text);
 }
 
-std::string LocationMap::fullPath(std::string_view text) const {
+std::string SoftNames::fullPath(std::string_view text) const {
     const auto path = realPath(text);
     return path ? fullPathOfReal(*path) : platform::expandEnvironmentReferences(text);
 }
 
-std::string LocationMap::fullPathOfReal(std::string path) const {
+std::string SoftNames::fullPathOfReal(std::string path) const {
     if (path.empty() || platform::IsRemotePath(path))
         return path;
     if (path.size() > platform::kLongestPath) {
@@ -221,7 +221,7 @@ std::string LocationMap::fullPathOfReal(std::string path) const {
     return platform::fullPath(inDirectory);
 }
 
-void LocationMap::tell(std::string_view text, const std::string& reason) const {
+void SoftNames::tell(std::string_view text, const std::string& reason) const {
     const std::string_view name = text.substr(0, text.find_first_of("/\\"));
     const Definition definition = find(name.substr(1));
     if (definition.file && !definition.file->path().empty())
@@ -230,7 +230,7 @@ void LocationMap::tell(std::string_view text, const std::string& reason) const {
                                                              " is not resolved: " + reason);
 }
 
-void LocationMap::tell(const std::string& reason) const {
+void SoftNames::tell(const std::string& reason) const {
     if (!directory_.empty())
         projectLog().reportOnce(directory_,
                                 directory_ + ": a path of the project is not resolved: " + reason);

@@ -12,10 +12,10 @@ namespace suite {
 
 /// The soft names of a project: those of the file "location.map" in the project's directory, then of those in
 /// the working directories. The first definition of a name counts.
-class LocationMap {
+class SoftNames {
 public:
     /// @param project path of a project file or of its directory; empty means the working directories only.
-    static LocationMap ofProject(std::string_view project);
+    static SoftNames ofProject(std::string_view project);
 
     /// Adds the definitions of a text, as if it were the file of a directory.
     /// @return the first line, from 1, that is passed over because it is no definition, or 0.

@@ -30,7 +30,7 @@ Categories readCategories(const platform::ProfileDocument& content) {
 } // namespace
 
 struct CSpecialComponentsFile::Impl {
-    suite::DataFile file;
+    suite::MergedFile file;
     Categories categories;
     Categories stored; ///< as the file has them
     std::vector<std::string> nobodys;

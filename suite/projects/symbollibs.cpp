@@ -69,7 +69,7 @@ bool CSymbolLibs::Load(const std::string& path, const Progress& progress) {
             suite::projectLog().reportOnce(full, error->text);
         return false;
     }
-    const auto map = suite::LocationMap::ofProject(full);
+    const auto map = suite::SoftNames::ofProject(full);
     platform::RememberedDirectories directories;
     std::vector<suite::LibraryEntry> entries = suite::readLibraries(platform::ProfileView(bytes));
     std::list<SymbolLibrary> loaded;
