@@ -131,7 +131,7 @@ void overlay(Record& record, const Statement& statement, std::size_t place) {
 }
 
 Record recordOf(std::size_t row, const std::vector<Level>& levels, std::size_t lowest) {
-    Record record = defaultRecord(row);
+    Record record = defaultRecords()[row];
     for (std::size_t place = levels.size(); place-- > lowest;) {
         if (const auto* statement = levels[place].find(row))
             overlay(record, *statement, place);

@@ -3,6 +3,7 @@
 #include "store/kinds.h"
 #include "store/numbers.h"
 #include "store/overlay.h"
+#include "store/rowwriter.h"
 #include "store/transfer.h"
 
 #include <algorithm>

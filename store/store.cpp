@@ -1,8 +1,9 @@
 #include "store/store.h"
 
+#include "store/graphicsfields.h"
 #include "store/kinds.h"
 #include "store/numbers.h"
-#include "store/transfer.h"
+#include "store/rowwriter.h"
 
 #include <algorithm>
 #include <atomic>
@@ -11,26 +12,6 @@
 namespace Orv {
 
 namespace {
-
-/// The catalogue with its defaults as the rows of a store. Copied over the rows of an earlier load, it finds
-/// their memory and allocates little.
-const std::vector<Record>& defaultRecords() {
-    static const std::vector<Record> rows = [] {
-        std::vector<Record> made;
-        made.reserve(kCatalogueSize);
-        for (const auto& row : catalogue()) {
-            iAppConfiguration::Property property{std::string(row.key)};
-            property.defaults = cutFields(row.defaultText);
-            property.values = property.defaults;
-            property.readonly.resize(property.values.size());
-            property.kind = row.kind;
-            const auto fields = property.values.size();
-            made.push_back({std::move(property), std::vector<Origin>(fields)});
-        }
-        return made;
-    }();
-    return rows;
-}
 
 /// Counts itself as long as it lives: a sink may throw.
 class Counted {
@@ -45,22 +26,6 @@ private:
 };
 
 } // namespace
-
-const Record& defaultRecord(std::size_t row) {
-    return defaultRecords()[row];
-}
-
-std::uint8_t fieldBit(int kind, std::size_t field) {
-    return static_cast<std::uint8_t>(kindTraits(kind).storage == Storage::group ? 1U << field : 1U);
-}
-
-void normaliseFields(int kind, std::vector<std::string>& values) {
-    const auto cache = kindTraits(kind).cache;
-    if (cache == Cache::number && !values.empty())
-        values.front() = floatToText(floatFromText(values.front()));
-    else if (cache == Cache::graphics)
-        printGraphics(kind, graphicsFromFields(kind, values), values);
-}
 
 // No other load of any store in this process has the same number.
 void iAppConfiguration::Impl::invalidateHandles() {

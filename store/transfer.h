@@ -14,14 +14,6 @@ struct Transferred {
     std::vector<std::size_t> refused;   ///< the fields that were changed and may not be written
 };
 
-/// Whether a field is another than the last load, save or refresh left it. Any field of a list stands for
-/// all.
-bool isUnsaved(const Record& record, std::size_t field);
-
-/// Whether the user's level says what it inherits, which a save takes out.
-/// @param statement of the user's level; null where it does not mention the property.
-bool isRedundant(const Record& record, const Statement* statement);
-
 /// Writes what the store changed since its load or last save, field by field, and takes out what the user's
 /// level held although it inherits the same. What stands under a lock from above is left as it is, and so is
 /// an empty value or list, and a value under a lock of its own.
