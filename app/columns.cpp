@@ -1,6 +1,7 @@
 #include "app/columns.h"
 
 #include "platform/printable.h"
+#include "platform/trim.h"
 
 #include <algorithm>
 #include <ostream>
@@ -35,8 +36,7 @@ void writeColumns(std::ostream& out, std::vector<std::vector<std::string>> rows,
             if (column + 1 < row.size())
                 line.append(widths[column] + kGap - widthOf(row[column]), ' ');
         }
-        line.erase(line.find_last_not_of(' ') + 1);
-        out << line << '\n';
+        out << platform::trimEnd(line, " ") << '\n';
     }
 }
 

@@ -2,7 +2,7 @@
 
 #include "fuzz/support.h"
 #include "platform/asciicase.h"
-#include "platform/environment.h"
+#include "platform/environmentreferences.h"
 #include "platform/paths.h"
 #include "platform/remotefile.h"
 

@@ -17,7 +17,8 @@ namespace {
 
 constexpr int kMostLinks = 40; // as many as the kernel follows
 
-std::string directoryOf(const std::string& path) {
+/// Of a name on disk, in which a "\" is no separator; the current directory for a bare name.
+std::string parentOf(const std::string& path) {
     const auto separator = path.rfind('/');
     if (separator == std::string::npos)
         return ".";
@@ -35,14 +36,14 @@ std::string followLinks(std::string path, int& code) {
             return path;
         }
         const std::string_view next(target, static_cast<std::size_t>(length));
-        path = next.front() == '/' ? std::string(next) : directoryOf(path) + "/" + std::string(next);
+        path = next.front() == '/' ? std::string(next) : parentOf(path) + "/" + std::string(next);
     }
     code = ELOOP;
     return path;
 }
 
 std::string neighbour(const std::string& path, std::string_view suffix) {
-    return directoryOf(path) + "/." + std::string(splitPath(path).name) + std::string(suffix);
+    return parentOf(path) + "/." + std::string(splitPath(path).name) + std::string(suffix);
 }
 
 int writeAll(int fd, std::string_view bytes) {
@@ -94,7 +95,7 @@ int flushDirectory(const std::string& directory) {
 
 AtomicFile::AtomicFile(std::string path)
     : path_(followLinks(std::move(path), unfollowed_)),
-      directory_(directoryOf(path_)),
+      directory_(parentOf(path_)),
       temporary_(neighbour(path_, kTemporary)) {
 }
 

@@ -1,5 +1,7 @@
 #include "platform/base64.h"
 
+#include "platform/trim.h"
+
 #include <cstddef>
 #include <cstdint>
 
@@ -8,7 +10,6 @@ namespace platform {
 namespace {
 
 constexpr std::string_view kAlphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-constexpr std::string_view kBlanks = " \t\r\n\v\f";
 constexpr char kPadding = '=';
 constexpr std::size_t kGroup = 4;
 

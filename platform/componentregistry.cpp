@@ -4,6 +4,7 @@
 #include "platform/paths.h"
 #include "platform/profiledocument.h"
 #include "platform/readfile.h"
+#include "platform/writtenplace.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -19,10 +20,6 @@ constexpr std::string_view kClassIdForm = "{########-####-####-####-############
 
 bool isHexadecimal(char c) {
     return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F');
-}
-
-bool isInside(const std::filesystem::path& path, const std::filesystem::path& directory) {
-    return std::ranges::mismatch(path, directory).in2 == directory.end();
 }
 
 } // namespace
@@ -50,8 +47,7 @@ ComponentEntry findComponent(const std::string& home, const std::string& classId
     const auto library = std::filesystem::canonical(found.value_or(directory + "/" + name), error);
     if (error)
         return {{}, *file + ": " + name + ": " + error.message()};
-    const auto root = std::filesystem::canonical(resolveExisting(home).value_or(home), error);
-    if (error || !isInside(library, root))
+    if (!isBelow(library.string(), home))
         return {{}, *file + ": " + name + " lies outside of the installation"};
     return {library.string(), {}};
 }

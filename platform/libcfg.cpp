@@ -1,6 +1,7 @@
 #include "platform/libcfg.h"
 
 #include "platform/remotefile.h"
+#include "platform/trim.h"
 
 #include <array>
 #include <memory>
@@ -12,15 +13,7 @@ namespace {
 
 constexpr char kFile[] = "/lib.cfg";
 constexpr std::string_view kKeyword = "alias ";
-constexpr std::string_view kBlanks = " \t\r\n\v\f";
 constexpr std::size_t kLongestLine = 255;
-
-std::string_view trimmed(std::string_view text) {
-    const auto begin = text.find_first_not_of(kBlanks);
-    if (begin == std::string_view::npos)
-        return {};
-    return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
-}
 
 struct Close {
     void operator()(RemoteStream* stream) const { RemoteClose(stream); }
@@ -35,7 +28,7 @@ std::string readLibraryAlias(const std::string& libraryPath) {
         const char* read = RemoteGets(buffer.data(), static_cast<int>(buffer.size()), stream.get());
         if (!read)
             break;
-        const std::string_view line = trimmed(read);
+        const std::string_view line = trim(read);
         if (line.starts_with(kKeyword))
             return std::string(line.substr(kKeyword.size()));
     }

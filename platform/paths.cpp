@@ -16,7 +16,6 @@ namespace platform {
 namespace {
 
 constexpr char kSeparator = '/';
-constexpr std::string_view kSeparators = "/\\";
 
 // A symbolic link that leads nowhere is a name on disk all the same.
 bool nameExists(const std::string& path) {
@@ -47,13 +46,10 @@ std::optional<std::string> nameWithoutCase(const std::string& directory, const s
     return found;
 }
 
-bool isSeparator(char c) {
-    return kSeparators.find(c) != std::string_view::npos;
-}
-
 bool isFullElsewhere(std::string_view path) {
-    const bool drive = path.size() >= 3 && isLetter(path[0]) && path[1] == ':' && isSeparator(path[2]);
-    return drive || path.starts_with("\\\\");
+    const bool isRootOfDrive =
+        hasDrive(path) && path.size() > kDriveLength && isSeparator(path[kDriveLength]);
+    return isRootOfDrive || path.starts_with("\\\\");
 }
 
 /// Longer than any system call takes, or with a character that ends a path for it.
@@ -82,6 +78,15 @@ PathParts splitPath(std::string_view text) {
     if (separator == std::string_view::npos)
         return {{}, text};
     return {text.substr(0, separator), text.substr(separator + 1)};
+}
+
+std::string directoryOf(std::string_view path) {
+    const std::string_view directory = splitPath(path).directory;
+    return directory.empty() && !isBareName(path) ? "/" : std::string(directory);
+}
+
+bool hasDrive(std::string_view path) {
+    return path.size() >= kDriveLength && isLetter(path[0]) && path[1] == ':';
 }
 
 bool isFull(std::string_view path) {
@@ -186,6 +191,16 @@ bool Place::operator==(const Place& other) const {
 bool isDirectory(const std::string& path) {
     struct stat status;
     return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+bool isFile(const std::string& path) {
+    struct stat status;
+    return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+bool isSameOnDisk(const std::string& one, const std::string& other) {
+    std::error_code none;
+    return one == other || std::filesystem::equivalent(one, other, none);
 }
 
 } // namespace platform

@@ -14,6 +14,13 @@ namespace platform {
 /// text with a null character one.
 constexpr std::size_t kLongestPath = 4095;
 
+/// What separates the names of a path.
+inline constexpr std::string_view kSeparators = "/\\";
+
+constexpr bool isSeparator(char c) {
+    return kSeparators.find(c) != std::string_view::npos;
+}
+
 /// A path cut at its last separator of either kind, which belongs to neither part.
 struct PathParts {
     std::string_view directory; ///< empty for a bare name
@@ -26,6 +33,14 @@ std::string platformPath(std::string_view text);
 
 /// The parts are views of the text.
 PathParts splitPath(std::string_view text);
+
+/// The directory of a path by its text alone: that of "/name" is the root, that of a bare name is empty.
+std::string directoryOf(std::string_view path);
+
+/// In bytes: a drive letter and its colon.
+constexpr std::size_t kDriveLength = 2;
+/// True if the text begins with a drive letter and its colon, whatever follows.
+bool hasDrive(std::string_view path);
 
 /// True for a path from the root, and for one with a drive letter or a server name, which is full elsewhere.
 bool isFull(std::string_view path);
@@ -86,5 +101,9 @@ private:
 };
 
 bool isDirectory(const std::string& path);
+/// True for a regular file; a pipe would make who reads it wait.
+bool isFile(const std::string& path);
+/// Whether two paths are one text, or lead to one place on disk.
+bool isSameOnDisk(const std::string& one, const std::string& other);
 
 } // namespace platform

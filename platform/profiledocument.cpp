@@ -2,6 +2,7 @@
 
 #include "platform/asciicase.h"
 #include "platform/profileview.h"
+#include "platform/trim.h"
 
 #include <algorithm>
 
@@ -116,7 +117,7 @@ std::optional<std::string> ProfileDocument::value(std::string_view name, std::st
     const Section* section = find(name);
     if (!section)
         return std::nullopt;
-    const auto entry = section->entries.find(withoutBlanks(key));
+    const auto entry = section->entries.find(trim(key));
     if (entry == section->entries.end())
         return std::nullopt;
     return readValue(section->lines[entry->second.front()]);
@@ -128,8 +129,8 @@ std::string ProfileDocument::readValue(std::string_view line) const {
 
 bool ProfileDocument::set(std::string_view name, std::string_view key,
                           std::optional<std::string_view> value) {
-    name = withoutBlanks(name);
-    key = withoutBlanks(key);
+    name = trim(name);
+    key = trim(key);
     if (!isSectionName(name) || !isKey(key))
         return false;
     const Section* existing = find(name);
@@ -157,7 +158,7 @@ bool ProfileDocument::set(std::string_view name, std::string_view key,
 }
 
 const ProfileDocument::Section* ProfileDocument::find(std::string_view name) const {
-    const auto found = index_.find(withoutBlanks(name));
+    const auto found = index_.find(trim(name));
     return found == index_.end() ? nullptr : &sections_[found->second];
 }
 

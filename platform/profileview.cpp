@@ -1,16 +1,13 @@
 #include "platform/profileview.h"
 
 #include "platform/asciicase.h"
+#include "platform/trim.h"
 
 #include <algorithm>
 
 namespace platform {
 
 namespace {
-
-bool isBlank(char c) {
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
 
 bool isQuote(char c) {
     return c == '"' || c == '\'';
@@ -22,36 +19,28 @@ bool isQuoted(std::string_view text) {
 
 } // namespace
 
-std::string_view withoutBlanks(std::string_view text) {
-    while (!text.empty() && isBlank(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back()))
-        text.remove_suffix(1);
-    return text;
-}
-
 std::optional<std::string_view> profileHeader(std::string_view line) {
-    const std::string_view content = withoutBlanks(line);
+    const std::string_view content = trim(line);
     if (!content.starts_with('['))
         return std::nullopt;
     const auto close = content.find(']');
     if (close == std::string_view::npos)
         return std::nullopt;
-    return withoutBlanks(content.substr(1, close - 1));
+    return trim(content.substr(1, close - 1));
 }
 
 std::optional<std::string_view> profileKey(std::string_view line) {
     const auto equals = line.find('=');
     if (equals == std::string_view::npos)
         return std::nullopt;
-    const std::string_view key = withoutBlanks(line.substr(0, equals));
+    const std::string_view key = trim(line.substr(0, equals));
     if (key.empty() || key.front() == ';' || key.front() == '[')
         return std::nullopt;
     return key;
 }
 
 std::string_view profileValue(std::string_view written) {
-    const std::string_view value = withoutBlanks(written);
+    const std::string_view value = trim(written);
     return isQuoted(value) ? value.substr(1, value.size() - 2) : value;
 }
 
@@ -77,7 +66,7 @@ ProfileView::ProfileView(std::string_view text) {
 }
 
 std::span<const ProfileView::Entry> ProfileView::entries(std::string_view section) const {
-    const auto found = index_.find(inLowerCase(std::string(withoutBlanks(section))));
+    const auto found = index_.find(inLowerCase(std::string(trim(section))));
     return found == index_.end() ? std::span<const Entry>() : sections_[found->second].entries;
 }
 

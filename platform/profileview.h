@@ -14,8 +14,6 @@ namespace platform {
 
 inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-/// The text without blanks around it.
-std::string_view withoutBlanks(std::string_view text);
 /// The name that a line opens a section with, or nothing.
 std::optional<std::string_view> profileHeader(std::string_view line);
 /// The key of a line that is an entry, or nothing.

@@ -30,7 +30,6 @@ namespace {
 
 constexpr std::uint32_t kLocalMagic = 0;
 constexpr char kQuote = '"';
-constexpr std::string_view kSeparators = "/\\";
 /// A server that took longer for one answer is not worth another question.
 constexpr std::chrono::milliseconds kSlow{2000};
 
@@ -265,15 +264,13 @@ int RemoteQuestion::probe(const std::string& path) {
 int TestPathKind(const std::string& path, PathKind kind) {
     const auto existing =
         path.find_first_of("*?") == std::string::npos ? resolveExisting(path) : std::nullopt;
-    struct stat status;
-    const bool is = existing && stat(existing->c_str(), &status) == 0 &&
-                    (kind == PathKind::directory ? S_ISDIR(status.st_mode) : S_ISREG(status.st_mode));
+    const bool is = existing && (kind == PathKind::directory ? isDirectory(*existing) : isFile(*existing));
     return is ? 0 : 1;
 }
 
 std::string MakeFilePath(std::string_view directory, std::string_view name, std::string_view extension) {
     std::string path(directory);
-    if (!path.empty() && kSeparators.find(path.back()) == std::string_view::npos)
+    if (!path.empty() && !isSeparator(path.back()))
         path += '/';
     path += name;
     if (!extension.empty())

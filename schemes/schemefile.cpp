@@ -56,14 +56,14 @@ private:
     bool endsLine_ = true;
 };
 
-bool isSeparator(char c) {
+bool isBetweenTokens(char c) {
     return c == ' ' || c == '\t' || c == '\n';
 }
 
 /// Takes the next token and the one separator behind it; empty if there is none.
 std::string_view takeToken(std::string_view& line) {
-    const auto first = std::ranges::find_if_not(line, isSeparator);
-    const auto last = std::find_if(first, line.end(), isSeparator);
+    const auto first = std::ranges::find_if_not(line, isBetweenTokens);
+    const auto last = std::find_if(first, line.end(), isBetweenTokens);
     const std::string_view token(first, last);
     line = std::string_view(last == line.end() ? last : last + 1, line.end());
     return token;

@@ -1,5 +1,7 @@
 #include "store/numbers.h"
 
+#include "platform/trim.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -12,11 +14,6 @@ namespace {
 
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
-}
-
-std::string_view withoutLeadingSpace(std::string_view text) {
-    const auto first = text.find_first_not_of(" \t\n\v\f\r");
-    return first == std::string_view::npos ? std::string_view() : text.substr(first);
 }
 
 /// Takes a plus sign, which from_chars knows nothing of.
@@ -62,7 +59,7 @@ Real outOfRange(std::string_view number) {
 
 template <typename Real>
 Real realFromText(std::string_view text) {
-    const auto trimmed = withoutPlus(withoutLeadingSpace(text));
+    const auto trimmed = withoutPlus(platform::trimBegin(text));
     if (!startsLikeNumber(trimmed))
         return 0;
     Real number = 0;
@@ -97,11 +94,11 @@ std::string floatToText(float number) {
 }
 
 int integerFromText(std::string_view text) {
-    return clampedInteger<int>(withoutPlus(withoutLeadingSpace(text)), 10);
+    return clampedInteger<int>(withoutPlus(platform::trimBegin(text)), 10);
 }
 
 long longFromText(std::string_view text) {
-    return clampedInteger<long>(withoutPlus(withoutLeadingSpace(text)), 10);
+    return clampedInteger<long>(withoutPlus(platform::trimBegin(text)), 10);
 }
 
 std::string integerToText(int number) {
@@ -109,7 +106,7 @@ std::string integerToText(int number) {
 }
 
 std::int64_t hexadecimalFromText(std::string_view text) {
-    auto digits = withoutPlus(withoutLeadingSpace(text));
+    auto digits = withoutPlus(platform::trimBegin(text));
     const bool isNegative = digits.starts_with("-");
     if (isNegative)
         digits.remove_prefix(1);

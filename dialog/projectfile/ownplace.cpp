@@ -23,7 +23,7 @@ bool isInPlainSight(const std::string& place) {
 
 bool isInALibrary(const std::string& place, const Orv::CProjectConfiguration& project) {
     if (project.centralLibraryState && project.centralLibraryState->IsAttached() &&
-        platform::isBelow(place, directoryOfProject(project.projectFile->GetCentralLibraryPath(1))))
+        platform::isBelow(place, platform::directoryOf(project.projectFile->GetCentralLibraryPath(1))))
         return true;
     if (!project.symbolLibs)
         return false;
@@ -45,7 +45,7 @@ std::vector<std::string> trustedDirectories() {
 } // namespace
 
 bool isOwnPlace(const std::string& place, const Orv::CProjectConfiguration& project) {
-    if (platform::isBelow(place, directoryOfProject(project.projectFile->GetFilePath())))
+    if (platform::isBelow(place, platform::directoryOf(project.projectFile->GetFilePath())))
         return true;
     const std::vector<std::string> trusted = trustedDirectories();
     return std::ranges::any_of(trusted,

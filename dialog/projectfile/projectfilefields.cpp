@@ -82,7 +82,7 @@ ProjectFileField makeField(const Orv::CProjectConfiguration& project, ProjectFil
 } // namespace
 
 std::string projectDirectory(const Orv::CProjectConfiguration& project) {
-    return platform::platformPath(directoryOfProject(project.projectFile->GetFilePath()));
+    return platform::platformPath(platform::directoryOf(project.projectFile->GetFilePath()));
 }
 
 void refuse(QWidget& page, QLineEdit& field, const QString& text) {

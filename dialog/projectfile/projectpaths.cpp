@@ -2,7 +2,7 @@
 
 #include "orv/projectfiledata.h"
 #include "platform/currentdirectory.h"
-#include "platform/environment.h"
+#include "platform/environmentreferences.h"
 #include "platform/paths.h"
 #include "platform/remotefile.h"
 #include "suite/kernel.h"
@@ -17,11 +17,6 @@ namespace {
 using LocationBuffer = std::array<char, kLocationBufferSize>;
 
 } // namespace
-
-std::string directoryOfProject(std::string_view projectFilePath) {
-    const std::string_view directory = platform::splitPath(projectFilePath).directory;
-    return directory.empty() && !platform::isBareName(projectFilePath) ? "/" : std::string(directory);
-}
 
 std::string ResolvePagePath(std::string text, Orv::IProjectFileData& projectFile) {
     LocationBuffer buffer{};
@@ -46,10 +41,7 @@ bool IsFileLocationValid(std::string projectPath, std::string filePath) {
     filePath = hardNameOf(filePath);
     if (filePath.starts_with('$'))
         return false;
-    // The separator belongs to the directory, so that the one of "/file" is not empty.
-    const std::size_t name = platform::splitPath(filePath).name.size();
-    const std::string directory = filePath.substr(0, filePath.size() - name);
-    return platform::mayBeCurrent(directory);
+    return platform::mayBeCurrent(platform::directoryOf(filePath));
 }
 
 std::string hardNameOf(const std::string& name) {

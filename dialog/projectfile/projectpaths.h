@@ -1,16 +1,12 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 namespace Orv {
 class IProjectFileData;
 }
 
 namespace ovsettings {
-
-/// The directory of a project file: "/" for one right below the root, empty for a bare name.
-std::string directoryOfProject(std::string_view projectFilePath);
 
 /// What a name in a field stands for: environment references, then soft names, then the design tools' own
 /// resolution. A name that outgrows what the location map takes stays as it is; a soft name that nothing

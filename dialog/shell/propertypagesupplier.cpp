@@ -7,6 +7,7 @@
 #include "platform/installation.h"
 #include "platform/paths.h"
 #include "platform/printable.h"
+#include "platform/trim.h"
 
 #include <utility>
 
@@ -149,8 +150,7 @@ std::unique_ptr<CPropertyPageSupplier> makeSupplier(const std::string& localizat
         return std::make_unique<CPropertyPageSupplierInternal>(appConfig, projectConfig);
     if (localization == "projects")
         return std::make_unique<CPropertyPageSupplierProjects>();
-    const auto first = localization.find_first_not_of(" \t");
-    if (first != std::string::npos && localization[first] == '[')
+    if (platform::trimBegin(localization, " \t").starts_with('['))
         return std::make_unique<CPropertyPageSupplierCom>(localization);
     return std::make_unique<CPropertyPageSupplierDLL>(libraryFile(localization, catalogueDirectory));
 }

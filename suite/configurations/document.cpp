@@ -1,5 +1,6 @@
 #include "suite/configurations/document.h"
 
+#include "platform/trim.h"
 #include "platform/xmldocument.h"
 #include "suite/configurations/xmlprinter.h"
 #include "suite/configurations/xmltext.h"
@@ -181,7 +182,7 @@ private:
 } // namespace
 
 std::string_view sectionPath(std::string_view path) {
-    return path.substr(0, path.find_last_not_of('/') + 1);
+    return platform::trimEnd(path, "/");
 }
 
 std::size_t ConfigurationDocument::NameHash::operator()(const Name& name) const {

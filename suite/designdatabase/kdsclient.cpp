@@ -5,11 +5,9 @@
 
 #include <array>
 #include <chrono>
-#include <filesystem>
 #include <functional>
 #include <new>
 #include <sqlite3.h>
-#include <system_error>
 
 namespace iKDS {
 
@@ -279,9 +277,8 @@ KDSPI::~KDSPI() = default;
 Result KDSPI::AttachSubClient(const String& client, const String& path) {
     DetachSubClient();
     const std::string file = platform::fullPath(path);
-    std::error_code error;
     // A pipe would make the caller wait.
-    if (file.size() > platform::kLongestPath || !std::filesystem::is_regular_file(file, error))
+    if (file.size() > platform::kLongestPath || !platform::isFile(file))
         return Result::failure(file.substr(0, platform::kLongestPath) + ": no design database for " + client);
     sqlite3* opened = nullptr;
     const int code =

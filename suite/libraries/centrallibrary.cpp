@@ -121,7 +121,7 @@ std::optional<std::string> CentralLibrary::load(const std::string& indexPath) {
         return error->text;
     if (!parse(bytes))
         return path + ": cannot read: it is no index of a central library";
-    directory_ = fs::path(path).parent_path().string();
+    directory_ = platform::directoryOf(path);
     return std::nullopt;
 }
 

@@ -4,23 +4,18 @@
 
 #include "platform/asciicase.h"
 #include "platform/environment.h"
+#include "platform/environmentreferences.h"
 #include "platform/paths.h"
 #include "platform/remotefile.h"
+#include "platform/trim.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <string_view>
-#include <system_error>
 
 namespace {
 
 constexpr char kAliases[] = "OV_LIBRARY_ALIASES";
-
-std::string_view trimmed(std::string_view text) {
-    const auto begin = text.find_first_not_of(' ');
-    return begin == std::string_view::npos ? std::string_view{}
-                                           : text.substr(begin, text.find_last_not_of(' ') + 1 - begin);
-}
+constexpr char kBlank[] = " ";
 
 /// The spelling in which two locations are compared.
 std::string comparable(std::string_view text) {
@@ -35,8 +30,7 @@ std::string comparable(std::string_view text) {
 }
 
 bool isSameLocation(const std::string& one, const std::string& other) {
-    std::error_code none;
-    return one == other || (!platform::IsRemotePath(one) && std::filesystem::equivalent(one, other, none));
+    return one == other || (!platform::IsRemotePath(one) && platform::isSameOnDisk(one, other));
 }
 
 } // namespace
@@ -59,8 +53,8 @@ std::string ZECFindAlias(const std::string& path) {
         const auto equals = entry.find('=');
         if (equals == std::string_view::npos)
             continue;
-        const std::string name(trimmed(entry.substr(0, equals)));
-        const std::string_view location = trimmed(entry.substr(equals + 1));
+        const std::string name(platform::trim(entry.substr(0, equals), kBlank));
+        const std::string_view location = platform::trim(entry.substr(equals + 1), kBlank);
         const bool counts = ZECIsValidAlias(name) && !location.empty();
         if (counts && isSameLocation(comparable(location), wanted))
             return name;

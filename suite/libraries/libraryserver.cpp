@@ -5,8 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
-#include <system_error>
 
 struct CLibServer::Impl {
     std::string path;
@@ -21,8 +19,7 @@ CLibServer::CLibServer(const std::string& libraryPath) : impl_(std::make_unique<
 CLibServer::~CLibServer() = default;
 
 bool CLibServer::Init() {
-    std::error_code error;
-    return std::filesystem::is_regular_file(platform::fullPath(impl_->path), error);
+    return platform::isFile(platform::fullPath(impl_->path));
 }
 
 bool CLibServer::Load(const std::string& libraryPath, int) {

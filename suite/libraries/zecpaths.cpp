@@ -2,7 +2,7 @@
 
 #include "suite/zec.h"
 
-#include "platform/environment.h"
+#include "platform/environmentreferences.h"
 #include "platform/paths.h"
 #include "platform/remotefile.h"
 
@@ -17,7 +17,6 @@
 
 namespace {
 
-constexpr std::string_view kSeparators = "/\\";
 constexpr std::string_view kTmpMnt = "/tmp_mnt";
 
 /// A path on this platform, cut where it stops to exist.
@@ -45,7 +44,7 @@ Place placeOf(const std::string& path) {
 }
 
 bool isDriveRoot(std::string_view path) {
-    return path.size() == 3 && path[1] == ':';
+    return path.size() == platform::kDriveLength + 1 && platform::hasDrive(path);
 }
 
 } // namespace
@@ -69,12 +68,12 @@ int ZECIsReadOnlyFileSystem(const std::string& path) {
 }
 
 void ZECRemoveLastSlash(std::string& path) {
-    if (path.size() > 1 && kSeparators.find(path.back()) != std::string_view::npos && !isDriveRoot(path))
+    if (path.size() > 1 && platform::isSeparator(path.back()) && !isDriveRoot(path))
         path.pop_back();
 }
 
 char ZECGetSlash(const std::string& path) {
-    const auto separator = path.find_first_of(kSeparators);
+    const auto separator = path.find_first_of(platform::kSeparators);
     return separator == std::string::npos ? '/' : path[separator];
 }
 

@@ -16,9 +16,8 @@ struct KernelContext {
 extern "C" {
 
 KernelContext* KernelOpenContext(const char* projectPath) {
-    std::error_code missing;
     const auto path = platform::resolveExisting(projectPath ? projectPath : "");
-    if (!path || !std::filesystem::is_regular_file(*path, missing))
+    if (!path || !platform::isFile(*path))
         return nullptr;
     return new KernelContext{SoftNames::ofProject(*path)};
 }

@@ -1,6 +1,8 @@
 #include "suite/projects/locationmapfile.h"
 
 #include "platform/paths.h"
+#include "platform/profileview.h"
+#include "platform/trim.h"
 #include "suite/projects/projectlog.h"
 #include "suite/projects/textfile.h"
 
@@ -19,19 +21,11 @@ namespace suite {
 namespace {
 
 constexpr char kFileName[] = "location.map";
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kBlanks = " \t\r\n";
 /// A project's and those of a list of working directories.
 constexpr std::size_t kMostKept = 16;
 /// In seconds. File systems tell no two changes apart that are closer together than this.
 constexpr time_t kCoarsestClock = 2;
-
-std::string_view trimmed(std::string_view text) {
-    const auto begin = text.find_first_not_of(kBlanks);
-    if (begin == std::string_view::npos)
-        return {};
-    return text.substr(begin, text.find_last_not_of(kBlanks) - begin + 1);
-}
 
 std::string_view unquoted(std::string_view text) {
     const bool quoted = text.size() >= 2 && text.front() == '"' && text.back() == '"';
@@ -130,11 +124,11 @@ File LocationMapFile::of(const std::string& directory) {
 LocationMapFile::LocationMapFile(std::string text, std::string path, std::string directory)
     : text_(std::move(text)), path_(std::move(path)), directory_(std::move(directory)) {
     std::string_view rest = text_;
-    if (rest.starts_with(kByteOrderMark))
-        rest.remove_prefix(kByteOrderMark.size());
+    if (rest.starts_with(platform::kByteOrderMark))
+        rest.remove_prefix(platform::kByteOrderMark.size());
     for (int number = 1; !rest.empty(); ++number) {
         const auto size = std::min(rest.find('\n'), rest.size() - 1) + 1;
-        const bool understood = addLine(trimmed(rest.substr(0, size)));
+        const bool understood = addLine(platform::trim(rest.substr(0, size), kBlanks));
         if (!understood && firstBadLine_ == 0)
             firstBadLine_ = number;
         rest.remove_prefix(size);
@@ -146,9 +140,9 @@ bool LocationMapFile::addLine(std::string_view line) {
         return true;
     const auto nameEnd = std::min(line.find_first_of(" \t="), line.size());
     const std::string_view name = line.substr(0, nameEnd);
-    std::string_view value = trimmed(line.substr(nameEnd));
+    std::string_view value = platform::trim(line.substr(nameEnd), kBlanks);
     if (value.starts_with('='))
-        value = trimmed(value.substr(1));
+        value = platform::trim(value.substr(1), kBlanks);
     value = unquoted(value);
     if (name.size() <= 1 || name.front() != '$' || !platform::isBareName(name) || value.empty())
         return false;

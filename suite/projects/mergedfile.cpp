@@ -2,13 +2,13 @@
 
 #include "platform/asciicase.h"
 #include "platform/paths.h"
+#include "platform/profileview.h"
 #include "suite/projects/numberedlist.h"
 #include "suite/projects/projectfiletext.h"
 #include "suite/projects/projectlog.h"
 #include "suite/projects/textfile.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <iterator>
 #include <map>
 #include <set>
@@ -49,18 +49,12 @@ std::optional<std::string> findRepeated(std::span<const Entry> entries) {
 /// Whether a content may be that of a file with such sections: it has one of them, or nothing.
 bool mayBeOfKind(const ProfileDocument& content, MergedFile::Sections sections) {
     constexpr std::string_view kBlank = " \t\r\n";
-    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
     const std::string text = content.text();
-    const std::size_t start = text.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
+    const std::size_t start =
+        text.starts_with(platform::kByteOrderMark) ? platform::kByteOrderMark.size() : 0;
     const std::vector<std::string> names = content.sectionNames();
     return text.find_first_not_of(kBlank, start) == std::string::npos ||
            std::ranges::find_first_of(names, sections, platform::equalsWithoutCase) != names.end();
-}
-
-/// Whether two paths name one file, by whatever way.
-bool isSameFile(const std::string& one, const std::string& other) {
-    std::error_code error;
-    return one == other || std::filesystem::equivalent(one, other, error);
 }
 
 } // namespace
@@ -95,8 +89,7 @@ std::optional<std::string> MergedFile::trySave(const std::string& path, Sections
     ProjectFileText document;
     document.openForChanges(path);
     const std::string& full = document.path();
-    if (full.size() > platform::kLongestPath ||
-        !platform::isDirectory(std::filesystem::path(full).parent_path().string()))
+    if (full.size() > platform::kLongestPath || !platform::isDirectory(platform::directoryOf(full)))
         return full + ": cannot save: its directory is not there";
     std::optional<std::string> unheld;
     std::string written;
@@ -105,7 +98,7 @@ std::optional<std::string> MergedFile::trySave(const std::string& path, Sections
         const std::string former = content.text();
         const bool hasContent = !former.empty();
         const bool isOfKind = mayBeOfKind(content, sections);
-        unheld = hasContent && !isSameFile(full, origin_)
+        unheld = hasContent && !platform::isSameOnDisk(full, origin_)
                      ? "cannot save: its former content has not been read"
                      : edit(content, hasContent);
         if (unheld)

@@ -2,6 +2,7 @@
 
 #include "platform/asciicase.h"
 #include "platform/paths.h"
+#include "platform/trim.h"
 #include "suite/projects/numberedlist.h"
 #include "suite/projects/projectfiletext.h"
 #include "suite/projects/projectlog.h"
@@ -40,12 +41,6 @@ std::string textOf(const platform::ProfileDocument& content, std::string_view se
     return content.value(section, key).value_or("");
 }
 
-std::string_view withoutOuterBlanks(std::string_view text) {
-    constexpr std::string_view kBlanks = " \t";
-    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
-    return text.substr(0, text.find_last_not_of(kBlanks) + 1);
-}
-
 void append(std::vector<std::string>& list, std::vector<std::string> more) {
     list.insert(list.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
 }
@@ -68,7 +63,7 @@ struct CProjectFile::Impl {
             return stored;
         const auto map = suite::SoftNames::ofProject(document.path());
         const std::string found = map.fullPath(stored);
-        const auto trimmed = withoutOuterBlanks(stored);
+        const auto trimmed = platform::trim(stored, " \t");
         if (trimmed.size() == stored.size() || platform::resolveExisting(found))
             return found;
         // The pages test a path without the blanks that may have been typed around it.

@@ -1,15 +1,12 @@
 #include "suite/projects/projectlibrarystate.h"
 
 #include "orv/projectfiledata.h"
-
-#include <filesystem>
-#include <system_error>
+#include "platform/paths.h"
 
 namespace suite {
 
 bool ProjectLibraryState::IsAttached() {
-    std::error_code missing;
-    return std::filesystem::is_regular_file(project_.GetCentralLibraryPath(1), missing);
+    return platform::isFile(project_.GetCentralLibraryPath(1));
 }
 
 } // namespace suite

@@ -1,7 +1,6 @@
 #include "suite/projects/softnames.h"
 
-#include "platform/asciicase.h"
-#include "platform/environment.h"
+#include "platform/environmentreferences.h"
 #include "platform/fileerror.h"
 #include "platform/paths.h"
 #include "platform/remotefile.h"
@@ -27,22 +26,6 @@ const std::string& tooLongToExpand() {
     static const std::string reason = "it is longer than " + platform::sizeText(platform::kLongestExpansion) +
                                       " once what it refers to is in place";
     return reason;
-}
-
-bool isSeparator(char c) {
-    return c == '/' || c == '\\';
-}
-
-constexpr std::size_t kDriveLength = 2;
-
-bool hasDrive(std::string_view path) {
-    return path.size() > kDriveLength && platform::isLetter(path[0]) && path[1] == ':' &&
-           isSeparator(path[kDriveLength]);
-}
-
-/// Whether a path needs no directory to begin at.
-bool isFull(std::string_view path) {
-    return hasDrive(path) || platform::IsRemotePath(path) || (!path.empty() && isSeparator(path.front()));
 }
 
 /// Without "." and "..", by the text alone, since a disk may not answer. Not by the standard library's paths,
@@ -76,7 +59,7 @@ std::string normalDirectory(const std::string& path) {
     if (platform::IsRemotePath(path))
         return path.substr(0, path.size() - (path.ends_with('/') ? 1 : 0));
     // No ".." leads out of a drive.
-    const std::size_t root = hasDrive(path) ? kDriveLength : 0;
+    const std::size_t root = platform::hasDrive(path) && platform::isFull(path) ? platform::kDriveLength : 0;
     std::string normal = path.substr(0, root) + lexicallyNormal(std::string_view(path).substr(root));
     while (!normal.empty() && normal.back() == '/')
         normal.pop_back();
@@ -85,10 +68,7 @@ std::string normalDirectory(const std::string& path) {
 
 std::string directoryOfProject(std::string_view project) {
     const std::string full = project.empty() ? std::string() : platform::fullPath(project);
-    if (full.empty() || platform::isDirectory(full))
-        return full;
-    const std::string_view directory = platform::splitPath(full).directory;
-    return directory.empty() ? "/" : std::string(directory);
+    return full.empty() || platform::isDirectory(full) ? full : platform::directoryOf(full);
 }
 
 } // namespace
@@ -129,14 +109,15 @@ std::optional<std::string> SoftNames::directoryOf(const Definition& definition, 
     if (!directory || directory->size() > longest || isSoftName(*directory))
         return directory;
     const std::string path = platform::expandHome(platform::platformPath(*directory));
-    return normalDirectory(isFull(path) ? path : definition.file->directory() + '/' + path);
+    const bool isWhole = platform::isFull(path) || platform::IsRemotePath(path);
+    return normalDirectory(isWhole ? path : definition.file->directory() + '/' + path);
 }
 
 SoftNames::Resolution SoftNames::resolve(std::string_view text, References references,
                                          std::size_t longest) const {
     std::string path(text);
     for (int depth = 0; isSoftName(path); ++depth) {
-        const auto nameEnd = std::min(path.find_first_of("/\\"), path.size());
+        const auto nameEnd = std::min(path.find_first_of(platform::kSeparators), path.size());
         const Definition definition = find(std::string_view(path).substr(1, nameEnd - 1));
         if (!definition.entry || depth == kDeepest)
             return {};
@@ -212,7 +193,7 @@ std::string SoftNames::fullPathOfReal(std::string path) const {
         return path;
     }
     path = platform::expandHome(std::move(path));
-    if (isFull(path) || directory_.empty())
+    if (platform::isFull(path) || directory_.empty())
         return platform::fullPath(path);
     const std::string inDirectory = directory_ + '/' + path;
     // A reference that stands for nothing says more as it is than behind the project's directory.
@@ -222,7 +203,7 @@ std::string SoftNames::fullPathOfReal(std::string path) const {
 }
 
 void SoftNames::tell(std::string_view text, const std::string& reason) const {
-    const std::string_view name = text.substr(0, text.find_first_of("/\\"));
+    const std::string_view name = text.substr(0, text.find_first_of(platform::kSeparators));
     const Definition definition = find(name.substr(1));
     if (definition.file && !definition.file->path().empty())
         projectLog().reportOnce(definition.file->path(), definition.file->path() + ": " +

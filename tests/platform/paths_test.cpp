@@ -1,6 +1,6 @@
 #include "platform/paths.h"
 
-#include "platform/environment.h"
+#include "platform/environmentreferences.h"
 #include "platform/readfile.h"
 #include "tests/support/testsupport.h"
 
@@ -17,19 +17,21 @@ TEST(Paths, SplitAtTheLastSeparatorOfEitherKind) {
     struct Row {
         const char *text, *directory, *name;
         bool bare;
+        const char* directoryOf;
     };
     constexpr Row kRows[] = {
-        {"name.prj", "", "name.prj", true},
-        {"a/b\\c", "a/b", "c", false},
-        {"a\\b/c", "a\\b", "c", false},
-        {"\\c", "", "c", false},
-        {"a\\", "a", "", false},
-        {"", "", "", true},
+        {"name.prj", "", "name.prj", true, ""},
+        {"a/b\\c", "a/b", "c", false, "a/b"},
+        {"a\\b/c", "a\\b", "c", false, "a\\b"},
+        {"\\c", "", "c", false, "/"},
+        {"a\\", "a", "", false, "a"},
+        {"", "", "", true, ""},
     };
     for (const Row& row : kRows) {
         EXPECT_EQ(splitPath(row.text).directory, row.directory) << row.text;
         EXPECT_EQ(splitPath(row.text).name, row.name) << row.text;
         EXPECT_EQ(isBareName(row.text), row.bare) << row.text;
+        EXPECT_EQ(directoryOf(row.text), row.directoryOf) << row.text;
     }
 }
 

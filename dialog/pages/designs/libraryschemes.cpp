@@ -1,16 +1,10 @@
 #include "dialog/pages/designs/libraryschemes.h"
 
+#include "platform/paths.h"
+
 #include <utility>
 
 namespace ovsettings {
-
-namespace {
-
-bool isSeparator(char c) {
-    return c == '/' || c == '\\';
-}
-
-} // namespace
 
 std::string relativeTo(const std::string& base, const std::string& path) {
     std::size_t begin = 0;
@@ -18,7 +12,7 @@ std::string relativeTo(const std::string& base, const std::string& path) {
     // would lead nowhere. That is meant.
     bool isNamed = false;
     for (std::size_t at = 0; at < base.size() && at < path.size(); ++at) {
-        const bool bothSeparate = isSeparator(base[at]) && isSeparator(path[at]);
+        const bool bothSeparate = platform::isSeparator(base[at]) && platform::isSeparator(path[at]);
         if (!bothSeparate && base[at] != path[at])
             break;
         if (!bothSeparate)

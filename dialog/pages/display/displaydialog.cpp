@@ -1,5 +1,6 @@
 #include "dialog/pages/display/displaydialog.h"
 
+#include "platform/trim.h"
 #include "store/appcfg.h"
 #include "ui_displaydialog.h"
 
@@ -47,12 +48,6 @@ void showFlag(QCheckBox& box, const Orv::iAppConfiguration& appConfig, const std
 
 const char* textOf(const QCheckBox& box) {
     return box.isChecked() ? "1" : "0";
-}
-
-std::string_view trimmed(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    return first == std::string_view::npos ? std::string_view()
-                                           : text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
 } // namespace
@@ -206,7 +201,7 @@ std::vector<std::string> CDisplayDialog::splitProperties(std::string_view text) 
             properties.emplace_back(piece);
     };
     for (std::size_t comma = text.find(','); comma != std::string_view::npos; comma = text.find(',')) {
-        add(trimmed(text.substr(0, comma)));
+        add(platform::trim(text.substr(0, comma), " "));
         text.remove_prefix(comma + 1);
     }
     add(text);

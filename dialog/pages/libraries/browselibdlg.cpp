@@ -10,8 +10,8 @@
 #include "platform/paths.h"
 #include "platform/printable.h"
 #include "platform/profilefile.h"
-#include "platform/profileview.h"
 #include "platform/remotefile.h"
+#include "platform/trim.h"
 #include "suite/locationmap.h"
 #include "suite/zec.h"
 #include "ui_browselibdlg.h"
@@ -103,9 +103,8 @@ std::string installedSymbols() {
     return directory + kSymbolsDirectory;
 }
 
-std::string withoutTrailingBlanks(std::string text) {
-    text.erase(text.find_last_not_of(' ') + 1);
-    return text;
+std::string withoutTrailingBlanks(const std::string& text) {
+    return std::string(platform::trimEnd(text, " "));
 }
 
 std::string softNameOf(const std::string& path) {
@@ -272,7 +271,7 @@ void CBrowseLibDlg::browse() {
     [[maybe_unused]] const bool changed = current.changeTo(directory);
 
     LibraryFolderBrowser browser(this, directory);
-    std::string chosen(platform::withoutBlanks(browser.run()));
+    std::string chosen(platform::trim(browser.run()));
     if (chosen.empty())
         return;
     if (soft)

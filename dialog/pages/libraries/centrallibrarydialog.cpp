@@ -5,14 +5,12 @@
 #include "dialog/widgets/stringconversion.h"
 #include "orv/projectfiledata.h"
 #include "platform/paths.h"
-#include "platform/profileview.h"
+#include "platform/trim.h"
 #include "suite/checkcl.h"
 #include "suite/locationmap.h"
 #include "ui_centrallibrarydialog.h"
 
 #include <array>
-#include <filesystem>
-#include <system_error>
 
 namespace ovsettings {
 
@@ -121,10 +119,9 @@ void CCentralLibraryDialog::followProject() {
 bool CCentralLibraryDialog::checkLibraryVersion() {
     const std::string typed = fields_->library.text();
     InitLocationMap(projectConfig_->projectFile->GetFilePath().c_str(), 0);
-    const std::string path = hardNameOf(std::string(platform::withoutBlanks(typed)));
+    const std::string path = hardNameOf(std::string(platform::trim(typed)));
     const auto existing = platform::resolveExisting(path);
-    std::error_code unreachable;
-    if (path.empty() || !existing || !std::filesystem::is_regular_file(*existing, unreachable) ||
+    if (path.empty() || !existing || !platform::isFile(*existing) ||
         NOrvUtils::COrvCheckCL::CheckCLFlowVersion(*existing))
         return true;
     refuse(

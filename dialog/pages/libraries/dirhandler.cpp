@@ -2,15 +2,14 @@
 
 #include "platform/paths.h"
 
+#include <string>
+
 namespace ovsettings {
 
 bool CDirHandler::set(std::string_view path) {
     const auto existing = platform::resolveExisting(path);
-    if (!existing || !platform::isDirectory(*existing)) {
-        // The separator belongs to the directory, so that the one of "/file" is not empty.
-        path.remove_suffix(platform::splitPath(path).name.size());
-    }
-    return before_.changeTo(path);
+    const bool isThere = existing && platform::isDirectory(*existing);
+    return before_.changeTo(isThere ? std::string(path) : platform::directoryOf(path));
 }
 
 } // namespace ovsettings

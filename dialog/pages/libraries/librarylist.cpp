@@ -2,7 +2,7 @@
 
 #include "dialog/projectfile/projectpaths.h"
 #include "platform/asciicase.h"
-#include "platform/environment.h"
+#include "platform/environmentreferences.h"
 #include "platform/paths.h"
 #include "platform/remotefile.h"
 #include "suite/locationmap.h"
@@ -10,7 +10,6 @@
 #include "suite/symbollibs.h"
 
 #include <array>
-#include <filesystem>
 #include <utility>
 
 namespace ovsettings {
@@ -72,7 +71,7 @@ std::string pathOnDisk(const std::string& path, std::string_view projectDirector
     if (looked.empty() || looked.size() > platform::kLongestPath || looked.starts_with('$'))
         return path;
     looked = platform::platformPath(platform::expandHome(std::move(looked)));
-    if (!projectDirectory.empty() && std::filesystem::path(looked).is_relative())
+    if (!projectDirectory.empty() && !platform::isFull(looked))
         looked = platform::platformPath(projectDirectory) + '/' + looked;
     const auto existing = platform::resolveExisting(looked);
     return existing && platform::isDirectory(*existing) ? platform::fullPath(*existing) : path;
@@ -83,7 +82,7 @@ bool liesIn(std::string_view directory, const std::string& path) {
     if (directory.empty() || !platform::platformPath(path).starts_with(platform::platformPath(directory)))
         return false;
     const std::string_view rest = std::string_view(path).substr(directory.size());
-    return rest.empty() || rest.front() == '/' || rest.front() == '\\';
+    return rest.empty() || platform::isSeparator(rest.front());
 }
 
 std::string storedLocation(const std::string& path, std::string_view projectDirectory) {
@@ -141,7 +140,7 @@ int storedType(const LibraryRow& row, bool isFirst) {
 void storeLibraries(std::span<const LibraryRow> rows, const std::string& projectFilePath,
                     NProjectTools::CSymbolLibs& libraries) {
     libraries.Clear();
-    const std::string directory = directoryOfProject(projectFilePath);
+    const std::string directory = platform::directoryOf(projectFilePath);
     InitLocationMap(directory.c_str(), 0);
     platform::RememberedDirectories directories;
     const platform::RememberedDirectories::Use use(directories);

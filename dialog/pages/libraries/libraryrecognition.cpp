@@ -4,6 +4,7 @@
 #include "platform/asciicase.h"
 #include "platform/paths.h"
 #include "platform/remotefile.h"
+#include "platform/trim.h"
 #include "suite/zec.h"
 
 #include <algorithm>
@@ -15,7 +16,6 @@ namespace ovsettings {
 
 namespace {
 
-constexpr std::string_view kSeparators = "/\\";
 constexpr std::string_view kAround = " \""; ///< what may stand before a typed path
 
 struct IconRow {
@@ -47,25 +47,16 @@ constexpr std::array<IconRow, 5> kIcons{{
     {{0, ""}, {0, ""}, {0, ""}, {0, ""}},
 }};
 
-bool isSeparator(char c) {
-    return kSeparators.find(c) != std::string_view::npos;
-}
-
 bool isOfScheme(char c) {
     constexpr std::string_view kOthers = "0123456789+-.";
     return platform::isLetter(c) || kOthers.find(c) != std::string_view::npos;
 }
 
-bool isRooted(std::string_view path) {
-    const bool drive = path.size() >= 2 && platform::isLetter(path[0]) && path[1] == ':';
-    return drive || (!path.empty() && isSeparator(path.front()));
-}
-
 /// The part of a remote path before its third separator, or nothing if it has fewer.
 std::optional<std::string> serverOf(const std::string& path) {
-    std::size_t separator = path.find_first_of(kSeparators);
+    std::size_t separator = path.find_first_of(platform::kSeparators);
     for (int passed = 1; passed < 3 && separator != std::string::npos; ++passed)
-        separator = path.find_first_of(kSeparators, separator + 1);
+        separator = path.find_first_of(platform::kSeparators, separator + 1);
     if (separator == std::string::npos)
         return std::nullopt;
     std::string server = path.substr(0, separator);
@@ -139,11 +130,11 @@ Recognition recogniseLibrary(const std::string& location, LibraryType selected) 
 }
 
 std::string plainPath(const std::string& typed) {
-    return realPathOf(typed.substr(0, typed.find_last_not_of(' ') + 1));
+    return realPathOf(std::string(platform::trimEnd(typed, " ")));
 }
 
 bool namesServer(std::string_view path) {
-    path = path.substr(std::min(path.find_first_not_of(kAround), path.size()));
+    path = platform::trimBegin(path, kAround);
     if (path.starts_with("\\\\"))
         return true;
     constexpr std::size_t kShortestScheme = 2; // one letter is a drive
@@ -153,8 +144,7 @@ bool namesServer(std::string_view path) {
 }
 
 bool namesSoftly(std::string_view path) {
-    const auto begin = path.find_first_not_of(kAround);
-    return begin != std::string_view::npos && path[begin] == '$';
+    return platform::trimBegin(path, kAround).starts_with('$');
 }
 
 std::string baseDirectory(const std::string& projectDirectory) {
@@ -166,16 +156,14 @@ std::string libraryLocation(const std::string& path, const std::string& base) {
     if (path.empty() || path.size() > platform::kLongestPath || platform::IsRemotePath(path))
         return path;
     const std::string full = platform::expandHome(platform::platformPath(path));
-    if (isRooted(full))
+    if (platform::isFull(full) || platform::hasDrive(full))
         return full;
     return platform::withoutDots((std::filesystem::path(platform::platformPath(base)) / full).string());
 }
 
 std::string derivedAlias(std::string_view location) {
-    while (!location.empty() && isSeparator(location.back()))
-        location.remove_suffix(1);
-    std::string alias(platform::splitPath(location).name);
-    alias.erase(alias.find_last_not_of(' ') + 1);
+    location = platform::trimEnd(location, platform::kSeparators);
+    std::string alias(platform::trimEnd(platform::splitPath(location).name, " "));
     std::ranges::replace(alias, ' ', '_');
     for (auto pair = alias.find("__"); pair != std::string::npos; pair = alias.find("__", pair))
         alias.erase(pair, 1);
