@@ -20,7 +20,7 @@ protected:
 
     template <typename Row, typename... Arguments>
     Row& add(const char* key, Arguments... arguments) {
-        auto row = std::make_unique<Row>(grid_, arguments...);
+        auto row = std::make_unique<Row>(grid_, appConfig_, arguments...);
         Row& added = *row;
         added.setKey(key);
         grid_.appendRow(std::move(row));
@@ -96,7 +96,7 @@ TEST_F(GeneralRows, FlagShowsItsKeyWhateverItIsGiven) {
 }
 
 TEST_F(GeneralRows, ChoicesAreSplitAtLineFeeds) {
-    auto row = std::make_unique<CGeneralRowCheckBox>(grid_, "List");
+    auto row = std::make_unique<CGeneralRowCheckBox>(grid_, appConfig_, "List");
     row->setDisplayValue("one\ntwo");
     row->setDisplayValue("");
     row->select("none of them");

@@ -63,7 +63,7 @@ constexpr SheetRow kSheet[] = {
 
 std::unique_ptr<CGeneralRow> makeChoiceRow(CGeneralGrid& grid, const std::string& caption,
                                            const ChoiceTable& table) {
-    auto row = std::make_unique<CGeneralRowCheckBox>(grid, caption);
+    auto row = std::make_unique<CGeneralRowCheckBox>(grid, grid.appConfiguration(), caption);
     for (const ChoiceWritten& written : table.written)
         row->setDisplayValue(toUtf8(choiceCaption(written.choice)));
     grid.readChoice(*row, table);
@@ -74,13 +74,13 @@ std::unique_ptr<CGeneralRow> makeRow(CGeneralGrid& grid, const SheetRow& row, Or
     const std::string caption = toUtf8(QCoreApplication::translate("ovsettings", row.caption));
     switch (row.kind) {
     case RowKind::length:
-        return std::make_unique<CGeneralRowUnitValueEdit>(grid, caption, unit);
+        return std::make_unique<CGeneralRowUnitValueEdit>(grid, grid.appConfiguration(), caption, unit);
     case RowKind::choice:
         return makeChoiceRow(grid, caption, *choiceTableOf(row.key));
     case RowKind::flag:
         break;
     }
-    return std::make_unique<CGeneralCheckBox>(grid, caption);
+    return std::make_unique<CGeneralCheckBox>(grid, grid.appConfiguration(), caption);
 }
 
 } // namespace
@@ -92,6 +92,8 @@ CGeneralGrid::CGeneralGrid(QWidget* parent) : CGridWnd(parent) {
 
 void CGeneralGrid::setAppConfiguration(Orv::iAppConfiguration* appConfig) {
     appConfig_ = appConfig;
+    for (const auto& row : rows_)
+        row->setAppConfiguration(*appConfig);
 }
 
 void CGeneralGrid::onInitialUpdate() {

@@ -1,6 +1,6 @@
 #include "dialog/pages/advanced/generallabel.h"
 
-#include "dialog/pages/advanced/generalgrid.h"
+#include "dialog/widgets/grid/gridwnd.h"
 #include "dialog/widgets/stringconversion.h"
 
 namespace ovsettings {

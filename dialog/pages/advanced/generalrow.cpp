@@ -1,6 +1,6 @@
 #include "dialog/pages/advanced/generalrow.h"
 
-#include "dialog/pages/advanced/generalgrid.h"
+#include "dialog/widgets/grid/gridwnd.h"
 #include "dialog/widgets/lockmark.h"
 #include "dialog/widgets/messagebox.h"
 #include "dialog/widgets/stringconversion.h"
@@ -10,8 +10,8 @@
 
 namespace ovsettings {
 
-CGeneralRow::CGeneralRow(CGeneralGrid& grid, std::string caption)
-    : grid_(grid), caption_(std::move(caption)) {
+CGeneralRow::CGeneralRow(CGridWnd& grid, Orv::iAppConfiguration& configuration, std::string caption)
+    : grid_(grid), configuration_(&configuration), caption_(std::move(caption)) {
 }
 
 CGeneralRow::~CGeneralRow() = default;
@@ -46,7 +46,7 @@ void CGeneralRow::showValueStyle(GridCellStyle style, bool locked) {
     const auto row = static_cast<int>(rowIndex_);
     if (locked) {
         style.readOnly = style.greyed = true;
-        style.toolTip = lockToolTip(grid_.appConfiguration(), key_);
+        style.toolTip = lockToolTip(*configuration_, key_);
     }
     GridCellStyle captionStyle = grid_.cellStyle(row, kCaptionColumn);
     captionStyle.greyed = style.greyed;
@@ -91,13 +91,13 @@ void CGeneralRow::refuseValue(const QString& message) {
 bool CGeneralRow::readKey(std::string& text) const {
     bool locked = false;
     if (!key_.empty())
-        Orv::getValue(grid_.appConfiguration(), key_, text, locked);
+        Orv::getValue(*configuration_, key_, text, locked);
     return locked;
 }
 
 void CGeneralRow::writeKey(const std::string& text) {
     if (!key_.empty())
-        Orv::setValue(grid_.appConfiguration(), key_, text);
+        Orv::setValue(*configuration_, key_, text);
 }
 
 } // namespace ovsettings

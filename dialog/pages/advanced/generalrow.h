@@ -12,18 +12,21 @@ class iAppConfiguration;
 
 namespace ovsettings {
 
-class CGeneralGrid;
+class CGridWnd;
 
 /// A line of the property sheet: a caption, and a value that comes from a key of the configuration and goes
 /// back to it. The row's cells are made by init; before that nothing of it is on show.
 class CGeneralRow {
 public:
-    /// @param grid    where the row is shown; must outlive it.
+    /// @param grid, configuration where the row is shown, and where its key is; both must outlive it.
     /// @param caption the text of the left column, UTF-8.
-    CGeneralRow(CGeneralGrid& grid, std::string caption);
+    CGeneralRow(CGridWnd& grid, Orv::iAppConfiguration& configuration, std::string caption);
     virtual ~CGeneralRow();
     CGeneralRow(const CGeneralRow&) = delete;
     CGeneralRow& operator=(const CGeneralRow&) = delete;
+
+    /// Where the key is from now on; must outlive the row.
+    void setAppConfiguration(Orv::iAppConfiguration& configuration) { configuration_ = &configuration; }
 
     /// Puts the displayed value in `text`; rows that stand for their key's text write it too.
     virtual void store(std::string& text) = 0;
@@ -50,7 +53,7 @@ protected:
     static constexpr int kCaptionColumn = 1;
     static constexpr int kValueColumn = 2;
 
-    CGeneralGrid& grid() const { return grid_; }
+    CGridWnd& grid() const { return grid_; }
     const std::string& caption() const { return caption_; }
     unsigned rowIndex() const { return rowIndex_; }
     /// Takes `rows` grid rows from `rowIndex` on, adding those that the grid does not have yet.
@@ -74,7 +77,8 @@ protected:
 
 private:
     unsigned rowIndex_ = 0;
-    CGeneralGrid& grid_;
+    CGridWnd& grid_;
+    Orv::iAppConfiguration* configuration_;
     std::string key_;
     std::string caption_;
 };

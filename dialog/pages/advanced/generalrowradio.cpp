@@ -1,7 +1,7 @@
 #include "dialog/pages/advanced/generalrowradio.h"
 
-#include "dialog/pages/advanced/generalgrid.h"
 #include "dialog/pages/advanced/generalrowcheckbox.h"
+#include "dialog/widgets/grid/gridwnd.h"
 #include "dialog/widgets/stringconversion.h"
 
 namespace ovsettings {

@@ -11,8 +11,9 @@ namespace ovsettings {
 using Orv::Metrics::Unit;
 using Orv::Metrics::UnitTraits;
 
-CGeneralRowUnitValueEdit::CGeneralRowUnitValueEdit(CGeneralGrid& grid, std::string caption, Unit unit)
-    : CGeneralRow(grid, std::move(caption)), unit_(unit) {
+CGeneralRowUnitValueEdit::CGeneralRowUnitValueEdit(CGridWnd& grid, Orv::iAppConfiguration& configuration,
+                                                   std::string caption, Unit unit)
+    : CGeneralRow(grid, configuration, std::move(caption)), unit_(unit) {
 }
 
 void CGeneralRowUnitValueEdit::setLimits(long minimum, long maximum) {

@@ -8,7 +8,8 @@ namespace ovsettings {
 /// A row for a length, shown in a unit that its caption names.
 class CGeneralRowUnitValueEdit : public CGeneralRow {
 public:
-    CGeneralRowUnitValueEdit(CGeneralGrid& grid, std::string caption, Orv::Metrics::Unit unit);
+    CGeneralRowUnitValueEdit(CGridWnd& grid, Orv::iAppConfiguration& configuration, std::string caption,
+                             Orv::Metrics::Unit unit);
 
     /// In stored lengths. Equal limits, as at first, mean that there are none.
     void setLimits(long minimum, long maximum);

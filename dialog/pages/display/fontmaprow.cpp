@@ -1,6 +1,6 @@
 #include "dialog/pages/display/fontmaprow.h"
 
-#include "dialog/pages/display/fontsgrid.h"
+#include "dialog/widgets/grid/gridwnd.h"
 #include "dialog/widgets/lockmark.h"
 #include "dialog/widgets/stringconversion.h"
 #include "store/appcfg.h"
@@ -51,15 +51,14 @@ const CFontMapRow::FlagField CFontMapRow::kFlagFields[] = {
     {boldField, kBold},
 };
 
-CFontMapRow::CFontMapRow(CFontsGrid& grid, int row, std::string key, std::string caption,
+CFontMapRow::CFontMapRow(CGridWnd& grid, int row, std::string key, std::string caption,
                          Orv::iAppConfiguration& configuration)
     : grid_(grid),
       row_(row),
       key_(std::move(key)),
       caption_(std::move(caption)),
       configuration_(configuration) {
-    grid_.setCellText(row_, CFontsGrid::kStrokeFontColumn,
-                      QCoreApplication::translate("ovsettings", caption_.c_str()));
+    grid_.setCellText(row_, kStrokeFontColumn, QCoreApplication::translate("ovsettings", caption_.c_str()));
 }
 
 void CFontMapRow::load() {
@@ -223,18 +222,18 @@ void CFontMapRow::show() {
 }
 
 void CFontMapRow::showText(const QString& text) {
-    grid_.setCellText(row_, CFontsGrid::kScaleableFontColumn, text);
+    grid_.setCellText(row_, kScaleableFontColumn, text);
     if (isLocked())
         return;
     // The buttons of the current row may lie over the end of a long text.
-    GridCellStyle style = grid_.cellStyle(row_, CFontsGrid::kScaleableFontColumn);
+    GridCellStyle style = grid_.cellStyle(row_, kScaleableFontColumn);
     style.toolTip = text;
-    grid_.setCellStyle(row_, CFontsGrid::kScaleableFontColumn, style);
+    grid_.setCellStyle(row_, kScaleableFontColumn, style);
 }
 
 void CFontMapRow::showLock() {
     const std::optional<std::size_t> locked = firstLockedField();
-    for (const int column : {CFontsGrid::kStrokeFontColumn, CFontsGrid::kScaleableFontColumn}) {
+    for (const int column : {kStrokeFontColumn, kScaleableFontColumn}) {
         GridCellStyle style{.readOnly = true, .greyed = locked.has_value()};
         if (locked)
             style.toolTip = lockToolTip(configuration_, key_, *locked);

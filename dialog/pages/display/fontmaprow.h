@@ -12,14 +12,17 @@ class QString;
 
 namespace ovsettings {
 
-class CFontsGrid;
+class CGridWnd;
 
 /// The line of one stroke font: the screen font that it is mapped to, from a font key of the configuration.
 class CFontMapRow {
 public:
+    static constexpr int kStrokeFontColumn = 1;
+    static constexpr int kScaleableFontColumn = 2;
+
     /// Shows the caption; the mapping is shown once it is loaded.
     /// @param grid, configuration must outlive the row. @param row of the grid, from 1.
-    CFontMapRow(CFontsGrid& grid, int row, std::string key, std::string caption,
+    CFontMapRow(CGridWnd& grid, int row, std::string key, std::string caption,
                 Orv::iAppConfiguration& configuration);
 
     /// Reads the key, as far as it has fields, and shows the row.
@@ -87,7 +90,7 @@ private:
     void showText(const QString& text);
     void showLock();
 
-    CFontsGrid& grid_;
+    CGridWnd& grid_;
     int row_;
     std::string key_;
     std::string caption_;

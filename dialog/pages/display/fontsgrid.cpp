@@ -13,6 +13,8 @@ namespace ovsettings {
 namespace {
 
 constexpr int kCaptionMargin = 24;
+constexpr int kStrokeFontColumn = CFontMapRow::kStrokeFontColumn;
+constexpr int kScaleableFontColumn = CFontMapRow::kScaleableFontColumn;
 
 struct StrokeFont {
     const char* key;

@@ -15,9 +15,6 @@ class CFontsGrid : public CGridWnd {
     Q_OBJECT
 
 public:
-    static constexpr int kStrokeFontColumn = 1;
-    static constexpr int kScaleableFontColumn = 2;
-
     explicit CFontsGrid(QWidget* parent = nullptr);
 
     /// Must be given before rows are added, and outlive the grid.

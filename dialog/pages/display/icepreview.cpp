@@ -2,7 +2,6 @@
 
 #include "dialog/pages/display/mappinggrid.h"
 #include "dialog/pages/display/mappingrow.h"
-#include "dialog/pages/display/objectcolordialog.h"
 #include "dialog/widgets/gdipainter.h"
 #include "dialog/widgets/ownerdrawbutton.h"
 
@@ -117,8 +116,8 @@ const CICEPreview::SampleItem CICEPreview::kNetItems[] = {
     {"PORT", "Port", 0, 0},
 };
 
-CICEPreview::CICEPreview(const CObjectColorDialog& page)
-    : page_(page),
+CICEPreview::CICEPreview(const CMappingGrid& grid)
+    : grid_(grid),
       blocks_(std::begin(kBlockItems), std::end(kBlockItems)),
       nets_(std::begin(kNetItems), std::end(kNetItems)),
       tiles_(renderTiles()),
@@ -142,8 +141,7 @@ void CICEPreview::draw(const DrawItem& item) {
 }
 
 const CMappingRow* CICEPreview::rowOf(std::string_view key) const {
-    const CMappingGrid* grid = page_.grid("ICT");
-    return grid ? grid->rowOfKey(key) : nullptr;
+    return grid_.rowOfKey(key);
 }
 
 void CICEPreview::drawHeaders(const DrawItem& item, GdiPainter& gdi) const {

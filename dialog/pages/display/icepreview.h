@@ -12,16 +12,16 @@ class QRect;
 
 namespace ovsettings {
 
+class CMappingGrid;
 class CMappingRow;
-class CObjectColorDialog;
 class GdiPainter;
 
-/// A piece of interconnectivity table in the colours of the page's grid "ICT": blocks are its columns, nets
-/// its rows.
+/// A piece of interconnectivity table in the colours of a grid of ICT objects: blocks are the table's
+/// columns, nets its rows.
 class CICEPreview : public IPreview {
 public:
-    /// @param page must outlive the preview.
-    explicit CICEPreview(const CObjectColorDialog& page);
+    /// @param grid must outlive the preview.
+    explicit CICEPreview(const CMappingGrid& grid);
 
     void draw(const DrawItem& item) override;
 
@@ -42,7 +42,7 @@ private:
     void drawRules(GdiPainter& gdi) const;
     void drawItem(const DrawItem& item, GdiPainter& gdi, QRect place, const SampleItem& sample) const;
 
-    const CObjectColorDialog& page_;
+    const CMappingGrid& grid_;
     std::vector<SampleItem> blocks_;
     std::vector<SampleItem> nets_;
     QPixmap tiles_;

@@ -1,5 +1,6 @@
 #include "dialog/pages/display/mappinggrid.h"
 
+#include "dialog/pages/display/editgrid.h"
 #include "dialog/widgets/colorbutton.h"
 #include "store/appcfg.h"
 #include "store/colours.h"
@@ -12,9 +13,6 @@
 namespace ovsettings {
 
 namespace {
-
-constexpr long kLeastWidth = 1;
-constexpr long kGreatestWidth = 10;
 
 struct GridColumn {
     const char* header;
@@ -30,15 +28,6 @@ constexpr GridColumn kGridColumns[CMappingRow::kColumns] = {
 };
 
 } // namespace
-
-GridCellLimits CEditGrid::limits() {
-    return {kLeastWidth, kGreatestWidth,
-            QCoreApplication::translate("ovsettings", "Please enter a value between 1 and 10")};
-}
-
-bool CEditGrid::takes(const QString& text) {
-    return !text.isEmpty() && std::ranges::all_of(text, [](QChar c) { return c >= u'0' && c <= u'9'; });
-}
 
 void CMappingGrid::CMappingGridColorChangeNotifier::onColorChanged(int row, int column, int colour) {
     grid_.changeColor(row, column, colour);
@@ -73,8 +62,8 @@ void CMappingGrid::init() {
 template <typename Row, typename... Arguments>
 void CMappingGrid::append(const std::string& caption, const std::string& key, Arguments&&... arguments) {
     const int number = mappingRowCount() + 1;
-    rows_.push_back(
-        std::make_unique<Row>(*this, number, caption, key, std::forward<Arguments>(arguments)...));
+    rows_.push_back(std::make_unique<Row>(*this, *appConfig_, number, caption, key,
+                                          std::forward<Arguments>(arguments)...));
     setRowCount(number);
     rows_.back()->read();
     rows_.back()->setUnchanged();
@@ -200,10 +189,6 @@ void CMappingGrid::layoutColumns() {
     }
 }
 
-QColor CMappingGrid::closedInterior() const {
-    return palette().color(QPalette::Window);
-}
-
 void CMappingGrid::changeEvent(QEvent* event) {
     CGridWnd::changeEvent(event);
     if (event->type() != QEvent::PaletteChange)
@@ -213,7 +198,7 @@ void CMappingGrid::changeEvent(QEvent* event) {
             GridCellStyle style = cellStyle(row, column);
             if (!style.interior)
                 continue;
-            style.interior = closedInterior();
+            style.interior = CMappingRow::closedInterior(*this);
             setCellStyle(row, column, style);
         }
     }

@@ -15,13 +15,6 @@ namespace ovsettings {
 
 class ColorButton;
 
-/// The control of a width cell: takes a whole number, in digits.
-class CEditGrid {
-public:
-    static GridCellLimits limits();
-    static bool takes(const QString& text);
-};
-
 /// How each kind of object is drawn: a table with a row a kind, and the columns "Object", "Color", "Text",
 /// "Fill Style", "Line Style", "Font" and "Width".
 class CMappingGrid : public CGridWnd {
@@ -43,7 +36,6 @@ public:
 
     /// Must be given before rows are added, and outlive the grid.
     void setAppConfiguration(Orv::iAppConfiguration* appConfig) { appConfig_ = appConfig; }
-    Orv::iAppConfiguration* appConfiguration() const { return appConfig_; }
     void setMode(std::string mode) { mode_ = std::move(mode); }
     const std::string& mode() const { return mode_; }
     /// What is repainted at each change of a colour; not owned.
@@ -58,9 +50,6 @@ public:
     void addTextRow(const std::string& caption, const std::string& key, const MappingValues& values);
     /// @param key without its "ICT".
     void addIctRow(const std::string& caption, const std::string& key, int startingColor, int spare = 0);
-
-    /// Of cells that are closed or locked.
-    QColor closedInterior() const;
 
     int mappingRowCount() const { return static_cast<int>(rows_.size()); }
     /// @param row from 1; null outside the table.

@@ -1,6 +1,7 @@
 #include "dialog/pages/display/mappingrow.h"
 
-#include "dialog/pages/display/mappinggrid.h"
+#include "dialog/pages/display/editgrid.h"
+#include "dialog/widgets/grid/gridwnd.h"
 #include "dialog/widgets/lockmark.h"
 #include "dialog/widgets/messagebox.h"
 #include "dialog/widgets/stringconversion.h"
@@ -77,8 +78,8 @@ MappingValues ictValues(int startingColor) {
 
 } // namespace
 
-CMappingRow::CMappingRow(CMappingGrid& grid, int row, std::string caption, std::string key,
-                         const MappingValues& values)
+CMappingRow::CMappingRow(CGridWnd& grid, Orv::iAppConfiguration& configuration, int row, std::string caption,
+                         std::string key, const MappingValues& values)
     : color_(values.color),
       textColor_(values.textColor),
       fill_(values.fill),
@@ -89,7 +90,7 @@ CMappingRow::CMappingRow(CMappingGrid& grid, int row, std::string caption, std::
       caption_(std::move(caption)),
       key_(std::move(key)),
       grid_(grid),
-      configuration_(grid.appConfiguration()) {
+      configuration_(configuration) {
 }
 
 CMappingRow::~CMappingRow() = default;
@@ -187,6 +188,10 @@ bool CMappingRow::isModified() const {
     return shownValues() != unchanged_;
 }
 
+QColor CMappingRow::closedInterior(const CGridWnd& grid) {
+    return grid.palette().color(QPalette::Window);
+}
+
 void CMappingRow::setUnchanged() {
     unchanged_ = saved_ = shownValues();
 }
@@ -255,7 +260,7 @@ void CMappingRow::keepCell(int column, const QString& text) {
 void CMappingRow::noteStored() {
     values_.clear();
     readOnly_.clear();
-    Orv::getValues(*configuration_, key_, values_, readOnly_);
+    Orv::getValues(configuration_, key_, values_, readOnly_);
     assert(values_.size() == readOnly_.size());
 }
 
@@ -285,7 +290,7 @@ bool CMappingRow::opens(int column, int& value, std::size_t field) {
     if (value != kClosed && field < values_.size())
         return true;
     value = kClosed;
-    showCell(column, {.readOnly = true, .enabled = false, .interior = grid_.closedInterior()}, {});
+    showCell(column, {.readOnly = true, .enabled = false, .interior = closedInterior(grid_)}, {});
     return false;
 }
 
@@ -299,8 +304,8 @@ void CMappingRow::showField(int column, GridCellStyle style, std::size_t field, 
         if (style.kind == GridCellKind::dropDown)
             style.kind = GridCellKind::text;
         style.readOnly = style.greyed = true;
-        style.interior = grid_.closedInterior();
-        style.toolTip = lockToolTip(*configuration_, key_, field);
+        style.interior = closedInterior(grid_);
+        style.toolTip = lockToolTip(configuration_, key_, field);
     }
     showCell(column, style, text);
 }
@@ -349,11 +354,11 @@ bool CMappingRow::isLocked(std::size_t field) const {
 }
 
 void CMappingRow::storeField(std::size_t field, int number) {
-    Orv::setValueAt(*configuration_, field, key_, Orv::integerToText(number));
+    Orv::setValueAt(configuration_, field, key_, Orv::integerToText(number));
 }
 
 void CMappingRow::storeColor(std::size_t field, int color) {
-    Orv::setValueAt(*configuration_, field, key_, Orv::colourToShortText(color));
+    Orv::setValueAt(configuration_, field, key_, Orv::colourToShortText(color));
 }
 
 void CMappingRow::storeFontOrFill(std::size_t field) {
@@ -394,9 +399,9 @@ void CMappingRowLayer::read() {
     readCells(kLayerFields);
 }
 
-CMappingTextLayer::CMappingTextLayer(CMappingGrid& grid, int row, std::string caption, std::string key,
-                                     const MappingValues& values)
-    : CMappingRow(grid, row, std::move(caption), std::move(key), withColorOfText(values)) {
+CMappingTextLayer::CMappingTextLayer(CGridWnd& grid, Orv::iAppConfiguration& configuration, int row,
+                                     std::string caption, std::string key, const MappingValues& values)
+    : CMappingRow(grid, configuration, row, std::move(caption), std::move(key), withColorOfText(values)) {
 }
 
 void CMappingTextLayer::applySchema(const std::string&, const std::string& text) {
@@ -421,9 +426,9 @@ void CMappingTextLayer::read() {
     readCells(kTextFields);
 }
 
-CMappingICTObject::CMappingICTObject(CMappingGrid& grid, int row, std::string caption, std::string name,
-                                     int startingColor)
-    : CMappingRow(grid, row, std::move(caption), "ICT" + name, ictValues(startingColor)),
+CMappingICTObject::CMappingICTObject(CGridWnd& grid, Orv::iAppConfiguration& configuration, int row,
+                                     std::string caption, std::string name, int startingColor)
+    : CMappingRow(grid, configuration, row, std::move(caption), "ICT" + name, ictValues(startingColor)),
       name_(std::move(name)) {
 }
 

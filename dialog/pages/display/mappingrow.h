@@ -10,9 +10,11 @@
 #include <string_view>
 #include <vector>
 
+class QColor;
+
 namespace ovsettings {
 
-class CMappingGrid;
+class CGridWnd;
 struct GridCellStyle;
 
 /// The six values that a row begins with. -1 closes a column for the row; any other value opens it, and the
@@ -54,9 +56,10 @@ public:
     /// Index to name.
     using Names = std::map<int, std::string>;
 
-    /// @param grid where the row is shown; must outlive it. @param row of the grid, from 1.
-    CMappingRow(CMappingGrid& grid, int row, std::string caption, std::string key,
-                const MappingValues& values);
+    /// @param grid, configuration where the row is shown, and where its key is; both must outlive it.
+    /// @param row of the grid, from 1.
+    CMappingRow(CGridWnd& grid, Orv::iAppConfiguration& configuration, int row, std::string caption,
+                std::string key, const MappingValues& values);
     virtual ~CMappingRow();
     CMappingRow(const CMappingRow&) = delete;
     CMappingRow& operator=(const CMappingRow&) = delete;
@@ -93,6 +96,9 @@ public:
     /// What the key holds by now is what the cells were made from.
     void noteStored();
 
+    /// The colour behind cells that are closed or locked.
+    static QColor closedInterior(const CGridWnd& grid);
+
     int row() const { return row_; }
     const std::string& caption() const { return caption_; }
     /// The key in the configuration.
@@ -118,8 +124,7 @@ protected:
     void showColor(int column, int color);
     void takeSchemaColors(const MappingFields& fields, const std::string& color, const std::string& text);
 
-    CMappingGrid& grid() const { return grid_; }
-    Orv::iAppConfiguration& configuration() const { return *configuration_; }
+    Orv::iAppConfiguration& configuration() const { return configuration_; }
 
     int color_;
     int textColor_;
@@ -149,13 +154,13 @@ private:
     int row_;
     std::string caption_;
     std::string key_;
-    CMappingGrid& grid_;
+    CGridWnd& grid_;
+    Orv::iAppConfiguration& configuration_;
     const MappingFields* fields_ = nullptr; ///< of the last read
     std::vector<std::string> values_;
     std::vector<bool> readOnly_;
     MappingValues unchanged_;
     MappingValues saved_;
-    Orv::iAppConfiguration* configuration_;
 };
 
 /// A row for the kinds of layers.
@@ -172,8 +177,8 @@ public:
 /// A row for an object that is a text: its one colour is in the column "Text".
 class CMappingTextLayer : public CMappingRow {
 public:
-    CMappingTextLayer(CMappingGrid& grid, int row, std::string caption, std::string key,
-                      const MappingValues& values);
+    CMappingTextLayer(CGridWnd& grid, Orv::iAppConfiguration& configuration, int row, std::string caption,
+                      std::string key, const MappingValues& values);
 
     void applySchema(const std::string& color, const std::string& text) override;
     void setColor(int color) override;
@@ -186,7 +191,8 @@ public:
 class CMappingICTObject : public CMappingRow {
 public:
     /// @param name the key in the configuration without its "ICT".
-    CMappingICTObject(CMappingGrid& grid, int row, std::string caption, std::string name, int startingColor);
+    CMappingICTObject(CGridWnd& grid, Orv::iAppConfiguration& configuration, int row, std::string caption,
+                      std::string name, int startingColor);
 
     void store() override;
     void applySchema(const std::string& color, const std::string& text) override;

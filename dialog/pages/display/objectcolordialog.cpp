@@ -199,8 +199,8 @@ bool CObjectColorDialog::OnInitDialog() {
     for (const IctRow& row : kIctRows)
         ui_->ictGrid->addIctRow(row.caption, row.key, row.startingColor);
 
-    previews_[kSchematicPreview] = std::make_unique<COvPreview>(*this);
-    previews_[kIctPreview] = std::make_unique<CICEPreview>(*this);
+    previews_[kSchematicPreview] = std::make_unique<COvPreview>(*ui_->schematicGrid);
+    previews_[kIctPreview] = std::make_unique<CICEPreview>(*ui_->ictGrid);
     ui_->preview->setDrawing([this](const DrawItem& item) { currentPreview_->draw(item); });
     CPropDialogTemplateEx::OnInitDialog();
     changeMode();

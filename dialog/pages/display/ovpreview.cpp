@@ -2,7 +2,6 @@
 
 #include "dialog/pages/display/mappinggrid.h"
 #include "dialog/pages/display/mappingrow.h"
-#include "dialog/pages/display/objectcolordialog.h"
 #include "dialog/pages/display/sampleschematic.h"
 #include "dialog/widgets/gdipainter.h"
 #include "dialog/widgets/ownerdrawbutton.h"
@@ -12,15 +11,14 @@
 
 namespace ovsettings {
 
-COvPreview::COvPreview(const CObjectColorDialog& page) : page_(page) {
+COvPreview::COvPreview(const CMappingGrid& grid) : grid_(grid) {
 }
 
 void COvPreview::draw(const DrawItem& item) {
-    const CMappingGrid* grid = page_.grid("OV");
-    if (item.action != DrawAction::entire || !grid)
+    if (item.action != DrawAction::entire)
         return;
-    const auto colourOf = [grid](std::string_view key) {
-        const CMappingRow* row = grid->rowOfKey(key);
+    const auto colourOf = [this](std::string_view key) {
+        const CMappingRow* row = grid_.rowOfKey(key);
         return toQColor(row ? std::max(row->getColor(), 0) : 0); // negative: the cell is closed
     };
     paintSampleSchematic(item, {

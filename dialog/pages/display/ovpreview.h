@@ -4,18 +4,18 @@
 
 namespace ovsettings {
 
-class CObjectColorDialog;
+class CMappingGrid;
 
-/// A piece of schematic in the colours of the page's grid "OV".
+/// A piece of schematic in the colours of a grid of schematic objects.
 class COvPreview : public IPreview {
 public:
-    /// @param page must outlive the preview.
-    explicit COvPreview(const CObjectColorDialog& page);
+    /// @param grid must outlive the preview.
+    explicit COvPreview(const CMappingGrid& grid);
 
     void draw(const DrawItem& item) override;
 
 private:
-    const CObjectColorDialog& page_;
+    const CMappingGrid& grid_;
 };
 
 } // namespace ovsettings
