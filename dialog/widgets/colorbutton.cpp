@@ -53,10 +53,6 @@ void ColorButton::layOverCell() {
     setGeometry(grid_.visualRect(grid_.model()->index(row_ - 1, column_ - 1)));
 }
 
-COwnSECColorWell* ColorButton::well() const {
-    return well_;
-}
-
 void ColorButton::open() {
     if (row_ == 0 || well_)
         return;
@@ -85,7 +81,6 @@ void ColorButton::storeColor(int color) {
     grid_.setCellText(row_, column_, QString::number(color));
     if (observer_)
         observer_->onColorChanged(row_, column_, color);
-    Q_EMIT colorStored(row_, column_, color);
     update();
 }
 

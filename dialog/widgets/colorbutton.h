@@ -31,23 +31,13 @@ public:
 
     /// Takes the colour of a cell, and moves over it.
     void initForCell(int row, int column);
-    int row() const { return row_; }
-    int column() const { return column_; }
-    /// The colour of the cell, packed.
-    int color() const { return color_; }
 
     /// Opens the well under the cell, with the cell's colour as the current one. A choice is stored; Escape
     /// and a click elsewhere keep the cell as it is.
     void open();
-    /// The well that is open; null if none is.
-    COwnSECColorWell* well() const;
 
     /// Takes the button away from its cell, and an open well with it.
     void hideButton();
-
-Q_SIGNALS:
-    /// The user has chosen a colour, which the cell has already. The same as the observer is told.
-    void colorStored(int row, int column, int color);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

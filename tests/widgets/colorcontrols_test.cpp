@@ -47,7 +47,16 @@ protected:
 
     QWidget& openByKey() {
         QTest::keyClick(&grid, Qt::Key_Space);
-        return *grid.button.well();
+        return *well();
+    }
+
+    /// The one that is on show; another may wait for its deletion.
+    COwnSECColorWell* well() const {
+        for (auto* well : grid.button.findChildren<COwnSECColorWell*>()) {
+            if (well->isVisible())
+                return well;
+        }
+        return nullptr;
     }
 
     static void press(QWidget& well, std::initializer_list<Qt::Key> keys) {
@@ -67,7 +76,7 @@ TEST_F(ColorCells, StoreAColorChosenByKeys) {
     press(openByKey(), {Qt::Key_Left, Qt::Key_Left, Qt::Key_Left, Qt::Key_Return});
     EXPECT_EQ(text(), "255") << "the well begins at the cell's colour";
     EXPECT_EQ(told, "2 2 255;");
-    EXPECT_EQ(grid.button.well(), nullptr);
+    EXPECT_EQ(well(), nullptr);
     EXPECT_FALSE(grid.button.isVisible());
 
     press(openByKey(), {Qt::Key_Down, Qt::Key_Right, Qt::Key_Up, Qt::Key_Space});
@@ -77,10 +86,10 @@ TEST_F(ColorCells, StoreAColorChosenByKeys) {
 TEST_F(ColorCells, StoreAColorChosenByMouse) {
     const QRect cell = grid.visualRect(grid.model()->index(1, 1));
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, cell.center());
-    COwnSECColorWell* well = grid.button.well();
-    ASSERT_NE(well, nullptr);
-    EXPECT_GT(well->y(), grid.viewport()->mapToGlobal(cell.bottomLeft()).y()) << "it hides its cell";
-    QTest::mouseClick(well->findChildren<QAbstractButton*>().at(1), Qt::LeftButton);
+    COwnSECColorWell* const opened = well();
+    ASSERT_NE(opened, nullptr);
+    EXPECT_GT(opened->y(), grid.viewport()->mapToGlobal(cell.bottomLeft()).y()) << "it hides its cell";
+    QTest::mouseClick(opened->findChildren<QAbstractButton*>().at(1), Qt::LeftButton);
     EXPECT_EQ(text(), std::to_string(kGreen));
 }
 
@@ -104,7 +113,7 @@ TEST_F(ColorCells, TakeAnyColorOfThePlatformsDialog) {
             auto* chooser = qobject_cast<QColorDialog*>(&modal);
             ASSERT_NE(chooser, nullptr);
             EXPECT_EQ(chooser->currentColor(), QColor(Qt::blue));
-            EXPECT_NE(grid.button.well(), nullptr) << "hidden, but not done";
+            EXPECT_TRUE(grid.button.isVisible()) << "the well is hidden, but not done";
             chooser->setCurrentColor(QColor(1, 2, 3));
             accept ? chooser->accept() : chooser->reject();
         });
@@ -121,7 +130,6 @@ TEST_F(ColorCells, AreShownInTheColorOfTheirText) {
     for (const auto& [cellText, color] : rows) {
         grid.setCellText(2, 2, cellText);
         grid.button.initForCell(2, 2);
-        EXPECT_EQ(grid.button.color(), color) << cellText;
         const QColor middle =
             grid.grab().toImage().pixelColor(grid.button.mapTo(&grid, grid.button.rect().center()));
         EXPECT_EQ(middle, QColor(color & 0xff, color >> 8 & 0xff, color >> 16)) << cellText;
