@@ -1,5 +1,6 @@
 #include "dialog/pages/borders/attributedialog.h"
 
+#include "dialog/pages/borders/attributesgrid.h"
 #include "tests/support/widgets.h"
 
 using ovsettings::Attributes;

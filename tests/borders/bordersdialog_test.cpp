@@ -1,5 +1,6 @@
 #include "dialog/pages/borders/bordersdialog.h"
 
+#include "dialog/pages/borders/attributesgrid.h"
 #include "dialog/pages/borders/bordersgrid.h"
 #include "orv/symbolreader.h"
 #include "store/unitglue.h"

@@ -1,19 +1,12 @@
 #pragma once
 
+#include "dialog/pages/borders/attributes.h"
 #include "dialog/widgets/grid/gridwnd.h"
 
-#include <map>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace ovsettings {
-
-/// A property's name and value, UTF-8.
-using Attribute = std::pair<std::string, std::string>;
-using Attributes = std::vector<Attribute>;
-/// From a property's name to the values that it is known to have, in order.
-using KnownValues = std::map<std::string, std::vector<std::string>>;
 
 /// A table of properties, with the columns "Name" and "Value". While names are on offer that have no row yet,
 /// a last row offers them; the one that is chosen there becomes a row.

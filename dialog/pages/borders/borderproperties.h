@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dialog/pages/borders/attributesgrid.h"
+#include "dialog/pages/borders/attributes.h"
 #include "orv/bordersymbols.h"
 
 #include <vector>

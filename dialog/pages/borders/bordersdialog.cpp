@@ -2,25 +2,21 @@
 
 #include "dialog/pages/borders/attributedialog.h"
 #include "dialog/pages/borders/customborderdialog.h"
+#include "dialog/pages/borders/symbolproperties.h"
 #include "dialog/projectfile/savequestion.h"
 #include "dialog/shell/projectaccess.h"
 #include "dialog/widgets/messagebox.h"
 #include "dialog/widgets/progress.h"
 #include "dialog/widgets/stringconversion.h"
 #include "orv/projectfiledata.h"
-#include "orv/symbolreader.h"
 #include "store/unitglue.h"
 #include "ui_bordersdialog.h"
-
-#include <set>
 
 namespace ovsettings {
 
 namespace {
 
 constexpr unsigned kTemplate = 145;
-/// A value that begins with it is filled in by the editor.
-constexpr char kFilledIn = '@';
 
 } // namespace
 
@@ -42,7 +38,7 @@ bool CBordersDialog::buildTemplate() {
     connect(ui_->grid, &CBordersGrid::currentRowChanged, this, &CBordersDialog::enableDelete);
     connect(ui_->grid, &CBordersGrid::symbolWanted, this, &CBordersDialog::chooseSymbol);
     connect(ui_->grid, &CBordersGrid::symbolDropped, this,
-            [this](std::size_t index, BorderSheet sheet) { dropSymbol(index, sheet); });
+            [this](std::size_t index, BorderSheet sheet) { showRows(model_.dropSymbol(index, sheet)); });
     connect(ui_->properties, &QPushButton::clicked, this, &CBordersDialog::editProperties);
     connect(ui_->addCustom, &QPushButton::clicked, this, &CBordersDialog::addCustom);
     connect(ui_->deleteCustom, &QPushButton::clicked, this, &CBordersDialog::deleteCustom);
@@ -60,7 +56,7 @@ bool CBordersDialog::OnInitDialog() {
 /// laid onto what the object holds by now, which stays as it is where it cannot be saved. That there is no
 /// file any more is told, but refuses nothing: the user took it away, and here he could not give it back.
 bool CBordersDialog::onApply() {
-    if (!dirty_)
+    if (!model_.isModified())
         return true;
     if (!hasFile()) {
         tellNoFile(*this, tr("Borders"));
@@ -71,23 +67,12 @@ bool CBordersDialog::onApply() {
     const std::string path = storedPath();
     if (!foreign_.mayWrite(*this, *projectConfig_, path))
         return false;
-    Orv::IBorderSymbols* symbols = borderSymbols();
-    const Orv::IBorderSymbols::Table table = symbols->GetTable();
-    const CBorderProperties::Properties properties = symbols->GetProperties();
-    rows_.store(symbols->GetTable());
-    symbols->GetProperties() = properties_.laidOver(properties);
-    symbols->Save(path);
-    if (const std::string cause = symbols->GetSaveError(); !cause.empty()) {
-        symbols->GetTable() = table;
-        symbols->GetProperties() = properties;
-        file_.noteFailedSave();
-        tellFailedSave(*this, cause);
-        return false;
-    }
-    rows_.noteStored(symbols->GetTable());
-    properties_.clear();
-    dirty_ = false;
-    return true;
+    const std::string cause = model_.store(*borderSymbols(), path);
+    if (cause.empty())
+        return true;
+    file_.noteFailedSave();
+    tellFailedSave(*this, cause);
+    return false;
 }
 
 bool CBordersDialog::onEnter() {
@@ -98,14 +83,14 @@ bool CBordersDialog::onEnter() {
 
 /// What is not saved stays on the page. Without a file a Yes could do nothing.
 bool CBordersDialog::onLeave() {
-    if (dirty_ && hasFile() &&
+    if (model_.isModified() && hasFile() &&
         askYesNo(this, tr("Do you want to save the changes you've made in this page?"), tr("Borders")))
         onApply();
     return true;
 }
 
 bool CBordersDialog::isModified() const {
-    return dirty_;
+    return model_.isModified();
 }
 
 Orv::IBorderSymbols* CBordersDialog::borderSymbols() const {
@@ -123,10 +108,8 @@ bool CBordersDialog::hasFile() const {
 void CBordersDialog::load() {
     if (!ui_->grid || !borderSymbols())
         return;
-    rows_.load(borderSymbols()->GetTable());
-    ui_->grid->showRows(rows_);
-    properties_.clear();
-    dirty_ = false;
+    model_.load(*borderSymbols());
+    ui_->grid->showRows(model_.rows());
 }
 
 /// Another page or program may have given the project another border symbols file, or have had it read again.
@@ -134,10 +117,8 @@ void CBordersDialog::followFile() {
     if (!ui_->grid || !borderSymbols())
         return;
     file_.follow(*borderSymbols(), storedPath());
-    if (!dirty_)
-        load();
-    else if (rows_.follow(borderSymbols()->GetTable()))
-        ui_->grid->showRows(rows_);
+    if (model_.follow(*borderSymbols()))
+        ui_->grid->showRows(model_.rows());
 }
 
 void CBordersDialog::enableControls() {
@@ -152,19 +133,12 @@ void CBordersDialog::chooseSymbol(std::size_t index, BorderSheet sheet) {
     CBorderSymbolsFeeder feeder(*projectConfig_);
     const std::string symbol = cldialog::showCentralLibraryDialog(feeder, toUtf8(tr("Border Symbol")));
     if (!symbol.empty())
-        setSymbol(index, sheet, symbol);
+        showRows(model_.setSymbol(index, sheet, symbol));
 }
 
-void CBordersDialog::setSymbol(std::size_t index, BorderSheet sheet, const std::string& symbol) {
-    for (const std::size_t changed : rows_.setSymbol(index, sheet, symbol))
-        ui_->grid->showRow(changed, rows_.at(changed));
-    dirty_ = true;
-}
-
-void CBordersDialog::dropSymbol(std::size_t index, BorderSheet sheet) {
-    const BorderRow& row = rows_.at(index);
-    if (!(sheet == BorderSheet::first ? row.first : row.next).empty())
-        setSymbol(index, sheet, {});
+void CBordersDialog::showRows(const std::vector<std::size_t>& indices) {
+    for (const std::size_t index : indices)
+        ui_->grid->showRow(index, model_.rows().at(index));
 }
 
 void CBordersDialog::addCustom() {
@@ -174,13 +148,8 @@ void CBordersDialog::addCustom() {
     if (dialog.DoModal() != QDialog::Accepted)
         return;
     const std::string key = customBorderKey(dialog.width(), dialog.height(), unit);
-    const std::size_t index = rows_.indexOf(key);
-    if (index == rows_.count()) {
-        for (const std::size_t changed : rows_.add(key))
-            ui_->grid->showRow(changed, rows_.at(changed));
-        dirty_ = true;
-    }
-    ui_->grid->setCurrentCell(static_cast<int>(index) + 1, 1);
+    showRows(model_.addCustom(key));
+    ui_->grid->setCurrentCell(static_cast<int>(model_.rows().indexOf(key)) + 1, 1);
     enableDelete();
 }
 
@@ -188,17 +157,15 @@ void CBordersDialog::deleteCustom() {
     if (!isCustomRow())
         return;
     const int row = ui_->grid->currentRow();
-    const std::size_t changed = rows_.remove(static_cast<std::size_t>(row) - 1);
+    const std::vector<std::size_t> changed = model_.removeCustom(static_cast<std::size_t>(row) - 1);
     ui_->grid->removeRow(row);
-    if (changed < rows_.count())
-        ui_->grid->showRow(changed, rows_.at(changed));
-    dirty_ = true;
+    showRows(changed);
     enableDelete();
 }
 
 bool CBordersDialog::isCustomRow() const {
     const auto row = static_cast<std::size_t>(ui_->grid->currentRow());
-    return row > 0 && row <= rows_.count() && rows_.at(row - 1).isCustom();
+    return row > 0 && row <= model_.rows().count() && model_.rows().at(row - 1).isCustom();
 }
 
 void CBordersDialog::enableDelete() {
@@ -217,53 +184,22 @@ void CBordersDialog::editProperties() {
                       "available properties from drop-down list in the last row.  The values assigned here "
                       "will later be applied to properties on the default border symbol being used."));
     dialog.setKnownValues(*known);
-    dialog.setAttributes(properties_.laidOver(symbols.GetProperties()));
+    dialog.setAttributes(model_.properties(symbols));
     dialog.setNames(symbols.GetPropertyNames());
-    if (dialog.DoModal() == QDialog::Accepted &&
-        properties_.take(symbols.GetProperties(), dialog.attributes()))
-        dirty_ = true;
-}
-
-std::vector<std::string> CBordersDialog::symbolsOfRows() const {
-    std::set<std::string> taken{""};
-    std::vector<std::string> symbols;
-    for (std::size_t index = 0; index < rows_.count(); ++index) {
-        for (const std::string& symbol : {rows_.at(index).first, rows_.at(index).next}) {
-            if (taken.insert(symbol).second)
-                symbols.push_back(symbol);
-        }
-    }
-    return symbols;
+    if (dialog.DoModal() == QDialog::Accepted)
+        model_.setProperties(symbols, dialog.attributes());
 }
 
 std::optional<KnownValues> CBordersDialog::knownValues() {
-    KnownValues known;
     if (!projectConfig_->symbolReader)
-        return known;
-    std::set<Attribute> found;
-    const auto ask = [&](const std::string& symbol) {
-        const auto separator = symbol.find(Orv::kSymbolSeparator);
-        const bool hasLibrary = separator != std::string::npos;
-        const std::string library = hasLibrary ? symbol.substr(0, separator) : std::string();
-        const std::string symbolName = hasLibrary ? symbol.substr(separator + 1) : symbol;
-        for (const Attribute& property : projectConfig_->symbolReader->GetProperties(library, symbolName)) {
-            const auto& [propertyName, value] = property;
-            const bool counts =
-                !projectConfig_->propertyFilter || projectConfig_->propertyFilter->Counts(propertyName);
-            if (!counts || value.starts_with(kFilledIn))
-                continue;
-            std::vector<std::string>& values = known[propertyName];
-            // No value has a choice of its own already.
-            if (!value.empty() && found.insert(property).second)
-                values.push_back(value);
-        }
-    };
-    const std::vector<std::string> symbols = symbolsOfRows();
+        return KnownValues();
+    SymbolProperties properties(*projectConfig_->symbolReader, projectConfig_->propertyFilter);
+    const std::vector<std::string> symbols = model_.symbols();
     // Each symbol is a file.
     if (!withProgress(*this, tr("Reading the properties of the border symbols"), symbols.size(),
-                      [&](std::size_t step) { ask(symbols[step]); }))
+                      [&](std::size_t step) { properties.read(symbols[step]); }))
         return std::nullopt;
-    return known;
+    return properties.knownValues();
 }
 
 } // namespace ovsettings

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "dialog/pages/borders/attributesgrid.h"
-#include "dialog/pages/borders/borderproperties.h"
-#include "dialog/pages/borders/borderrows.h"
+#include "dialog/pages/borders/bordersmodel.h"
 #include "dialog/projectfile/foreignfile.h"
 #include "dialog/projectfile/namedfile.h"
 #include "dialog/projectfile/symbolsfeeder.h"
@@ -51,24 +49,19 @@ private:
     void followFile();
     void enableControls();
     void chooseSymbol(std::size_t index, BorderSheet sheet);
-    void setSymbol(std::size_t index, BorderSheet sheet, const std::string& symbol);
-    void dropSymbol(std::size_t index, BorderSheet sheet);
+    void showRows(const std::vector<std::size_t>& indices);
     void addCustom();
     void deleteCustom();
     bool isCustomRow() const;
     void enableDelete();
     void editProperties();
-    /// Each once, in the order of the rows.
-    std::vector<std::string> symbolsOfRows() const;
     /// What the symbols say of their properties; nothing if the user has stopped the reading.
     std::optional<KnownValues> knownValues();
 
     std::unique_ptr<Ui::CBordersDialog> ui_;
     NamedFile file_;
     ForeignFile foreign_;
-    CBorderRows rows_;
-    CBorderProperties properties_;
-    bool dirty_ = false;
+    BordersModel model_;
 };
 
 } // namespace ovsettings
