@@ -12,7 +12,7 @@ namespace {
 constexpr int kDeepest = 256;
 constexpr std::size_t kShortestCategory = std::string_view("<dialog/>").size();
 
-std::size_t countNodes(const CCategories::Nodes& nodes, const CCategoryNode* parent, int depth) {
+std::size_t countNodes(const CategoryNodes& nodes, const CCategoryNode* parent, int depth) {
     require(depth < kDeepest);
     std::size_t count = nodes.size();
     for (const auto& node : nodes) {
@@ -25,16 +25,10 @@ std::size_t countNodes(const CCategories::Nodes& nodes, const CCategoryNode* par
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    CCategories categories;
-    std::string problem;
-    const CatalogueEnd end = readCatalogue(fuzz::textOf(data, size), categories, problem);
-    const bool isRead = end != CatalogueEnd::noDocument && end != CatalogueEnd::noRoot;
-    require(isRead || categories.roots().empty());
-    require(countNodes(categories.roots(), nullptr, 0) * kShortestCategory <= size);
-    // What is still open is a chain down from the root, which the next category would go under.
-    for (const CCategoryNode* open = categories.pop(); open; open = categories.pop())
-        require(!categories.top() || open->parent == categories.top());
-    const CCategories::Nodes taken = categories.take();
-    require(categories.roots().empty() && !categories.top());
+    const Catalogue catalogue = readCatalogue(fuzz::textOf(data, size));
+    const bool isRead = catalogue.end != CatalogueEnd::noDocument && catalogue.end != CatalogueEnd::noRoot;
+    require(isRead || catalogue.roots.empty());
+    require(!isRead || catalogue.end == CatalogueEnd::whole || !catalogue.problem.empty());
+    require(countNodes(catalogue.roots, nullptr, 0) * kShortestCategory <= size);
     return 0;
 }

@@ -2,7 +2,7 @@
 
 #include "platform/xmldocument.h"
 
-#include <utility>
+#include <cstddef>
 
 namespace ovsettings {
 
@@ -41,95 +41,94 @@ const char* textOf(const xmlNode& element) {
 /// it would make a chain without end.
 constexpr std::size_t kDeepest = 255;
 
-void note(std::string& problem, const xmlNode& place, const std::string& cause) {
-    if (problem.empty())
-        problem = "line " + std::to_string(xmlGetLineNo(&place)) + ": " + cause;
-}
+/// Turns elements into categories. It keeps the chain of the categories that are open, the innermost last.
+class Reader {
+public:
+    explicit Reader(Catalogue& catalogue) : catalogue_(catalogue) {}
 
-bool readDialog(const xmlNode& dialog, CCategories& categories, std::string& problem) {
-    CCategoryNode* const parent = categories.top();
-    CCategoryNode* node = nullptr;
-    for (const xmlNode* child = dialog.children; child; child = child->next) {
-        if (child->type != XML_ELEMENT_NODE)
-            continue;
-        const ValueElement* value = valueElement(nameOf(*child));
-        const bool isNested = nameOf(*child) == "dialog";
-        if (!value && !isNested)
-            continue;
-        if (!node) {
-            if (categories.openCount() == kDeepest) {
-                note(problem, *child, "categories are nested too deeply");
-                return false;
+    CatalogueEnd readRoot(const xmlNode& root) {
+        for (const xmlNode* child = root.children; child; child = child->next) {
+            if (child->type != XML_ELEMENT_NODE)
+                continue;
+            if (nameOf(*child) != "dialog") {
+                note(*child, "the element " + std::string(nameOf(*child)) + " is no category");
+                return CatalogueEnd::foreignElement;
             }
-            node = categories.newNode(parent);
-            categories.push(node);
+            if (!readDialog(*child))
+                return CatalogueEnd::incomplete;
         }
-        if (isNested) {
-            readDialog(*child, categories, problem); // a failure in it does not fail this one
-            continue;
-        }
-        const char* text = textOf(*child);
-        if (!text) {
-            note(problem, *child, "the element " + std::string(nameOf(*child)) + " has no text");
-            return false; // the chain of open categories stays as it is
-        }
-        node->*(value->field) = text;
+        return CatalogueEnd::whole;
     }
-    // This is meant: an element without content has opened nothing, and closes the category around it.
-    categories.pop();
-    return true;
-}
+
+private:
+    bool readDialog(const xmlNode& dialog) {
+        CCategoryNode* const parent = open_.empty() ? nullptr : open_.back();
+        CCategoryNode* node = nullptr;
+        for (const xmlNode* child = dialog.children; child; child = child->next) {
+            if (child->type != XML_ELEMENT_NODE)
+                continue;
+            const ValueElement* value = valueElement(nameOf(*child));
+            const bool isNested = nameOf(*child) == "dialog";
+            if (!value && !isNested)
+                continue;
+            if (!node && !(node = openCategory(parent, *child)))
+                return false;
+            if (isNested) {
+                readDialog(*child); // a failure in it does not fail this one
+                continue;
+            }
+            const char* text = textOf(*child);
+            if (!text) {
+                note(*child, "the element " + std::string(nameOf(*child)) + " has no text");
+                return false; // the category stays open
+            }
+            node->*(value->field) = text;
+        }
+        // An element without content has opened nothing and closes the category around it all the same, so
+        // that those behind it stand one level higher. It is meant, for the catalogues of existing
+        // installations.
+        if (!open_.empty())
+            open_.pop_back();
+        return true;
+    }
+
+    /// Null, and a note, where categories are nested too deeply.
+    CCategoryNode* openCategory(CCategoryNode* parent, const xmlNode& place) {
+        if (open_.size() == kDeepest) {
+            note(place, "categories are nested too deeply");
+            return nullptr;
+        }
+        CategoryNodes& siblings = parent ? parent->children : catalogue_.roots;
+        siblings.push_back(std::make_unique<CCategoryNode>());
+        siblings.back()->parent = parent;
+        open_.push_back(siblings.back().get());
+        return open_.back();
+    }
+
+    void note(const xmlNode& place, const std::string& cause) {
+        if (catalogue_.problem.empty())
+            catalogue_.problem = "line " + std::to_string(xmlGetLineNo(&place)) + ": " + cause;
+    }
+
+    Catalogue& catalogue_;
+    std::vector<CCategoryNode*> open_;
+};
 
 } // namespace
 
-CCategoryNode* CCategories::newNode(CCategoryNode* parent) {
-    Nodes& siblings = parent ? parent->children : roots_;
-    siblings.push_back(std::make_unique<CCategoryNode>());
-    siblings.back()->parent = parent;
-    return siblings.back().get();
-}
-
-void CCategories::push(CCategoryNode* node) {
-    stack_.push_back(node);
-}
-
-CCategoryNode* CCategories::pop() {
-    CCategoryNode* node = top();
-    if (node)
-        stack_.pop_back();
-    return node;
-}
-
-CCategoryNode* CCategories::top() const {
-    return stack_.empty() ? nullptr : stack_.back();
-}
-
-CCategories::Nodes CCategories::take() {
-    stack_.clear();
-    return std::exchange(roots_, {});
-}
-
-CatalogueEnd readCatalogue(std::string_view bytes, CCategories& categories, std::string& problem) {
-    const platform::XmlDocument document = platform::parseXml(bytes, 0, &problem);
+Catalogue readCatalogue(std::string_view bytes) {
+    Catalogue catalogue;
+    const platform::XmlDocument document = platform::parseXml(bytes, 0, &catalogue.problem);
     if (!document)
-        return CatalogueEnd::noDocument;
-    const xmlNode* root = xmlDocGetRootElement(document.get());
-    if (!root) {
-        problem = "there is no element";
-        return CatalogueEnd::noRoot;
-    }
-    for (const xmlNode* child = root->children; child; child = child->next) {
-        if (child->type != XML_ELEMENT_NODE)
-            continue;
-        if (nameOf(*child) != "dialog") {
-            note(problem, *child, "the element " + std::string(nameOf(*child)) + " is no category");
-            return CatalogueEnd::foreignElement;
-        }
-        if (!readDialog(*child, categories, problem))
-            return CatalogueEnd::incomplete;
+        return catalogue;
+    if (const xmlNode* root = xmlDocGetRootElement(document.get())) {
+        catalogue.end = Reader(catalogue).readRoot(*root);
+    } else {
+        catalogue.end = CatalogueEnd::noRoot;
+        catalogue.problem = "there is no element";
     }
     // The parser itself is left as it is: host and suite use the same one.
-    return CatalogueEnd::whole;
+    return catalogue;
 }
 
 } // namespace ovsettings

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -20,28 +19,7 @@ struct CCategoryNode {
     std::vector<std::unique_ptr<CCategoryNode>> children;
 };
 
-/// The categories of a catalogue, and which of them are open while it is read.
-class CCategories {
-public:
-    using Nodes = std::vector<std::unique_ptr<CCategoryNode>>;
-
-    const Nodes& roots() const { return roots_; }
-
-    /// A new category under `parent`, or a top-level one. Owned here.
-    CCategoryNode* newNode(CCategoryNode* parent);
-    /// The reader's chain of open categories; pop and top of an empty chain do nothing and give null.
-    void push(CCategoryNode* node);
-    CCategoryNode* pop();
-    CCategoryNode* top() const;
-    std::size_t openCount() const { return stack_.size(); }
-
-    /// Ends the reading and hands the categories over.
-    Nodes take();
-
-private:
-    std::vector<CCategoryNode*> stack_;
-    Nodes roots_;
-};
+using CategoryNodes = std::vector<std::unique_ptr<CCategoryNode>>;
 
 /// How the reading of a catalogue ended.
 enum class CatalogueEnd {
@@ -52,11 +30,14 @@ enum class CatalogueEnd {
     whole,
 };
 
-/// Adds what a catalogue says.
-/// @param bytes   of the file.
-/// @param problem receives what is wrong with it, the first thing if there are several, with its line: "line
-/// 7:
-///                cause". It stays as it is where nothing is.
-CatalogueEnd readCatalogue(std::string_view bytes, CCategories& categories, std::string& problem);
+/// What a catalogue says, as far as it could be read.
+struct Catalogue {
+    CategoryNodes roots; ///< the top-level categories, in the order of the file
+    CatalogueEnd end = CatalogueEnd::noDocument;
+    std::string problem; ///< the first thing that is wrong, "line 7: cause"; empty where nothing is
+};
+
+/// @param bytes of the file.
+Catalogue readCatalogue(std::string_view bytes);
 
 } // namespace ovsettings

@@ -1,7 +1,6 @@
 #include "dialog/shell/pagemanager.h"
 
 #include "dialog/shell/pagestarter.h"
-#include "dialog/shell/settingsdialog.h"
 #include "dialog/shell/settingsupdater.h"
 #include "dialog/shell/settingsxmlreader.h"
 #include "orv/projectconfiguration.h"
@@ -10,7 +9,6 @@
 
 #include <algorithm>
 #include <utility>
-#include <vector>
 
 namespace ovsettings {
 
@@ -63,8 +61,9 @@ private:
     std::vector<Page> pages_;
 };
 
-CPageManager::CPageManager(CSettingsDialog& frame, CSettingsUpdater& updater)
-    : frame_(frame), updater_(updater) {
+CPageManager::CPageManager(Orv::iAppConfiguration& appConfig, Orv::CProjectConfiguration& projectConfig,
+                           CSettingsUpdater& updater)
+    : appConfig_(appConfig), projectConfig_(projectConfig), updater_(updater) {
     openManagers().push_back(this);
 }
 
@@ -73,24 +72,24 @@ CPageManager::~CPageManager() {
 }
 
 bool CPageManager::read(const std::string& path) {
-    if (!reader_)
-        reader_ = std::make_unique<CSettingsXmlReader>(*this);
     catalogueDirectory_ = platform::splitPath(path).directory;
-    reader_->read(path);
+    roots_ = CSettingsXmlReader(path).read();
     return true;
 }
 
-void CPageManager::build() {
-    for (const auto& root : roots())
-        buildNode(*root, 0);
+std::vector<Category> CPageManager::build() {
+    std::vector<Category> built;
+    for (const auto& root : roots_)
+        buildNode(*root, 0, built);
+    return built;
 }
 
-void CPageManager::buildNode(CCategoryNode& node, unsigned parentKey) {
+void CPageManager::buildNode(CCategoryNode& node, unsigned parentKey, std::vector<Category>& built) {
     node.supplier = supplierFor(node.localization);
     if (!node.supplier)
         return;
     if (auto* designs = dynamic_cast<CPropertyPageSupplierProjects*>(node.supplier)) {
-        buildDesigns(*designs, parentKey);
+        buildDesigns(*designs, parentKey, built);
         return;
     }
     const std::optional<Offer> offer = ask(*node.supplier, node.classid);
@@ -98,10 +97,10 @@ void CPageManager::buildNode(CCategoryNode& node, unsigned parentKey) {
         node.supplier = nullptr;
     if (!offer || !offer->hasPage)
         return;
-    const unsigned key = frame_.addCategory(makeStarter(*offer->factory, node.classid, offer->kind),
-                                            parentKey, node.name, true);
+    built.push_back({makeStarter(*offer->factory, node.classid, offer->kind), parentKey, node.name, true});
+    const auto key = static_cast<unsigned>(built.size());
     for (const auto& child : node.children)
-        buildNode(*child, key);
+        buildNode(*child, key, built);
 }
 
 /// Asks for a page. An add-in that throws is told and gives nothing: it must not keep the user from all other
@@ -130,7 +129,7 @@ std::optional<CPageManager::Offer> CPageManager::ask(CPropertyPageSupplier& supp
 
 void CPageManager::configure(CFactoryEx& factory) {
     configured_.insert(&factory);
-    factory.setConfigurations(&frame_.appConfiguration(), &frame_.projectConfiguration());
+    factory.setConfigurations(&appConfig_, &projectConfig_);
 }
 
 /// An add-in has one factory for all dialogs. One that was opened while another is up may work on a
@@ -146,16 +145,17 @@ void CPageManager::handBackFactories() {
     }
 }
 
-void CPageManager::buildDesigns(CPropertyPageSupplierProjects& supplier, unsigned parentKey) {
+void CPageManager::buildDesigns(CPropertyPageSupplierProjects& supplier, unsigned parentKey,
+                                std::vector<Category>& built) {
     std::vector<std::string> names;
-    supplier.fetchNames(&frame_.projectConfiguration(), names);
-    CFactoryEx* factory = supplier.getFactory(frame_.projectConfiguration().topLevelProvider);
+    supplier.fetchNames(&projectConfig_, names);
+    CFactoryEx* factory = supplier.getFactory(projectConfig_.topLevelProvider);
     if (!factory)
         return;
     updater_.addUpdater(factory->getUpdater());
-    factory->setConfigurations(&frame_.appConfiguration(), &frame_.projectConfiguration());
+    factory->setConfigurations(&appConfig_, &projectConfig_);
     for (const std::string& name : names)
-        frame_.addCategory(makeStarter(*factory, name, kFactoryWithConfigurations), parentKey, name, false);
+        built.push_back({makeStarter(*factory, name, kFactoryWithConfigurations), parentKey, name, false});
 }
 
 CPropertyPageSupplier* CPageManager::supplierFor(const std::string& localization) {
@@ -165,8 +165,7 @@ CPropertyPageSupplier* CPageManager::supplierFor(const std::string& localization
     if (!isNew)
         return entry->second.get();
     try {
-        entry->second = makeSupplier(localization, catalogueDirectory_, &frame_.appConfiguration(),
-                                     &frame_.projectConfiguration());
+        entry->second = makeSupplier(localization, catalogueDirectory_, &appConfig_, &projectConfig_);
     } catch (const ComponentError&) {
         throw; // for the host
     } catch (...) {
@@ -179,15 +178,13 @@ std::unique_ptr<CPageStarter> CPageManager::makeStarter(CPropertyPageFactory& fa
                                                         const std::string& pageKey, int factoryKind) {
     if (factoryKind != kFactoryWithConfigurations)
         return std::make_unique<CPageStarter>(factory, pageKey);
-    return std::make_unique<CPageStarterEx>(factory, pageKey, &frame_.appConfiguration(),
-                                            &frame_.projectConfiguration());
+    return std::make_unique<CPageStarterEx>(factory, pageKey, &appConfig_, &projectConfig_);
 }
 
 void CPageManager::release() {
-    reader_.reset();
     const auto suppliers = std::exchange(suppliers_, {});
     Removed removed;
-    for (const auto& root : take())
+    for (const auto& root : std::exchange(roots_, {}))
         releaseNode(*root, removed);
     handBackFactories(); // last, for an add-in may throw here
 }

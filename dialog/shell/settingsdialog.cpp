@@ -84,7 +84,6 @@ CSettingsDialog::CSettingsDialog(Orv::iAppConfiguration& appConfig, Orv::CProjec
                                  Orv::IUpdater* hostUpdater, QWidget* parent)
     : QDialog(parent),
       appConfig_(appConfig),
-      projectConfig_(projectConfig),
       updater_(std::make_unique<CSettingsUpdater>()),
       catalogueFile_(kDefaultCatalogue),
       ui_(std::make_unique<Ui::CSettingsDialog>()) {
@@ -92,7 +91,7 @@ CSettingsDialog::CSettingsDialog(Orv::iAppConfiguration& appConfig, Orv::CProjec
     // A host without another visible window goes on when the dialog closes.
     setAttribute(Qt::WA_QuitOnClose, false);
     updater_->addUpdater(hostUpdater);
-    manager_ = std::make_unique<CPageManager>(*this, *updater_);
+    manager_ = std::make_unique<CPageManager>(appConfig, projectConfig, *updater_);
 }
 
 CSettingsDialog::~CSettingsDialog() {
@@ -183,7 +182,8 @@ void CSettingsDialog::OnInitDialog() {
         showMessage(this, toQString("Can not load " + path + " file."));
         return;
     }
-    manager_->build();
+    for (Category& category : manager_->build())
+        addCategory(std::move(category));
     ui_->tree->expandAll();
     showLastPage();
     ui_->tree->setFocus();
@@ -219,20 +219,18 @@ QSize CSettingsDialog::sizeHint() const {
     return wanted.boundedTo(available);
 }
 
-unsigned CSettingsDialog::addCategory(std::unique_ptr<CPageStarter> starter, unsigned parentKey,
-                                      const std::string& name, bool translate) {
-    const std::string caption = translate ? captions_.translate(name) : std::string();
-    auto* item = new QTreeWidgetItem({toQString(caption.empty() ? name : caption)});
+void CSettingsDialog::addCategory(Category category) {
+    const std::string caption = category.isTranslated ? captions_.translate(category.name) : std::string();
+    auto* item = new QTreeWidgetItem({toQString(caption.empty() ? category.name : caption)});
     item->setData(0, kPageIndexRole, pageCount_);
-    item->setData(0, kCategoryNameRole, toQString(name));
-    const auto parent = items_.find(parentKey);
+    item->setData(0, kCategoryNameRole, toQString(category.name));
+    const auto parent = items_.find(category.parentKey);
     if (parent == items_.end())
         ui_->tree->addTopLevelItem(item);
     else
         parent->second.item->addChild(item);
-    starters_[pageCount_++] = std::move(starter);
-    items_[++itemCount_] = {item, name};
-    return itemCount_;
+    starters_[pageCount_++] = std::move(category.starter);
+    items_[++itemCount_] = {item, std::move(category.name)};
 }
 
 void CSettingsDialog::showLastPage() {

@@ -30,6 +30,7 @@ class CPageManager;
 class CPageStarter;
 class CPropDialogTemplate;
 class CSettingsUpdater;
+struct Category;
 
 /// One item of the category tree.
 struct CCategoryItem {
@@ -56,18 +57,9 @@ public:
     /// @throws what a page or an updater threw while the dialog ran.
     int DoModal();
 
-    /// Adds a category as the last child of the item `parentKey`; 0 and an unknown key add it at the top.
-    /// @param translate whether the caption is the name's translation or the name itself.
-    /// @return the key of the new item.
-    unsigned addCategory(std::unique_ptr<CPageStarter> starter, unsigned parentKey, const std::string& name,
-                         bool translate);
-
     /// Gathers the changed pages and tells all updaters; for a page that stores something the host must know
     /// of before the commit has ended.
     void notifyUpdaters();
-
-    Orv::iAppConfiguration& appConfiguration() { return appConfig_; }
-    Orv::CProjectConfiguration& projectConfiguration() { return projectConfig_; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
     QSize sizeHint() const override;
@@ -82,6 +74,8 @@ private:
 
     void OnInitDialog();
     void connectControls();
+    /// Adds a category as the last child of its parent's item; a parent that is unknown stands for none.
+    void addCategory(Category category);
     void showLastPage();
 
     bool mayLeave(const QTreeWidgetItem* from, const QTreeWidgetItem* to);
@@ -123,7 +117,6 @@ private:
     std::map<unsigned, std::unique_ptr<CPageStarter>> starters_;
     std::map<unsigned, CCategoryItem> items_; ///< by item key
     Orv::iAppConfiguration& appConfig_;
-    Orv::CProjectConfiguration& projectConfig_;
     unsigned pageCount_ = 0;
     unsigned itemCount_ = 0;
     std::optional<unsigned> shownIndex_; ///< of the page on show, also of one that could not be made

@@ -1,6 +1,5 @@
 #include "dialog/shell/settingsxmlreader.h"
 
-#include "dialog/shell/pagemanager.h"
 #include "dialog/widgets/messagebox.h"
 #include "platform/paths.h"
 #include "platform/printable.h"
@@ -10,43 +9,39 @@
 #include <QtWidgets/QApplication>
 #include <libxml/parser.h>
 
+#include <utility>
+
 namespace ovsettings {
 
-namespace {
-
-CatalogueEnd readFile(const std::string& path, CCategories& categories, std::string& problem) {
-    const auto file = platform::resolveExisting(path);
-    std::string bytes;
-    if (const auto failure = platform::readFile(file.value_or(path), bytes)) {
-        problem = failure->text();
-        return CatalogueEnd::noDocument;
-    }
-    const CatalogueEnd end = readCatalogue(bytes, categories, problem);
-    if (!problem.empty())
-        problem.insert(0, path + ": ");
-    return end;
+CSettingsXmlReader::CSettingsXmlReader(std::string path) : path_(std::move(path)) {
 }
 
-} // namespace
-
-CSettingsXmlReader::CSettingsXmlReader(CPageManager& manager) : manager_(manager) {
-}
-
-bool CSettingsXmlReader::read(const std::string& path) {
-    if (!loaded_)
-        xmlInitParser();
-    std::string problem;
-    const CatalogueEnd end = readFile(path, manager_, problem);
+CategoryNodes CSettingsXmlReader::read() const {
+    xmlInitParser();
+    Catalogue catalogue = readFile();
     // The box says little; whoever maintains the file needs the place. A manager that does not know the call
     // writes the line to standard error as it gets it.
-    if (!problem.empty())
-        Orv::IOvConfigurationManager::Instance().ReportError(platform::printable(problem));
-    if (end == CatalogueEnd::noDocument)
+    if (!catalogue.problem.empty())
+        Orv::IOvConfigurationManager::Instance().ReportError(platform::printable(catalogue.problem));
+    if (catalogue.end == CatalogueEnd::noDocument)
         showMessage(QApplication::activeWindow(), QStringLiteral("File not found\n"));
-    if (end == CatalogueEnd::foreignElement)
+    if (catalogue.end == CatalogueEnd::foreignElement)
         showMessage(QApplication::activeWindow(), QStringLiteral("Error during XML parsing\n"));
-    loaded_ = end != CatalogueEnd::noDocument && end != CatalogueEnd::noRoot;
-    return loaded_;
+    return std::move(catalogue.roots);
+}
+
+Catalogue CSettingsXmlReader::readFile() const {
+    Catalogue catalogue;
+    const auto file = platform::resolveExisting(path_);
+    std::string bytes;
+    if (const auto failure = platform::readFile(file.value_or(path_), bytes)) {
+        catalogue.problem = failure->text();
+        return catalogue;
+    }
+    catalogue = readCatalogue(bytes);
+    if (!catalogue.problem.empty())
+        catalogue.problem.insert(0, path_ + ": ");
+    return catalogue;
 }
 
 } // namespace ovsettings

@@ -1,24 +1,23 @@
 #pragma once
 
+#include "dialog/shell/categories.h"
+
 #include <string>
 
 namespace ovsettings {
 
-class CPageManager;
-
-/// Fills a page manager with the categories of a catalogue file.
+/// Reads a catalogue file and tells the user, in a message box, what is wrong with it.
 class CSettingsXmlReader {
 public:
-    explicit CSettingsXmlReader(CPageManager& manager);
+    explicit CSettingsXmlReader(std::string path);
 
-    /// Reads the file. What is wrong with it is told to the user in a message box; what was read before
-    /// stays.
-    /// @return true if the file was a document with a root element.
-    bool read(const std::string& path);
+    /// @return the top-level categories, as far as the file could be read.
+    CategoryNodes read() const;
 
 private:
-    CPageManager& manager_;
-    bool loaded_ = false;
+    Catalogue readFile() const;
+
+    std::string path_;
 };
 
 } // namespace ovsettings

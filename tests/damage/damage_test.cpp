@@ -181,9 +181,7 @@ struct Kind {
 const Kind kKinds[] = {
     {"standard/settings.xml",
      [](const Samples&, const std::string& path) {
-         ovsettings::CCategories categories;
-         std::string problem;
-         readCatalogue(readFile(path), categories, problem);
+         ovsettings::readCatalogue(readFile(path));
      }},
     {"standard/light.ovc",
      [](const Samples&, const std::string& path) {
