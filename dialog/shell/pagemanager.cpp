@@ -35,30 +35,28 @@ struct CPageManager::Offer {
     bool hasPage = false;
 };
 
-/// What the dialog took out of factories that live longer than it. They have it back at the end.
+/// What the dialog takes out of factories. Those of add-ins live as long as the process, and have it back for
+/// the next dialog once all is out.
 class CPageManager::Removed {
 public:
     Removed() = default;
     Removed(const Removed&) = delete;
     Removed& operator=(const Removed&) = delete;
     ~Removed() {
-        for (Page& page : pages_)
-            page.factory.restoreStarter(page.key, std::move(page.starter));
+        for (const auto& [factory, starters] : removed_)
+            factory->addStarters(starters);
     }
 
     void hold(CPropertyPageFactory& factory, const std::string& key) {
         auto* table = dynamic_cast<CFactory*>(&factory);
-        if (auto starter = table ? table->starterOf(key) : nullptr)
-            pages_.push_back({*table, key, std::move(starter)});
+        if (!table)
+            return;
+        if (const auto starter = table->starters().find(key); starter != table->starters().end())
+            removed_[table].insert(*starter);
     }
 
 private:
-    struct Page {
-        CFactory& factory;
-        std::string key;
-        std::shared_ptr<CFactory::CBaseDialogStarter> starter;
-    };
-    std::vector<Page> pages_;
+    std::map<CFactory*, CFactory::Starters> removed_;
 };
 
 CPageManager::CPageManager(Orv::iAppConfiguration& appConfig, Orv::CProjectConfiguration& projectConfig,

@@ -51,15 +51,6 @@ void CFactory::removePage(const std::string& pageKey) {
     starters_.erase(pageKey);
 }
 
-std::shared_ptr<CFactory::CBaseDialogStarter> CFactory::starterOf(const std::string& pageKey) const {
-    const auto found = starters_.find(pageKey);
-    return found == starters_.end() ? nullptr : found->second;
-}
-
-void CFactory::restoreStarter(const std::string& pageKey, std::shared_ptr<CBaseDialogStarter> starter) {
-    starters_.try_emplace(pageKey, std::move(starter));
-}
-
 bool CFactory::hasPage(const std::string& pageKey) {
     return starters_.contains(pageKey);
 }
@@ -70,6 +61,10 @@ int CFactory::factoryKind() {
 
 void CFactory::addStarter(const std::string& pageKey, std::unique_ptr<CBaseDialogStarter> starter) {
     starters_.insert_or_assign(pageKey, std::move(starter));
+}
+
+void CFactory::addStarters(const Starters& starters) {
+    starters_.insert(starters.begin(), starters.end());
 }
 
 CPropDialogTemplate* CFactoryEx::createPage(const std::string& pageKey, QWidget* parent) {

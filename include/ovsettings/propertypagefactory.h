@@ -80,6 +80,9 @@ public:
         CPropDialogTemplate* create(QWidget*) override { return new T(nullptr); }
     };
 
+    /// By page key. Several tables may share a starter, which lives as long as the last of them.
+    using Starters = std::map<std::string, std::shared_ptr<CBaseDialogStarter>>;
+
     CFactory();
     ~CFactory() override;
     CFactory(const CFactory&) = delete;
@@ -93,6 +96,13 @@ public:
     /// Enters a starter under a key; an earlier one under the same key is replaced.
     void addStarter(const std::string& pageKey, std::unique_ptr<CBaseDialogStarter> starter);
 
+    /// The table as it stands.
+    const Starters& starters() const { return starters_; }
+
+    /// Enters those starters whose keys are not in the table. So what was copied from the table before a
+    /// removePage comes back.
+    void addStarters(const Starters& starters);
+
     /// Enters a lazy starter for the page class `T`, whose constructor takes a parent widget.
     template <typename T>
     void addPage(const std::string& pageKey) {
@@ -105,14 +115,7 @@ protected:
                                   const std::function<void(CPropDialogTemplate&)>& prepare);
 
 private:
-    friend class CPageManager;
-
-    /// An add-in's factory lives on in the process, while each dialog takes its categories out as it goes:
-    /// what it takes out it holds, and gives back when all are out.
-    std::shared_ptr<CBaseDialogStarter> starterOf(const std::string& pageKey) const;
-    void restoreStarter(const std::string& pageKey, std::shared_ptr<CBaseDialogStarter> starter);
-
-    std::map<std::string, std::shared_ptr<CBaseDialogStarter>> starters_;
+    Starters starters_;
 };
 
 /// A factory that hands the configuration objects to each page before the page's window exists. Derive an
