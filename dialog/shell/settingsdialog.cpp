@@ -4,15 +4,12 @@
 #include "dialog/shell/followsconfiguration.h"
 #include "dialog/shell/pagemanager.h"
 #include "dialog/shell/pagestarter.h"
-#include "dialog/shell/settingsupdater.h"
 #include "dialog/shell/stringtable.h"
-#include "dialog/shell/unsavededits.h"
 #include "dialog/widgets/messagebox.h"
 #include "dialog/widgets/stringconversion.h"
 #include "dialog/widgets/waitcursor.h"
 #include "dialog/widgets/wheelguard.h"
 #include "orv/appconfiguration.h"
-#include "ovsettings/propdialogtemplate.h"
 #include "ovsettings/showsettingsdialog.h"
 #include "platform/installation.h"
 #include "store/appcfg.h"
@@ -55,12 +52,6 @@ void setShown(CPropDialogTemplate* page, bool shown) {
         page->setVisible(shown);
 }
 
-/// Edits that are lost where the dialog goes without storing them.
-bool hasEdits(const CPropDialogTemplate& page) {
-    const auto* edits = dynamic_cast<const IUnsavedEdits*>(&page);
-    return edits ? edits->hasUnsavedEdits() : page.isModified();
-}
-
 /// "NET.COLOR", or the key alone where its fields have no names.
 std::string fieldName(const std::string& key, std::size_t field) {
     const auto names = Orv::iAppConfiguration::fieldNames(Orv::iAppConfiguration::kindOf(key));
@@ -84,14 +75,15 @@ CSettingsDialog::CSettingsDialog(Orv::iAppConfiguration& appConfig, Orv::CProjec
                                  Orv::IUpdater* hostUpdater, QWidget* parent)
     : QDialog(parent),
       appConfig_(appConfig),
-      updater_(std::make_unique<CSettingsUpdater>()),
+      pages_(appConfig),
+      cycle_(pages_, updater_),
       catalogueFile_(kDefaultCatalogue),
       ui_(std::make_unique<Ui::CSettingsDialog>()) {
     ui_->setupUi(this);
     // A host without another visible window goes on when the dialog closes.
     setAttribute(Qt::WA_QuitOnClose, false);
-    updater_->addUpdater(hostUpdater);
-    manager_ = std::make_unique<CPageManager>(appConfig, projectConfig, *updater_);
+    updater_.addUpdater(hostUpdater);
+    manager_ = std::make_unique<CPageManager>(appConfig, projectConfig, updater_);
 }
 
 CSettingsDialog::~CSettingsDialog() {
@@ -100,10 +92,8 @@ CSettingsDialog::~CSettingsDialog() {
 
 void CSettingsDialog::tearDown() {
     qApp->removeEventFilter(this);
-    // The pages go before the suppliers that made them. One page may stand under two indices, or be gone.
-    for (const auto& [index, page] : std::exchange(pages_, {}))
-        delete page;
-    updater_.reset();
+    // The pages go before the suppliers that made them.
+    pages_.deleteAll();
     if (const auto manager = std::move(manager_))
         manager->release();
 }
@@ -128,7 +118,7 @@ int CSettingsDialog::DoModal() {
             failure_ = std::current_exception();
     }
     rethrowFailure();
-    return applied_;
+    return cycle_.isApplied() ? 1 : 0;
 }
 
 void CSettingsDialog::rethrowFailure() {
@@ -144,7 +134,7 @@ void CSettingsDialog::guarded(Callback callback) {
         callback();
     } catch (...) {
         failure_ = std::current_exception();
-        done(applied_);
+        finish();
     }
 }
 
@@ -193,7 +183,7 @@ void CSettingsDialog::OnInitDialog() {
 void CSettingsDialog::connectControls() {
     connect(ui_->okButton, &QPushButton::clicked, this, &CSettingsDialog::accept);
     connect(ui_->applyButton, &QPushButton::clicked, this,
-            [this] { runCommand([this] { commit(Commit::apply); }); });
+            [this] { runCommand([this] { commit(CommitKind::apply); }); });
     connect(ui_->cancelButton, &QPushButton::clicked, this, [this] { runCommand([this] { cancel(); }); });
     connect(ui_->helpButton, &QPushButton::clicked, this, &CSettingsDialog::showActivePageHelp);
 
@@ -275,17 +265,17 @@ void CSettingsDialog::switchToPage(unsigned index) {
     }
     const std::string& name = item->second.name;
     ui_->caption->setCaption(toQString(captions_.translate(name)));
-    activePage_ = page;
+    pages_.setActive(page);
     rememberPage(name);
 }
 
 CPropDialogTemplate* CSettingsDialog::pageOf(unsigned index) {
-    if (const auto made = pages_.find(index); made != pages_.end())
+    if (const auto made = pages_.all().find(index); made != pages_.all().end())
         return made->second;
     const auto starter = starters_.find(index);
     CPropDialogTemplate* page = starter == starters_.end() ? nullptr : starter->second->create(ui_->pageHost);
     if (page) {
-        pages_[index] = page;
+        pages_.add(index, *page);
         adoptPage(*page);
     }
     return page;
@@ -312,8 +302,8 @@ void CSettingsDialog::rememberPage(const std::string& name) {
 
 void CSettingsDialog::accept() {
     runCommand([this] {
-        if (commit(Commit::ok))
-            done(applied_);
+        if (commit(CommitKind::ok))
+            finish();
     });
 }
 
@@ -324,84 +314,20 @@ void CSettingsDialog::reject() {
     });
 }
 
-bool CSettingsDialog::commit(Commit kind) {
+bool CSettingsDialog::commit(CommitKind kind) {
     ui_->notice->removeNotices();
-    gatherChangedPages();
-    if (!activePage_ || !activePage_->isValid())
-        return false;
-    const bool activeStored = store(kind, *activePage_);
-    if (kind == Commit::apply && !activeStored)
-        return false; // OK goes on, and this is meant
-    appConfig_.save();
-    // The active page is stored by now, and stays so if another one refuses.
-    if (const CPropDialogTemplate* refused = firstInvalidPage()) {
-        showRefusedPage(*refused);
-        return false;
-    }
-    applied_ = 1;
-    const bool othersStored = storeOthers(kind);
-    appConfig_.save();
-    updater_->notify();
-    const bool isKept = kind == Commit::ok && isKeptOpen(activeStored);
-    return othersStored && !isKept;
+    const CommitResult result = cycle_.commit(kind);
+    if (result.refused)
+        showRefusedPage(*result.refused);
+    if (result.isUnwritten)
+        tellUnwritten();
+    return result.mayClose;
 }
 
-bool CSettingsDialog::store(Commit kind, CPropDialogTemplate& page) {
-    return kind == Commit::ok ? page.onOk() : page.onApply();
-}
-
-bool CSettingsDialog::storeOthers(Commit kind) {
-    bool allStored = true;
-    for (const auto& [index, page] : pages_) {
-        if (page && page != activePage_ && !store(kind, *page))
-            allStored = false;
-    }
-    return allStored;
-}
-
-/// Whether OK would lose what could not be written: the edits of the active page, which has told the user, or
-/// the configuration.
-bool CSettingsDialog::isKeptOpen(bool activeStored) {
-    if (appConfig_.lastSaveFailed()) {
-        const auto directories = appConfig_.workingDirectories();
-        const QString failure =
-            directories.empty() || directories.front().empty()
-                ? tr("The settings could not be written: there is no directory of the user.")
-                : tr("The settings could not be written to %1.").arg(toQString(directories.front()));
-        showMessage(this,
-                    failure + tr("\n\nThe dialog stays open, so that nothing is lost. Cancel closes it all "
-                                 "the same."),
-                    windowTitle());
-        return true;
-    }
-    return !activeStored && activePage_ && hasEdits(*activePage_);
-}
-
-void CSettingsDialog::gatherChangedPages() {
-    updater_->clear();
-    for (const auto& [index, page] : pages_) {
-        if (page && page->isModified())
-            updater_->addPage(page->pageName());
-    }
-}
-
-CPropDialogTemplate* CSettingsDialog::firstInvalidPage() const {
-    for (const auto& [index, page] : pages_) {
-        if (page && !page->isValid())
-            return page;
-    }
-    return nullptr;
-}
-
-void CSettingsDialog::showRefusedPage(const CPropDialogTemplate& page) {
-    const auto found = std::find_if(pages_.begin(), pages_.end(),
-                                    [&page](const auto& entry) { return entry.second == &page; });
-    if (found == pages_.end())
-        return;
-    const unsigned index = found->first;
+void CSettingsDialog::showRefusedPage(unsigned index) {
     // The index is taken for the item's key as it stands, which is one too low: the tree shows the item
-    // before the refused one, and its page is on show for a moment. That is meant: hosts know the dialog by
-    // it.
+    // before the refused one, and its page is on show for a moment. That is meant, for hosts, which know the
+    // dialog by it.
     if (const auto item = items_.find(index); item != items_.end()) {
         const QScopedValueRollback<bool> selectable(busy_, false);
         ui_->tree->setCurrentItem(item->second.item);
@@ -410,17 +336,22 @@ void CSettingsDialog::showRefusedPage(const CPropDialogTemplate& page) {
     switchToPage(index);
 }
 
-QStringList CSettingsDialog::categoriesWithEdits() const {
-    QStringList captions;
-    for (const auto& [index, page] : pages_) {
-        if (page && hasEdits(*page))
-            captions.append(items_.at(index + 1).item->text(0));
-    }
-    return captions;
+void CSettingsDialog::tellUnwritten() {
+    const auto directories = appConfig_.workingDirectories();
+    const QString failure =
+        directories.empty() || directories.front().empty()
+            ? tr("The settings could not be written: there is no directory of the user.")
+            : tr("The settings could not be written to %1.").arg(toQString(directories.front()));
+    showMessage(this,
+                failure + tr("\n\nThe dialog stays open, so that nothing is lost. Cancel closes it all "
+                             "the same."),
+                windowTitle());
 }
 
 bool CSettingsDialog::mayGiveUpEdits() {
-    const QStringList edited = categoriesWithEdits();
+    QStringList edited;
+    for (const unsigned index : cycle_.pagesWithEdits())
+        edited.append(items_.at(index + 1).item->text(0));
     return edited.isEmpty() ||
            !askEither(
                this,
@@ -429,22 +360,22 @@ bool CSettingsDialog::mayGiveUpEdits() {
 }
 
 void CSettingsDialog::cancel() {
-    for (const auto& [index, page] : pages_) {
-        if (page)
-            page->onCancel();
-    }
-    done(applied_);
+    cycle_.cancel();
+    finish();
+}
+
+void CSettingsDialog::finish() {
+    done(cycle_.isApplied() ? 1 : 0);
 }
 
 void CSettingsDialog::notifyUpdaters() {
-    gatherChangedPages();
-    updater_->notify();
+    cycle_.notifyUpdaters();
 }
 
 void CSettingsDialog::showActivePageHelp() {
     guarded([this] {
-        if (activePage_)
-            activePage_->showHelp();
+        if (CPropDialogTemplate* page = pages_.active())
+            page->showHelp();
     });
 }
 
@@ -480,7 +411,7 @@ void CSettingsDialog::refreshIfDue() {
 /// The pages follow also where nothing changed just now: the host may have refreshed the store by itself.
 void CSettingsDialog::refresh() {
     DroppedEdits dropped = appConfig_.refresh().dropped;
-    for (const auto& [index, page] : pages_) {
+    for (const auto& [index, page] : pages_.all()) {
         if (auto* follower = dynamic_cast<IFollowsConfiguration*>(page.data()))
             std::ranges::move(follower->followConfiguration(), std::back_inserter(dropped));
     }
@@ -495,10 +426,10 @@ bool CSettingsDialog::eventFilter(QObject* watched, QEvent* event) {
     noteActivation(*event);
     const QObject* keyReceiver = focusWidget() ? focusWidget() : this;
     // Only the delivery to the control itself is shown to the page, not the way up through its parents.
-    if (event->type() == QEvent::KeyPress && activePage_ && watched == keyReceiver) {
+    if (event->type() == QEvent::KeyPress && pages_.active() && watched == keyReceiver) {
         auto* key = static_cast<QKeyEvent*>(event);
         bool handled = false;
-        guarded([&] { handled = activePage_->PreTranslateMessage(key); });
+        guarded([&] { handled = pages_.active()->PreTranslateMessage(key); });
         if (handled)
             return true;
         if (key->matches(QKeySequence::HelpContents)) {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "dialog/shell/captionmap.h"
+#include "dialog/shell/madepages.h"
+#include "dialog/shell/settingsupdater.h"
 
 #include <QtCore/QPointer>
 #include <QtWidgets/QDialog>
@@ -28,8 +30,6 @@ class CSettingsDialog;
 
 class CPageManager;
 class CPageStarter;
-class CPropDialogTemplate;
-class CSettingsUpdater;
 struct Category;
 
 /// One item of the category tree.
@@ -38,7 +38,7 @@ struct CCategoryItem {
     std::string name; ///< the catalogue's untranslated name, which is what is stored as the last page
 };
 
-/// The modal frame: the tree of categories, one page at a time, and the orders of OK, Apply and Cancel.
+/// The modal frame: the tree of categories, one page at a time, the buttons, and what is asked at closing.
 ///
 /// Every category takes the next page index, from 0, and the next item key, from 1, so that key = index + 1.
 class CSettingsDialog : public QDialog {
@@ -57,8 +57,7 @@ public:
     /// @throws what a page or an updater threw while the dialog ran.
     int DoModal();
 
-    /// Gathers the changed pages and tells all updaters; for a page that stores something the host must know
-    /// of before the commit has ended.
+    /// For a page that stores something the host must know of before the commit has ended.
     void notifyUpdaters();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -70,8 +69,6 @@ public Q_SLOTS:
     void reject() override;
 
 private:
-    enum class Commit { ok, apply };
-
     void OnInitDialog();
     void connectControls();
     /// Adds a category as the last child of its parent's item; a parent that is unknown stands for none.
@@ -84,16 +81,14 @@ private:
     void adoptPage(CPropDialogTemplate& page);
     void rememberPage(const std::string& name);
 
-    bool commit(Commit kind);
-    static bool store(Commit kind, CPropDialogTemplate& page);
-    bool storeOthers(Commit kind);
-    bool isKeptOpen(bool activeStored);
-    void gatherChangedPages();
-    CPropDialogTemplate* firstInvalidPage() const;
-    void showRefusedPage(const CPropDialogTemplate& page);
-    QStringList categoriesWithEdits() const;
+    /// @return whether the dialog may close.
+    bool commit(CommitKind kind);
+    void showRefusedPage(unsigned index);
+    void tellUnwritten();
     bool mayGiveUpEdits();
     void cancel();
+    /// Ends the modal loop; its result is what the host is told.
+    void finish();
     void showActivePageHelp();
 
     void noteActivation(const QEvent& event);
@@ -112,11 +107,12 @@ private:
     void tearDown();
     void stayAbove(QWindow* host);
 
-    std::map<unsigned, QPointer<CPropDialogTemplate>>
-        pages_; ///< by page index; pages that were selected once
     std::map<unsigned, std::unique_ptr<CPageStarter>> starters_;
     std::map<unsigned, CCategoryItem> items_; ///< by item key
     Orv::iAppConfiguration& appConfig_;
+    MadePages pages_; ///< those that were selected once
+    CSettingsUpdater updater_;
+    CommitCycle cycle_;
     unsigned pageCount_ = 0;
     unsigned itemCount_ = 0;
     std::optional<unsigned> shownIndex_; ///< of the page on show, also of one that could not be made
@@ -125,12 +121,9 @@ private:
     bool wasInactive_ = false;                  ///< the application has been, since the dialog opened
     bool refreshDue_ = false;                   ///< the application has come back since the last refresh
     QPointer<CPropDialogTemplate> currentPage_; ///< the page on show, which is asked on leaving
-    QPointer<CPropDialogTemplate> activePage_;  ///< the page that OK, Apply, help and keys go to first
-    std::unique_ptr<CSettingsUpdater> updater_;
     std::unique_ptr<CPageManager> manager_;
     std::string catalogueFile_;
     CCaptionMap captions_;
-    int applied_ = 0;
     std::exception_ptr failure_;
     std::unique_ptr<Ui::CSettingsDialog> ui_;
 };

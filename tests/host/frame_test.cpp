@@ -61,35 +61,6 @@ TEST_F(Frame, PagesAreMadeOnFirstSelectionAndOnlyThoseAreAsked) {
     EXPECT_EQ(recorder().calls, (Calls{"A.onCancel", "C.onCancel", "A.deleted", "C.deleted"}));
 }
 
-TEST_F(Frame, OkIgnoresTheActivePagesRefusalToStoreAndApplyDoesNot) {
-    AskingUpdater updater;
-    recorder().answers["A.onApply"] = false;
-    recorder().answers["A.onOk"] = false;
-    const int result = run(&updater, [&](QDialog& dialog) {
-        visit(dialog, {"B", "A"});
-        press(dialog, "Apply");
-        EXPECT_EQ(recorder().calls, (Calls{"A.isValid", "A.onApply"}));
-        EXPECT_TRUE(updater.notifications.empty());
-        press(dialog, "OK");
-    });
-    EXPECT_EQ(result, 1);
-    EXPECT_EQ(updater.notifications.size(), 1u);
-}
-
-TEST_F(Frame, OkStaysOpenAfterAnotherPageFailedToStoreAlthoughAllIsStored) {
-    AskingUpdater updater;
-    recorder().answers["B.onOk"] = false;
-    const int result = run(&updater, [&](QDialog& dialog) {
-        visit(dialog, {"B", "C", "A"});
-        press(dialog, "OK");
-        EXPECT_TRUE(dialog.isVisible());
-        EXPECT_EQ(recorder().calls.back(), "C.onOk");
-        EXPECT_EQ(updater.notifications.size(), 1u);
-        press(dialog, "Cancel");
-    });
-    EXPECT_EQ(result, 1);
-}
-
 TEST_F(Frame, RefusedPageIsShownWhileTheTreeHighlightsTheOneBefore) {
     AskingUpdater updater;
     recorder().answers["C.isValid"] = false;
