@@ -1,5 +1,6 @@
 #include "platform/currentdirectory.h"
 
+#include "platform/nameservices.h"
 #include "platform/paths.h"
 #include "platform/remotefile.h"
 
@@ -18,7 +19,7 @@ void loadLateCode() {
     static std::once_flag once;
     std::call_once(once, [] {
         loadUrlModules();
-        loadUserServices();
+        loadNameServices();
     });
 }
 

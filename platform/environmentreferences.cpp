@@ -1,23 +1,11 @@
 #include "platform/environmentreferences.h"
 
 #include "platform/environment.h"
-#include "platform/installation.h"
 #include "platform/remotefile.h"
 
 #include <utility>
 
 namespace platform {
-
-namespace {
-
-std::optional<std::string> valueOfReference(const std::string& name) {
-    auto value = name.empty() ? std::nullopt : environmentVariable(name.c_str());
-    if (value && name == "RSR_HOME")
-        value = installationDirectory();
-    return value;
-}
-
-} // namespace
 
 std::optional<std::string> tryExpandEnvironmentReferences(std::string_view text) {
     std::string expanded;
@@ -29,7 +17,7 @@ std::optional<std::string> tryExpandEnvironmentReferences(std::string_view text)
             return fits ? std::optional(expanded.append(text)) : std::nullopt;
         }
         const std::string name(text.substr(open + 1, close - open - 1));
-        if (const auto value = valueOfReference(name)) {
+        if (const auto value = name.empty() ? std::nullopt : environmentVariable(name.c_str())) {
             expanded.append(text.substr(0, open)).append(*value);
             text.remove_prefix(close + 1);
         } else {

@@ -11,7 +11,7 @@ namespace platform {
 constexpr std::size_t kLongestExpansion = 64u << 10;
 
 /// Replaces each reference "%NAME%" by the variable's value. An unknown name, and a lone "%", stay as they
-/// stand. `RSR_HOME` is the one of installationDirectory.
+/// stand.
 /// @return nothing if there is a reference and the result would be longer than kLongestExpansion.
 std::optional<std::string> tryExpandEnvironmentReferences(std::string_view text);
 

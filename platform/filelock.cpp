@@ -92,7 +92,7 @@ mode_t rightsOfWriters(mode_t mode) {
 // lock with fewer users, which is told to those by the system.
 void admitWriters(int fd, const std::string& target) {
     struct stat lock;
-    if (fstat(fd, &lock) != 0 || !S_ISREG(lock.st_mode) || lock.st_uid != geteuid())
+    if (fstat(fd, &lock) != 0 || !S_ISREG(lock.st_mode) || lock.st_nlink != 1 || lock.st_uid != geteuid())
         return;
     struct stat file;
     mode_t rights = rightsOfWriters(lock.st_mode);

@@ -3,36 +3,26 @@
 #include "platform/environment.h"
 #include "platform/paths.h"
 
+#include <cstdlib>
 #include <filesystem>
-#include <mutex>
 #include <system_error>
 
 namespace platform {
 
-namespace {
-
-std::string fromTheRoot(const std::string& name) {
-    std::error_code lost;
-    const auto here = std::filesystem::current_path(lost);
-    return lost ? name : (here / platformPath(name)).string();
+std::string installationDirectory() {
+    return environmentVariable("RSR_HOME").value_or("");
 }
 
-} // namespace
-
-std::string installationDirectory() {
-    static std::mutex mutex;
-    static std::string known;
-    static std::string absolute;
-
-    const std::string name = environmentVariable("RSR_HOME").value_or("");
-    if (name.empty() || isFull(name))
-        return name;
-    const std::lock_guard lock(mutex);
-    if (known != name) {
-        known = name;
-        absolute = fromTheRoot(name);
-    }
-    return absolute;
+// In the environment and not in a variable of ours: each of the libraries has its own copy of this floor, and
+// programs that are started inherit it.
+void fixInstallationDirectory() {
+    const std::string name = platformPath(installationDirectory());
+    if (name.empty() || name.front() == '/')
+        return;
+    std::error_code lost;
+    const auto here = std::filesystem::current_path(lost);
+    if (!lost)
+        setenv("RSR_HOME", (here / name).c_str(), 1);
 }
 
 } // namespace platform

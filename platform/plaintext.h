@@ -21,6 +21,12 @@ inline QString inItsOrder(QString text) {
     return text;
 }
 
+/// What is drawn of a name. To lay out one of megabytes, which a file may give, takes seconds each time.
+inline QString shortened(const QString& name) {
+    constexpr qsizetype kMost = 1000;
+    return name.size() <= kMost ? name : name.left(kMost) + QChar(0x2026);
+}
+
 /// A text for a tool tip, which would read markup in it, load the pictures it names and turn its writing: it
 /// is shown as it stands.
 inline QString toToolTip(const QString& text) {

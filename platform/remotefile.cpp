@@ -94,15 +94,17 @@ struct Module {
     Functions functions;
 };
 
-/// Beside the library that this code is part of. Only an absolute name is trusted: the current directory may
-/// be anybody's.
-std::string besideThisLibrary(const std::string& name) {
+/// The directory of the library that this code is part of. Where the loader found it by a relative path, that
+/// one begins at the directory that was current then.
+std::string ownDirectory() {
     Dl_info self{};
     static const char anchor = 0;
-    if (dladdr(&anchor, &self) == 0 || !self.dli_fname || self.dli_fname[0] != '/')
+    if (dladdr(&anchor, &self) == 0 || !self.dli_fname || isBareName(self.dli_fname))
         return {};
-    return std::string(splitPath(self.dli_fname).directory) + '/' + name;
+    return std::string(splitPath(fullPath(self.dli_fname)).directory);
 }
+
+const std::string kOwnDirectory = ownDirectory();
 
 bool loadFrom(const std::string& name, Module& module) {
     SharedLibrary library(name, SharedLibrary::Lifetime::object);
@@ -124,7 +126,7 @@ const Functions* functionsOf(const UrlScheme& scheme) {
     // Never destroyed: a look-up on a thread of its own may still be under way when the process ends.
     static auto& modules = *new std::array<Module, kUrlSchemes.size()>;
     Module& module = modules[static_cast<std::size_t>(&scheme - kUrlSchemes.data())];
-    std::call_once(module.once, [&] { loadFrom(besideThisLibrary(scheme.module), module); });
+    std::call_once(module.once, [&] { loadFrom(kOwnDirectory + '/' + scheme.module, module); });
     return module.library ? &module.functions : nullptr;
 }
 
@@ -285,13 +287,6 @@ std::string expandHome(std::string path) {
             path.replace(0, end, *home);
     }
     return path;
-}
-
-void loadUserServices() {
-    std::array<char, 1024> texts;
-    struct passwd entry;
-    struct passwd* found = nullptr;
-    getpwnam_r("", &entry, texts.data(), texts.size(), &found);
 }
 
 void NormalizeName(std::string& path) {

@@ -63,9 +63,6 @@ std::string MakeFilePath(std::string_view directory, std::string_view name, std:
 /// stays. May take long where the users are known to a server only.
 std::string expandHome(std::string path);
 
-/// Has the system load now what it asks for users: by the empty name, for which no service asks a server.
-void loadUserServices();
-
 /// Turns a leading "." or "~" into an absolute path, in place.
 void NormalizeName(std::string& path);
 

@@ -59,6 +59,9 @@ SharedLibrary::SharedLibrary(const std::string& name, Lifetime lifetime) {
     if (name.empty()) // the loader takes the empty name for the program itself
         return;
     const std::string path = platformPath(name);
+    // The current directory may be a foreign project's. A drive letter is a relative name here, too.
+    if (!isBareName(path) && path.front() != '/')
+        return;
     const int mode = lifetime == Lifetime::process ? kMode | RTLD_NODELETE : kMode;
     handle_ = open(path, mode, defect_);
     if (!handle_ && endsWithoutCase(path, kForeignSuffix))

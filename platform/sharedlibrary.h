@@ -13,9 +13,9 @@ public:
 
     SharedLibrary() = default;
     /// Loads the library by its name, with the system's search rules for a bare name. "\" in the name
-    /// separates directories, and a name with directories is also found without regard to case. A name of
-    /// another platform, "Name.dll", is also looked for as this platform spells it, "libName.so". An object
-    /// for which nothing was found is empty; nothing is reported.
+    /// separates directories. A name with directories begins at the root, or nothing is loaded; it is also
+    /// found without regard to case. A name of another platform, "Name.dll", is also looked for as this
+    /// platform spells it, "libName.so". An object for which nothing was found is empty; nothing is reported.
     explicit SharedLibrary(const std::string& name, Lifetime lifetime = Lifetime::process);
     ~SharedLibrary();
     SharedLibrary(SharedLibrary&& other) noexcept;

@@ -19,14 +19,16 @@ std::optional<std::string> placeOfWrite(const std::string& path) {
     return (directory / target.filename()).string();
 }
 
-bool isBelow(const std::string& place, const std::string& directory) {
+std::optional<std::string> restBelow(const std::string& place, const std::string& directory) {
     if (directory.empty())
-        return false;
+        return std::nullopt;
     std::error_code error;
-    const std::string whole = fs::canonical(fullPath(directory), error).string();
-    if (error || !place.starts_with(whole))
-        return false;
-    return whole == "/" || (place.size() > whole.size() && place[whole.size()] == '/');
+    std::string whole = fs::canonical(fullPath(directory), error).string();
+    if (whole == "/")
+        whole.clear();
+    const bool isBelow =
+        !error && place.starts_with(whole) && place.size() > whole.size() && place[whole.size()] == '/';
+    return isBelow ? std::optional(place.substr(whole.size())) : std::nullopt;
 }
 
 } // namespace platform

@@ -10,7 +10,11 @@ namespace platform {
 /// @return nothing where nothing can be written, since there is no such directory say.
 std::optional<std::string> placeOfWrite(const std::string& path);
 
-/// Whether such a place is in a directory or below it, by whatever name the directory goes.
-bool isBelow(const std::string& place, const std::string& directory);
+/// What of such a place stands behind a directory that it is in or below, by whatever name the directory
+/// goes; it begins with a separator. @return nothing where it is elsewhere.
+std::optional<std::string> restBelow(const std::string& place, const std::string& directory);
+inline bool isBelow(const std::string& place, const std::string& directory) {
+    return restBelow(place, directory).has_value();
+}
 
 } // namespace platform

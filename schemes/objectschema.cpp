@@ -103,7 +103,7 @@ bool CObjectSchema::read(const std::string& path) {
     std::string bytes;
     if (!file)
         return false;
-    if (const auto failure = platform::readFile(*file, bytes)) {
+    if (const auto failure = platform::readFile(*file, bytes, platform::kLargestDocument)) {
         if (failure->code != ENOENT)
             error_ = failure->text();
         return false;

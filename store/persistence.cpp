@@ -87,6 +87,7 @@ void notifyOfAll(Impl& store) {
 } // namespace
 
 bool loadStore(Impl& store, const std::string& projectPath) {
+    platform::fixInstallationDirectory();
     store.registerCatalogue();
     if (!prepareDirectories(store, projectPath))
         return false;

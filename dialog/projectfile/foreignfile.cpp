@@ -4,6 +4,7 @@
 #include "dialog/projectfile/savequestion.h"
 #include "orv/projectconfiguration.h"
 #include "orv/projectfiledata.h"
+#include "platform/paths.h"
 #include "platform/writtenplace.h"
 
 #include <optional>
@@ -36,7 +37,11 @@ std::optional<std::string> findForbidden(const Orv::CProjectConfiguration& proje
 } // namespace
 
 void noteNamedByUser(const Orv::CProjectConfiguration& project, const std::string& path) {
-    if (const auto place = platform::placeOfWrite(path))
+    const auto place = platform::placeOfWrite(path);
+    // Where a link of the project leads out of it, the user has seen one place and not the other.
+    const std::string directory = platform::directoryOf(project.projectFile->GetFilePath());
+    const bool seemsBelow = path.starts_with(directory);
+    if (place && (!seemsBelow || platform::isBelow(*place, directory)))
         leaves().insert(leaveFor(project, *place));
 }
 

@@ -4,11 +4,13 @@
 #include "orv/centrallibrarystate.h"
 #include "orv/projectconfiguration.h"
 #include "orv/projectfiledata.h"
+#include "platform/environment.h"
 #include "platform/installation.h"
 #include "platform/paths.h"
 #include "platform/writtenplace.h"
 #include "suite/symbollibs.h"
 #include "suite/wdirutils.h"
+#include "suite/zec.h"
 
 #include <algorithm>
 #include <vector>
@@ -17,19 +19,36 @@ namespace ovsettings {
 
 namespace {
 
-bool isInPlainSight(const std::string& place) {
-    return place.find("/.") == std::string::npos;
+/// In a directory or below it, and nothing hidden on the way: no file of a project is, and files that act
+/// are.
+bool isInPlainSight(const std::string& place, const std::string& directory) {
+    const auto rest = platform::restBelow(place, directory);
+    return rest && rest->find("/.") == std::string::npos;
+}
+
+/// Whether a directory that the project calls a library may be one, and not a place that it would like to
+/// write to.
+bool isCredibleLibrary(const std::string& directory, const std::string& projectDirectory) {
+    const std::string home = platform::environmentVariable("HOME").value_or("");
+    const auto holds = [&](const std::string& other) {
+        return !other.empty() && (platform::Place(other) == platform::Place(directory) ||
+                                  platform::isBelow(platform::fullPath(other), directory));
+    };
+    return ZECIsValidLibrary(directory, 1) != 0 && !holds(home) && !holds(projectDirectory) &&
+           directory.find("/.") == std::string::npos;
 }
 
 bool isInALibrary(const std::string& place, const Orv::CProjectConfiguration& project) {
     if (project.centralLibraryState && project.centralLibraryState->IsAttached() &&
-        platform::isBelow(place, platform::directoryOf(project.projectFile->GetCentralLibraryPath(1))))
+        isInPlainSight(place, platform::directoryOf(project.projectFile->GetCentralLibraryPath(1))))
         return true;
     if (!project.symbolLibs)
         return false;
+    const std::string projectDirectory = platform::directoryOf(project.projectFile->GetFilePath());
     const auto libraries = project.symbolLibs->GetLibList();
     return std::ranges::any_of(libraries, [&](const NProjectTools::ISymbolLibrary* library) {
-        return platform::isBelow(place, library->GetFullPath());
+        const std::string directory = library->GetFullPath();
+        return isInPlainSight(place, directory) && isCredibleLibrary(directory, projectDirectory);
     });
 }
 
@@ -45,12 +64,12 @@ std::vector<std::string> trustedDirectories() {
 } // namespace
 
 bool isOwnPlace(const std::string& place, const Orv::CProjectConfiguration& project) {
-    if (platform::isBelow(place, platform::directoryOf(project.projectFile->GetFilePath())))
+    if (isInPlainSight(place, platform::directoryOf(project.projectFile->GetFilePath())))
         return true;
     const std::vector<std::string> trusted = trustedDirectories();
     return std::ranges::any_of(trusted,
                                [&](const auto& directory) { return platform::isBelow(place, directory); }) ||
-           (isInPlainSight(place) && isInALibrary(place, project));
+           isInALibrary(place, project);
 }
 
 } // namespace ovsettings

@@ -1,5 +1,7 @@
 #include "dialog/shell/captionlabel.h"
 
+#include "platform/plaintext.h"
+
 #include <QtGui/QFontMetrics>
 #include <QtGui/QPainter>
 
@@ -50,7 +52,8 @@ void CCaptionLabel::paintEvent(QPaintEvent*) {
     painter.setFont(captionFont(font()));
     painter.setPen(Qt::white);
     const QFontMetrics metrics = painter.fontMetrics();
-    const QString shown = metrics.elidedText(caption_, Qt::ElideRight, width() - 2 * kTextOrigin.x());
+    const QString shown =
+        metrics.elidedText(platform::shortened(caption_), Qt::ElideRight, width() - 2 * kTextOrigin.x());
     painter.drawText(kTextOrigin.x(), kTextOrigin.y() + metrics.ascent(), shown);
 }
 

@@ -64,7 +64,7 @@ IComponent* createComponent(const std::string& classId) {
 /// What the loader is asked for: a bare name as it is, anything else from the catalogue's directory on, and
 /// never from the current one, which may be that of a foreign project.
 std::string libraryFile(const std::string& name, const std::string& catalogueDirectory) {
-    if (platform::isBareName(name) || platform::isFull(name))
+    if (platform::isBareName(name) || platform::platformPath(name).front() == '/')
         return name;
     return catalogueDirectory + '/' + name;
 }

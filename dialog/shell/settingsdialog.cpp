@@ -12,6 +12,7 @@
 #include "orv/appconfiguration.h"
 #include "ovsettings/showsettingsdialog.h"
 #include "platform/installation.h"
+#include "platform/plaintext.h"
 #include "store/appcfg.h"
 #include "ui_settingsdialog.h"
 
@@ -211,7 +212,8 @@ QSize CSettingsDialog::sizeHint() const {
 
 void CSettingsDialog::addCategory(Category category) {
     const std::string caption = category.isTranslated ? captions_.translate(category.name) : std::string();
-    auto* item = new QTreeWidgetItem({toQString(caption.empty() ? category.name : caption)});
+    auto* item =
+        new QTreeWidgetItem({platform::shortened(toQString(caption.empty() ? category.name : caption))});
     item->setData(0, kPageIndexRole, pageCount_);
     item->setData(0, kCategoryNameRole, toQString(category.name));
     const auto parent = items_.find(category.parentKey);

@@ -1,6 +1,7 @@
 #include "ovsettings/showsettingsdialog.h"
 
 #include "dialog/shell/settingsdialog.h"
+#include "platform/installation.h"
 
 #include <QtWidgets/QApplication>
 
@@ -49,6 +50,7 @@ private:
 
 int run(Orv::iAppConfiguration& appConfig, Orv::CProjectConfiguration& projectConfig,
         const std::string* catalogueFileName, Orv::IUpdater* updater) {
+    platform::fixInstallationDirectory(); // the configuration may not have been loaded
     const ApplicationForCall application;
     CSettingsDialog dialog(appConfig, projectConfig, updater);
     if (catalogueFileName)

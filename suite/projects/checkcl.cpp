@@ -1,13 +1,18 @@
 #include "suite/checkcl.h"
 
-#include "platform/profilefile.h"
+#include "platform/paths.h"
+#include "platform/profileview.h"
+#include "platform/readfile.h"
 #include "suite/projects/centrallibraryrelease.h"
 
 namespace NOrvUtils {
 
+// An index may have a hundred thousand symbols, and is looked at whenever the page is left.
 bool COrvCheckCL::CheckCLFlowVersion(const std::string& path) {
-    platform::CProfileFile index(path);
-    return !index.load() && index.get("CentralLibrary", "Release") == suite::kCentralLibraryRelease;
+    const auto file = platform::resolveExisting(path);
+    std::string bytes;
+    return file && !platform::readFile(*file, bytes) &&
+           platform::ProfileView(bytes).value("CentralLibrary", "Release") == suite::kCentralLibraryRelease;
 }
 
 } // namespace NOrvUtils

@@ -1,6 +1,7 @@
 #include "suite/projects/librarysection.h"
 
 #include "suite/projects/numberedlist.h"
+#include "suite/projects/projectsections.h"
 
 #include <charconv>
 
@@ -8,7 +9,6 @@ namespace suite {
 
 namespace {
 
-constexpr std::string_view kSection = "SymbolLibraries";
 constexpr std::string_view kAlias = "Alias";
 constexpr std::string_view kLocation = "Location";
 constexpr std::string_view kType = "Type";
@@ -27,9 +27,9 @@ int typeOf(std::string_view text) {
 } // namespace
 
 std::vector<LibraryEntry> readLibraries(const platform::ProfileView& content) {
-    const auto locations = numberedEntries(content, kSection, kLocation);
-    const auto aliases = numberedEntries(content, kSection, kAlias);
-    const auto types = numberedEntries(content, kSection, kType);
+    const auto locations = numberedEntries(content, kSymbolLibraries, kLocation);
+    const auto aliases = numberedEntries(content, kSymbolLibraries, kAlias);
+    const auto types = numberedEntries(content, kSymbolLibraries, kType);
     std::vector<LibraryEntry> libraries;
     for (std::size_t i = 0; i < locations.size() && locations[i]; ++i)
         libraries.push_back({std::string(aliases[i].value_or("")), std::string(*locations[i]),
@@ -40,13 +40,13 @@ std::vector<LibraryEntry> readLibraries(const platform::ProfileView& content) {
 bool writeLibraries(platform::ProfileDocument& content, const std::vector<LibraryEntry>& libraries) {
     for (std::size_t i = 0; i < libraries.size(); ++i) {
         const LibraryEntry& library = libraries[i];
-        if (!content.set(kSection, numberedKey(kAlias, i), library.alias) ||
-            !content.set(kSection, numberedKey(kLocation, i), library.location) ||
-            !content.set(kSection, numberedKey(kType, i), std::to_string(library.type)))
+        if (!content.set(kSymbolLibraries, numberedKey(kAlias, i), library.alias) ||
+            !content.set(kSymbolLibraries, numberedKey(kLocation, i), library.location) ||
+            !content.set(kSymbolLibraries, numberedKey(kType, i), std::to_string(library.type)))
             return false;
     }
     for (const std::string_view name : {kAlias, kLocation, kType})
-        deleteEntriesFrom(content, kSection, name, libraries.size());
+        deleteEntriesFrom(content, kSymbolLibraries, name, libraries.size());
     return true;
 }
 

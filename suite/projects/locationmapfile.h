@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <memory>
 #include <span>
 #include <string>
@@ -35,6 +36,9 @@ public:
     /// The first line, from 1, that is passed over because it is no definition, or 0.
     int firstBadLine() const { return firstBadLine_; }
 
+    /// True for one caller, once: a file may have a million names to complain of.
+    bool isFirstComplaint() const { return !isComplainedOf_.exchange(true); }
+
     /// @return null if there is no such name. Its case counts.
     const Entry* find(std::string_view name) const;
 
@@ -47,6 +51,7 @@ private:
     std::vector<Entry> entries_;                              ///< parts of the text
     std::unordered_map<std::string_view, std::size_t> index_; ///< of the entries, by name
     int firstBadLine_ = 0;
+    mutable std::atomic<bool> isComplainedOf_ = false;
 };
 
 } // namespace suite

@@ -6,6 +6,7 @@
 #include "suite/projects/numberedlist.h"
 #include "suite/projects/projectfiletext.h"
 #include "suite/projects/projectlog.h"
+#include "suite/projects/projectsections.h"
 #include "suite/projects/softnames.h"
 
 #include <algorithm>
@@ -17,9 +18,10 @@ namespace NProjectTools {
 
 namespace {
 
-constexpr std::string_view kDesignInfo = "DesignInfo";
-constexpr std::string_view kDesigns = "Designs";
-constexpr std::string_view kFixedFunctions = "FixedFunctions";
+using suite::kDesignInfo;
+using suite::kDesigns;
+using suite::kFixedFunctions;
+
 constexpr std::string_view kDesignPrefix = "Design ";
 constexpr std::string_view kTrue = "1";
 constexpr std::string_view kFalse = "0";

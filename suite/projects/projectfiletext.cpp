@@ -1,17 +1,32 @@
 #include "suite/projects/projectfiletext.h"
 
+#include "platform/asciicase.h"
 #include "platform/atomicfile.h"
 #include "platform/paths.h"
 #include "platform/readfile.h"
 #include "suite/projects/projectlog.h"
+#include "suite/projects/projectsections.h"
 #include "suite/projects/textfile.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <filesystem>
 #include <utility>
+#include <vector>
 
 namespace suite {
 
 using platform::ProfileDocument;
+
+namespace {
+
+bool mayBeProject(const ProfileDocument& content) {
+    const std::vector<std::string> names = content.sectionNames();
+    return content.text().empty() ||
+           std::ranges::find_first_of(names, kProjectSections, platform::equalsWithoutCase) != names.end();
+}
+
+} // namespace
 
 std::optional<std::string> ProjectFileText::open(const std::string& path) {
     close();
@@ -71,6 +86,8 @@ std::optional<std::string> ProjectFileText::read(Bytes& bytes) const {
 
 std::optional<std::string> ProjectFileText::lay(const Edit& edit, const Bytes& before) {
     take(before.value_or(""));
+    if (!mayCreate_ && std::filesystem::is_symlink(path_) && !mayBeProject(content_))
+        return path_ + ": cannot store a project value: the link leads to something that is no project";
     if (!edit(content_)) {
         content_ = ProfileDocument(bytes_);
         return path_ + ": cannot store a name or value that a line of the file cannot hold";

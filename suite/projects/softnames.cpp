@@ -182,7 +182,9 @@ std::optional<std::string> SoftNames::realPath(std::string_view text) const {
 
 std::string SoftNames::fullPath(std::string_view text) const {
     const auto path = realPath(text);
-    return path ? fullPathOfReal(*path) : platform::expandEnvironmentReferences(text);
+    std::string full = path ? fullPathOfReal(*path) : platform::expandEnvironmentReferences(text);
+    // A project may have any number of such texts.
+    return full.size() > platform::kLongestPath ? std::string(text) : full;
 }
 
 std::string SoftNames::fullPathOfReal(std::string path) const {
@@ -205,7 +207,8 @@ std::string SoftNames::fullPathOfReal(std::string path) const {
 void SoftNames::tell(std::string_view text, const std::string& reason) const {
     const std::string_view name = text.substr(0, text.find_first_of(platform::kSeparators));
     const Definition definition = find(name.substr(1));
-    if (definition.file && !definition.file->path().empty())
+    // Of any number of names in a file the first is told.
+    if (definition.file && !definition.file->path().empty() && definition.file->isFirstComplaint())
         projectLog().reportOnce(definition.file->path(), definition.file->path() + ": " +
                                                              std::string(name.substr(0, kMostShown)) +
                                                              " is not resolved: " + reason);

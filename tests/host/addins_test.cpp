@@ -97,11 +97,15 @@ TEST_F(AddIns, ARelativeNameBeginsAtTheCatalogueAndNotAtTheCurrentDirectory) {
     std::filesystem::copy(CONFIGURED_ADDIN, installation_.standard() / "addins/libreal.so");
     const testsupport::ScopedEnvironment home(
         "RSR_HOME", std::filesystem::relative(installation_.home(), before).string());
-    EXPECT_EQ(treeWith(category("A")), "A,A,B"); // the installation is known from now on
+    Orv::iAppConfiguration loaded;
+    loaded.load(); // the installation is known from now on
     std::filesystem::current_path(project);
     EXPECT_EQ(treeWith(entry("Plain", "addins/libpages.so")), "A,B");
     EXPECT_EQ(treeWith(entry("Plain", "libbare.so")), "A,B");
     EXPECT_EQ(treeWith(entry("Plain", "addins\\libreal.so")), "A,Plain,B");
+    std::filesystem::create_directories(project / "C:");
+    std::filesystem::copy(CONFIGURED_ADDIN, project / "C:/libdrive.so");
+    EXPECT_EQ(treeWith(entry("Plain", "C:\\libdrive.so")), "A,B");
     std::filesystem::current_path(before);
 }
 

@@ -277,12 +277,13 @@ TEST_F(NamedFilePages, AFileThatTheUserHasNamedHimselfIsNotAskedAbout) {
 
 TEST_F(NamedFilePages, APlaceIsTheProjectsOwnBelowItsDirectoriesAndThoseOfTheInstallation) {
     const TemporaryDirectory elsewhere;
-    for (const std::string name : {"library", "parts", ".hidden/library"})
+    for (const std::string name : {"library/sym", "parts", ".hidden/library/sym", "plain"})
         fs::create_directories(elsewhere / name);
     writeFile(elsewhere / "parts/parts.lmc", "[CentralLibrary]\n");
     openProject("[DesignInfo]\nCentralLibrary=" + (elsewhere / "parts/parts.lmc").string() +
                 "\n[SymbolLibraries]\nLocation#0=" + (elsewhere / "library").string() +
-                "\nLocation#1=" + (elsewhere / ".hidden/library").string() + "\n");
+                "\nLocation#1=" + (elsewhere / ".hidden/library").string() +
+                "\nLocation#2=" + (elsewhere / "plain").string() + "\n");
     fs::create_directory(path("below"));
     fs::create_symlink(elsewhere / "new.ini", path("out.ini"));
     fs::create_symlink(elsewhere.path(), path("out"));
@@ -295,7 +296,8 @@ TEST_F(NamedFilePages, APlaceIsTheProjectsOwnBelowItsDirectoriesAndThoseOfTheIns
         bool isOwn;
     } rows[] = {
         {path("new.ini"), true},
-        {path(".hidden.ini"), true},
+        {path(".hidden.ini"), false},
+        {elsewhere / "plain/new.ini", false},
         {path("below/new.ini"), true},
         {elsewhere / "in/new.ini", true},
         {elsewhere / "library/new.ini", true},

@@ -136,6 +136,20 @@ TEST_F(ProjectFile, RefusesWhatIsLargerThanItsLimit) {
     EXPECT_EQ(errors[1], project.lastError());
 }
 
+TEST_F(ProjectFile, ALinkThatLeadsToWhatIsNoProjectIsNotWrittenThrough) {
+    const std::string script = "[ -f x ] && . ./x\n";
+    open("");
+    fs::rename(path(), path().string() + ".target");
+    fs::create_symlink(path().string() + ".target", path());
+    project.SetServerName("first"); // an empty file is nobody's
+    EXPECT_EQ(bytes(), "[DesignInfo]\nServerName=first\n");
+    std::ofstream(path()) << script;
+    project.SetServerName("second");
+    EXPECT_EQ(bytes(), script);
+    ASSERT_EQ(errors.size(), 1u);
+    EXPECT_TRUE(errors[0].ends_with("the link leads to something that is no project"));
+}
+
 TEST_F(ProjectFile, RefusesWhatALineCannotHoldAndWritesNothing) {
     const std::string text = "[DesignInfo]\nServerName=old\n";
     open(text);

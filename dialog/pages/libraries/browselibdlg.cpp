@@ -18,6 +18,7 @@
 
 #include <QtCore/QSignalBlocker>
 #include <QtGui/QIcon>
+#include <QtGui/QImageReader>
 
 #include <algorithm>
 #include <array>
@@ -168,6 +169,9 @@ void CBrowseLibDlg::OnInitDialog() {
     InitLocationMap(projectDirectory_.c_str(), 0);
     fields_->alias.load(alias_);
     autoAlias_ = alias_.empty() && path_.empty();
+    // The toolkit loads what draws pictures when the first one is drawn, and must not look for it in the
+    // project.
+    QImageReader::supportedImageFormats();
     dirHandler_.emplace(projectDirectory_);
     const int index = ui_->type->findData(type_);
     ui_->type->setCurrentIndex(std::max(index, 0));

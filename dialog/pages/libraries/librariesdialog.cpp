@@ -115,8 +115,9 @@ public:
         const auto drawText = [&](int from, int to, const std::string& text, Qt::TextElideMode elide) {
             const QRect cell(from, top, to - from, foot - top);
             painter->setPen(colours.text);
-            painter->drawText(cell, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                              option.fontMetrics.elidedText(toQString(text), elide, cell.width()));
+            painter->drawText(
+                cell, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                option.fontMetrics.elidedText(platform::shortened(toQString(text)), elide, cell.width()));
         };
         drawText(kColumnMargin, split - kColumnMargin, library.alias, Qt::ElideRight);
         drawText(split + kColumnMargin, right - kColumnMargin, library.path, Qt::ElideMiddle);

@@ -35,9 +35,11 @@ std::vector<LibraryRow> importedRows(NProjectTools::CSymbolLibs& libraries, Sour
         if (alias.empty())
             continue;
         const std::string location = library->GetLocation();
-        const bool soft = location.find('$') != std::string::npos;
+        // What is found through a name stays a name: it survives a move, and no value of the environment gets
+        // into the project.
+        const bool isNamed = location.find_first_of("$%") != std::string::npos;
         rows.push_back(
-            {alias, soft ? location : library->GetFullPath(), importedType(library->GetType(), source)});
+            {alias, isNamed ? location : library->GetFullPath(), importedType(library->GetType(), source)});
     }
     return rows;
 }
