@@ -1,7 +1,7 @@
 #include "dialog/widgets/grid/griddelegate.h"
 
+#include "dialog/widgets/grid/gridediting.h"
 #include "dialog/widgets/grid/gridmodel.h"
-#include "dialog/widgets/grid/gridwnd.h"
 #include "dialog/widgets/stringconversion.h"
 
 #include <QtGui/QKeyEvent>
@@ -53,7 +53,7 @@ private:
 /// text may be typed, a list that is closed without a choice leaves room for that.
 class CCellList : public QComboBox {
 public:
-    CCellList(CGridWnd& grid, QWidget* parent) : QComboBox(parent), grid_(grid) { setFrame(false); }
+    CCellList(IGridEditing& grid, QWidget* parent) : QComboBox(parent), grid_(grid) { setFrame(false); }
 
     void showPopup() override {
         before_ = currentText();
@@ -66,24 +66,21 @@ public:
         if (!wasOpen)
             return;
         // The choice is taken over only after this; and by then the edit may have ended in another way.
-        CGridWnd* grid = &grid_;
-        const QPointer<CCellList> list(this);
         QMetaObject::invokeMethod(
-            grid,
-            [grid, list] {
-                if (list && list->isVisible() &&
-                    (!list->isEditable() || list->currentText() != list->before_))
-                    grid->endEdit();
+            this,
+            [this] {
+                if (isVisible() && (!isEditable() || currentText() != before_))
+                    grid_.endEdit();
             },
             Qt::QueuedConnection);
     }
 
 private:
-    CGridWnd& grid_;
+    IGridEditing& grid_;
     QString before_;
 };
 
-QWidget* makeList(CGridWnd& grid, QWidget* parent, const CGridModel::Cell& cell) {
+QWidget* makeList(IGridEditing& grid, QWidget* parent, const CGridModel::Cell& cell) {
     auto* list = new CCellList(grid, parent);
     list->addItems(cell.style.choices);
     list->setPlaceholderText(cell.text);
@@ -184,15 +181,15 @@ void drawChoices(QPainter& painter, const QStyleOptionViewItem& cell, const CGri
 
 } // namespace
 
-CGridDelegate::CGridDelegate(CGridWnd& grid, CGridModel& model)
-    : QStyledItemDelegate(&grid), grid_(grid), model_(model) {
+CGridDelegate::CGridDelegate(IGridEditing& grid, CGridModel& model, QObject* parent)
+    : QStyledItemDelegate(parent), grid_(grid), model_(model) {
 }
 
 void CGridDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
     QStyledItemDelegate::initStyleOption(option, index);
     const CGridModel::Cell& cell = model_.cell(index);
     // Whether a cell can be current is one thing, what it looks like another.
-    const bool greyed = cell.style.greyed || !grid_.isEnabled();
+    const bool greyed = cell.style.greyed || (option->widget && !option->widget->isEnabled());
     option->state.setFlag(QStyle::State_Enabled, !greyed);
     const bool active = option->state & QStyle::State_Active;
     option->palette.setCurrentColorGroup(greyed   ? QPalette::Disabled
@@ -235,7 +232,7 @@ void CGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
 
 QWidget* CGridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
                                      const QModelIndex& index) const {
-    if (!grid_.onStartEditing(index.row() + 1, index.column() + 1))
+    if (!grid_.mayStartEditing(index))
         return nullptr;
     const CGridModel::Cell& cell = model_.cell(index);
     editor_ =
@@ -332,12 +329,11 @@ bool CGridDelegate::handleEditorKey(const QKeyEvent& event) {
         grid_.endEdit();
         return true;
     case Qt::Key_Escape:
-        grid_.closeEditor(editor_, QAbstractItemDelegate::RevertModelCache);
+        Q_EMIT closeEditor(editor_, RevertModelCache);
         return true;
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
-        if (grid_.endEdit() && !(event.modifiers() & Qt::ControlModifier && grid_.handleKey(event)))
-            grid_.focusNextPrevChild(event.key() == Qt::Key_Tab);
+        grid_.tabOutOfEdit(event);
         return true;
     default:
         return false;

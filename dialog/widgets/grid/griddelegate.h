@@ -9,7 +9,7 @@
 namespace ovsettings {
 
 class CGridModel;
-class CGridWnd;
+class IGridEditing;
 
 /// Draws the cells of a grid and makes the controls that edit them. A cell whose control needs no typing, a
 /// check box for one, is worked on in place; the others get an editor over the cell.
@@ -17,8 +17,9 @@ class CGridDelegate : public QStyledItemDelegate {
     Q_OBJECT
 
 public:
-    /// @param grid the view and parent; @param model its cells.
-    CGridDelegate(CGridWnd& grid, CGridModel& model);
+    /// @param grid  what the view does for an editor.
+    /// @param model the view's cells.
+    CGridDelegate(IGridEditing& grid, CGridModel& model, QObject* parent);
 
     /// The open editor, null if there is none, and its cell.
     QWidget* editor() const { return editor_; }
@@ -47,7 +48,7 @@ protected:
 private:
     bool handleEditorKey(const QKeyEvent& event);
 
-    CGridWnd& grid_;
+    IGridEditing& grid_;
     CGridModel& model_;
     // The interface makes and destroys editors in constant functions.
     mutable QPointer<QWidget> editor_;

@@ -24,7 +24,7 @@ bool movesCurrent(int key) {
 } // namespace
 
 CGridWnd::CGridWnd(QWidget* parent)
-    : QTableView(parent), model_(new CGridModel(this)), delegate_(new CGridDelegate(*this, *model_)) {
+    : QTableView(parent), model_(new CGridModel(this)), delegate_(new CGridDelegate(*this, *model_, this)) {
     setModel(model_);
     setItemDelegate(delegate_);
     setSelectionMode(SingleSelection);
@@ -64,7 +64,7 @@ int CGridWnd::rowCount() const {
 
 void CGridWnd::removeRow(int row) {
     if (isEditing() && delegate_->editedIndex().row() == row - 1)
-        closeEditor(delegate_->editor(), QAbstractItemDelegate::RevertModelCache);
+        revertEdit();
     model_->removeRow(row - 1);
 }
 
@@ -231,12 +231,25 @@ bool CGridWnd::endEdit() {
 
 void CGridWnd::giveUpEdit(int row, int column) {
     if (isEditing() && delegate_->editedIndex() == indexOf(row, column))
-        closeEditor(delegate_->editor(), QAbstractItemDelegate::RevertModelCache);
+        revertEdit();
+}
+
+void CGridWnd::revertEdit() {
+    closeEditor(delegate_->editor(), QAbstractItemDelegate::RevertModelCache);
+}
+
+bool CGridWnd::mayStartEditing(const QModelIndex& index) {
+    return onStartEditing(index.row() + 1, index.column() + 1);
 }
 
 void CGridWnd::leaveEdit() {
     if (isEditing() && refusalOfEdit().isEmpty())
         commitEdit();
+}
+
+void CGridWnd::tabOutOfEdit(const QKeyEvent& event) {
+    if (endEdit() && !(event.modifiers() & Qt::ControlModifier && handleKey(event)))
+        focusNextPrevChild(event.key() == Qt::Key_Tab);
 }
 
 bool CGridWnd::onStartEditing(int, int) {

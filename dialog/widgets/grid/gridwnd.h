@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialog/widgets/grid/gridcellstyle.h"
+#include "dialog/widgets/grid/gridediting.h"
 
 #include <QtWidgets/QTableView>
 
@@ -20,7 +21,7 @@ class CGridModel;
 /// back. Alt+Down or F4 opens a list, and so do Enter, F2 and Space unless its text may be typed. Space, F2
 /// or Enter toggles a check box, goes on to the next choice of a radio group, or presses a button or a
 /// colour.
-class CGridWnd : public QTableView {
+class CGridWnd : public QTableView, private IGridEditing {
     Q_OBJECT
 
 public:
@@ -61,9 +62,7 @@ public:
     /// the button.
     void startEdit();
     bool isEditing() const;
-    /// Ends an edit in progress, if there is one. A text that is refused is told about and stays in the
-    /// editor. @return false if it was refused.
-    bool endEdit();
+    bool endEdit() override;
     /// Closes the editor of a cell, if that is the one that is open, and keeps nothing of its text.
     void giveUpEdit(int row, int column);
 
@@ -98,13 +97,13 @@ protected:
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
 private:
-    friend class CGridDelegate;
-
     QModelIndex indexOf(int row, int column) const;
     QString refusalOfEdit() const;
-    /// Ends an edit whose text can be taken; another one stays open, and nothing is said yet.
-    void leaveEdit();
+    bool mayStartEditing(const QModelIndex& index) override;
+    void leaveEdit() override;
+    void tabOutOfEdit(const QKeyEvent& event) override;
     void commitEdit();
+    void revertEdit();
     void clickCell(const QModelIndex& index);
     void openList();
     bool handleKey(const QKeyEvent& event);
