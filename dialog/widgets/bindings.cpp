@@ -24,16 +24,16 @@ constexpr double kStepsInRange = 1000;
 
 } // namespace
 
-CBinding::CBinding(std::string key) : key_(std::move(key)) {
+Binding::Binding(std::string key) : key_(std::move(key)) {
 }
 
-CBinding::Stored CBinding::read(const Orv::iAppConfiguration& appConfig) const {
+Binding::Stored Binding::read(const Orv::iAppConfiguration& appConfig) const {
     Stored stored;
     Orv::getValue(appConfig, key_, stored.text, stored.locked);
     return stored;
 }
 
-void CBinding::show(const Orv::iAppConfiguration& appConfig) {
+void Binding::show(const Orv::iAppConfiguration& appConfig) {
     stored_ = read(appConfig);
     showText(appConfig, stored_.text);
     unchanged_ = text();
@@ -43,7 +43,7 @@ void CBinding::show(const Orv::iAppConfiguration& appConfig) {
         markLocked(*control, appConfig, key_);
 }
 
-void CBinding::store(Orv::iAppConfiguration& appConfig) {
+void Binding::store(Orv::iAppConfiguration& appConfig) {
     const std::optional<std::string> value = text();
     if (!value)
         return;
@@ -53,7 +53,7 @@ void CBinding::store(Orv::iAppConfiguration& appConfig) {
     stored_ = read(appConfig);
 }
 
-bool CBinding::follow(const Orv::iAppConfiguration& appConfig) {
+bool Binding::follow(const Orv::iAppConfiguration& appConfig) {
     const Stored now = read(appConfig);
     if (now == stored_)
         return false;
@@ -71,58 +71,58 @@ bool CBinding::follow(const Orv::iAppConfiguration& appConfig) {
     return edited;
 }
 
-bool CBinding::isModified() const {
+bool Binding::isModified() const {
     const std::optional<std::string> value = text();
     return !stored_.locked && value && value != unchanged_;
 }
 
-CFlagBinding::CFlagBinding(std::string key, QCheckBox& box) : CBinding(std::move(key)), box_(box) {
+FlagBinding::FlagBinding(std::string key, QCheckBox& box) : Binding(std::move(key)), box_(box) {
 }
 
-void CFlagBinding::showText(const Orv::iAppConfiguration&, const std::string& text) {
+void FlagBinding::showText(const Orv::iAppConfiguration&, const std::string& text) {
     box_.setChecked(text == "1");
 }
 
-std::vector<QWidget*> CFlagBinding::controls() const {
+std::vector<QWidget*> FlagBinding::controls() const {
     return {&box_};
 }
 
-std::string CFlagBinding::shownFor(const std::string& text) const {
+std::string FlagBinding::shownFor(const std::string& text) const {
     return flagText(text == "1");
 }
 
-std::optional<std::string> CFlagBinding::text() const {
+std::optional<std::string> FlagBinding::text() const {
     return flagText(box_.isChecked());
 }
 
-CChoiceBinding::CChoiceBinding(std::string key, QGroupBox& group, std::vector<ChoiceButton> buttons,
-                               std::size_t other, NoneChecked noneChecked)
-    : CBinding(std::move(key)),
+ChoiceBinding::ChoiceBinding(std::string key, QGroupBox& group, std::vector<ChoiceButton> buttons,
+                             std::size_t other, NoneChecked noneChecked)
+    : Binding(std::move(key)),
       group_(group),
       buttons_(std::move(buttons)),
       other_(other),
       noneChecked_(noneChecked) {
 }
 
-const ChoiceButton& CChoiceBinding::choiceFor(const std::string& text) const {
+const ChoiceButton& ChoiceBinding::choiceFor(const std::string& text) const {
     const long value = std::strtol(text.c_str(), nullptr, 10);
     const auto found = std::ranges::find(buttons_, value, &ChoiceButton::value);
     return found != buttons_.end() ? *found : buttons_.at(other_);
 }
 
-void CChoiceBinding::showText(const Orv::iAppConfiguration&, const std::string& text) {
+void ChoiceBinding::showText(const Orv::iAppConfiguration&, const std::string& text) {
     checkRadioButton(*choiceFor(text).button);
 }
 
-std::vector<QWidget*> CChoiceBinding::controls() const {
+std::vector<QWidget*> ChoiceBinding::controls() const {
     return {&group_};
 }
 
-std::string CChoiceBinding::shownFor(const std::string& text) const {
+std::string ChoiceBinding::shownFor(const std::string& text) const {
     return std::to_string(choiceFor(text).value);
 }
 
-std::optional<std::string> CChoiceBinding::text() const {
+std::optional<std::string> ChoiceBinding::text() const {
     for (const ChoiceButton& choice : buttons_) {
         if (choice.button->isChecked())
             return std::to_string(choice.value);
@@ -132,58 +132,58 @@ std::optional<std::string> CChoiceBinding::text() const {
     return std::to_string(buttons_.at(other_).value);
 }
 
-CIndexBinding::CIndexBinding(std::string key, QComboBox& list) : CBinding(std::move(key)), list_(list) {
+IndexBinding::IndexBinding(std::string key, QComboBox& list) : Binding(std::move(key)), list_(list) {
 }
 
-int CIndexBinding::indexFor(const std::string& text) const {
+int IndexBinding::indexFor(const std::string& text) const {
     const long index = std::strtol(text.c_str(), nullptr, 10);
     return index >= 0 && index < list_.count() ? static_cast<int>(index) : -1;
 }
 
-void CIndexBinding::showText(const Orv::iAppConfiguration&, const std::string& text) {
+void IndexBinding::showText(const Orv::iAppConfiguration&, const std::string& text) {
     list_.setCurrentIndex(indexFor(text));
 }
 
-std::vector<QWidget*> CIndexBinding::controls() const {
+std::vector<QWidget*> IndexBinding::controls() const {
     return {&list_};
 }
 
-std::string CIndexBinding::shownFor(const std::string& text) const {
+std::string IndexBinding::shownFor(const std::string& text) const {
     return std::to_string(indexFor(text));
 }
 
-std::optional<std::string> CIndexBinding::text() const {
+std::optional<std::string> IndexBinding::text() const {
     return std::to_string(list_.currentIndex());
 }
 
-CLengthBinding::CLengthBinding(std::string key, CDecimalSpinCtrl& control, QLabel& unitLabel)
-    : CBinding(std::move(key)), control_(control), unitLabel_(unitLabel) {
+LengthBinding::LengthBinding(std::string key, CDecimalSpinCtrl& control, QLabel& unitLabel)
+    : Binding(std::move(key)), control_(control), unitLabel_(unitLabel) {
     setUnit(unit_);
 }
 
-void CLengthBinding::followUnit(const Orv::iAppConfiguration& appConfig) {
+void LengthBinding::followUnit(const Orv::iAppConfiguration& appConfig) {
     const Orv::Metrics::Unit configured = Orv::getConfiguredUnit(appConfig);
     if (configured != unit_)
         render(length(), configured);
 }
 
-void CLengthBinding::showText(const Orv::iAppConfiguration& appConfig, const std::string& text) {
+void LengthBinding::showText(const Orv::iAppConfiguration& appConfig, const std::string& text) {
     render(Orv::lengthFromText(text), Orv::getConfiguredUnit(appConfig));
 }
 
-std::vector<QWidget*> CLengthBinding::controls() const {
+std::vector<QWidget*> LengthBinding::controls() const {
     return {&control_, &unitLabel_};
 }
 
-std::string CLengthBinding::shownFor(const std::string& text) const {
+std::string LengthBinding::shownFor(const std::string& text) const {
     return Orv::lengthToText(Orv::lengthFromText(text));
 }
 
-std::optional<std::string> CLengthBinding::text() const {
+std::optional<std::string> LengthBinding::text() const {
     return Orv::lengthToText(length());
 }
 
-void CLengthBinding::setUnit(Orv::Metrics::Unit unit) {
+void LengthBinding::setUnit(Orv::Metrics::Unit unit) {
     const Orv::Metrics::UnitTraits traits(unit);
     const double step = Orv::lengthStep(unit);
     control_.setRange(step, kStepsInRange * step, step);
@@ -193,7 +193,7 @@ void CLengthBinding::setUnit(Orv::Metrics::Unit unit) {
     unit_ = unit;
 }
 
-void CLengthBinding::render(long length, Orv::Metrics::Unit unit) {
+void LengthBinding::render(long length, Orv::Metrics::Unit unit) {
     setUnit(unit);
     control_.setValue(Orv::toDisplay(length, unit));
     rendered_ = length;
@@ -201,21 +201,21 @@ void CLengthBinding::render(long length, Orv::Metrics::Unit unit) {
 
 /// A text that the user left alone stands for the length it was made from, not for its own few decimals:
 /// otherwise looking at an eighth of an inch would store twelve hundredths.
-long CLengthBinding::length() const {
+long LengthBinding::length() const {
     return control_.isEdited() ? Orv::fromDisplay(control_.getValue(), unit_) : rendered_;
 }
 
-void CBindings::show(const Orv::iAppConfiguration& appConfig) {
+void Bindings::show(const Orv::iAppConfiguration& appConfig) {
     for (const auto& binding : bindings_)
         binding->show(appConfig);
 }
 
-void CBindings::store(Orv::iAppConfiguration& appConfig) {
+void Bindings::store(Orv::iAppConfiguration& appConfig) {
     for (const auto& binding : bindings_)
         binding->store(appConfig);
 }
 
-std::vector<Orv::RefreshResult::Field> CBindings::follow(const Orv::iAppConfiguration& appConfig) {
+std::vector<Orv::RefreshResult::Field> Bindings::follow(const Orv::iAppConfiguration& appConfig) {
     std::vector<Orv::RefreshResult::Field> dropped;
     for (const auto& binding : bindings_) {
         if (binding->follow(appConfig))
@@ -224,7 +224,7 @@ std::vector<Orv::RefreshResult::Field> CBindings::follow(const Orv::iAppConfigur
     return dropped;
 }
 
-bool CBindings::isModified() const {
+bool Bindings::isModified() const {
     return std::ranges::any_of(bindings_, [](const auto& binding) { return binding->isModified(); });
 }
 

@@ -28,12 +28,12 @@ constexpr const char* flagText(bool on) {
 /// Joins one control to one key of the application configuration: shows the value, disables the control where
 /// the key is locked, says whether the user changed it, and writes it back. The control must outlive the
 /// calls.
-class CBinding {
+class Binding {
 public:
-    explicit CBinding(std::string key);
-    virtual ~CBinding() = default;
-    CBinding(const CBinding&) = delete;
-    CBinding& operator=(const CBinding&) = delete;
+    explicit Binding(std::string key);
+    virtual ~Binding() = default;
+    Binding(const Binding&) = delete;
+    Binding& operator=(const Binding&) = delete;
 
     const std::string& key() const { return key_; }
 
@@ -71,9 +71,9 @@ private:
 };
 
 /// A check box: "1" is checked, any other text is not; stores "1" or "0".
-class CFlagBinding : public CBinding {
+class FlagBinding : public Binding {
 public:
-    CFlagBinding(std::string key, QCheckBox& box);
+    FlagBinding(std::string key, QCheckBox& box);
 
 private:
     void showText(const Orv::iAppConfiguration& appConfig, const std::string& text) override;
@@ -95,11 +95,11 @@ enum class NoneChecked { nothing, otherButton };
 
 /// The radio buttons of a group box, by a table of numbers. The stored text counts as far as it is an
 /// integer.
-class CChoiceBinding : public CBinding {
+class ChoiceBinding : public Binding {
 public:
     /// @param other index, from 0, of the button that shows a number that no button has.
-    CChoiceBinding(std::string key, QGroupBox& group, std::vector<ChoiceButton> buttons, std::size_t other,
-                   NoneChecked noneChecked);
+    ChoiceBinding(std::string key, QGroupBox& group, std::vector<ChoiceButton> buttons, std::size_t other,
+                  NoneChecked noneChecked);
 
 private:
     void showText(const Orv::iAppConfiguration& appConfig, const std::string& text) override;
@@ -116,9 +116,9 @@ private:
 
 /// A list, by the index from 0 of what is selected. The stored text counts as far as it is an integer; one
 /// that is no index selects nothing, and nothing selected stores -1.
-class CIndexBinding : public CBinding {
+class IndexBinding : public Binding {
 public:
-    CIndexBinding(std::string key, QComboBox& list);
+    IndexBinding(std::string key, QComboBox& list);
 
 private:
     void showText(const Orv::iAppConfiguration& appConfig, const std::string& text) override;
@@ -132,9 +132,9 @@ private:
 
 /// A length in a spin control, with a label that shows the unit. The limits follow the unit: one step of its
 /// last decimal to a thousand steps. Until it is shown it is set up for inches.
-class CLengthBinding : public CBinding {
+class LengthBinding : public Binding {
 public:
-    CLengthBinding(std::string key, CDecimalSpinCtrl& control, QLabel& unitLabel);
+    LengthBinding(std::string key, CDecimalSpinCtrl& control, QLabel& unitLabel);
 
     /// Shows the same length in the configured unit if that has changed; an unsaved edit survives.
     void followUnit(const Orv::iAppConfiguration& appConfig);
@@ -159,7 +159,7 @@ private:
 };
 
 /// The bindings of a page, in the order in which it writes them. Empty, it shows, stores and reports nothing.
-class CBindings {
+class Bindings {
 public:
     template <typename T, typename... Arguments>
     T& add(Arguments&&... arguments) {
@@ -176,7 +176,7 @@ public:
     bool isModified() const;
 
 private:
-    std::vector<std::unique_ptr<CBinding>> bindings_;
+    std::vector<std::unique_ptr<Binding>> bindings_;
 };
 
 } // namespace ovsettings

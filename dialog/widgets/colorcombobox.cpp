@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kWidth = 8; ///< in characters
 
-class CColorItem : public QStandardItem {
+class ColorItem : public QStandardItem {
 public:
     bool operator<(const QStandardItem&) const override { return false; }
 };
@@ -22,11 +22,11 @@ public:
 CColorComboBox::CColorComboBox(QWidget* parent) : QComboBox(parent) {
     setModel(new QStandardItemModel(this));
     setMinimumContentsLength(kWidth); // there is no text to be as wide as
-    setItemDelegate(new CColorItemDelegate(this));
+    setItemDelegate(new ColorItemDelegate(this));
 }
 
 void CColorComboBox::addColor(int color) {
-    auto* item = new CColorItem;
+    auto* item = new ColorItem;
     item->setData(color, kItemColorRole);
     item->setData(toQColor(color).name(), Qt::AccessibleTextRole);
     static_cast<QStandardItemModel*>(model())->appendRow(item);

@@ -34,8 +34,8 @@ void drawColorFocus(GdiPainter& painter, const QRect& item, int color, bool focu
     drawFrame(painter, item, kFocusInset, focused ? color : kBlack);
 }
 
-void CColorItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
-                               const QModelIndex& index) const {
+void ColorItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                              const QModelIndex& index) const {
     const int color = index.data(kItemColorRole).toInt();
     painter->save();
     {

@@ -15,7 +15,7 @@ void drawColorSelection(GdiPainter& painter, const QRect& item, int color, bool 
 void drawColorFocus(GdiPainter& painter, const QRect& item, int color, bool focused);
 
 /// Draws the items of a colour list, in the order of the steps.
-class CColorItemDelegate : public QStyledItemDelegate {
+class ColorItemDelegate : public QStyledItemDelegate {
     Q_OBJECT
 
 public:

@@ -7,15 +7,15 @@ namespace ovsettings {
 
 namespace {
 
-class CColorItem : public QListWidgetItem {
+class ColorItem : public QListWidgetItem {
 public:
     bool operator<(const QListWidgetItem&) const override { return false; }
 };
 
 /// The items are as high as a line of text.
-class CColorListDelegate : public CColorItemDelegate {
+class ColorListDelegate : public ColorItemDelegate {
 public:
-    using CColorItemDelegate::CColorItemDelegate;
+    using ColorItemDelegate::ColorItemDelegate;
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
         return {option.fontMetrics.averageCharWidth(), option.fontMetrics.height()};
@@ -25,11 +25,11 @@ public:
 } // namespace
 
 CColorListBox::CColorListBox(QWidget* parent) : QListWidget(parent) {
-    setItemDelegate(new CColorListDelegate(this));
+    setItemDelegate(new ColorListDelegate(this));
 }
 
 void CColorListBox::addColor(int color) {
-    auto* item = new CColorItem;
+    auto* item = new ColorItem;
     item->setData(kItemColorRole, color);
     item->setData(Qt::AccessibleTextRole, toQColor(color).name());
     addItem(item);

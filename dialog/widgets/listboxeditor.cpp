@@ -27,9 +27,9 @@ constexpr int kOriginRole = Qt::UserRole + 1000;
 
 /// Edits a line in place. What was entered reaches the list only when the control for it is closed: what
 /// follows may ask the user, or take the line out.
-class CLineDelegate : public QStyledItemDelegate {
+class LineDelegate : public QStyledItemDelegate {
 public:
-    explicit CLineDelegate(CListBoxEditor& owner) : QStyledItemDelegate(&owner), owner_(owner) {
+    explicit LineDelegate(ListBoxEditor& owner) : QStyledItemDelegate(&owner), owner_(owner) {
         owner.list().setItemDelegate(this);
         connect(this, &QAbstractItemDelegate::closeEditor, &owner, [this] { closed(); });
     }
@@ -103,13 +103,13 @@ private:
             owner_.endEditing(index_.row(), entered);
     }
 
-    CListBoxEditor& owner_;
+    ListBoxEditor& owner_;
     mutable QPointer<QWidget> control_;
     mutable QPersistentModelIndex index_;
     mutable std::optional<QString> entered_;
 };
 
-CListBoxEditor::CListBoxEditor(QWidget* parent)
+ListBoxEditor::ListBoxEditor(QWidget* parent)
     : QWidget(parent), titleRow_(new QHBoxLayout), title_(new QLabel(this)) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -133,17 +133,17 @@ CListBoxEditor::CListBoxEditor(QWidget* parent)
     list_->setTextElideMode(Qt::ElideMiddle);
     list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     title_->setBuddy(list_);
-    delegate_ = new CLineDelegate(*this);
+    delegate_ = new LineDelegate(*this);
     connectControls();
     updateButtons();
 }
 
 /// A control for editing in place that lost the focus in its destructor would be read there.
-CListBoxEditor::~CListBoxEditor() {
+ListBoxEditor::~ListBoxEditor() {
     cancelEditing();
 }
 
-QToolButton* CListBoxEditor::makeButton(const QString& icon, const QString& text, const QKeySequence& key) {
+QToolButton* ListBoxEditor::makeButton(const QString& icon, const QString& text, const QKeySequence& key) {
     auto* button = new QToolButton(this);
     button->setAutoRaise(true);
     button->setIcon(QIcon(QLatin1String(":/ovsettings/images/") + icon + QLatin1String(".svg")));
@@ -153,26 +153,26 @@ QToolButton* CListBoxEditor::makeButton(const QString& icon, const QString& text
     return button;
 }
 
-QToolButton& CListBoxEditor::addButton(const QString& icon, const QString& text, const QKeySequence& key) {
+QToolButton& ListBoxEditor::addButton(const QString& icon, const QString& text, const QKeySequence& key) {
     QToolButton* button = makeButton(icon, text, key);
     titleRow_->insertWidget(titleRow_->indexOf(new_) + 1, button);
     setTabOrder(new_, button);
     return *button;
 }
 
-void CListBoxEditor::connectControls() {
+void ListBoxEditor::connectControls() {
     connect(new_, &QToolButton::clicked, this, [this] { newLine(); });
-    connect(delete_, &QToolButton::clicked, this, &CListBoxEditor::deleteLine);
+    connect(delete_, &QToolButton::clicked, this, &ListBoxEditor::deleteLine);
     connect(up_, &QToolButton::clicked, this, [this] { moveLine(-1); });
     connect(down_, &QToolButton::clicked, this, [this] { moveLine(+1); });
-    connect(list_, &QListWidget::currentRowChanged, this, &CListBoxEditor::updateButtons);
-    connect(list_, &QListWidget::itemSelectionChanged, this, &CListBoxEditor::updateButtons);
+    connect(list_, &QListWidget::currentRowChanged, this, &ListBoxEditor::updateButtons);
+    connect(list_, &QListWidget::itemSelectionChanged, this, &ListBoxEditor::updateButtons);
     connect(list_, &QListWidget::doubleClicked, this,
             [this](const QModelIndex& index) { editLine(index.row()); });
     list_->installEventFilter(this);
 }
 
-void CListBoxEditor::setTitle(const QString& title) {
+void ListBoxEditor::setTitle(const QString& title) {
     title_->setText(title);
     QString name = title;
     name.remove(QLatin1Char('&')).remove(QLatin1Char(':'));
@@ -181,14 +181,14 @@ void CListBoxEditor::setTitle(const QString& title) {
         button->setAccessibleName(name + QLatin1String(": ") + button->text());
 }
 
-void CListBoxEditor::setEditable(bool editable) {
+void ListBoxEditor::setEditable(bool editable) {
     cancelEditing();
     for (QToolButton* button : findChildren<QToolButton*>(QString(), Qt::FindDirectChildrenOnly))
         button->setVisible(editable);
     setEnabled(editable);
 }
 
-void CListBoxEditor::setLines(const QStringList& lines) {
+void ListBoxEditor::setLines(const QStringList& lines) {
     cancelEditing();
     list_->clear();
     for (const QString& text : lines)
@@ -198,7 +198,7 @@ void CListBoxEditor::setLines(const QStringList& lines) {
     updateButtons();
 }
 
-QStringList CListBoxEditor::lines() const {
+QStringList ListBoxEditor::lines() const {
     QStringList lines;
     lines.reserve(lineCount());
     for (int row = 0; row < lineCount(); ++row)
@@ -206,22 +206,22 @@ QStringList CListBoxEditor::lines() const {
     return lines;
 }
 
-int CListBoxEditor::lineCount() const {
+int ListBoxEditor::lineCount() const {
     return list_->count();
 }
 
-QString CListBoxEditor::line(int row) const {
+QString ListBoxEditor::line(int row) const {
     return list_->item(row)->text();
 }
 
-void CListBoxEditor::insertLine(int row, const QString& text) {
+void ListBoxEditor::insertLine(int row, const QString& text) {
     auto* item = new QListWidgetItem;
     item->setFlags(item->flags() | Qt::ItemIsEditable);
     list_->insertItem(row, item);
     setLine(list_->row(item), text);
 }
 
-void CListBoxEditor::setLine(int row, const QString& text) {
+void ListBoxEditor::setLine(int row, const QString& text) {
     QListWidgetItem* item = list_->item(row);
     item->setText(text);
     item->setData(kOriginRole, QVariant());
@@ -229,40 +229,40 @@ void CListBoxEditor::setLine(int row, const QString& text) {
     item->setData(Qt::AccessibleTextRole, text.isEmpty() ? tr("New line") : text);
 }
 
-void CListBoxEditor::setOrigin(int row, const QVariant& origin) {
+void ListBoxEditor::setOrigin(int row, const QVariant& origin) {
     list_->item(row)->setData(kOriginRole, origin);
 }
 
-QVariant CListBoxEditor::origin(int row) const {
+QVariant ListBoxEditor::origin(int row) const {
     return list_->item(row)->data(kOriginRole);
 }
 
-void CListBoxEditor::removeLine(int row) {
+void ListBoxEditor::removeLine(int row) {
     delete list_->takeItem(row);
     updateButtons();
 }
 
-int CListBoxEditor::currentRow() const {
+int ListBoxEditor::currentRow() const {
     return list_->currentRow();
 }
 
-void CListBoxEditor::setCurrentRow(int row) {
+void ListBoxEditor::setCurrentRow(int row) {
     list_->setCurrentRow(row);
 }
 
-void CListBoxEditor::finishEditing() {
+void ListBoxEditor::finishEditing() {
     delegate_->finish();
 }
 
-bool CListBoxEditor::isChanging() const {
+bool ListBoxEditor::isChanging() const {
     return delegate_->isChanging();
 }
 
-void CListBoxEditor::cancelEditing() {
+void ListBoxEditor::cancelEditing() {
     delegate_->cancel();
 }
 
-void CListBoxEditor::newLine() {
+void ListBoxEditor::newLine() {
     finishEditing();
     if (isPlaceForNew(lineCount() - 1))
         editInPlace(lineCount() - 1);
@@ -270,32 +270,32 @@ void CListBoxEditor::newLine() {
         beginLine(lineCount());
 }
 
-void CListBoxEditor::beginLine(int row) {
+void ListBoxEditor::beginLine(int row) {
     finishEditing();
     insertLine(row, QString());
     begun_ = list_->model()->index(row, 0);
     editInPlace(row);
 }
 
-void CListBoxEditor::editLine(int row) {
+void ListBoxEditor::editLine(int row) {
     editInPlace(row);
 }
 
-void CListBoxEditor::editInPlace(int row) {
+void ListBoxEditor::editInPlace(int row) {
     finishEditing();
     list_->setCurrentRow(row);
     list_->setFocus();
     list_->edit(list_->currentIndex());
 }
 
-QWidget* CListBoxEditor::createLineEditor(QWidget* parent, int) {
+QWidget* ListBoxEditor::createLineEditor(QWidget* parent, int) {
     auto* control = new QLineEdit(parent);
     control->setFrame(false);
     control->setAccessibleName(list_->accessibleName());
     return control;
 }
 
-void CListBoxEditor::endEditing(int row, const std::optional<QString>& text) {
+void ListBoxEditor::endEditing(int row, const std::optional<QString>& text) {
     const bool begun = begun_.isValid() && begun_.row() == row;
     begun_ = QPersistentModelIndex();
     if (begun && text.value_or(QString()).isEmpty())
@@ -304,11 +304,11 @@ void CListBoxEditor::endEditing(int row, const std::optional<QString>& text) {
         changeLine(row, *text, begun || isPlaceForNew(row));
 }
 
-void CListBoxEditor::enterText(int row, const QString& text) {
+void ListBoxEditor::enterText(int row, const QString& text) {
     changeLine(row, text, isPlaceForNew(row));
 }
 
-void CListBoxEditor::changeLine(int row, const QString& text, bool isNew) {
+void ListBoxEditor::changeLine(int row, const QString& text, bool isNew) {
     if (text == line(row))
         return;
     if (text.isEmpty()) {
@@ -327,7 +327,7 @@ void CListBoxEditor::changeLine(int row, const QString& text, bool isNew) {
     updateButtons();
 }
 
-void CListBoxEditor::deleteLine() {
+void ListBoxEditor::deleteLine() {
     // A line that was only begun goes with its edit, and the one beside it is not meant.
     const QPersistentModelIndex meant(list_->currentIndex());
     cancelEditing();
@@ -338,7 +338,7 @@ void CListBoxEditor::deleteLine() {
     lineDeleted(row);
 }
 
-void CListBoxEditor::moveLine(int distance) {
+void ListBoxEditor::moveLine(int distance) {
     // A refused edit takes its line away.
     const QPersistentModelIndex meant(list_->currentIndex());
     finishEditing();
@@ -351,38 +351,38 @@ void CListBoxEditor::moveLine(int distance) {
     lineMoved(from, to);
 }
 
-void CListBoxEditor::lineAdded(int, const QString&) {
+void ListBoxEditor::lineAdded(int, const QString&) {
 }
 
-void CListBoxEditor::lineRenamed(int, const QString&) {
+void ListBoxEditor::lineRenamed(int, const QString&) {
 }
 
-void CListBoxEditor::lineDeleted(int) {
+void ListBoxEditor::lineDeleted(int) {
 }
 
-void CListBoxEditor::lineMoved(int, int) {
+void ListBoxEditor::lineMoved(int, int) {
 }
 
-bool CListBoxEditor::mayMove(int, int) {
+bool ListBoxEditor::mayMove(int, int) {
     return true;
 }
 
-bool CListBoxEditor::isPlaceForNew(int row) const {
+bool ListBoxEditor::isPlaceForNew(int row) const {
     return placeForNew_ && row >= 0 && row == lineCount() - 1 && line(row).isEmpty();
 }
 
-bool CListBoxEditor::isEntry(int row) const {
+bool ListBoxEditor::isEntry(int row) const {
     return row >= 0 && row < lineCount() && !isPlaceForNew(row);
 }
 
-void CListBoxEditor::updateButtons() {
+void ListBoxEditor::updateButtons() {
     const int row = currentRow();
     delete_->setEnabled(isEntry(row) && list_->item(row)->isSelected());
     up_->setEnabled(isEntry(row) && isEntry(row - 1));
     down_->setEnabled(isEntry(row) && isEntry(row + 1));
 }
 
-bool CListBoxEditor::eventFilter(QObject* watched, QEvent* event) {
+bool ListBoxEditor::eventFilter(QObject* watched, QEvent* event) {
     // The list would make its first line the current one and leave it unselected.
     if (event->type() == QEvent::FocusIn && currentRow() < 0 &&
         static_cast<QFocusEvent*>(event)->reason() != Qt::MouseFocusReason)
@@ -393,7 +393,7 @@ bool CListBoxEditor::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
-bool CListBoxEditor::handleKey(const QKeyEvent& event) {
+bool ListBoxEditor::handleKey(const QKeyEvent& event) {
     const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;
     const int key = event.key();
     if (modifiers == Qt::AltModifier && (key == Qt::Key_Up || key == Qt::Key_Down)) {

@@ -15,7 +15,7 @@ class QToolButton;
 
 namespace ovsettings {
 
-class CLineDelegate;
+class LineDelegate;
 
 /// A titled list of lines that the user adds to, edits in place, deletes and moves. Rows count from 0.
 ///
@@ -23,12 +23,12 @@ class CLineDelegate;
 /// Alt+Up and Alt+Down move it. A line that is emptied by its editing is deleted; one that was empty before
 /// stays. Other list editors derive from this one and override the hooks; lines with a look or data of their
 /// own set a delegate and item data on the list, which go along when a line is moved.
-class CListBoxEditor : public QWidget {
+class ListBoxEditor : public QWidget {
     Q_OBJECT
 
 public:
-    explicit CListBoxEditor(QWidget* parent = nullptr);
-    ~CListBoxEditor() override;
+    explicit ListBoxEditor(QWidget* parent = nullptr);
+    ~ListBoxEditor() override;
 
     /// The title may hold a mnemonic, which leads to the list.
     void setTitle(const QString& title);
@@ -99,7 +99,7 @@ protected:
     QToolButton& addButton(const QString& icon, const QString& text, const QKeySequence& key);
 
 private:
-    friend class CLineDelegate;
+    friend class LineDelegate;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
     QToolButton* makeButton(const QString& icon, const QString& text, const QKeySequence& key);
@@ -114,7 +114,7 @@ private:
     QBoxLayout* titleRow_;
     QLabel* title_;
     QListWidget* list_;
-    CLineDelegate* delegate_;
+    LineDelegate* delegate_;
     QToolButton* new_;
     QToolButton* delete_;
     QToolButton* up_;

@@ -19,18 +19,18 @@ QString directoryOf(const QString& file) {
 
 } // namespace
 
-CListBoxFileEditor::CListBoxFileEditor(QWidget* parent) : CListBoxEditor(parent) {
+ListBoxFileEditor::ListBoxFileEditor(QWidget* parent) : ListBoxEditor(parent) {
     constexpr auto kKey = Qt::Key_F4;
     const QToolButton& button = addButton(QStringLiteral("browse"), tr("Browse..."), kKey);
-    connect(&button, &QToolButton::clicked, this, &CListBoxFileEditor::browse);
+    connect(&button, &QToolButton::clicked, this, &ListBoxFileEditor::browse);
     auto* shortcut = new QShortcut(kKey, &list());
     shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(shortcut, &QShortcut::activated, this, &CListBoxFileEditor::browse);
+    connect(shortcut, &QShortcut::activated, this, &ListBoxFileEditor::browse);
     setPlaceForNew(true);
     setLines({});
 }
 
-void CListBoxFileEditor::browse() {
+void ListBoxFileEditor::browse() {
     cancelEditing();
     const int row = currentRow() < 0 ? lineCount() - 1 : currentRow();
     PlainFileDialog dialog(window(), tr("Select File"), directoryOf(line(row)), tr("All Files (*)"));

@@ -5,11 +5,11 @@
 namespace ovsettings {
 
 /// A list of files: a button, and F4 in the list, chooses the file of the current line, or of a new one.
-class CListBoxFileEditor : public CListBoxEditor {
+class ListBoxFileEditor : public ListBoxEditor {
     Q_OBJECT
 
 public:
-    explicit CListBoxFileEditor(QWidget* parent = nullptr);
+    explicit ListBoxFileEditor(QWidget* parent = nullptr);
 
 private:
     void browse();

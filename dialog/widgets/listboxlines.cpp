@@ -5,20 +5,20 @@
 
 namespace ovsettings {
 
-void showStrings(CListBoxEditor& editor, const std::vector<std::string>& strings) {
+void showStrings(ListBoxEditor& editor, const std::vector<std::string>& strings) {
     editor.setLines({});
     for (int row = 0; const std::string& string : strings)
         insertString(editor, row++, string);
 }
 
-void insertString(CListBoxEditor& editor, int row, const std::string& string) {
+void insertString(ListBoxEditor& editor, int row, const std::string& string) {
     const QString line = toQString(string);
     editor.insertLine(row, line);
     if (toUtf8(line) != string)
         editor.setOrigin(row, QByteArray::fromStdString(string));
 }
 
-std::vector<std::string> stringsOf(const CListBoxEditor& editor) {
+std::vector<std::string> stringsOf(const ListBoxEditor& editor) {
     std::vector<std::string> strings;
     for (int row = 0; row < editor.lineCount(); ++row) {
         const QVariant origin = editor.origin(row);

@@ -25,9 +25,9 @@ bool isArrow(int key) {
     return key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down;
 }
 
-class CColorSquare : public QAbstractButton {
+class ColorSquare : public QAbstractButton {
 public:
-    CColorSquare(const QColor& color, bool isCurrent, QWidget* parent)
+    ColorSquare(const QColor& color, bool isCurrent, QWidget* parent)
         : QAbstractButton(parent), color_(color) {
         setFocusPolicy(Qt::StrongFocus);
         setCheckable(true);
@@ -96,7 +96,7 @@ void COwnSECColorWell::addColor(int color) {
     const bool isCurrent =
         color == current_ &&
         std::ranges::none_of(buttons_, [](const QAbstractButton* button) { return button->isChecked(); });
-    auto* square = new CColorSquare(toQColor(color), isCurrent, this);
+    auto* square = new ColorSquare(toQColor(color), isCurrent, this);
     connect(square, &QAbstractButton::clicked, this, [this, color] { choose(color); });
     static_cast<QGridLayout*>(layout())->addWidget(square, at / columns_, at % columns_);
     buttons_.push_back(square);

@@ -2,19 +2,19 @@
 
 namespace ovsettings {
 
-void CWatchedListBoxEditor::lineAdded(int, const QString&) {
+void WatchedListBoxEditor::lineAdded(int, const QString&) {
     setChanged();
 }
 
-void CWatchedListBoxEditor::lineRenamed(int, const QString&) {
+void WatchedListBoxEditor::lineRenamed(int, const QString&) {
     setChanged();
 }
 
-void CWatchedListBoxEditor::lineDeleted(int) {
+void WatchedListBoxEditor::lineDeleted(int) {
     setChanged();
 }
 
-void CWatchedListBoxEditor::lineMoved(int, int) {
+void WatchedListBoxEditor::lineMoved(int, int) {
     setChanged();
 }
 

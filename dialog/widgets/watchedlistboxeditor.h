@@ -5,11 +5,11 @@
 namespace ovsettings {
 
 /// A list box editor that remembers that the user changed the list. A line that is still open counts.
-class CWatchedListBoxEditor : public CListBoxEditor {
+class WatchedListBoxEditor : public ListBoxEditor {
     Q_OBJECT
 
 public:
-    using CListBoxEditor::CListBoxEditor;
+    using ListBoxEditor::ListBoxEditor;
 
     bool isChanged() const { return changed_ || isChanging(); }
     void clearChanged() { changed_ = false; }

@@ -19,9 +19,9 @@ bool holdsFocus(const QWidget& control) {
     return focus && (focus == &control || control.isAncestorOf(focus));
 }
 
-class CWheelGuard : public QObject {
+class WheelGuard : public QObject {
 public:
-    explicit CWheelGuard(QWidget& page) : QObject(&page) { guard(page); }
+    explicit WheelGuard(QWidget& page) : QObject(&page) { guard(page); }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() == QEvent::ChildPolished) {
@@ -57,7 +57,7 @@ private:
 } // namespace
 
 void installWheelGuard(QWidget& page) {
-    new CWheelGuard(page);
+    new WheelGuard(page);
 }
 
 } // namespace ovsettings

@@ -6,15 +6,15 @@
 
 #include <QtWidgets/QVBoxLayout>
 
-using ovsettings::CListBoxEditor;
-using ovsettings::CListBoxFileEditor;
+using ovsettings::ListBoxEditor;
+using ovsettings::ListBoxFileEditor;
 
 namespace {
 
 /// Writes down what it is told, and takes out lines of the text "bad", after a question.
-class CRecordingList : public CListBoxEditor {
+class RecordingList : public ListBoxEditor {
 public:
-    using CListBoxEditor::list;
+    using ListBoxEditor::list;
 
     QStringList takeLog() { return std::exchange(log_, {}); }
 
@@ -30,7 +30,7 @@ protected:
 
     QWidget* createLineEditor(QWidget* parent, int row) override {
         if (!choices)
-            return CListBoxEditor::createLineEditor(parent, row);
+            return ListBoxEditor::createLineEditor(parent, row);
         auto* combo = new QComboBox(parent);
         combo->addItems({QStringLiteral("one"), QStringLiteral("two")});
         return combo;
@@ -52,11 +52,11 @@ QStringList words(const char* text) {
 }
 
 /// A list editor in a dialog with a default button, as a page has it.
-class ListBoxEditor : public testing::Test {
+class ListOfLines : public testing::Test {
 protected:
-    ListBoxEditor() {
+    ListOfLines() {
         auto* layout = new QVBoxLayout(&dialog_);
-        editor_ = new CRecordingList;
+        editor_ = new RecordingList;
         editor_->setTitle(QStringLiteral("&Lines:"));
         editor_->setPlaceForNew(true);
         layout->addWidget(editor_);
@@ -88,13 +88,13 @@ protected:
     std::string log() { return editor_->takeLog().join(QLatin1Char(',')).toStdString(); }
 
     QDialog dialog_;
-    CRecordingList* editor_;
+    RecordingList* editor_;
     QPushButton* ok_;
 };
 
 } // namespace
 
-TEST_F(ListBoxEditor, EveryKeyDoesWhatItsButtonDoes) {
+TEST_F(ListOfLines, EveryKeyDoesWhatItsButtonDoes) {
     struct Row {
         const char* what;
         int current;
@@ -158,7 +158,7 @@ TEST_F(ListBoxEditor, EveryKeyDoesWhatItsButtonDoes) {
     }
 }
 
-TEST_F(ListBoxEditor, ButtonsAreEnabledWhereTheyCanDoSomething) {
+TEST_F(ListOfLines, ButtonsAreEnabledWhereTheyCanDoSomething) {
     for (const auto& [row, expected] : {std::pair{0, "+-+"}, {1, "+++"}, {2, "++-"}, {3, "---"}}) {
         editor_->setCurrentRow(row);
         std::string enabled;
@@ -173,7 +173,7 @@ TEST_F(ListBoxEditor, ButtonsAreEnabledWhereTheyCanDoSomething) {
     }
 }
 
-TEST_F(ListBoxEditor, LeavingTheLineStoresItAndTheHookMayAskAndTakeItOut) {
+TEST_F(ListOfLines, LeavingTheLineStoresItAndTheHookMayAskAndTakeItOut) {
     for (const char* answer : {"Yes", "No"}) {
         for (const bool byFocus : {true, false}) {
             fill("a b c", 1);
@@ -191,7 +191,7 @@ TEST_F(ListBoxEditor, LeavingTheLineStoresItAndTheHookMayAskAndTakeItOut) {
     }
 }
 
-TEST_F(ListBoxEditor, AnOpenLineWaitsBehindAnotherWindow) {
+TEST_F(ListOfLines, AnOpenLineWaitsBehindAnotherWindow) {
     press(Qt::Key_F2);
     type("x");
     QWidget other;
@@ -204,7 +204,7 @@ TEST_F(ListBoxEditor, AnOpenLineWaitsBehindAnotherWindow) {
     EXPECT_FALSE(editor_->isChanging());
 }
 
-TEST_F(ListBoxEditor, WithoutAPlaceForNewLinesOneIsMadeAndGoesAgainIfLeftEmpty) {
+TEST_F(ListOfLines, WithoutAPlaceForNewLinesOneIsMadeAndGoesAgainIfLeftEmpty) {
     editor_->setPlaceForNew(false);
     fill("a b");
     press(Qt::Key_Insert);
@@ -227,7 +227,7 @@ TEST_F(ListBoxEditor, WithoutAPlaceForNewLinesOneIsMadeAndGoesAgainIfLeftEmpty) 
     EXPECT_EQ(log(), "");
 }
 
-TEST_F(ListBoxEditor, ALineThatWasEmptyBeforeItsEditStaysUnlessItGetsAText) {
+TEST_F(ListOfLines, ALineThatWasEmptyBeforeItsEditStaysUnlessItGetsAText) {
     editor_->setPlaceForNew(false);
     struct Row {
         std::function<void()> act;
@@ -250,7 +250,7 @@ TEST_F(ListBoxEditor, ALineThatWasEmptyBeforeItsEditStaysUnlessItGetsAText) {
     }
 }
 
-TEST_F(ListBoxEditor, MoveAfterARefusedEditMovesNothing) {
+TEST_F(ListOfLines, MoveAfterARefusedEditMovesNothing) {
     fill("a b c", 0);
     press(Qt::Key_F2);
     type("bad");
@@ -260,7 +260,7 @@ TEST_F(ListBoxEditor, MoveAfterARefusedEditMovesNothing) {
     EXPECT_EQ(log(), "renamed 0 bad");
 }
 
-TEST_F(ListBoxEditor, ARecordGoesAlongWithItsLineUnlessTheMoveIsRefused) {
+TEST_F(ListOfLines, ARecordGoesAlongWithItsLineUnlessTheMoveIsRefused) {
     editor_->list().item(0)->setData(Qt::UserRole, 42);
     editor_->movesAllowed = false;
     editor_->moveLine(+1);
@@ -272,7 +272,7 @@ TEST_F(ListBoxEditor, ARecordGoesAlongWithItsLineUnlessTheMoveIsRefused) {
     EXPECT_EQ(editor_->list().item(1)->data(Qt::UserRole).toInt(), 42);
 }
 
-TEST_F(ListBoxEditor, ADerivedListEditsWithAControlOfItsOwn) {
+TEST_F(ListOfLines, ADerivedListEditsWithAControlOfItsOwn) {
     editor_->choices = true;
     QListWidget& list = editor_->list();
     const QPoint second = list.visualItemRect(list.item(1)).center();
@@ -285,11 +285,11 @@ TEST_F(ListBoxEditor, ADerivedListEditsWithAControlOfItsOwn) {
     EXPECT_EQ(log(), "renamed 1 " + combo->currentText().toStdString());
 }
 
-TEST(ListBoxFileEditor, BrowsingSetsTheCurrentLineOrBeginsANewOne) {
+TEST(ListOfFiles, BrowsingSetsTheCurrentLineOrBeginsANewOne) {
     const testsupport::TemporaryDirectory directory;
     testsupport::writeFile(directory / "x.frm", "");
     testsupport::writeFile(directory / "y.frm", "");
-    CListBoxFileEditor editor;
+    ListBoxFileEditor editor;
     testsupport::activate(editor);
     const auto browse = [&](const char* file) {
         testsupport::whenModal([&](QWidget& modal) {

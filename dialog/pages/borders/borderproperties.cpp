@@ -11,7 +11,7 @@ namespace ovsettings {
 
 namespace {
 
-using Properties = CBorderProperties::Properties;
+using Properties = BorderProperties::Properties;
 
 /// What was shown may differ from the bytes that are stored, and is no change of them.
 std::string shown(const std::string& text) {
@@ -38,11 +38,11 @@ Properties merged(Properties stored, const Attributes& edited) {
 
 } // namespace
 
-Properties CBorderProperties::laidOver(Properties stored) const {
+Properties BorderProperties::laidOver(Properties stored) const {
     return merged(std::move(stored), changes_);
 }
 
-bool CBorderProperties::take(const Properties& stored, const Attributes& edited) {
+bool BorderProperties::take(const Properties& stored, const Attributes& edited) {
     const Properties before = laidOver(stored);
     const Properties after = merged(before, edited);
     if (after == before)

@@ -9,7 +9,7 @@ namespace ovsettings {
 
 /// What the user has made of the properties of border symbols, until it is stored. It holds the changes
 /// alone, since the file object may be read again meanwhile.
-class CBorderProperties {
+class BorderProperties {
 public:
     using Properties = std::vector<Orv::IBorderSymbols::Property>;
 

@@ -62,7 +62,7 @@ std::string& symbolOf(BorderRow& row, BorderSheet sheet) {
 
 } // namespace
 
-void CBorderRows::load(const Orv::IBorderSymbols::Table& table) {
+void BorderRows::load(const Orv::IBorderSymbols::Table& table) {
     loaded_ = table;
     rows_.clear();
     removed_.clear();
@@ -74,7 +74,7 @@ void CBorderRows::load(const Orv::IBorderSymbols::Table& table) {
     }
 }
 
-void CBorderRows::store(Orv::IBorderSymbols::Table& table) const {
+void BorderRows::store(Orv::IBorderSymbols::Table& table) const {
     for (const std::string& key : removed_)
         table.erase(key);
     const auto write = [&](const std::string& key, const std::string& symbol) {
@@ -87,12 +87,12 @@ void CBorderRows::store(Orv::IBorderSymbols::Table& table) const {
     }
 }
 
-void CBorderRows::noteStored(const Orv::IBorderSymbols::Table& table) {
+void BorderRows::noteStored(const Orv::IBorderSymbols::Table& table) {
     loaded_ = table;
     removed_.clear();
 }
 
-bool CBorderRows::follow(const Orv::IBorderSymbols::Table& table) {
+bool BorderRows::follow(const Orv::IBorderSymbols::Table& table) {
     if (table == loaded_)
         return false;
     Orv::IBorderSymbols::Table changed = table;
@@ -104,13 +104,13 @@ bool CBorderRows::follow(const Orv::IBorderSymbols::Table& table) {
     return true;
 }
 
-std::size_t CBorderRows::indexOf(std::string_view key) const {
+std::size_t BorderRows::indexOf(std::string_view key) const {
     const auto found = std::ranges::find(rows_, key, &BorderRow::key);
     return static_cast<std::size_t>(found - rows_.begin());
 }
 
-std::vector<std::size_t> CBorderRows::setSymbol(std::size_t index, BorderSheet sheet,
-                                                const std::string& symbol) {
+std::vector<std::size_t> BorderRows::setSymbol(std::size_t index, BorderSheet sheet,
+                                               const std::string& symbol) {
     symbolOf(rows_[index], sheet) = symbol;
     const std::string& key = rows_[index].key;
     std::size_t other = count();
@@ -124,7 +124,7 @@ std::vector<std::size_t> CBorderRows::setSymbol(std::size_t index, BorderSheet s
     return {index, other};
 }
 
-std::vector<std::size_t> CBorderRows::add(const std::string& key) {
+std::vector<std::size_t> BorderRows::add(const std::string& key) {
     std::string first = firstSheetKey(key);
     // A symbol that another row has for the first sheet goes before the one that is named for it.
     if (const std::size_t other = indexOf(first); other < count() && !rows_[other].next.empty())
@@ -133,7 +133,7 @@ std::vector<std::size_t> CBorderRows::add(const std::string& key) {
     return setSymbol(count() - 1, BorderSheet::first, first);
 }
 
-std::size_t CBorderRows::remove(std::size_t index) {
+std::size_t BorderRows::remove(std::size_t index) {
     const std::string key = rows_[index].key;
     removed_.push_back(key);
     if (indexOf(firstSheetKey(key)) == count())

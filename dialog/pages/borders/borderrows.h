@@ -27,7 +27,7 @@ enum class BorderSheet { first, next };
 ///
 /// Two rows may stand for one key of the table: where both "20x6SHEET" and "20x6SHEET1" are sizes, the symbol
 /// of the first sheet of the one is that of the next sheets of the other. Such symbols change together.
-class CBorderRows {
+class BorderRows {
 public:
     void load(const Orv::IBorderSymbols::Table& table);
     /// Takes the sizes that were removed out of a table, then writes the symbols that were changed since the

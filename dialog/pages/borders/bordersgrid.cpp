@@ -32,7 +32,7 @@ CBordersGrid::CBordersGrid(QWidget* parent) : CGridWnd(parent) {
     showHeaders(true, true);
 }
 
-void CBordersGrid::showRows(const CBorderRows& rows) {
+void CBordersGrid::showRows(const BorderRows& rows) {
     setRowCount(static_cast<int>(rows.count()));
     for (std::size_t index = 0; index < rows.count(); ++index)
         showRow(index, rows.at(index));

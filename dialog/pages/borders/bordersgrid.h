@@ -13,7 +13,7 @@ class CBordersGrid : public CGridWnd {
 public:
     explicit CBordersGrid(QWidget* parent = nullptr);
 
-    void showRows(const CBorderRows& rows);
+    void showRows(const BorderRows& rows);
     /// @param index from 0, of a row that is there or the one behind the last.
     void showRow(std::size_t index, const BorderRow& row);
 

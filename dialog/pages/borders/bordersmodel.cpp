@@ -19,7 +19,7 @@ bool BordersModel::follow(Orv::IBorderSymbols& symbols) {
 
 std::string BordersModel::store(Orv::IBorderSymbols& symbols, const std::string& path) {
     const Orv::IBorderSymbols::Table table = symbols.GetTable();
-    const CBorderProperties::Properties properties = symbols.GetProperties();
+    const BorderProperties::Properties properties = symbols.GetProperties();
     rows_.store(symbols.GetTable());
     symbols.GetProperties() = properties_.laidOver(properties);
     symbols.Save(path);

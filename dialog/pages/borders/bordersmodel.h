@@ -23,7 +23,7 @@ public:
     std::string store(Orv::IBorderSymbols& symbols, const std::string& path);
     bool isModified() const { return modified_; }
 
-    const CBorderRows& rows() const { return rows_; }
+    const BorderRows& rows() const { return rows_; }
     /// Each change gives the indices of the rows that are to be shown anew.
     std::vector<std::size_t> setSymbol(std::size_t index, BorderSheet sheet, const std::string& symbol);
     std::vector<std::size_t> dropSymbol(std::size_t index, BorderSheet sheet);
@@ -39,8 +39,8 @@ public:
     void setProperties(Orv::IBorderSymbols& symbols, const Attributes& edited);
 
 private:
-    CBorderRows rows_;
-    CBorderProperties properties_;
+    BorderRows rows_;
+    BorderProperties properties_;
     bool modified_ = false;
 };
 

@@ -40,9 +40,9 @@ public:
     };
 
     /// Has a new line chosen instead of typed.
-    class CListBoxEditorEx : public CListBoxEditor {
+    class CListBoxEditorEx : public ListBoxEditor {
     public:
-        using CListBoxEditor::CListBoxEditor;
+        using ListBoxEditor::ListBoxEditor;
 
         /// @param browse       gives the text of a new line; an empty one adds none.
         /// @param knownSymbols gives what editing in place offers.

@@ -82,7 +82,7 @@ void fillBlocks(QComboBox& blocks, const Orv::CProjectConfiguration& project, co
 }
 
 bool storeBlock(const QComboBox& blocks, const Orv::CProjectConfiguration& project, const std::string& design,
-                const CNavigator& navigator) {
+                const Navigator& navigator) {
     if (blocks.currentIndex() < 0)
         return true;
     const std::string block = blocks.currentData().toByteArray().toStdString();

@@ -23,24 +23,24 @@ std::string relativeTo(const std::string& base, const std::string& path) {
     return path.substr(begin);
 }
 
-CLibraryPartitions::CLibraryPartitions(const std::string& libraryPath) : path_(libraryPath), server_(path_) {
+LibraryPartitions::LibraryPartitions(const std::string& libraryPath) : path_(libraryPath), server_(path_) {
     server_.Init();
     server_.Load(path_, 1);
 }
 
-CLibSchemePartition CLibraryPartitions::partitionsOf(PartitionKind kind) const {
+CLibSchemePartition LibraryPartitions::partitionsOf(PartitionKind kind) const {
     CLibSchemePartition partitions(server_);
     partitions.InitPartitionType(static_cast<int>(kind));
     return partitions;
 }
 
-std::vector<std::string> CLibraryPartitions::all(PartitionKind kind) const {
+std::vector<std::string> LibraryPartitions::all(PartitionKind kind) const {
     std::vector<std::string> names;
     partitionsOf(kind).GetAllPartitions(names, 0);
     return shown(kind, std::move(names));
 }
 
-std::vector<std::string> CLibraryPartitions::ofScheme(PartitionKind kind, const std::string& scheme) const {
+std::vector<std::string> LibraryPartitions::ofScheme(PartitionKind kind, const std::string& scheme) const {
     if (scheme == kDefaultScheme)
         return all(kind);
     std::vector<std::string> names;
@@ -48,11 +48,11 @@ std::vector<std::string> CLibraryPartitions::ofScheme(PartitionKind kind, const 
     return shown(kind, std::move(names));
 }
 
-void CLibraryPartitions::schemes(std::vector<std::string>& names, std::vector<int>& types) const {
+void LibraryPartitions::schemes(std::vector<std::string>& names, std::vector<int>& types) const {
     partitionsOf(PartitionKind::symbols).GetSchemes(names, types);
 }
 
-std::vector<std::string> CLibraryPartitions::shown(PartitionKind kind, std::vector<std::string> names) const {
+std::vector<std::string> LibraryPartitions::shown(PartitionKind kind, std::vector<std::string> names) const {
     if (kind == PartitionKind::symbols)
         return names;
     const CLibSchemePartition partitions = partitionsOf(kind);

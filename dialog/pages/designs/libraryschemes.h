@@ -21,9 +21,9 @@ std::string relativeTo(const std::string& base, const std::string& path);
 /// The partitions of a central library as a design's page shows them: symbol partitions by name, the others
 /// by their path from the library, as the project keeps them; that is meant. Opened for one use; a library
 /// that is not there has nothing.
-class CLibraryPartitions {
+class LibraryPartitions {
 public:
-    explicit CLibraryPartitions(const std::string& libraryPath);
+    explicit LibraryPartitions(const std::string& libraryPath);
 
     std::vector<std::string> all(PartitionKind kind) const;
     /// Those of a scheme; of the default scheme all.

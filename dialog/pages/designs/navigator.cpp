@@ -81,10 +81,10 @@ bool answers(const std::string& address) {
 
 } // namespace
 
-CNavigator::CNavigator() : address_(busAddress()) {
+Navigator::Navigator() : address_(busAddress()) {
 }
 
-void CNavigator::refresh() const {
+void Navigator::refresh() const {
     if (address_.empty() || !answers(address_))
         return;
     const QDBusConnection bus = QDBusConnection::sessionBus();

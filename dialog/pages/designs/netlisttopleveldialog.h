@@ -30,7 +30,7 @@ public:
 private:
     std::unique_ptr<Ui::CNetlistTopLevelDialog> ui_;
     std::string blockName_;
-    CNavigator navigator_;
+    Navigator navigator_;
     int storedBlock_ = -1; ///< its place among the blocks
 };
 

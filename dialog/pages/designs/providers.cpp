@@ -7,15 +7,15 @@ namespace toplevelsettings {
 namespace {
 
 template <typename Page>
-class CProvider final : public ovsettings::ITopLevelDialogProvider {
+class Provider final : public ovsettings::ITopLevelDialogProvider {
 public:
     ovsettings::CPropDialogTemplate* createDialog(QWidget* parent, const std::string& designName) override {
         return new Page(parent, designName);
     }
 };
 
-using CTopLevelSettingsProvider = CProvider<ovsettings::CTopLevelSettingsDialog>;
-using CNetlistTopLevelDialogProvider = CProvider<ovsettings::CNetlistTopLevelDialog>;
+using CTopLevelSettingsProvider = Provider<ovsettings::CTopLevelSettingsDialog>;
+using CNetlistTopLevelDialogProvider = Provider<ovsettings::CNetlistTopLevelDialog>;
 
 CTopLevelSettingsProvider theTopLevelSettingsProvider;
 CNetlistTopLevelDialogProvider theNetlistTopLevelProvider;

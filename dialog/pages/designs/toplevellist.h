@@ -14,11 +14,11 @@ namespace ovsettings {
 
 /// A list of partitions that a design sees. A line is edited in a drop-down list of the partitions that are
 /// not in the list yet.
-class CTopLevelList : public CListBoxEditor {
+class CTopLevelList : public ListBoxEditor {
     Q_OBJECT
 
 public:
-    using CListBoxEditor::CListBoxEditor;
+    using ListBoxEditor::ListBoxEditor;
 
     /// The drop-down list that opens over a line while it is edited.
     class CComboBoxEx : public QComboBox {

@@ -25,7 +25,7 @@ constexpr char kLocalShown[] = "Local to design";
 constexpr char kFrontEnd[] = "FE";
 constexpr char kBackEnd[] = "BE";
 
-std::vector<std::string> entriesOf(const CListBoxEditor& list) {
+std::vector<std::string> entriesOf(const ListBoxEditor& list) {
     std::vector<std::string> entries = stringsOf(list);
     std::erase(entries, std::string());
     return entries;
@@ -48,7 +48,7 @@ bool CTopLevelSettingsDialog::buildTemplate() {
     ui_->pdbSearchPath->setTitle(tr("PDB Search Path"));
     const auto source = [this](PartitionKind kind) {
         return [this, kind] {
-            return CLibraryPartitions(libraryPath()).all(kind);
+            return LibraryPartitions(libraryPath()).all(kind);
         };
     };
     ui_->symbolPartitions->setSource(source(PartitionKind::symbols));
@@ -101,7 +101,7 @@ CTopLevelSettingsDialog::Lists CTopLevelSettingsDialog::projectLists() const {
 CTopLevelSettingsDialog::Lists CTopLevelSettingsDialog::listsOf(const std::string& storedScheme) const {
     if (storedScheme == kLocalScheme)
         return firstLoad_ ? projectLists() : localLists();
-    const CLibraryPartitions library(libraryPath());
+    const LibraryPartitions library(libraryPath());
     return {library.ofScheme(PartitionKind::symbols, storedScheme),
             library.ofScheme(PartitionKind::pdb, storedScheme),
             library.ofScheme(PartitionKind::third, storedScheme)};
@@ -110,7 +110,7 @@ CTopLevelSettingsDialog::Lists CTopLevelSettingsDialog::listsOf(const std::strin
 /// What the design had of its own last; where it had nothing, all that the library has.
 CTopLevelSettingsDialog::Lists CTopLevelSettingsDialog::localLists() const {
     Lists lists;
-    const CLibraryPartitions library(libraryPath());
+    const LibraryPartitions library(libraryPath());
     if (noLocalScheme_)
         lists.third = library.all(PartitionKind::third);
     if (!local_.symbols.empty()) {
@@ -126,7 +126,7 @@ CTopLevelSettingsDialog::Lists CTopLevelSettingsDialog::localLists() const {
 void CTopLevelSettingsDialog::fillSchemes() {
     std::vector<std::string> names;
     std::vector<int> types;
-    CLibraryPartitions(libraryPath()).schemes(names, types);
+    LibraryPartitions(libraryPath()).schemes(names, types);
     QStringList shown(kDefaultShown);
     schemeTypes_[kLocalScheme] = 1;
     noLocalScheme_ = true;

@@ -78,7 +78,7 @@ private:
 
     std::unique_ptr<Ui::CTopLevelSettingsDialog> ui_;
     std::string blockName_;
-    CNavigator navigator_;
+    Navigator navigator_;
 
     std::map<std::string, int> schemeTypes_;         ///< by stored name; 0: the lists cannot be edited
     std::map<std::string, std::string> schemeNames_; ///< from the name as shown to the stored one

@@ -6,7 +6,7 @@
 
 namespace ovsettings {
 
-CFontChooser::CFontChooser(const QFont& start, const QString& face, QWidget* parent)
+FontChooser::FontChooser(const QFont& start, const QString& face, QWidget* parent)
     : QFontDialog(start, parent) {
     setOption(DontUseNativeDialog);
     setWindowTitle(tr("Edit mapping"));
@@ -23,7 +23,7 @@ CFontChooser::CFontChooser(const QFont& start, const QString& face, QWidget* par
 }
 
 /// The toolkit's lists and fields have no names; faces come first, then their styles.
-void CFontChooser::showMissingFace(const QString& face) {
+void FontChooser::showMissingFace(const QString& face) {
     const auto lists = findChildren<QListView*>();
     const auto fields = findChildren<QLineEdit*>();
     if (lists.size() < 2 || fields.size() < 2)
@@ -37,7 +37,7 @@ void CFontChooser::showMissingFace(const QString& face) {
     faces_ = lists[0];
 }
 
-bool CFontChooser::hasFace() const {
+bool FontChooser::hasFace() const {
     return !faces_ || faces_->currentIndex().isValid();
 }
 

@@ -107,7 +107,7 @@ void CFontDialog::editMapping() {
     CFontMapRow* row = ui_->grid->currentMapRow();
     if (!row)
         return;
-    CFontChooser chooser(row->description(), row->mappedFace(), this);
+    FontChooser chooser(row->description(), row->mappedFace(), this);
     if (chooser.exec() != QDialog::Accepted || chooser.selectedFont().family().isEmpty())
         return;
     if (chooser.hasFace())

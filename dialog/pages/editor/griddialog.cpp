@@ -32,9 +32,9 @@ bool CGridDialog::buildTemplate() {
 bool CGridDialog::OnInitDialog() {
     if (!appConfig_)
         return false;
-    bindings_.add<CFlagBinding>("GRIDON", *ui_->display);
-    bindings_.add<CFlagBinding>("GRID_HIGHLIGHT_MARKS", *ui_->intervalMarkings);
-    spacing_ = &bindings_.add<CLengthBinding>("GRID_HR", *ui_->spacing, *ui_->spacingUnit);
+    bindings_.add<FlagBinding>("GRIDON", *ui_->display);
+    bindings_.add<FlagBinding>("GRID_HIGHLIGHT_MARKS", *ui_->intervalMarkings);
+    spacing_ = &bindings_.add<LengthBinding>("GRID_HR", *ui_->spacing, *ui_->spacingUnit);
     bindings_.show(*appConfig_);
     return true;
 }

@@ -33,9 +33,9 @@ private:
     bool checkSpacing();
 
     std::unique_ptr<Ui::CGridDialog> ui_;
-    CBindings bindings_;
+    Bindings bindings_;
     /// One of the bindings; null until the page is filled, and a page that is not has nothing to refuse.
-    CLengthBinding* spacing_ = nullptr;
+    LengthBinding* spacing_ = nullptr;
 };
 
 } // namespace ovsettings

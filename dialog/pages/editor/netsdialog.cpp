@@ -77,11 +77,11 @@ bool CNetsDialog::buildTemplate() {
 bool CNetsDialog::OnInitDialog() {
     if (!appConfig_)
         return false;
-    bindings_.add<CFlagBinding>("SNAPTOPIN", *ui_->snapToPin);
-    distance_ = &bindings_.add<CLengthBinding>("ADISTANCE_HR", *ui_->distance, *ui_->distanceUnit);
+    bindings_.add<FlagBinding>("SNAPTOPIN", *ui_->snapToPin);
+    distance_ = &bindings_.add<LengthBinding>("ADISTANCE_HR", *ui_->distance, *ui_->distanceUnit);
     for (const Choice& choice : kChoices) {
-        bindings_.add<CChoiceBinding>(choice.key, *(ui_.get()->*choice.group), buttonsOf(choice, *ui_),
-                                      choice.other, choice.noneChecked);
+        bindings_.add<ChoiceBinding>(choice.key, *(ui_.get()->*choice.group), buttonsOf(choice, *ui_),
+                                     choice.other, choice.noneChecked);
     }
     bindings_.show(*appConfig_);
     return true;

@@ -33,9 +33,9 @@ private:
     bool checkDistance();
 
     std::unique_ptr<Ui::CNetsDialog> ui_;
-    CBindings bindings_;
+    Bindings bindings_;
     /// One of the bindings; null until the page is filled, and a page that is not has nothing to refuse.
-    CLengthBinding* distance_ = nullptr;
+    LengthBinding* distance_ = nullptr;
 };
 
 } // namespace ovsettings

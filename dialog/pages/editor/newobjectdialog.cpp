@@ -41,8 +41,8 @@ bool CNewObjectDialog::buildTemplate() {
 bool CNewObjectDialog::OnInitDialog() {
     for (const char* origin : kOrigins)
         ui_->textOrigin->addItem(tr(origin));
-    bindings_.add<CIndexBinding>("TEXTORIGIN", *ui_->textOrigin);
-    size_ = &bindings_.add<CLengthBinding>("TEXTSIZE_HR", *ui_->textSize, *ui_->textSizeUnit);
+    bindings_.add<IndexBinding>("TEXTORIGIN", *ui_->textOrigin);
+    size_ = &bindings_.add<LengthBinding>("TEXTSIZE_HR", *ui_->textSize, *ui_->textSizeUnit);
     if (!appConfig_)
         return false;
     bindings_.show(*appConfig_);

@@ -33,9 +33,9 @@ private:
     bool checkSize();
 
     std::unique_ptr<Ui::CNewObjectDialog> ui_;
-    CBindings bindings_;
+    Bindings bindings_;
     /// One of the bindings; null until the page is filled, and a page that is not has nothing to refuse.
-    CLengthBinding* size_ = nullptr;
+    LengthBinding* size_ = nullptr;
 };
 
 } // namespace ovsettings

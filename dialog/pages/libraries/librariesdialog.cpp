@@ -134,7 +134,7 @@ private:
     const CListBoxEditorEx& owner_;
 };
 
-CLibrariesDialog::CListBoxEditorEx::CListBoxEditorEx(QWidget* parent) : CWatchedListBoxEditor(parent) {
+CLibrariesDialog::CListBoxEditorEx::CListBoxEditorEx(QWidget* parent) : WatchedListBoxEditor(parent) {
     list().setItemDelegate(new Delegate(*this));
     // Not inside the list's handling of the click, and once for several.
     editing_.setSingleShot(true);

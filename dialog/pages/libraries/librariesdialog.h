@@ -26,7 +26,7 @@ class CLibrariesDialog : public CPage {
 public:
     /// The list of libraries. Only its first row may be of the type Primary; the user may break that, and the
     /// store mends it.
-    class CListBoxEditorEx : public CWatchedListBoxEditor {
+    class CListBoxEditorEx : public WatchedListBoxEditor {
     public:
         explicit CListBoxEditorEx(QWidget* parent = nullptr);
 

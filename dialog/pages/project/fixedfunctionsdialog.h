@@ -16,9 +16,9 @@ class CFixedFunctionsDialog : public CPage {
     Q_OBJECT
 
 public:
-    class CListBoxEditorEx : public CWatchedListBoxEditor {
+    class CListBoxEditorEx : public WatchedListBoxEditor {
     public:
-        using CWatchedListBoxEditor::CWatchedListBoxEditor;
+        using WatchedListBoxEditor::WatchedListBoxEditor;
     };
 
     explicit CFixedFunctionsDialog(QWidget* parent);

@@ -34,9 +34,9 @@ constexpr std::array kFileFields{
 const CFileValidator kExistingBareName(CFileValidator::existingBareName);
 
 /// A file name field that may be left empty, as it is at first and after a refused choice.
-class COptionalPropFile : public CPropFile {
+class OptionalPropFile : public CPropFile {
 public:
-    explicit COptionalPropFile(QLineEdit& edit) : CPropFile(edit), edit_(edit) {
+    explicit OptionalPropFile(QLineEdit& edit) : CPropFile(edit), edit_(edit) {
         setValidator(&kExistingBareName);
     }
 
@@ -84,8 +84,7 @@ bool CPCBDialog::buildTemplate() {
 
 bool CPCBDialog::OnInitDialog() {
     for (const FileField& field : kFileFields) {
-        CPropFile& file =
-            *files_.emplace_back(std::make_unique<COptionalPropFile>(*(ui_.get()->*field.edit)));
+        CPropFile& file = *files_.emplace_back(std::make_unique<OptionalPropFile>(*(ui_.get()->*field.edit)));
         connect(ui_.get()->*field.browse, &QToolButton::clicked, this,
                 [&file, &field] { browse(file, field); });
     }

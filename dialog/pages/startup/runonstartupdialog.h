@@ -24,9 +24,9 @@ class CRunOnStartupDialog : public CPage {
 
 public:
     /// Adds to the list of files a flag for changes, and the care for files that do not exist.
-    class CListBoxFileEditorEx : public CListBoxFileEditor {
+    class CListBoxFileEditorEx : public ListBoxFileEditor {
     public:
-        using CListBoxFileEditor::CListBoxFileEditor;
+        using ListBoxFileEditor::ListBoxFileEditor;
 
         bool isChanged() const { return changed_ || isChanging(); }
         void clearChanged() { changed_ = false; }
