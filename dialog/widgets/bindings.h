@@ -44,8 +44,8 @@ public:
     /// An edit stays, unless the key was locked meanwhile.
     /// @return true if an edit was given up.
     bool follow(const Orv::iAppConfiguration& appConfig);
-    /// True if the control stands for another value than after the last show or store, so not where a store
-    /// would only bring an odd text into its normal form. A locked key never changes.
+    /// True if the control holds another value than after the last show or store. A stored text in an odd
+    /// form, which a store would bring into its normal form, is no change. A locked key never changes.
     bool isModified() const;
 
 private:
@@ -60,7 +60,7 @@ private:
     virtual void showText(const Orv::iAppConfiguration& appConfig, const std::string& text) = 0;
     /// What looks locked where the key is.
     virtual std::vector<QWidget*> controls() const = 0;
-    /// text() while the control shows a stored text.
+    /// What text() would be if the control showed this stored text.
     virtual std::string shownFor(const std::string& text) const = 0;
     /// What the control stands for, in the key's encoding; nothing if the key is to stay as it is.
     virtual std::optional<std::string> text() const = 0;

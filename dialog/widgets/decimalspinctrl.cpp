@@ -26,7 +26,7 @@ double tolerance(double value) {
 CDecimalSpinCtrl::CDecimalSpinCtrl(QWidget* parent)
     : QAbstractSpinBox(parent), decimalPoint_(localeDecimalPoint()) {
     setFocusPolicy(Qt::StrongFocus);
-    // The base class keeps no value for us; it has nothing to work out at each key.
+    // The text is the value, so the base class need not work one out at each key.
     setKeyboardTracking(false);
     // Whatever changes the text: assistive technology does so without a key.
     connect(lineEdit(), &QLineEdit::textChanged, this, [this] { edited_ = true; });

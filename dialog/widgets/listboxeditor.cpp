@@ -82,7 +82,7 @@ public:
             return false;
         if (event->type() != QEvent::KeyPress || watched != control_)
             return QStyledItemDelegate::eventFilter(watched, event);
-        // Neither goes on to the next line or to the dialog's default button.
+        // These keys end the edit. They lead neither to the next line nor to the dialog's default button.
         constexpr std::array kEnds{Qt::Key_Return, Qt::Key_Enter, Qt::Key_Tab, Qt::Key_Backtab};
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (std::find(kEnds.begin(), kEnds.end(), key) == kEnds.end())
@@ -328,7 +328,7 @@ void ListBoxEditor::changeLine(int row, const QString& text, bool isNew) {
 }
 
 void ListBoxEditor::deleteLine() {
-    // A line that was only begun goes with its edit, and the one beside it is not meant.
+    // A line that was only begun goes with its edit. The one that takes its place must stay.
     const QPersistentModelIndex meant(list_->currentIndex());
     cancelEditing();
     const int row = meant.row();

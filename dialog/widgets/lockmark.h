@@ -29,7 +29,7 @@ void markLocked(QWidget& control, const Orv::iAppConfiguration& appConfig, const
 void unmarkLocked(QWidget& control);
 
 /// Whether a value may keep the user on a page until he has mended it. One that is locked, or greyed for
-/// another reason, is out of his reach, so the check of no page refuses it, whatever it is.
+/// another reason, is out of his reach, so no check refuses it.
 bool isUsersToMend(const QWidget& control);
 bool isUsersToMend(const GridCellStyle& cell);
 

@@ -12,7 +12,7 @@ namespace ovsettings {
 
 namespace {
 
-/// While the user is asked, nobody is to wait.
+/// Takes the wait cursor away while the user is asked.
 class PlainCursor {
 public:
     PlainCursor() : isWaiting_(QGuiApplication::overrideCursor() != nullptr) {

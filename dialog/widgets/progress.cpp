@@ -28,7 +28,7 @@ ProgressBox::ProgressBox(QWidget& parent, const QString& text)
 ProgressBox::~ProgressBox() = default;
 
 bool ProgressBox::show(std::size_t done, std::size_t count) {
-    // The last part is shown by nobody: it would close the box.
+    // The last part is never shown: with it the box would close by itself.
     const std::size_t part = count == 0 ? 0 : std::min<std::size_t>(done * kParts / count, kParts - 1);
     box_->setValue(static_cast<int>(part));
     return !box_->wasCanceled();

@@ -48,7 +48,7 @@ std::optional<std::string> chooseFile(QWidget* parent, const FileChoice& choice)
     dialog.setFileMode(QFileDialog::AnyFile);
     if (!choice.defaultName.empty())
         dialog.selectFile(toQString(choice.defaultName));
-    // Left to itself a field has no default suffix: the one it is given is its whole filter, which is none.
+    // Empty unless the field was given one: its filter, which would serve instead, lists patterns.
     dialog.setDefaultSuffix(toQString(choice.defaultSuffix));
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;

@@ -26,7 +26,8 @@ std::string asText(const std::string& stored) {
 }
 
 constexpr const char* kCrosshairKeys[] = {"CROSSCURSOR"};
-// "Extant" is meant: a stored 2 shows a text that is no choice, and so is left alone until the user chooses.
+// Users know "Full Extant", spelled so: a stored 2 shows this text, which is no choice, and so is left alone
+// until the user chooses.
 constexpr ChoiceShown kCrosshairShown[] = {
     {{"0"}, QT_TRANSLATE_NOOP("ovsettings", "None")},
     {{"1"}, QT_TRANSLATE_NOOP("ovsettings", "Small")},

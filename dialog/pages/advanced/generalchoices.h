@@ -31,7 +31,7 @@ struct ChoiceWritten {
     ChoiceValues values;
 };
 
-/// How a choice row stands for one key or two.
+/// What a row of choices shows and writes for its one or two keys.
 struct ChoiceTable {
     std::span<const char* const> keys; ///< the first is the row's key
     /// Brings a stored text into the form of the patterns.

@@ -147,7 +147,7 @@ void CGeneralDialog::storeRow(CGeneralRow& row) {
     const ChoiceWritten* written = writtenFor(*table, toQString(text));
     if (!written)
         return;
-    // What is locked need not look so: then the row goes back to what the store has kept.
+    // Not every locked row looks locked. The store has kept its value, and the row shows that again.
     if (!writeChoice(*table, *written, *appConfig_))
         row.setValueText(shownChoice(*table, *appConfig_));
 }

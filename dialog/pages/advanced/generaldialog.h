@@ -21,7 +21,7 @@ class CGeneralDialog;
 }
 
 /// The page "Advanced": a property sheet of the settings that have no page of their own. Its changes are not
-/// reported to the host by name, and that is meant: the host reads these settings when it needs them.
+/// reported to the host by name, since hosts read these settings when they need them.
 class CGeneralDialog : public CPage, public IUnsavedEdits, public IFollowsConfiguration {
     Q_OBJECT
 
@@ -62,7 +62,7 @@ private:
     QString storedValue(const CGeneralRow& row) const;
 
     std::unique_ptr<Ui::CGeneralDialog> ui_;
-    /// Null until the page is filled, and a page that is not has nothing to refuse.
+    /// Null until the page is filled. Until then no check refuses anything.
     CGeneralGrid* grid_ = nullptr;
     std::vector<KeptRow> kept_;
 };

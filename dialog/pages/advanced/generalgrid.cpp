@@ -130,7 +130,7 @@ void CGeneralGrid::layoutColumns() {
     setWidthOfColumn(2, std::max(leastForValues, clientWidth() - widthOfColumn(1)));
 }
 
-/// The width of the text with the most characters, which need not be the widest. That is meant.
+/// The width of the text with the most characters, which need not be the widest: users know the column so.
 int CGeneralGrid::widthOfCaptions() const {
     QString longest = QStringLiteral(" ");
     for (int row = 1; row <= rowCount(); ++row) {

@@ -41,12 +41,12 @@ public:
     virtual bool validate();
     /// Shows what is stored by now in place of what is on show; an edit in progress is given up.
     void showAnew();
-    /// The value() of a row that shows what is stored in its key.
+    /// What value() would be if the row showed what its key holds.
     virtual QString storedValue() const;
     /// The text of the value cell, as it is on show.
     QString valueText() const;
     void setValueText(const QString& text);
-    /// A text for what the row stands for, the same in each unit that it may be shown in.
+    /// The row's value as a text that does not depend on the unit in which it is shown.
     virtual QString value() const { return valueText(); }
 
 protected:

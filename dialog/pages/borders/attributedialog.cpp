@@ -37,7 +37,7 @@ int CAttributeDialog::DoModal() {
     return exec();
 }
 
-/// Adds nothing, whatever is typed, and this is meant.
+/// Adds nothing, whatever is typed: users know the dialog so.
 void CAttributeDialog::addAttribute() {
     CNewAttributeDialog dialog(this);
     if (dialog.DoModal() == Accepted && dialog.attributeName().empty())

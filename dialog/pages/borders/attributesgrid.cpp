@@ -13,7 +13,7 @@ namespace {
 constexpr int kNameColumn = 1;
 constexpr int kValueColumn = 2;
 
-/// Names of a file have no case.
+/// Names that differ in case alone are one name in the file.
 std::string nameWithoutCase(const std::string& name) {
     return toUtf8(toQString(name).toLower());
 }

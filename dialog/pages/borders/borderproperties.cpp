@@ -13,7 +13,7 @@ namespace {
 
 using Properties = BorderProperties::Properties;
 
-/// What was shown may differ from the bytes that are stored, and is no change of them.
+/// A text as a widget gives it back. It may differ from the stored bytes although the user changed nothing.
 std::string shown(const std::string& text) {
     return toUtf8(toQString(text));
 }

@@ -16,7 +16,7 @@ public:
     /// The properties with the changes.
     Properties laidOver(Properties stored) const;
     /// Takes over an edited list. It replaces and adds; a property that was taken out of the list keeps its
-    /// value, and this is meant. @return whether that changes anything.
+    /// value, as users know the dialog. @return whether that changes anything.
     bool take(const Properties& stored, const Attributes& edited);
     void clear() { changes_.clear(); }
 

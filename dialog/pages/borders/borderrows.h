@@ -31,10 +31,10 @@ class BorderRows {
 public:
     void load(const Orv::IBorderSymbols::Table& table);
     /// Takes the sizes that were removed out of a table, then writes the symbols that were changed since the
-    /// load. A size without a symbol leaves the table's as it is, and that is meant: a symbol can be
-    /// replaced, not taken off.
+    /// load. A size without a symbol leaves the table's as it is: users know that a symbol can be
+    /// replaced, and not taken off.
     void store(Orv::IBorderSymbols::Table& table) const;
-    /// The table holds by now what was changed.
+    /// Takes the table for the loaded one: it has the changes.
     void noteStored(const Orv::IBorderSymbols::Table& table);
     /// Loads another table with the changes laid over it. @return false if it is the one that was loaded.
     bool follow(const Orv::IBorderSymbols::Table& table);

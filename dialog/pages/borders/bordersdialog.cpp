@@ -52,9 +52,9 @@ bool CBordersDialog::OnInitDialog() {
     return true;
 }
 
-/// A page without changes stores nothing: by now the object may stand for another file. What is changed is
-/// laid onto what the object holds by now, which stays as it is where it cannot be saved. That there is no
-/// file any more is told, but refuses nothing: the user took it away, and here he could not give it back.
+/// A page without changes stores nothing: by now the object may stand for another file. Changes are laid onto
+/// what the object holds now; if they cannot be saved, it keeps what it held. A file that is gone is told,
+/// but nothing is refused: the user took it away, and he cannot give it back here.
 bool CBordersDialog::onApply() {
     if (!model_.isModified())
         return true;
@@ -81,7 +81,7 @@ bool CBordersDialog::onEnter() {
     return true;
 }
 
-/// What is not saved stays on the page. Without a file a Yes could do nothing.
+/// What is not saved stays on the page. Without a file there is no question, since a Yes could do nothing.
 bool CBordersDialog::onLeave() {
     if (model_.isModified() && hasFile() &&
         askYesNo(this, tr("Do you want to save the changes you've made in this page?"), tr("Borders")))
@@ -195,7 +195,7 @@ std::optional<KnownValues> CBordersDialog::knownValues() {
         return KnownValues();
     SymbolProperties properties(*projectConfig_->symbolReader, projectConfig_->propertyFilter);
     const std::vector<std::string> symbols = model_.symbols();
-    // Each symbol is a file.
+    // For each symbol a file is read.
     if (!withProgress(*this, tr("Reading the properties of the border symbols"), symbols.size(),
                       [&](std::size_t step) { properties.read(symbols[step]); }))
         return std::nullopt;

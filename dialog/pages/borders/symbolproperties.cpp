@@ -21,7 +21,7 @@ void SymbolProperties::read(const std::string& symbol) {
         if ((filter_ && !filter_->Counts(name)) || value.starts_with(kFilledIn))
             continue;
         std::vector<std::string>& values = known_[name];
-        // No value has a choice of its own already.
+        // The user can choose an empty value for every property anyway.
         if (!value.empty() && found_.insert(property).second)
             values.push_back(value);
     }

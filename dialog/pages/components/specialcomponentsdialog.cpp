@@ -112,10 +112,10 @@ bool CSpecialComponentsDialog::OnInitDialog() {
     return true;
 }
 
-/// What the file object holds stays as it is where it cannot be saved. That is no matter of a page on which
-/// nothing was changed: there is nothing to lose, and the user may not be able to mend it. Nor is he asked
-/// then about a file outside of the project, which is left alone. That there is no file any more is told, but
-/// refuses nothing: the user took it away, and here he could not give it back.
+/// If the lists cannot be saved, the file object keeps what it held. On a page without changes that refuses
+/// nothing: there is nothing to lose, and the user may not be able to mend the file. Nor is he asked then
+/// about a file outside of the project, which is left alone. A file that is gone is told, but nothing is
+/// refused: the user took it away, and he cannot give it back here.
 bool CSpecialComponentsDialog::onApply() {
     if (!isBuilt())
         return true;
@@ -173,8 +173,8 @@ bool CSpecialComponentsDialog::onLeave() {
     return true;
 }
 
-/// Lists are compared as far as both go: one that only grew or shrank at its end is not a change. That is
-/// meant.
+/// Lists are compared as far as both go: one that only grew or shrank at its end is not a change. Users know
+/// the page so: it asks no question then.
 bool CSpecialComponentsDialog::isModified() const {
     return isBuilt() && !std::ranges::equal(editedLists(), loaded_, [](const auto& now, const auto& before) {
                const auto common = static_cast<std::ptrdiff_t>(std::min(now.size(), before.size()));

@@ -24,7 +24,7 @@ namespace {
 constexpr char kClient[] = "OvSettings";
 constexpr char kSnapshot[] = "Orv";
 
-/// Names as the database has them; what is shown of one may not say its bytes.
+/// Names as the database has them: a text on show cannot hold every byte that a name may have.
 class BlockModel : public QAbstractListModel {
 public:
     BlockModel(std::vector<std::string> names, QObject* parent)

@@ -9,7 +9,7 @@ namespace ovsettings {
 std::string relativeTo(const std::string& base, const std::string& path) {
     std::size_t begin = 0;
     // The separators before all names are the root, which unrelated paths share too: without it such a path
-    // would lead nowhere. That is meant.
+    // would lead nowhere.
     bool isNamed = false;
     for (std::size_t at = 0; at < base.size() && at < path.size(); ++at) {
         const bool bothSeparate = platform::isSeparator(base[at]) && platform::isSeparator(path[at]);

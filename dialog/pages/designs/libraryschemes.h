@@ -19,8 +19,8 @@ enum class PartitionKind : int { third = 0, pdb = 7, symbols = 13 };
 std::string relativeTo(const std::string& base, const std::string& path);
 
 /// The partitions of a central library as a design's page shows them: symbol partitions by name, the others
-/// by their path from the library, as the project keeps them; that is meant. Opened for one use; a library
-/// that is not there has nothing.
+/// by their path from the library, because the project keeps them so. Opened for one use; a library that is
+/// not there has nothing.
 class LibraryPartitions {
 public:
     explicit LibraryPartitions(const std::string& libraryPath);

@@ -26,7 +26,7 @@ QWidget* CTopLevelList::createLineEditor(QWidget* parent, int row) {
         if (toUtf8(text) != name && !origins_.contains(text))
             origins_.insert(text, QByteArray::fromStdString(name));
     }
-    // Where there is nothing else to become, the line stays what it is.
+    // Without another partition to choose, the list offers the one that the line has.
     if (offered.isEmpty() && !line(row).isEmpty())
         offered.append(line(row));
     auto* control = new CComboBoxEx(parent);

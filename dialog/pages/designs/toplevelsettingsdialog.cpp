@@ -133,7 +133,8 @@ void CTopLevelSettingsDialog::fillSchemes() {
     for (std::size_t i = 0; i < names.size(); ++i) {
         schemeTypes_[names[i]] = types[i];
         if (names[i] != kDefaultScheme) {
-            // Whatever its bytes, it is found by what is shown of it; nothing takes what another one has.
+            // It is found by the text on show, which may differ from its bytes; the first of each text
+            // counts.
             const QString text = toQString(names[i]);
             if (schemeNames_.try_emplace(toUtf8(text), names[i]).second)
                 shown.append(text);
@@ -166,7 +167,7 @@ void CTopLevelSettingsDialog::showLists(const Lists& lists) {
 }
 
 void CTopLevelSettingsDialog::onSchemeSelected(int chosen) {
-    // An edit that ends by this makes the lists the design's own; it is the choice that counts.
+    // An edit that ends here makes the lists the design's own. The user's choice of a scheme comes after it.
     ui_->symbolPartitions->finishEditing();
     ui_->pdbSearchPath->finishEditing();
     setScheme(chosen);
@@ -186,8 +187,8 @@ void CTopLevelSettingsDialog::onSchemeSelected(int chosen) {
     setListState(isEditable(shown));
 }
 
-/// Lists that the user has changed are the design's own from here on, and are kept as such when another
-/// scheme is chosen; nothing else changes with that. That is meant.
+/// Lists that the user has changed are the design's own from here on. They are kept as such when another
+/// scheme is chosen, so that he finds them again under "Local to design".
 void CTopLevelSettingsDialog::onListChanged() {
     const int local = ui_->scheme->findText(kLocalShown, Qt::MatchExactly | Qt::MatchCaseSensitive);
     if (local < 0)

@@ -52,7 +52,7 @@ constexpr std::array<SlotRow, kPaletteSize> kSlots{{
     {"HIGHLIGHT_LAYER", 0, "HIGHLIGHT"},
 }};
 
-/// A text colour, which is what these keys hold as they are delivered, reads as 0. That is meant.
+/// These keys are delivered with a colour as text, which is no number of the palette and reads as 0.
 int paletteNumber(const Orv::iAppConfiguration& appConfig, const SlotRow& slot) {
     std::vector<std::string> values;
     Orv::getValues(appConfig, slot.key, values);
@@ -218,8 +218,8 @@ Orv::CColorScheme CColorDialog::schemeToExport(const std::string& path) const {
     return scheme;
 }
 
-/// "ATTRIBUTE" is no word of the palette, which calls it "PROPERTY", and so comes out in entry 0. That is
-/// meant.
+/// "ATTRIBUTE" is no word of the palette, which calls it "PROPERTY", and so comes out in entry 0. Users know
+/// the sample so.
 void CColorDialog::drawPreview(const DrawItem& item) const {
     if (item.action != DrawAction::entire)
         return;

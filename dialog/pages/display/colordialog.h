@@ -18,7 +18,7 @@ class CColorDialog;
 /// scheme files.
 ///
 /// The list of schemes on the page stays empty, whatever files are read. So none is ever selected, the
-/// palette keeps what it has, and neither a store nor an export writes anything. That is meant.
+/// palette keeps what it has, and neither a store nor an export writes anything. Users know the page so.
 class CColorDialog : public CPage, public IFollowsConfiguration {
     Q_OBJECT
 

@@ -132,7 +132,7 @@ bool CColorsGrid::onClick(int row, int column) {
 }
 
 /// Enter gives the chooser the grid's row as it stands, and so edits the entry after the one that a click at
-/// the same place edits. That is meant.
+/// the same place edits. Users know the key so.
 void CColorsGrid::keyPressEvent(QKeyEvent* event) {
     if (isEnter(event->key())) {
         if (currentRow() > 0 && isColorColumn(currentColumn()))

@@ -100,7 +100,8 @@ void CDisplayDialog::fill() {
         return;
     showText(*ui_->names, label[kVisible]);
     showFlag(*ui_->symbolText, *appConfig_, "COMPTEXTON");
-    // Again, so that the two may be checked while they are disabled. That is meant.
+    // Again, after the box that they depend on: so the user sees what is stored for them while they are
+    // disabled.
     showFlag(*ui_->pinNumbers, *appConfig_, "PNUMSON");
     showFlag(*ui_->referenceDesignators, *appConfig_, "RNUMSON");
 

@@ -96,8 +96,8 @@ void CFontDialog::followFactor(DroppedEdits& dropped) {
         dropped.push_back({kScaleFactorKey, 0});
 }
 
-/// A text is kept as it was typed if it begins with a factor; another one is dropped without a word. One that
-/// the field cannot show is none that was typed, and is kept to the byte.
+/// A typed text that begins with a factor is kept as it was typed; any other is dropped without a message. A
+/// stored text that the field cannot show was not typed, and is kept to the byte.
 std::string CFontDialog::typedFactor() const {
     const QString text = ui_->scaleFactor->text();
     return text == toQString(factor_) ? factor_ : toUtf8(text);

@@ -105,7 +105,7 @@ bool CFontsGrid::onKey(const QKeyEvent& event) {
             Q_EMIT editRequested();
         return true;
     case Qt::Key_Delete:
-        // Only the cell: what is stored later is the mapping that there was. That is meant.
+        // Only the cell: what is stored later is the mapping that there was, which only the button removes.
         if (!row->isLocked())
             row->clearCell();
         return true;

@@ -122,7 +122,7 @@ CICEPreview::CICEPreview(const CMappingGrid& grid)
       nets_(std::begin(kNetItems), std::end(kNetItems)),
       tiles_(renderTiles()),
       font_(sampleFont()) {
-    // The sample shows a flat table, whatever the lists say. That is meant.
+    // The sample shows a flat table, whatever the lists say: users know it so.
     for (auto* items : {&blocks_, &nets_}) {
         for (SampleItem& sample : *items)
             sample.number = sample.indent = 0;

@@ -110,7 +110,7 @@ bool CMappingRow::validate() {
 void CMappingRow::store() {
     storeColor(kObjectFields.color, getColor());
     storeFontOrFill(kObjectFields.fillOrFont);
-    // A font goes into both fields, and that is meant: older editors take fill and line of a text from there.
+    // A font goes into both fields, for older editors, which take fill and line of a text from there.
     if (getLine() != kClosed)
         storeField(kObjectFields.line, getLine());
     else if (getFont() != kClosed)
@@ -244,7 +244,8 @@ void CMappingRow::follow(DroppedEdits& dropped) {
             continue;
         }
         keepCell(cell.column, texts[cell.column]);
-        unchanged_.*cell.value = before.*cell.value; // what a scheme has stored is still to be told
+        unchanged_.*cell.value =
+            before.*cell.value; // the host is still to be told of it, even if a scheme file made it be stored
     }
 }
 

@@ -93,7 +93,7 @@ public:
     /// Shows what the key holds by now, if that is not what it held when the row was last filled or stored;
     /// cells that the user has changed stay, unless their field was locked meanwhile.
     void follow(DroppedEdits& dropped);
-    /// What the key holds by now is what the cells were made from.
+    /// Takes what the key holds now for what the cells were made from.
     void noteStored();
 
     /// The colour behind cells that are closed or locked.
@@ -106,11 +106,12 @@ public:
 
     /// True if a cell stands for another value than after the last setUnchanged.
     bool isModified() const;
-    /// What the cells stand for now is no change.
+    /// From now on the values on show count as unchanged.
     void setUnchanged();
     /// True if a cell stands for another value than after the last setUnchanged or setSaved.
     bool hasUnsavedEdits() const;
-    /// What the cells stand for now is on the disk; a change it remains.
+    /// The values on show have been saved. The host is still to be told of them, so isModified stays as it
+    /// is.
     void setSaved();
 
 protected:

@@ -106,7 +106,7 @@ constexpr IctRow kIctRows[] = {
     {"BLOCK", QT_TRANSLATE_NOOP("ovsettings", "View"), 0x0060C0},
 };
 
-/// A file dialog for schemes. It has another default extension than the files have, and that is meant.
+/// A file dialog for schemes. Its default extension is another one than the files have: users know it so.
 class SchemeFileDialog : public PlainFileDialog {
 public:
     SchemeFileDialog(QWidget* parent, const QString& title, AcceptMode mode)
@@ -143,7 +143,8 @@ std::string installedSchemes() {
 }
 
 void addRecentScheme(Orv::iAppConfiguration& appConfig, const std::string& path) {
-    // At the end, and again if it is there already: that is meant, although the front is what is looked at.
+    // At the end, and again if it is there already, although only the front is looked at: hosts know the list
+    // so.
     std::vector<std::string> recent;
     Orv::getValues(appConfig, kRecentSchemes, recent);
     recent.push_back(path);
@@ -175,7 +176,7 @@ CObjectColorDialog::CObjectColorDialog(QWidget* parent)
 
 CObjectColorDialog::~CObjectColorDialog() = default;
 
-/// A leftover, and meant to stay: nothing in normal use sends a message of that code.
+/// Kept for hosts that may still send a message of that code, which nothing here does.
 bool CObjectColorDialog::PreTranslateMessage(QKeyEvent* event) {
     constexpr int kTestMessage = QEvent::User + 7;
     if (event->type() == kTestMessage)
@@ -241,7 +242,7 @@ bool CObjectColorDialog::onApply() {
     return true;
 }
 
-/// What Load Scheme and Save Scheme have stored is news to the host until the next commit has told it.
+/// What Load Scheme and Save Scheme have stored counts as modified until a commit has told the host of it.
 bool CObjectColorDialog::isModified() const {
     return std::ranges::any_of(grids_, [](const auto& entry) { return entry.second->isModified(); });
 }
@@ -342,7 +343,7 @@ void CObjectColorDialog::saveScheme() {
     CObjectSchema schema;
     addSection(schema, kSchematicMode, *grid(kSchematicMode));
     addSection(schema, kIctMode, *grid(kIctMode));
-    // A path that could not be written is not one to begin with next time. That is meant.
+    // A path that could not be written is none that the user wants to begin with next time.
     if (const auto failure = schema.write(path)) {
         showMessage(this, tr("The scheme is not saved.\n%1").arg(toQString(failure->text())));
         return;

@@ -53,7 +53,7 @@ private:
     void saveScheme();
 
     std::unique_ptr<Ui::CObjectColorDialog> ui_;
-    // The two know the mode of schematics by different words, "OV" and "ORV"; that is meant.
+    // The two know the mode of schematics by different words: grids by "OV", previews by "ORV".
     std::map<std::string, CMappingGrid*, std::less<>> grids_;
     std::map<std::string, std::unique_ptr<IPreview>, std::less<>> previews_;
     /// The grid that was registered or selected last.

@@ -12,7 +12,8 @@ namespace ovsettings {
 namespace {
 
 constexpr unsigned kTemplate = 132;
-/// The lower limit is told with the unit's decimals, the upper one always with two. That is meant.
+/// The lower limit is told with the unit's decimals, the upper one always with two: users know the message
+/// so.
 constexpr int kUpperLimitDecimals = 2;
 
 } // namespace

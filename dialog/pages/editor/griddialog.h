@@ -34,7 +34,7 @@ private:
 
     std::unique_ptr<Ui::CGridDialog> ui_;
     Bindings bindings_;
-    /// One of the bindings; null until the page is filled, and a page that is not has nothing to refuse.
+    /// One of the bindings; null until the page is filled. Until then no check refuses anything.
     LengthBinding* spacing_ = nullptr;
 };
 

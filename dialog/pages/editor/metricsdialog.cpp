@@ -81,7 +81,7 @@ bool CMetricsDialog::onLeave() {
     return true;
 }
 
-/// A unit stored on leaving is news to the host until the next commit has told it.
+/// A unit that was stored on leaving counts as modified until a commit has told the host of it.
 bool CMetricsDialog::isModified() const {
     const auto unit = selectedUnit();
     return unit && unit != told_;

@@ -121,7 +121,8 @@ DroppedEdits CNetsDialog::followConfiguration() {
     return bindings_.follow(*appConfig_);
 }
 
-/// A stored distance outside the limits is refused even if the user left it alone. That is meant.
+/// A stored distance outside the limits is refused even if the user left it alone, so that whoever opens the
+/// page mends it.
 bool CNetsDialog::checkDistance() {
     if (!distance_)
         return true;

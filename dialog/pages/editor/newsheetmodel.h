@@ -44,7 +44,7 @@ public:
     const std::vector<SheetSize>& sizes() const { return sizes_; }
     /// In the order in which they are to be shown: of several on one part the last one counts.
     const std::vector<Lock>& locks() const { return locks_; }
-    /// In which sides are shown and typed.
+    /// The unit in which sides are shown and typed.
     Orv::Metrics::Unit unit() const { return unit_; }
 
     /// Index of the selected size; -1 if none is.
@@ -58,7 +58,7 @@ public:
     /// Whether the user may say if the first border is used.
     bool offersFirstBorder() const;
 
-    /// Gives the sides of a size, turned as the orientation says. Anything but an index of a size does
+    /// Takes the sides of a size, turned as the orientation says. Anything but an index of a size does
     /// nothing.
     void select(int index);
     /// The user has typed a side. @param width, height what both sides show by now, in the unit.

@@ -171,7 +171,7 @@ void CPanAndZoomDialog::showLocks() {
 }
 
 /// The default style's own flag is not asked, and a flag that is neither on nor off leaves all styles
-/// unchecked. That is meant.
+/// unchecked: users know the page so.
 void CPanAndZoomDialog::showZoom() {
     const std::string sarn = stored("SARN_ZOOM");
     if (stored("LORVIK_ZOOM") == "1")
@@ -199,7 +199,7 @@ void CPanAndZoomDialog::keepMiddleButtonFree() {
         ui_->rightButton->setFocus();
 }
 
-/// An arrow key checks a button first and moves the focus to it then, when the check has been turned back.
+/// An arrow key first checks a button, which is turned back at once, and then moves the focus to it.
 bool CPanAndZoomDialog::eventFilter(QObject* watched, QEvent* event) {
     if (watched != ui_->middleButton || event->type() != QEvent::FocusIn || ui_->middleButton->isChecked() ||
         !ui_->sarnZoom->isChecked())

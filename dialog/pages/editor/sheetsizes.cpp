@@ -49,7 +49,7 @@ constexpr Unit::Id kBorderUnit = Unit::inch;
 /// One millimetre.
 constexpr long kMetricStep = 100000;
 
-/// The fractions of the metric sizes fall away. That is meant.
+/// The fractions of the metric sizes fall away: users know the sizes so.
 SheetSize storedSize(const Orv::iAppConfiguration& appConfig, std::string label, const char* key) {
     std::vector<std::string> sides;
     Orv::getValues(appConfig, key, sides);

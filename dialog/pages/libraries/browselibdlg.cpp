@@ -156,7 +156,7 @@ CBrowseLibDlg::CBrowseLibDlg(QWidget* parent)
 }
 
 CBrowseLibDlg::~CBrowseLibDlg() {
-    // The focus still moves while the controls go.
+    // The focus still moves while the controls are destroyed, and would be followed.
     disconnect(qApp, nullptr, this, nullptr);
 }
 
@@ -204,7 +204,7 @@ LibraryType CBrowseLibDlg::selectedType() const {
 void CBrowseLibDlg::lookUp(LookUp what) {
     if (!worker_)
         return;
-    // A choice in the list must not take away the alias that the last path still owes.
+    // The last path's alias may not have come yet. A choice in the list then asks for it again.
     aliasAwaited_ = aliasAwaited_ || what == LookUp::stateAndAlias;
     ui_->ok->setEnabled(false);
     worker_->ask({plainPath(fields_->path.text()), baseDirectory(projectDirectory_), selectedType(),
@@ -290,7 +290,7 @@ bool CBrowseLibDlg::checkAlias(const std::string& alias, bool remote) {
         ui_->alias->selectAll();
         return false;
     };
-    // Blanks have a rule of their own, below. That is meant.
+    // Blanks are left out here, so that the user is told of the blank by its own rule, below.
     std::string withoutBlanks = alias;
     std::erase(withoutBlanks, ' ');
     if (!withoutBlanks.empty() && !ZECIsValidAlias(withoutBlanks))
@@ -302,7 +302,7 @@ bool CBrowseLibDlg::checkAlias(const std::string& alias, bool remote) {
         return refuse(tr("The library name must be %1 or fewer characters.").arg(kLongestAlias));
     if (alias.empty())
         return refuse(tr("The library name cannot be empty"));
-    // Nothing gets here, since an empty name was refused. The order is meant.
+    // Nothing gets here, since an empty name was refused: that is the message that users know.
     if (remote && alias.empty())
         return refuse(tr("You must specify Alias for HTTP/FTP Library."));
     return true;
@@ -371,7 +371,7 @@ void CBrowseLibDlg::accept() {
     // What was typed and not what it leads to, so that a soft name survives.
     path_ = typed;
     alias_ = alias;
-    worker_.reset(); // nobody asks any more
+    worker_.reset(); // there are no more questions
     fields_->path.load(typed);
     QDialog::accept();
 }

@@ -63,7 +63,8 @@ bool CCentralLibraryDialog::OnInitDialog() {
     return true;
 }
 
-/// What was written before a refused server name stays written. That is meant.
+/// What was written before a refused server name stays written: the user is told of the name and nothing
+/// else, so nothing else is taken back.
 bool CCentralLibraryDialog::onApply() {
     if (!fields_)
         return true;

@@ -243,7 +243,7 @@ void CLibrariesDialog::CListBoxEditorEx::editSelected() {
     setChanged();
 }
 
-/// Nothing passes a Primary in the first row.
+/// No library can be moved before a Primary in the first row, nor can that one be moved away.
 bool CLibrariesDialog::CListBoxEditorEx::mayMove(int from, int to) {
     if (!item(from).isSelected())
         return false;
@@ -276,7 +276,7 @@ bool CLibrariesDialog::onOk() {
     return store(StartedBy::frame);
 }
 
-/// Tells the host by itself, which OK leaves to the frame; this is meant.
+/// Tells the host by itself; at OK the frame does that.
 bool CLibrariesDialog::onApply() {
     return store(StartedBy::page);
 }

@@ -39,8 +39,8 @@ public:
         /// @param progress told how many of how many are made; by returning false it has none appended.
         void importRows(std::vector<LibraryRow> rows,
                         const std::function<bool(std::size_t, std::size_t)>& progress);
-        /// Shows the rows with the types that they are stored with: what the next store begins from. That is
-        /// meant.
+        /// Shows the rows with the types that they are stored with, since the next store begins from what is
+        /// shown.
         void mendTypes();
 
     protected:

@@ -79,7 +79,7 @@ std::string pathOnDisk(const std::string& path, std::string_view projectDirector
     return existing && platform::isDirectory(*existing) ? platform::fullPath(*existing) : path;
 }
 
-/// Only whole names count, and that is meant: "/boards/v12" does not lie in "/boards/v1".
+/// Only whole names count: "/boards/v12" does not lie in "/boards/v1".
 bool liesIn(std::string_view directory, const std::string& path) {
     if (directory.empty() || !platform::platformPath(path).starts_with(platform::platformPath(directory)))
         return false;
@@ -121,7 +121,7 @@ importLibraries(const std::string& path, const std::function<bool(std::size_t, s
     const std::string extension = platform::inLowerCase(path.substr(dot + 1));
     NProjectTools::CSymbolLibs libraries;
     if (extension == "ini") {
-        // What cannot be read is an empty list, as one that was given up; this is meant.
+        // What cannot be read is an empty list, and so is what the user has given up reading.
         libraries.Load(path, progress);
         return importedRows(libraries, Source::iniFile);
     }

@@ -26,7 +26,7 @@ inline constexpr LibraryTypeLook kLibraryTypes[] = {
     {kMegafile, 18, "[M]", 0xfff0d8, 0xd38d0a},
 };
 
-/// A type that is none looks like the one that forbids most.
+/// A number that is no type is shown as the type that forbids most.
 constexpr const LibraryTypeLook& lookOfLibraryType(int type) {
     const auto* found = std::ranges::find(kLibraryTypes, type, &LibraryTypeLook::type);
     return found != std::end(kLibraryTypes) ? *found : kLibraryTypes[kReadonly];

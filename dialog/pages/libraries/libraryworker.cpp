@@ -42,12 +42,13 @@ int makeBell() {
     return bell;
 }
 
-// A bell that rings already needs no more ringing, and one that does not is silent: failures mean nothing.
+// Fails only if the bell is full. It rings already then, so that the failure needs no handling.
 void ring(int bell) {
     const std::uint64_t once = 1;
     [[maybe_unused]] const auto written = write(bell, &once, sizeof once);
 }
 
+/// Fails only if the bell is silent already.
 void silence(int bell) {
     std::uint64_t times = 0;
     [[maybe_unused]] const auto got = read(bell, &times, sizeof times);

@@ -40,7 +40,7 @@ bool CFixedFunctionsDialog::onOk() {
     return store(StartedBy::frame);
 }
 
-/// Tells the host by itself, which OK leaves to the frame; this is meant.
+/// Tells the host by itself; at OK the frame does that.
 bool CFixedFunctionsDialog::onApply() {
     return store(StartedBy::page);
 }

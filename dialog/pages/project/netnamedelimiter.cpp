@@ -56,7 +56,8 @@ bool CNetNameDelimiter::OnInitDialog() {
     return true;
 }
 
-/// Compared with what was loaded, also after an Apply has stored something else; this is meant.
+/// Compared with what was loaded, also after an Apply has stored something else. So the way back to the
+/// loaded one is not stored by a second Apply: users know the page so.
 bool CNetNameDelimiter::onApply() {
     if (chosen_ != loaded_ && projectConfig_ && projectConfig_->projectFile) {
         projectConfig_->projectFile->SetNetNameDelimiter(kDelimiters[chosen_].stored);

@@ -21,7 +21,7 @@ struct FileField {
     const char* initialDirectory;
 };
 
-// "Configuratoin" is meant: the chooser has always been called so.
+// Users know the chooser by its title "Configuratoin file", spelled so.
 constexpr std::array kFileFields{
     FileField{&Ui::CPCBDialog::projectFile, &Ui::CPCBDialog::browseProjectFile, "Project File", ".prj",
               "c:\\"},
@@ -96,7 +96,7 @@ bool CPCBDialog::onLeave() {
 }
 
 bool CPCBDialog::isValid() {
-    // A flag says nothing yet of a name that was typed.
+    // The flags tell of chosen names. What was typed is checked here.
     return std::ranges::all_of(files_,
                                [](const auto& file) { return file->checkField() && file->isValid(); });
 }

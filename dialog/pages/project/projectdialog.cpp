@@ -22,7 +22,7 @@ constexpr char kPropertiesKey[] = "PropertyDefinitions";
 /// What a project without a file of its own uses. It is stored as it stands once the page is stored; the
 /// reference is expanded where the file is used.
 constexpr char kDefaultProperties[] = "%RSR_HOME%\\standard\\netlist.prp";
-/// The spelling of title and filter is meant.
+/// Users know title and filter by this spelling.
 constexpr FileChooserTexts kPropertiesChooser = {
     QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields", "Proprty Definitions"),
     QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields",
@@ -196,7 +196,7 @@ void CProjectDialog::chooseLayoutTool(int index) {
     fields_->configuration.showDefault(tool);
 }
 
-/// Writes what was not changed as well. That is meant.
+/// Writes what was not changed as well, as hosts know the page.
 bool CProjectDialog::onApply() {
     if (!fields_)
         return true;

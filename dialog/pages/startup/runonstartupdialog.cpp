@@ -145,7 +145,8 @@ void CRunOnStartupDialog::CListBoxFileEditorEx::lineMoved(int, int) {
     changed_ = true;
 }
 
-/// A renamed entry for a missing file that the user does not want goes as a new one does; this is meant.
+/// An entry for a missing file that the user does not want goes, a renamed one just as a new one: he has just
+/// said that he does not want it.
 void CRunOnStartupDialog::CListBoxFileEditorEx::checkFile(int row, const QString& text) {
     changed_ = true;
     const QString path = toQString(platform::fullPath(toUtf8(text)));
