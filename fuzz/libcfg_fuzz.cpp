@@ -1,6 +1,6 @@
 // The reader of a library's own file.
 
-#include "platform/libcfg.h"
+#include "suite/zec.h"
 
 #include "fuzz/support.h"
 
@@ -17,7 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const fuzz::File file("lib.cfg");
     const std::string_view text = fuzz::textOf(data, size);
     file.write(text);
-    const std::string alias = platform::readLibraryAlias(file.directory());
+    const std::string alias = ZECReadAlias(file.directory());
     if (alias.empty())
         return 0;
     require(alias.size() <= kLongestAlias);

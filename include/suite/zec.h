@@ -33,6 +33,20 @@ OVSUITE_API int ZECIsValidAlias(const std::string& name);
 OVSUITE_API int ZECIsValidLibrary(const std::string& path, int flag);
 /// Whether the location holds a megafile library, all symbols in one file.
 OVSUITE_API int ZECCheckMegafile(const std::string& path);
+/// What a library may hold, by which it is known.
+enum class ZECContent {
+    symbols,           ///< a directory of them
+    schematics,        ///< a directory of them
+    symbolMegafile,    ///< all symbols in one file
+    schematicMegafile, ///< all schematics in one file
+    symbolFiles,       ///< a directory of symbols with at least one in it; of a local library only
+};
+/// Whether a directory or remote location holds that.
+OVSUITE_API int ZECHolds(const std::string& path, ZECContent content);
+/// The alias that the library's own file "lib.cfg" gives it: what follows "alias " in the first line that
+/// begins with it, when the blanks at the line's ends are gone. Of a line longer than 255 bytes the rest
+/// counts as a line of its own. @return empty without such a line or file.
+OVSUITE_API std::string ZECReadAlias(const std::string& path);
 /// Whether the location can't be written; a path that does not exist is judged by its nearest directory that
 /// does.
 OVSUITE_API int ZECIsReadOnlyFileSystem(const std::string& path);

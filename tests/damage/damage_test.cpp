@@ -9,7 +9,6 @@
 #include "orv/appconfiguration.h"
 #include "orv/colorscheme.h"
 #include "orv/symbolreader.h"
-#include "platform/libcfg.h"
 #include "schemes/objectschema.h"
 #include "store/appcfg.h"
 #include "suite/bordersymbolsfile.h"
@@ -22,6 +21,7 @@
 #include "suite/projectfile.h"
 #include "suite/specialcomponentsfile.h"
 #include "suite/symbollibs.h"
+#include "suite/zec.h"
 #include "tests/support/testsupport.h"
 
 #include <algorithm>
@@ -205,7 +205,7 @@ const Kind kKinds[] = {
     {"library/symbols/logic/74HC00.sym", &readSymbol},
     {"motorcontroller/libraries/board/lib.cfg",
      [](const Samples&, const std::string& path) {
-         platform::readLibraryAlias(fs::path(path).parent_path().string());
+         ZECReadAlias(fs::path(path).parent_path().string());
      }},
     {"shared/legacy/sch.lib",
      [](const Samples&, const std::string& path) {

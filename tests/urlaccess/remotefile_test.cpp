@@ -1,6 +1,6 @@
-#include "platform/libcfg.h"
 #include "platform/remotefile.h"
 
+#include "suite/zec.h"
 #include "tests/support/childprocess.h"
 #include "tests/urlaccess/httpserver.h"
 
@@ -68,7 +68,7 @@ TEST(LibCfg, TheFirstLineThatBeginsWithAliasGivesTheName) {
     };
     for (const auto& [text, alias] : rows) {
         writeFile(directory / "lib.cfg", text);
-        EXPECT_EQ(platform::readLibraryAlias(directory.path().string()), alias) << text;
+        EXPECT_EQ(ZECReadAlias(directory.path().string()), alias) << text;
     }
 }
 
@@ -76,7 +76,7 @@ TEST(LibCfg, WhatIsNoReadableFileGivesNoNameAndNoWait) {
     const TemporaryDirectory directory;
     const fs::path file = directory / "lib.cfg";
     const auto alias = [&] {
-        return platform::readLibraryAlias(directory.path().string());
+        return ZECReadAlias(directory.path().string());
     };
     fs::create_directory(file);
     EXPECT_EQ(alias(), "");
@@ -100,8 +100,8 @@ TEST(UrlAccess, ARemoteLibrarysFileIsReadLikeALocalOne) {
     server.redirect("/moved", "/my%20parts%23%3F/lib.cfg");
     std::string path = server.url("/my parts#?");
     std::ranges::replace(path, '/', '\\');
-    EXPECT_EQ(platform::readLibraryAlias(path), "parts");
-    EXPECT_EQ(platform::readLibraryAlias('"' + path + '"'), "parts");
+    EXPECT_EQ(ZECReadAlias(path), "parts");
+    EXPECT_EQ(ZECReadAlias('"' + path + '"'), "parts");
     EXPECT_EQ(readAll(server.url("/moved")), "# Parts\n alias parts \n");
     EXPECT_EQ(readAll(server.url("/empty")), "");
     EXPECT_EQ(readAll(server.url("/missing")), "(none)");

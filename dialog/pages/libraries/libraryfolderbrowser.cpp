@@ -2,7 +2,7 @@
 
 #include "dialog/shell/stringtable.h"
 #include "dialog/widgets/stringconversion.h"
-#include "platform/remotefile.h"
+#include "suite/zec.h"
 
 #include <QtWidgets/QGridLayout>
 #include <QtWidgets/QLabel>
@@ -13,20 +13,16 @@ namespace {
 
 constexpr unsigned kTitle = 27;
 
-using platform::PathKind;
-
-struct Content {
-    const char* name;
-    const char* extension;
-    PathKind kind;
-    const char* label;
+struct Label {
+    ZECContent content;
+    const char* text;
 };
 
-constexpr Content kContents[] = {
-    {"sym", "lib", PathKind::file, QT_TRANSLATE_NOOP("ovsettings::LibraryFolderBrowser", "Symbols[M]")},
-    {"sch", "lib", PathKind::file, QT_TRANSLATE_NOOP("ovsettings::LibraryFolderBrowser", "Schematics[M]")},
-    {"sch", "", PathKind::directory, QT_TRANSLATE_NOOP("ovsettings::LibraryFolderBrowser", "Schematics")},
-    {"sym", "", PathKind::directory, QT_TRANSLATE_NOOP("ovsettings::LibraryFolderBrowser", "Symbols")},
+constexpr Label kLabels[] = {
+    {ZECContent::symbolMegafile, QT_TRANSLATE_NOOP("ovsettings::LibraryFolderBrowser", "Symbols[M]")},
+    {ZECContent::schematicMegafile, QT_TRANSLATE_NOOP("ovsettings::LibraryFolderBrowser", "Schematics[M]")},
+    {ZECContent::schematics, QT_TRANSLATE_NOOP("ovsettings::LibraryFolderBrowser", "Schematics")},
+    {ZECContent::symbols, QT_TRANSLATE_NOOP("ovsettings::LibraryFolderBrowser", "Symbols")},
 };
 
 } // namespace
@@ -55,10 +51,9 @@ std::string LibraryFolderBrowser::run() {
 
 void LibraryFolderBrowser::showContents(const QString& folder) {
     QString summary;
-    for (const Content& content : kContents) {
-        const std::string path = platform::MakeFilePath(toUtf8(folder), content.name, content.extension);
-        if (platform::TestPathKind(path, content.kind) == 0)
-            summary += tr(content.label) + QLatin1Char(' ');
+    for (const Label& label : kLabels) {
+        if (ZECHolds(toUtf8(folder), label.content))
+            summary += tr(label.text) + QLatin1Char(' ');
     }
     status_->setText(summary.isEmpty() ? tr("NOTE: No symbols or schematics found in selected directory.")
                                        : tr("Found:") + QLatin1Char(' ') + summary);

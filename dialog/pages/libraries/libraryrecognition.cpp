@@ -64,20 +64,6 @@ std::optional<std::string> serverOf(const std::string& path) {
     return server;
 }
 
-/// Whether there is a file that the pattern "sym/*.1" names.
-bool hasSymbolFiles(const std::string& path) {
-    const auto directory = platform::resolveExisting(platform::MakeFilePath(path, "sym", ""));
-    if (!directory)
-        return false;
-    std::error_code error;
-    std::filesystem::directory_iterator entry(*directory, error);
-    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
-        if (entry->path().native().ends_with(".1"))
-            return true;
-    }
-    return false;
-}
-
 /// A server that is a library as a whole speaks for all that lies on it; otherwise the location does itself.
 Recognition recogniseRemote(const std::string& path, LibraryType selected) {
     const auto server = serverOf(path);
@@ -106,7 +92,7 @@ Recognition recogniseLocal(std::string path, LibraryType selected) {
         else if (selected == LibraryType::kMegafile)
             type = LibraryType::kWriteable;
         good = ZECIsValidLibrary(path, 1);
-    } else if (!hasSymbolFiles(path) || !ZECIsValidLibrary(path, 0)) {
+    } else if (!ZECHolds(path, ZECContent::symbolFiles) || !ZECIsValidLibrary(path, 0)) {
         type = LibraryType::kMegafile;
     }
     return {type, LibraryState{type, false, good}, true, true};

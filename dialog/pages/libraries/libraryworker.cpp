@@ -1,6 +1,5 @@
 #include "dialog/pages/libraries/libraryworker.h"
 
-#include "platform/libcfg.h"
 #include "platform/printable.h"
 #include "suite/zec.h"
 
@@ -90,7 +89,7 @@ LibraryFindings unrecognised(const LibraryQuestion& question) {
 
 std::string aliasOf(std::string location) {
     ZECRemoveLastSlash(location);
-    std::string alias = platform::readLibraryAlias(location);
+    std::string alias = ZECReadAlias(location);
     return alias.empty() ? ZECFindAlias(location) : alias;
 }
 
