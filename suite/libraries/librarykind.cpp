@@ -2,9 +2,9 @@
 
 #include "suite/zec.h"
 
-#include "platform/libcfg.h"
 #include "platform/paths.h"
 #include "platform/remotefile.h"
+#include "suite/libraries/libcfg.h"
 #include "suite/libraries/librarymarks.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "platform/libcfg.h"
+#include "suite/libraries/libcfg.h"
 
 #include "platform/remotefile.h"
 #include "platform/trim.h"
