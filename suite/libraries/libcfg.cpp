@@ -1,38 +1,39 @@
-#include "suite/libraries/libcfg.h"
+// What a library says of itself.
+
+#include "suite/zec.h"
 
 #include "platform/remotefile.h"
 #include "platform/trim.h"
+#include "suite/libraries/librarymarks.h"
 
 #include <array>
 #include <memory>
 #include <string_view>
 
-namespace platform {
-
 namespace {
 
-constexpr char kFile[] = "/lib.cfg";
 constexpr std::string_view kKeyword = "alias ";
 constexpr std::size_t kLongestLine = 255;
+/// A file without end must not take one's time.
+constexpr int kMostLines = 65536;
 
 struct Close {
-    void operator()(RemoteStream* stream) const { RemoteClose(stream); }
+    void operator()(platform::RemoteStream* stream) const { platform::RemoteClose(stream); }
 };
 
 } // namespace
 
-std::string readLibraryAlias(const std::string& libraryPath) {
-    const std::unique_ptr<RemoteStream, Close> stream(RemoteOpen(libraryPath + kFile, "r"));
+std::string ZECReadAlias(const std::string& path) {
+    const std::unique_ptr<platform::RemoteStream, Close> stream(
+        platform::RemoteOpen(path + '/' + suite::kLibraryFile, "r"));
     std::array<char, kLongestLine + 1> buffer;
-    for (int lines = 0; lines < kMostLibCfgLines; ++lines) {
-        const char* read = RemoteGets(buffer.data(), static_cast<int>(buffer.size()), stream.get());
+    for (int lines = 0; lines < kMostLines; ++lines) {
+        const char* read = platform::RemoteGets(buffer.data(), static_cast<int>(buffer.size()), stream.get());
         if (!read)
             break;
-        const std::string_view line = trim(read);
+        const std::string_view line = platform::trim(read);
         if (line.starts_with(kKeyword))
             return std::string(line.substr(kKeyword.size()));
     }
     return {};
 }
-
-} // namespace platform

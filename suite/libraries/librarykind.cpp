@@ -4,7 +4,6 @@
 
 #include "platform/paths.h"
 #include "platform/remotefile.h"
-#include "suite/libraries/libcfg.h"
 #include "suite/libraries/librarymarks.h"
 
 #include <algorithm>
@@ -71,8 +70,4 @@ int ZECHolds(const std::string& path, ZECContent content) {
     const LibraryMark& mark = markOf(content);
     platform::RemoteQuestion question;
     return has(path, mark.name, mark.kind, question) ? 1 : 0;
-}
-
-std::string ZECReadAlias(const std::string& path) {
-    return platform::readLibraryAlias(path);
 }
