@@ -13,7 +13,6 @@ public:
     explicit CCaptionLabel(QWidget* parent = nullptr);
 
     void setCaption(const QString& caption);
-    const QString& caption() const { return caption_; }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

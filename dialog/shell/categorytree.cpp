@@ -37,8 +37,8 @@ public:
     using QItemSelectionModel::select;
 
     void setCurrentIndex(const QModelIndex& index, SelectionFlags command) override {
-        // The leave check may show a message box; what arrives meanwhile must not change the answer's
-        // subject.
+        // The leave check may show a message box. Until it is answered, the item that is asked about stays
+        // the current one.
         if (asking_ || !mayChangeTo(index))
             return;
         accepted_ = index;
@@ -46,8 +46,8 @@ public:
     }
 
     void select(const QItemSelection& selection, SelectionFlags command) override {
-        // A click is made of a change of the current item and a change of the selection: after a refusal of
-        // the first, the second must not happen either. Nor may a click with Ctrl take the selection away.
+        // A click changes the current item first and then the selection: where the first was refused, the
+        // second must not happen either. A click with Ctrl would take the selection away; it must not.
         const bool takesAway = command & (Deselect | Toggle);
         if (takesAway || (!selection.isEmpty() && !selection.contains(accepted_)))
             return;
@@ -85,7 +85,7 @@ CCategoryTree::CCategoryTree(QWidget* parent) : QTreeWidget(parent) {
     header()->setSectionResizeMode(QHeaderView::ResizeToContents);
 }
 
-/// A drag selects nothing: each item on its way would have to be asked, and its page be made.
+/// A drag selects nothing: it would run the leave check and make a page for each item on its way.
 void CCategoryTree::mouseMoveEvent(QMouseEvent* event) {
     if (event->buttons() == Qt::NoButton)
         QTreeWidget::mouseMoveEvent(event);

@@ -24,7 +24,8 @@ CConfigurationWatcher::CConfigurationWatcher(const std::vector<std::string>& dir
         return;
     notifier_ = std::make_unique<QSocketNotifier>(watch_->descriptor(), QSocketNotifier::Read);
     connect(notifier_.get(), &QSocketNotifier::activated, this, [this] {
-        // From the first sign on, and not from the last: a file that is written all the time is told of, too.
+        // The time counts from the first change and not from the last one, so that a file that is written all
+        // the time is told of, too.
         if (watch_->takeChanges() && !calm_->isActive())
             calm_->start();
     });

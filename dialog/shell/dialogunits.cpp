@@ -10,8 +10,8 @@ namespace ovsettings {
 
 namespace {
 
-/// The average character width that dialog units count in is that of the Latin alphabet in both cases (Win32,
-/// GetDialogBaseUnits), which is wider than the average that a font file names.
+/// Dialog units count in the average width of the capital and small letters A to Z (Win32,
+/// GetDialogBaseUnits). It is larger than the average width that a font file names.
 constexpr QLatin1String kAlphabet("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
 
 } // namespace

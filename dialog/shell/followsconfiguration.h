@@ -9,9 +9,9 @@ namespace ovsettings {
 /// The fields whose edits on a page were given up.
 using DroppedEdits = std::vector<Orv::RefreshResult::Field>;
 
-/// What a page is besides, if its controls show values of the configuration, which other programs may change
-/// while the page is there. Not an operation of the page itself: those are in the table of an add-in's class,
-/// too, and stay where they are.
+/// A second base of pages whose controls show values of the configuration, which other programs may change
+/// while the page is there. It is not an operation of CPropDialogTemplate, because add-ins derive from that
+/// class, and a new operation would change their binary contract.
 class IFollowsConfiguration {
 public:
     /// Called when the configuration may hold other values or locks than before: controls that the user has

@@ -5,15 +5,15 @@
 
 namespace ovsettings {
 
-/// A strip for what concerns the whole dialog, empty as a rule. It takes the room that is left and asks for
-/// none; what does not fit is in its tool tip.
+/// A strip for notices that concern the whole dialog; most of the time it is empty. It uses the room that
+/// other controls leave. What does not fit is in its tool tip.
 class CNoticeLabel : public QLabel {
     Q_OBJECT
 
 public:
     explicit CNoticeLabel(QWidget* parent = nullptr);
 
-    /// One that is there already is not said twice.
+    /// A notice that is on show already is not added again.
     void addNotice(const QString& notice);
     void removeNotices();
 

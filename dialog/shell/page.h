@@ -21,7 +21,7 @@ protected:
     /// @param topic    empty if the page has none.
     CPage(QWidget* parent, unsigned templateId, const char* pageName, const char* topic = "");
 
-    /// Null until they are handed over, which not every host does.
+    /// Null until they are handed over. A host may make pages without that.
     Orv::iAppConfiguration* appConfig_ = nullptr;
     Orv::CProjectConfiguration* projectConfig_ = nullptr;
 };

@@ -11,7 +11,8 @@ inline bool hasProject(const Orv::CProjectConfiguration* project) {
     return project && project->projectFile;
 }
 
-/// True once there is also a control to show it in; null stands for a page that has none yet.
+/// True if there is also a control to show it in.
+/// @param control null while the page is not built.
 inline bool showsProject(const QWidget* control, const Orv::CProjectConfiguration* project) {
     return control && hasProject(project);
 }

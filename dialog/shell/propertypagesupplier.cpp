@@ -23,8 +23,8 @@ platform::SharedLibrary load(const std::string& name) {
     return library;
 }
 
-/// Whether a library was built for this one. A library that says nothing is taken at its word: it was built
-/// without these headers.
+/// Whether a library was built for this version of the interface. One that does not tell its version was
+/// built without these headers, and is taken as fit.
 bool fitsThisVersion(const platform::SharedLibrary& library, const std::string& name) {
     using Version = int (*)();
     const auto version = reinterpret_cast<Version>(library.symbol("ovsettingsInterfaceVersion"));
@@ -35,8 +35,9 @@ bool fitsThisVersion(const platform::SharedLibrary& library, const std::string& 
     return built == kInterfaceVersion;
 }
 
-/// The class id's place in a text. The length counts from the text's beginning, so that a bracket at any
-/// other place takes too much along: that is meant, a class id stands in brackets with nothing before them.
+/// The class id in a catalogue's text "[{CLASSID}]". The length counts from the text's beginning, so that
+/// with anything before the bracket too much is taken, which is no class id. It is meant, for the catalogues
+/// of existing installations: an entry that has brought no category so far brings none.
 std::string betweenBrackets(const std::string& text) {
     const auto open = text.find('[');
     const auto close = text.rfind(']');
@@ -61,8 +62,8 @@ IComponent* createComponent(const std::string& classId) {
     return create ? create(classId.c_str()) : nullptr;
 }
 
-/// What the loader is asked for: a bare name as it is, anything else from the catalogue's directory on, and
-/// never from the current one, which may be that of a foreign project.
+/// What the loader is asked for. A bare name is passed on as it is; a relative path counts from the
+/// catalogue's directory, and never from the current one, which may belong to a project of somebody else.
 std::string libraryFile(const std::string& name, const std::string& catalogueDirectory) {
     if (platform::isBareName(name) || platform::platformPath(name).front() == '/')
         return name;

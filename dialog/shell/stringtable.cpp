@@ -19,8 +19,8 @@ struct Language {
     const char* file;
 };
 
-/// One table a language, whatever the country: an Englishman reads the US English captions, and this is
-/// meant.
+/// One table for each language, whatever the country. It is meant, for users in other English-speaking
+/// countries: they read the US English captions.
 constexpr Language kLanguages[] = {
     {QLocale::English, kEnglish, ":/ovsettings/strings/en.json"},
     {QLocale::Japanese, 1041, ":/ovsettings/strings/ja.json"},

@@ -12,7 +12,7 @@ namespace ovsettings {
 
 namespace {
 
-/// Known to the factory and not in the tree; its page is none.
+/// A key that the factory knows although no category of the tree has it; there is no page for it.
 constexpr char kGroupKey[] = "Top Levels";
 
 } // namespace

@@ -14,9 +14,9 @@ class CTopLevelFactory;
 class CFactoryEx;
 class ITopLevelDialogProvider;
 
-/// The factory of the pages of single designs, for one provider at a time. The pages exist from its building
-/// on; it deletes those that no window has taken. Each dialog has one of its own, so that a second dialog,
-/// opened while the first is up, takes nothing from it.
+/// Makes the factory of the pages of single designs, for one provider at a time. The pages are made together
+/// with the factory, which deletes those that were never put into a window. Each dialog has its own, so that
+/// a second dialog, opened while the first is up, takes no page away from it.
 class CTopLevelFactories {
 public:
     CTopLevelFactories();

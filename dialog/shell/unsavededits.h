@@ -2,12 +2,12 @@
 
 namespace ovsettings {
 
-/// What a page is besides, if the user's edits on it are something else than its news for the host: a page
-/// may report nothing, or have stored already what it is yet to report.
+/// A second base of pages for which isModified does not say whether the user has edits to lose: a page may
+/// report nothing to the host, or report what it has stored already.
 class IUnsavedEdits {
 public:
-    /// True while a control stands for a value that is lost where the dialog goes without storing it. Asked
-    /// in place of isModified.
+    /// True while closing the dialog without storing would lose what a control stands for. Asked in place of
+    /// isModified.
     virtual bool hasUnsavedEdits() const = 0;
 
 protected:

@@ -14,7 +14,6 @@ enum class GridCellKind {
     checkBox,   ///< "1" is checked, any other text is not
     dropDown,   ///< one of `choices`; another text is shown until one is chosen
     radioGroup, ///< the index, from 0, of one of `choices`
-    button,     ///< the caption of a push button
     colour,     ///< a packed colour, red in the low byte, in decimal
 };
 
@@ -35,7 +34,7 @@ struct GridCellStyle {
     /// Drawn as a disabled control is.
     bool greyed = false;
     QStringList choices = {};
-    /// Of a list of choices: another text may be typed as well.
+    /// Of a cell with choices: a text that is none of them may be typed, too.
     bool typed = false;
     int listWidth = 0; ///< least width of an open list of choices, in pixels; that of the cell if less
     Qt::Orientation orientation = Qt::Horizontal; ///< of a radio group

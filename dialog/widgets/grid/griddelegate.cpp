@@ -15,13 +15,12 @@ namespace ovsettings {
 
 namespace {
 
-constexpr int kButtonMargin = 2;
 constexpr int kColourMargin = 3;
 constexpr int kArrowSize = 10;
 constexpr int kArrowMargin = 4;
 
-/// Lets only texts through that fit a mask. A text that came from elsewhere and does not fit may stay, or be
-/// shortened until it does.
+/// Lets only texts through that fit a mask. A text that does not fit and was there before the edit may stay,
+/// or be shortened until it does.
 class CMaskValidator : public QValidator {
 public:
     CMaskValidator(const QString& mask, QString original, QObject* parent)
@@ -87,7 +86,7 @@ QWidget* makeList(IGridEditing& grid, QWidget* parent, const CGridModel::Cell& c
     if (cell.style.typed) {
         list->setEditable(true);
         list->setInsertPolicy(QComboBox::NoInsert);
-        list->setCompleter(nullptr); // what is typed is meant as it stands
+        list->setCompleter(nullptr); // it would put a choice in the place of what is typed
     }
     list->view()->setMinimumWidth(cell.style.listWidth);
     return list;
@@ -108,7 +107,8 @@ bool isWithin(const QWidget* widget, const QWidget* editor) {
     return widget != nullptr;
 }
 
-/// Check boxes take their outline from the window's colour, which on a dark base is next to nothing.
+/// For the outline of check boxes, which styles derive from the window's colour: on a dark base that could
+/// hardly be seen.
 QColor outlineColour(const QPalette& palette) {
     const QColor text = palette.color(QPalette::Text), base = palette.color(QPalette::Base);
     const auto mixed = [](int of, int with) {
@@ -138,22 +138,14 @@ Option controlOption(const QStyleOptionViewItem& cell) {
 
 void drawArrow(QPainter& painter, const QStyleOptionViewItem& cell) {
     auto option = controlOption<QStyleOption>(cell);
-    // A style may keep its picture of an arrow by the palette: by the cell's own, which is another one at
-    // each painting, it would keep as many as were ever painted.
+    // A style may keep a picture of the arrow for each palette. The cell's palette is a new one at each
+    // painting, so that the style would keep a picture more each time; the view's is always the same.
     option.palette = cell.widget->palette();
     option.palette.setCurrentColorGroup(cell.palette.currentColorGroup());
     option.rect =
         QStyle::alignedRect(cell.direction, Qt::AlignRight | Qt::AlignVCenter, QSize(kArrowSize, kArrowSize),
                             cell.rect.adjusted(kArrowMargin, 0, -kArrowMargin, 0));
     cell.widget->style()->drawPrimitive(QStyle::PE_IndicatorArrowDown, &option, &painter, cell.widget);
-}
-
-void drawButton(QPainter& painter, const QStyleOptionViewItem& cell, const QString& text) {
-    auto option = controlOption<QStyleOptionButton>(cell);
-    option.rect = cell.rect.adjusted(kButtonMargin, kButtonMargin, -kButtonMargin, -kButtonMargin);
-    option.state |= QStyle::State_Raised;
-    option.text = text;
-    cell.widget->style()->drawControl(QStyle::CE_PushButton, &option, &painter, cell.widget);
 }
 
 void drawColour(QPainter& painter, const QStyleOptionViewItem& cell, const QColor& colour) {
@@ -188,7 +180,7 @@ CGridDelegate::CGridDelegate(IGridEditing& grid, CGridModel& model, QObject* par
 void CGridDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
     QStyledItemDelegate::initStyleOption(option, index);
     const CGridModel::Cell& cell = model_.cell(index);
-    // Whether a cell can be current is one thing, what it looks like another.
+    // The look follows from `greyed` alone: a cell that cannot be current (`enabled`) looks as any other.
     const bool greyed = cell.style.greyed || (option->widget && !option->widget->isEnabled());
     option->state.setFlag(QStyle::State_Enabled, !greyed);
     const bool active = option->state & QStyle::State_Active;
@@ -215,9 +207,6 @@ void CGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
         break;
     case GridCellKind::radioGroup:
         drawChoices(*painter, shown, cell);
-        break;
-    case GridCellKind::button:
-        drawButton(*painter, shown, cell.text);
         break;
     case GridCellKind::colour:
         if (const std::optional<QColor> colour = colourOf(cell.text))

@@ -11,8 +11,8 @@ namespace ovsettings {
 class CGridModel;
 class IGridEditing;
 
-/// Draws the cells of a grid and makes the controls that edit them. A cell whose control needs no typing, a
-/// check box for one, is worked on in place; the others get an editor over the cell.
+/// Draws the cells of a grid and makes the controls that edit them. A check box, a radio group and a colour
+/// are worked on in place; the other kinds of cell get an editor over the cell.
 class CGridDelegate : public QStyledItemDelegate {
     Q_OBJECT
 
@@ -50,7 +50,7 @@ private:
 
     IGridEditing& grid_;
     CGridModel& model_;
-    // The interface makes and destroys editors in constant functions.
+    // Mutable, since the base class makes and destroys editors in constant functions.
     mutable QPointer<QWidget> editor_;
     mutable QPersistentModelIndex edited_;
 };

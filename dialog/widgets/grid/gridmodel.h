@@ -17,7 +17,7 @@ public:
     struct Cell {
         QString text;
         GridCellStyle style;
-        bool edited = false; ///< by the user, since the program last set the text
+        bool edited = false; ///< the user has set the text since the program last did
     };
 
     using QAbstractTableModel::QAbstractTableModel;
@@ -34,7 +34,7 @@ public:
     void setRowCount(int count);
     void setColumnCount(int count);
     void removeRow(int row);
-    /// An index that is none names an empty cell, which nothing is written to.
+    /// For an invalid index an empty cell.
     const Cell& cell(const QModelIndex& index) const;
     void setText(const QModelIndex& index, const QString& text);
     /// The user entered the text that the cell has already.

@@ -40,11 +40,10 @@ CGridWnd::CGridWnd(QWidget* parent)
     connect(model_, &CGridModel::edited, this,
             [this](const QModelIndex& index) { onCellChanged(index.row() + 1, index.column() + 1); });
     connect(this, &QTableView::clicked, this, &CGridWnd::clickCell);
-    connect(this, &QTableView::doubleClicked, this,
-            [this](const QModelIndex& index) { onDoubleClick(index.row() + 1, index.column() + 1); });
 }
 
-/// An editor that is still open would lose the focus, and so end its edit, in a grid that is half gone.
+/// Closes an editor that is still open. The base class would destroy it later: it would lose the focus then,
+/// and ask this object, which is gone by that time, to end its edit.
 CGridWnd::~CGridWnd() {
     if (isEditing())
         CGridWnd::closeEditor(delegate_->editor(), QAbstractItemDelegate::RevertModelCache);
@@ -158,7 +157,6 @@ void CGridWnd::startEdit() {
         if (const auto count = static_cast<int>(cell.style.choices.size()); count > 0)
             model_->setData(index, QString::number((cell.text.toInt() + 1) % count), Qt::EditRole);
         break;
-    case GridCellKind::button:
     case GridCellKind::colour:
         onCellPressed(index.row() + 1, index.column() + 1);
         break;
@@ -193,15 +191,15 @@ QString CGridWnd::refusalOfEdit() const {
 }
 
 void CGridWnd::commitEdit() {
-    // A text that its mask does not allow may be on the way to one that it does; it is none to keep.
+    // While a text is typed it may not fit its mask yet. Such a text is not stored.
     const auto* edit = qobject_cast<QLineEdit*>(delegate_->editor());
     if (!edit || edit->hasAcceptableInput())
         commitData(delegate_->editor());
     closeEditor(delegate_->editor(), QAbstractItemDelegate::NoHint);
 }
 
-/// The base gives the focus back only while the window is the active one, which it is not yet when a list or
-/// a message box has just closed.
+/// The base class gives the focus back to the grid only while the window is active. Just after a list or a
+/// message box has closed, it is not active yet.
 void CGridWnd::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
     const bool hadFocus = editor && window()->focusWidget() == editor;
     QTableView::closeEditor(editor, hint);
@@ -217,7 +215,7 @@ bool CGridWnd::endEdit() {
         commitEdit();
         return true;
     }
-    // While the message is open, the edit may end, or the grid.
+    // While the message is open, the edit may end, and the grid may be destroyed.
     const QPointer<CGridWnd> self(this);
     showMessage(this, message);
     if (!self)
@@ -274,9 +272,6 @@ bool CGridWnd::onClick(int, int) {
     return false;
 }
 
-void CGridWnd::onDoubleClick(int, int) {
-}
-
 bool CGridWnd::onContextMenu(int, int, const QPoint&) {
     return false;
 }
@@ -291,7 +286,7 @@ void CGridWnd::layoutColumns() {
 void CGridWnd::clickCell(const QModelIndex& index) {
     if (onClick(index.row() + 1, index.column() + 1) || isEditing() || index != currentIndex())
         return;
-    // Check boxes and radio groups have a place of their own to be clicked at.
+    // A click on a check box or a radio group counts only where its mark is; the delegate sees to that.
     const GridCellKind kind = model_->cell(index).style.kind;
     if (kind == GridCellKind::dropDown)
         openList();
@@ -306,7 +301,7 @@ void CGridWnd::mousePressEvent(QMouseEvent* event) {
 
 void CGridWnd::contextMenuEvent(QContextMenuEvent* event) {
     const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
-    // What the headers leave alone comes here too, in coordinates that are not the cells'.
+    // Clicks on the headers come here, too, in the headers' coordinates.
     const QPoint at = viewport()->mapFromGlobal(event->globalPos());
     const QModelIndex index =
         byKey ? currentIndex() : (viewport()->rect().contains(at) ? indexAt(at) : QModelIndex());
@@ -326,7 +321,7 @@ void CGridWnd::keyPressEvent(QKeyEvent* event) {
         event->accept();
         return;
     }
-    // A key that an open editor has no use for: only one that moves to another cell ends the edit.
+    // The open editor has passed this key on. Only a key that moves to another cell ends the edit.
     if (isEditing() && !movesCurrent(event->key())) {
         event->ignore();
         return;

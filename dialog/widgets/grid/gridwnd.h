@@ -19,8 +19,7 @@ class CGridModel;
 /// one to the next control, Shift+Tab the other way; Ctrl+Tab leaves the grid at once, in either direction.
 /// F2, Enter, or typing begins an edit, Delete one of an empty text; Enter ends it, Escape gives the old text
 /// back. Alt+Down or F4 opens a list, and so do Enter, F2 and Space unless its text may be typed. Space, F2
-/// or Enter toggles a check box, goes on to the next choice of a radio group, or presses a button or a
-/// colour.
+/// or Enter toggles a check box, goes on to the next choice of a radio group, or presses a colour.
 class CGridWnd : public QTableView, private IGridEditing {
     Q_OBJECT
 
@@ -39,7 +38,7 @@ public:
     void setCellText(int row, int column, const QString& text);
     /// The text of a cell as it is on show: while the cell is edited, that of the editor.
     QString cellText(int row, int column) const;
-    /// True once the user has given a cell a text, be it the one that was there, since the program last did.
+    /// True if the user has given the cell a text since the program last set it, even the same text.
     bool isCellEdited(int row, int column) const;
     void setCellStyle(int row, int column, const GridCellStyle& style);
     GridCellStyle cellStyle(int row, int column) const;
@@ -58,9 +57,6 @@ public:
     int currentColumn() const;
     void setCurrentCell(int row, int column);
 
-    /// Does with the current cell what its control is for: opens the editor, toggles the check box, presses
-    /// the button.
-    void startEdit();
     bool isEditing() const;
     bool endEdit() override;
     /// Closes the editor of a cell, if that is the one that is open, and keeps nothing of its text.
@@ -74,11 +70,10 @@ protected:
     virtual QString refusal(int row, int column, const QString& text) const;
     /// The user has given a cell another text.
     virtual void onCellChanged(int row, int column);
-    /// The user pressed a button or a colour.
+    /// The user pressed a colour.
     virtual void onCellPressed(int row, int column);
-    /// A left click on a cell; true if that is all it was for.
+    /// A left click on a cell; true keeps the grid from doing anything else with it.
     virtual bool onClick(int row, int column);
-    virtual void onDoubleClick(int row, int column);
     /// A right click on a cell, or with its row and column the menu key on the current one; true if a menu
     /// came of it. @param at where on the screen a menu belongs.
     virtual bool onContextMenu(int row, int column, const QPoint& at);
@@ -102,6 +97,9 @@ private:
     bool mayStartEditing(const QModelIndex& index) override;
     void leaveEdit() override;
     void tabOutOfEdit(const QKeyEvent& event) override;
+    /// Does with the current cell what its control is for: opens the editor, toggles the check box, presses
+    /// the colour.
+    void startEdit();
     void commitEdit();
     void revertEdit();
     void clickCell(const QModelIndex& index);
