@@ -30,9 +30,9 @@ public:
 
 /// A selection that follows the current item, and a current item that changes only if the leave check allows
 /// it.
-class CCategoryTree::GuardedSelection : public QItemSelectionModel {
+class CategoryTree::GuardedSelection : public QItemSelectionModel {
 public:
-    explicit GuardedSelection(CCategoryTree& tree) : QItemSelectionModel(tree.model(), &tree), tree_(tree) {}
+    explicit GuardedSelection(CategoryTree& tree) : QItemSelectionModel(tree.model(), &tree), tree_(tree) {}
 
     using QItemSelectionModel::select;
 
@@ -62,12 +62,12 @@ private:
         return tree_.leaveCheck_(tree_.itemFromIndex(currentIndex()), tree_.itemFromIndex(index));
     }
 
-    CCategoryTree& tree_;
+    CategoryTree& tree_;
     QPersistentModelIndex accepted_;
     bool asking_ = false;
 };
 
-CCategoryTree::CCategoryTree(QWidget* parent) : QTreeWidget(parent) {
+CategoryTree::CategoryTree(QWidget* parent) : QTreeWidget(parent) {
     QItemSelectionModel* replaced = selectionModel();
     setSelectionModel(new GuardedSelection(*this));
     delete replaced;
@@ -86,18 +86,18 @@ CCategoryTree::CCategoryTree(QWidget* parent) : QTreeWidget(parent) {
 }
 
 /// A drag selects nothing: it would run the leave check and make a page for each item on its way.
-void CCategoryTree::mouseMoveEvent(QMouseEvent* event) {
+void CategoryTree::mouseMoveEvent(QMouseEvent* event) {
     if (event->buttons() == Qt::NoButton)
         QTreeWidget::mouseMoveEvent(event);
 }
 
 /// The highlight reaches over the whole width, however short the captions are.
-void CCategoryTree::resizeEvent(QResizeEvent* event) {
+void CategoryTree::resizeEvent(QResizeEvent* event) {
     header()->setMinimumSectionSize(viewport()->width());
     QTreeWidget::resizeEvent(event);
 }
 
-void CCategoryTree::setLeaveCheck(LeaveCheck check) {
+void CategoryTree::setLeaveCheck(LeaveCheck check) {
     leaveCheck_ = std::move(check);
 }
 

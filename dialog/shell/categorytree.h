@@ -8,13 +8,13 @@ namespace ovsettings {
 
 /// The tree of categories. It asks before its current item changes, by mouse, by key or by code; a refusal
 /// leaves current item and selection as they were.
-class CCategoryTree : public QTreeWidget {
+class CategoryTree : public QTreeWidget {
     Q_OBJECT
 
 public:
     using LeaveCheck = std::function<bool(QTreeWidgetItem* from, QTreeWidgetItem* to)>;
 
-    explicit CCategoryTree(QWidget* parent = nullptr);
+    explicit CategoryTree(QWidget* parent = nullptr);
 
     void setLeaveCheck(LeaveCheck check);
 

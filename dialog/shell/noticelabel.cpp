@@ -9,11 +9,11 @@
 
 namespace ovsettings {
 
-CNoticeLabel::CNoticeLabel(QWidget* parent) : QLabel(parent) {
+NoticeLabel::NoticeLabel(QWidget* parent) : QLabel(parent) {
     setTextFormat(Qt::PlainText);
 }
 
-void CNoticeLabel::addNotice(const QString& notice) {
+void NoticeLabel::addNotice(const QString& notice) {
     if (notices_.contains(notice))
         return;
     setNotices(notices_ + QStringList(notice));
@@ -21,11 +21,11 @@ void CNoticeLabel::addNotice(const QString& notice) {
     QAccessible::updateAccessibility(&alert);
 }
 
-void CNoticeLabel::removeNotices() {
+void NoticeLabel::removeNotices() {
     setNotices({});
 }
 
-void CNoticeLabel::setNotices(const QStringList& notices) {
+void NoticeLabel::setNotices(const QStringList& notices) {
     notices_ = notices;
     const QString text = notices_.join(QLatin1Char('\n'));
     setText(platform::inItsOrder(inOneLine(notices_.join(QLatin1Char(' ')))));
@@ -33,7 +33,7 @@ void CNoticeLabel::setNotices(const QStringList& notices) {
     setAccessibleName(text);
 }
 
-void CNoticeLabel::paintEvent(QPaintEvent*) {
+void NoticeLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, width());
     style()->drawItemText(&painter, rect(), Qt::AlignVCenter | Qt::AlignLeading, palette(), isEnabled(),

@@ -7,11 +7,11 @@ namespace ovsettings {
 
 /// A strip for notices that concern the whole dialog; most of the time it is empty. It uses the room that
 /// other controls leave. What does not fit is in its tool tip.
-class CNoticeLabel : public QLabel {
+class NoticeLabel : public QLabel {
     Q_OBJECT
 
 public:
-    explicit CNoticeLabel(QWidget* parent = nullptr);
+    explicit NoticeLabel(QWidget* parent = nullptr);
 
     /// A notice that is on show already is not added again.
     void addNotice(const QString& notice);

@@ -125,7 +125,7 @@ CPropertyPageSupplierCom::CPropertyPageSupplierCom(std::string localization)
 }
 
 CPropertyPageSupplierProjects::CPropertyPageSupplierProjects()
-    : factories_(std::make_unique<CTopLevelFactories>()) {
+    : factories_(std::make_unique<TopLevelFactories>()) {
 }
 
 CPropertyPageSupplierProjects::~CPropertyPageSupplierProjects() = default;

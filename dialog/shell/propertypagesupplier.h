@@ -9,7 +9,7 @@
 
 namespace ovsettings {
 
-class CTopLevelFactories;
+class TopLevelFactories;
 class ITopLevelDialogProvider;
 
 /// Says where the page factory of a catalogue entry is.
@@ -73,7 +73,7 @@ public:
     void fetchNames(const Orv::CProjectConfiguration* projectConfig, std::vector<std::string>& names);
 
 private:
-    std::unique_ptr<CTopLevelFactories> factories_;
+    std::unique_ptr<TopLevelFactories> factories_;
 };
 
 /// The supplier that a catalogue's `localization` text asks for, or null if it names none.

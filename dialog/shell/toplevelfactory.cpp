@@ -17,11 +17,11 @@ constexpr char kGroupKey[] = "Top Levels";
 
 } // namespace
 
-class CTopLevelFactory : public CFactoryEx {
+class TopLevelFactory : public CFactoryEx {
 public:
-    explicit CTopLevelFactory(const ITopLevelDialogProvider* provider) : provider_(provider) {}
+    explicit TopLevelFactory(const ITopLevelDialogProvider* provider) : provider_(provider) {}
 
-    ~CTopLevelFactory() override {
+    ~TopLevelFactory() override {
         for (const QPointer<CPropDialogTemplate>& page : pages_) {
             if (page && !page->parentWidget())
                 delete page;
@@ -42,18 +42,18 @@ private:
     std::vector<QPointer<CPropDialogTemplate>> pages_;
 };
 
-CTopLevelFactories::CTopLevelFactories() = default;
+TopLevelFactories::TopLevelFactories() = default;
 
-CTopLevelFactories::~CTopLevelFactories() = default;
+TopLevelFactories::~TopLevelFactories() = default;
 
-std::vector<std::string> CTopLevelFactories::fetchNames(const Orv::CProjectConfiguration* projectConfig) {
+std::vector<std::string> TopLevelFactories::fetchNames(const Orv::CProjectConfiguration* projectConfig) {
     names_.clear();
     if (projectConfig && projectConfig->projectFile)
         projectConfig->projectFile->GetDesignNames(names_);
     return names_;
 }
 
-CFactoryEx* CTopLevelFactories::factoryOf(ITopLevelDialogProvider* provider) {
+CFactoryEx* TopLevelFactories::factoryOf(ITopLevelDialogProvider* provider) {
     if (!provider)
         provider = toplevelsettings::getTopLevelSettingsProvider();
     if (factory_ && factory_->provider() == provider)
@@ -61,7 +61,7 @@ CFactoryEx* CTopLevelFactories::factoryOf(ITopLevelDialogProvider* provider) {
     factory_.reset();
     if (names_.empty())
         return nullptr;
-    auto factory = std::make_unique<CTopLevelFactory>(provider);
+    auto factory = std::make_unique<TopLevelFactory>(provider);
     factory->addStarter(kGroupKey, std::make_unique<CFactory::CDialogStarter>());
     for (const std::string& name : names_)
         factory->addDesign(name, provider->createDialog(nullptr, name));

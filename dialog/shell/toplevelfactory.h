@@ -10,17 +10,17 @@ struct CProjectConfiguration;
 
 namespace ovsettings {
 
-class CTopLevelFactory;
+class TopLevelFactory;
 class CFactoryEx;
 class ITopLevelDialogProvider;
 
 /// Makes the factory of the pages of single designs, for one provider at a time. The pages are made together
 /// with the factory, which deletes those that were never put into a window. Each dialog has its own, so that
 /// a second dialog, opened while the first is up, takes no page away from it.
-class CTopLevelFactories {
+class TopLevelFactories {
 public:
-    CTopLevelFactories();
-    ~CTopLevelFactories();
+    TopLevelFactories();
+    ~TopLevelFactories();
 
     /// Fetches the names of the designs, for the next building.
     std::vector<std::string> fetchNames(const Orv::CProjectConfiguration* projectConfig);
@@ -32,7 +32,7 @@ public:
 
 private:
     std::vector<std::string> names_;
-    std::unique_ptr<CTopLevelFactory> factory_;
+    std::unique_ptr<TopLevelFactory> factory_;
 };
 
 } // namespace ovsettings

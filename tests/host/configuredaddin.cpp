@@ -11,19 +11,19 @@
 
 namespace {
 
-class CLeftover : public QObject {
+class Leftover : public QObject {
 public:
     using QObject::QObject;
-    ~CLeftover() override { setObjectName(QStringLiteral("gone")); }
+    ~Leftover() override { setObjectName(QStringLiteral("gone")); }
 };
 
 void say(QWidget& page, const QString& text) {
     (new QVBoxLayout(&page))->addWidget(new QLabel(text));
 }
 
-class CConfiguredPage : public ovsettings::CPropDialogTemplateEx {
+class ConfiguredPage : public ovsettings::CPropDialogTemplateEx {
 public:
-    explicit CConfiguredPage(QWidget* parent) : CPropDialogTemplateEx(9001, parent) { name = "Configured"; }
+    explicit ConfiguredPage(QWidget* parent) : CPropDialogTemplateEx(9001, parent) { name = "Configured"; }
 
     void setAppConfiguration(Orv::iAppConfiguration* appConfig) override { appConfig_ = appConfig; }
 
@@ -35,9 +35,9 @@ public:
     }
 
     bool onCancel() override {
-        (new CLeftover(qApp))->deleteLater();
+        (new Leftover(qApp))->deleteLater();
         new QLabel(window());
-        QTimer::singleShot(0, qApp, [] { CLeftover().setObjectName(QStringLiteral("late")); });
+        QTimer::singleShot(0, qApp, [] { Leftover().setObjectName(QStringLiteral("late")); });
         return true;
     }
 
@@ -45,9 +45,9 @@ private:
     Orv::iAppConfiguration* appConfig_ = nullptr;
 };
 
-class CPlainPage : public ovsettings::CPropDialogTemplate {
+class PlainPage : public ovsettings::CPropDialogTemplate {
 public:
-    explicit CPlainPage(QWidget* parent) : CPropDialogTemplate(9002, parent) {}
+    explicit PlainPage(QWidget* parent) : CPropDialogTemplate(9002, parent) {}
 
     bool OnInitDialog() override {
         say(*this, QStringLiteral("no configuration"));
@@ -58,9 +58,9 @@ public:
 class Factory : public ovsettings::CFactoryEx {
 public:
     Factory() {
-        addPage<CConfiguredPage>("Configured");
-        addPage<CPlainPage>("Plain");
-        addPage<CPlainPage>("Dropped");
+        addPage<ConfiguredPage>("Configured");
+        addPage<PlainPage>("Plain");
+        addPage<PlainPage>("Dropped");
         CFactory::removePage("Dropped");
     }
 };

@@ -282,10 +282,9 @@ TEST_F(Frame, PageThatCannotBeMadeLeavesTheAreaEmpty) {
 
         testing::internal::CaptureStderr();
         selectCategory(dialog, "NoWindow");
-        EXPECT_EQ(
-            testing::internal::GetCapturedStderr(),
-            "OvSettings: Cannot create property page dialog 'CRecordingPage' with IDD=9000 and state in "
-            "'OvSettings'\n");
+        EXPECT_EQ(testing::internal::GetCapturedStderr(),
+                  "OvSettings: Cannot create property page dialog 'RecordingPage' with IDD=9000 and state in "
+                  "'OvSettings'\n");
         EXPECT_EQ(pageCaption(dialog), "NoWindow");
         recorder().calls.clear();
         press(dialog, "OK");

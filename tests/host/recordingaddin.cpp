@@ -15,12 +15,12 @@ Recorder& recorder() {
 namespace {
 
 /// A page that writes down what it is asked. The page key is its name; "NoWindow" has a template that fails.
-class CRecordingPage : public ovsettings::CPropDialogTemplateEx {
+class RecordingPage : public ovsettings::CPropDialogTemplateEx {
 public:
-    explicit CRecordingPage(std::string key) : CPropDialogTemplateEx(9000, nullptr), key_(std::move(key)) {
+    explicit RecordingPage(std::string key) : CPropDialogTemplateEx(9000, nullptr), key_(std::move(key)) {
         name = key_.c_str();
     }
-    ~CRecordingPage() override { recorder().calls.push_back(key_ + ".deleted"); }
+    ~RecordingPage() override { recorder().calls.push_back(key_ + ".deleted"); }
 
     bool buildTemplate() override {
         if (key_ == "NoWindow")
@@ -64,7 +64,7 @@ public:
             return nullptr;
         if (key == "Shared" && shared_)
             return shared_;
-        auto* page = new CRecordingPage(key);
+        auto* page = new RecordingPage(key);
         page->createWindow(parent);
         if (key == "Shared")
             shared_ = page;

@@ -50,7 +50,7 @@ TEST(MessageBox, NobodyAnswersFailsTheTestAndDoesNotHangIt) {
 }
 
 TEST(NoticeLabel, ShowsItsNoticesAsTheyStand) {
-    CNoticeLabel label;
+    NoticeLabel label;
     label.addNotice(QString::fromStdString(testsupport::kActingText));
     label.addNotice(QStringLiteral("Lost:\nGrid"));
     const auto texts = testsupport::textsWithoutEffect(label);

@@ -21,9 +21,9 @@ constexpr int kArrowMargin = 4;
 
 /// Lets only texts through that fit a mask. A text that does not fit and was there before the edit may stay,
 /// or be shortened until it does.
-class CMaskValidator : public QValidator {
+class MaskValidator : public QValidator {
 public:
-    CMaskValidator(const QString& mask, QString original, QObject* parent)
+    MaskValidator(const QString& mask, QString original, QObject* parent)
         : QValidator(parent), mask_(mask), original_(std::move(original)) {}
 
     State validate(QString& text, int&) const override {
@@ -50,9 +50,9 @@ private:
 
 /// Ends the edit of its cell when the list closes: with another choice, or with the one there was. Where a
 /// text may be typed, a list that is closed without a choice leaves room for that.
-class CCellList : public QComboBox {
+class CellList : public QComboBox {
 public:
-    CCellList(IGridEditing& grid, QWidget* parent) : QComboBox(parent), grid_(grid) { setFrame(false); }
+    CellList(IGridEditing& grid, QWidget* parent) : QComboBox(parent), grid_(grid) { setFrame(false); }
 
     void showPopup() override {
         before_ = currentText();
@@ -79,8 +79,8 @@ private:
     QString before_;
 };
 
-QWidget* makeList(IGridEditing& grid, QWidget* parent, const CGridModel::Cell& cell) {
-    auto* list = new CCellList(grid, parent);
+QWidget* makeList(IGridEditing& grid, QWidget* parent, const GridModel::Cell& cell) {
+    auto* list = new CellList(grid, parent);
     list->addItems(cell.style.choices);
     list->setPlaceholderText(cell.text);
     if (cell.style.typed) {
@@ -92,11 +92,11 @@ QWidget* makeList(IGridEditing& grid, QWidget* parent, const CGridModel::Cell& c
     return list;
 }
 
-QWidget* makeEdit(QWidget* parent, const CGridModel::Cell& cell) {
+QWidget* makeEdit(QWidget* parent, const GridModel::Cell& cell) {
     auto* edit = new QLineEdit(parent);
     edit->setFrame(false);
     if (!cell.style.mask.isEmpty())
-        edit->setValidator(new CMaskValidator(cell.style.mask, cell.text, edit));
+        edit->setValidator(new MaskValidator(cell.style.mask, cell.text, edit));
     return edit;
 }
 
@@ -158,7 +158,7 @@ void drawColour(QPainter& painter, const QStyleOptionViewItem& cell, const QColo
     painter.restore();
 }
 
-void drawChoices(QPainter& painter, const QStyleOptionViewItem& cell, const CGridModel::Cell& group) {
+void drawChoices(QPainter& painter, const QStyleOptionViewItem& cell, const GridModel::Cell& group) {
     const bool selected = cell.state & QStyle::State_Selected;
     for (int choice = 0; choice < group.style.choices.size(); ++choice) {
         auto option = controlOption<QStyleOptionButton>(cell);
@@ -173,13 +173,13 @@ void drawChoices(QPainter& painter, const QStyleOptionViewItem& cell, const CGri
 
 } // namespace
 
-CGridDelegate::CGridDelegate(IGridEditing& grid, CGridModel& model, QObject* parent)
+GridDelegate::GridDelegate(IGridEditing& grid, GridModel& model, QObject* parent)
     : QStyledItemDelegate(parent), grid_(grid), model_(model) {
 }
 
-void CGridDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+void GridDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
     QStyledItemDelegate::initStyleOption(option, index);
-    const CGridModel::Cell& cell = model_.cell(index);
+    const GridModel::Cell& cell = model_.cell(index);
     // The look follows from `greyed` alone: a cell that cannot be current (`enabled`) looks as any other.
     const bool greyed = cell.style.greyed || (option->widget && !option->widget->isEnabled());
     option->state.setFlag(QStyle::State_Enabled, !greyed);
@@ -194,10 +194,10 @@ void CGridDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIn
     }
 }
 
-void CGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
-                          const QModelIndex& index) const {
+void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const {
     QStyledItemDelegate::paint(painter, option, index);
-    const CGridModel::Cell& cell = model_.cell(index);
+    const GridModel::Cell& cell = model_.cell(index);
     QStyleOptionViewItem shown = option;
     initStyleOption(&shown, index);
     switch (cell.style.kind) {
@@ -219,11 +219,11 @@ void CGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     }
 }
 
-QWidget* CGridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
-                                     const QModelIndex& index) const {
+QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                                    const QModelIndex& index) const {
     if (!grid_.mayStartEditing(index))
         return nullptr;
-    const CGridModel::Cell& cell = model_.cell(index);
+    const GridModel::Cell& cell = model_.cell(index);
     editor_ =
         cell.style.kind == GridCellKind::dropDown ? makeList(grid_, parent, cell) : makeEdit(parent, cell);
     editor_->setAccessibleName(model_.cellName(index));
@@ -232,13 +232,13 @@ QWidget* CGridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem
     return editor_;
 }
 
-void CGridDelegate::destroyEditor(QWidget* editor, const QModelIndex& index) const {
+void GridDelegate::destroyEditor(QWidget* editor, const QModelIndex& index) const {
     editor_ = nullptr;
     edited_ = QModelIndex();
     QStyledItemDelegate::destroyEditor(editor, index);
 }
 
-QString CGridDelegate::editorText() const {
+QString GridDelegate::editorText() const {
     if (const auto* edit = qobject_cast<QLineEdit*>(editor_.data()))
         return inOneLine(edit->text());
     const auto* list = qobject_cast<QComboBox*>(editor_.data());
@@ -247,12 +247,12 @@ QString CGridDelegate::editorText() const {
     return inOneLine(list->currentText());
 }
 
-bool CGridDelegate::isEditorTouched() const {
+bool GridDelegate::isEditorTouched() const {
     const auto* edit = qobject_cast<QLineEdit*>(editor_.data());
     return (edit && edit->isModified()) || editorText() != model_.cell(edited_).text;
 }
 
-void CGridDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
+void GridDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
     const QString text = model_.cell(index).text;
     if (auto* edit = qobject_cast<QLineEdit*>(editor))
         edit->setText(text);
@@ -265,7 +265,7 @@ void CGridDelegate::setEditorData(QWidget* editor, const QModelIndex& index) con
     }
 }
 
-void CGridDelegate::setModelData(QWidget*, QAbstractItemModel* model, const QModelIndex& index) const {
+void GridDelegate::setModelData(QWidget*, QAbstractItemModel* model, const QModelIndex& index) const {
     const QString text = editorText();
     if (text != model_.cell(index).text)
         model->setData(index, text, Qt::EditRole);
@@ -273,13 +273,13 @@ void CGridDelegate::setModelData(QWidget*, QAbstractItemModel* model, const QMod
         model_.markEdited(index);
 }
 
-void CGridDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
-                                         const QModelIndex&) const {
+void GridDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                        const QModelIndex&) const {
     editor->setGeometry(option.rect);
 }
 
-bool CGridDelegate::editorEvent(QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& option,
-                                const QModelIndex& index) {
+bool GridDelegate::editorEvent(QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& option,
+                               const QModelIndex& index) {
     const GridCellStyle style = model_.cell(index).style;
     if (style.kind != GridCellKind::radioGroup || style.readOnly || !style.enabled ||
         event->type() != QEvent::MouseButtonRelease)
@@ -295,7 +295,7 @@ bool CGridDelegate::editorEvent(QEvent* event, QAbstractItemModel* model, const 
     return false;
 }
 
-bool CGridDelegate::eventFilter(QObject* watched, QEvent* event) {
+bool GridDelegate::eventFilter(QObject* watched, QEvent* event) {
     if (watched != editor_)
         return QStyledItemDelegate::eventFilter(watched, event);
     if (event->type() == QEvent::KeyPress)
@@ -311,7 +311,7 @@ bool CGridDelegate::eventFilter(QObject* watched, QEvent* event) {
     return QStyledItemDelegate::eventFilter(watched, event);
 }
 
-bool CGridDelegate::handleEditorKey(const QKeyEvent& event) {
+bool GridDelegate::handleEditorKey(const QKeyEvent& event) {
     switch (event.key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:

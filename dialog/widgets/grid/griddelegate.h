@@ -8,18 +8,18 @@
 
 namespace ovsettings {
 
-class CGridModel;
+class GridModel;
 class IGridEditing;
 
 /// Draws the cells of a grid and makes the controls that edit them. A check box, a radio group and a colour
 /// are worked on in place; the other kinds of cell get an editor over the cell.
-class CGridDelegate : public QStyledItemDelegate {
+class GridDelegate : public QStyledItemDelegate {
     Q_OBJECT
 
 public:
     /// @param grid  what the view does for an editor.
     /// @param model the view's cells.
-    CGridDelegate(IGridEditing& grid, CGridModel& model, QObject* parent);
+    GridDelegate(IGridEditing& grid, GridModel& model, QObject* parent);
 
     /// The open editor, null if there is none, and its cell.
     QWidget* editor() const { return editor_; }
@@ -49,7 +49,7 @@ private:
     bool handleEditorKey(const QKeyEvent& event);
 
     IGridEditing& grid_;
-    CGridModel& model_;
+    GridModel& model_;
     // Mutable, since the base class makes and destroys editors in constant functions.
     mutable QPointer<QWidget> editor_;
     mutable QPersistentModelIndex edited_;

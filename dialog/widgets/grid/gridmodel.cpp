@@ -34,26 +34,26 @@ std::optional<QColor> colourOf(const QString& cellText) {
     return QColor(packed & 0xff, (packed >> 8) & 0xff, (packed >> 16) & 0xff);
 }
 
-int CGridModel::rowCount(const QModelIndex& parent) const {
+int GridModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(rows_.size());
 }
 
-int CGridModel::columnCount(const QModelIndex& parent) const {
+int GridModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(headers_.size());
 }
 
-const CGridModel::Cell& CGridModel::cell(const QModelIndex& index) const {
+const GridModel::Cell& GridModel::cell(const QModelIndex& index) const {
     static const Cell kNoCell;
     if (!index.isValid())
         return kNoCell;
     return rows_[static_cast<std::size_t>(index.row())][static_cast<std::size_t>(index.column())];
 }
 
-CGridModel::Cell& CGridModel::cellAt(const QModelIndex& index) {
+GridModel::Cell& GridModel::cellAt(const QModelIndex& index) {
     return rows_[static_cast<std::size_t>(index.row())][static_cast<std::size_t>(index.column())];
 }
 
-QVariant CGridModel::data(const QModelIndex& index, int role) const {
+QVariant GridModel::data(const QModelIndex& index, int role) const {
     const Cell& shown = cell(index);
     switch (role) {
     case Qt::DisplayRole:
@@ -82,7 +82,7 @@ QVariant CGridModel::data(const QModelIndex& index, int role) const {
     }
 }
 
-QString CGridModel::spokenValue(const Cell& cell) const {
+QString GridModel::spokenValue(const Cell& cell) const {
     switch (cell.style.kind) {
     case GridCellKind::checkBox:
         return cell.text == QLatin1String("1") ? tr("checked") : tr("not checked");
@@ -97,7 +97,7 @@ QString CGridModel::spokenValue(const Cell& cell) const {
     }
 }
 
-QString CGridModel::cellName(const QModelIndex& index) const {
+QString GridModel::cellName(const QModelIndex& index) const {
     if (const QString& name = cell(index).style.accessibleName; !name.isEmpty())
         return name;
     QStringList parts;
@@ -111,7 +111,7 @@ QString CGridModel::cellName(const QModelIndex& index) const {
     return parts.join(QLatin1String(", "));
 }
 
-bool CGridModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+bool GridModel::setData(const QModelIndex& index, const QVariant& value, int role) {
     if (!index.isValid() || (role != Qt::EditRole && role != Qt::CheckStateRole))
         return false;
     const bool checked = role == Qt::CheckStateRole && value.toInt() == Qt::Checked;
@@ -121,7 +121,7 @@ bool CGridModel::setData(const QModelIndex& index, const QVariant& value, int ro
     return true;
 }
 
-Qt::ItemFlags CGridModel::flags(const QModelIndex& index) const {
+Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
     const GridCellStyle& style = cell(index).style;
     if (!index.isValid() || !style.enabled)
         return Qt::NoItemFlags;
@@ -133,13 +133,13 @@ Qt::ItemFlags CGridModel::flags(const QModelIndex& index) const {
     return flags;
 }
 
-QVariant CGridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation == Qt::Horizontal && role == Qt::DisplayRole)
         return header(section);
     return QAbstractTableModel::headerData(section, orientation, role);
 }
 
-void CGridModel::setRowCount(int count) {
+void GridModel::setRowCount(int count) {
     const int present = rowCount();
     if (count > present) {
         beginInsertRows({}, present, count - 1);
@@ -152,7 +152,7 @@ void CGridModel::setRowCount(int count) {
     }
 }
 
-void CGridModel::removeRow(int row) {
+void GridModel::removeRow(int row) {
     if (row < 0 || row >= rowCount())
         return;
     beginRemoveRows({}, row, row);
@@ -160,7 +160,7 @@ void CGridModel::removeRow(int row) {
     endRemoveRows();
 }
 
-void CGridModel::setColumnCount(int count) {
+void GridModel::setColumnCount(int count) {
     const int present = columnCount();
     if (count == present)
         return;
@@ -178,7 +178,7 @@ void CGridModel::setColumnCount(int count) {
         endRemoveColumns();
 }
 
-void CGridModel::setText(const QModelIndex& index, const QString& text) {
+void GridModel::setText(const QModelIndex& index, const QString& text) {
     if (!index.isValid())
         return;
     Cell& cell = cellAt(index);
@@ -187,24 +187,24 @@ void CGridModel::setText(const QModelIndex& index, const QString& text) {
     Q_EMIT dataChanged(index, index);
 }
 
-void CGridModel::markEdited(const QModelIndex& index) {
+void GridModel::markEdited(const QModelIndex& index) {
     if (index.isValid())
         cellAt(index).edited = true;
 }
 
-void CGridModel::setStyle(const QModelIndex& index, const GridCellStyle& style) {
+void GridModel::setStyle(const QModelIndex& index, const GridCellStyle& style) {
     if (!index.isValid())
         return;
     cellAt(index).style = style;
     Q_EMIT dataChanged(index, index);
 }
 
-QString CGridModel::header(int column) const {
+QString GridModel::header(int column) const {
     const auto at = static_cast<std::size_t>(column);
     return column >= 0 && at < headers_.size() ? headers_[at] : QString();
 }
 
-void CGridModel::setHeader(int column, const QString& text) {
+void GridModel::setHeader(int column, const QString& text) {
     if (column < 0 || column >= columnCount())
         return;
     headers_[static_cast<std::size_t>(column)] = text;

@@ -10,7 +10,7 @@ namespace ovsettings {
 
 /// The cells of a grid. Its indices count from 0, as those of every model; CGridWnd turns them into the
 /// grid's own, which count from 1.
-class CGridModel : public QAbstractTableModel {
+class GridModel : public QAbstractTableModel {
     Q_OBJECT
 
 public:

@@ -24,7 +24,7 @@ bool movesCurrent(int key) {
 } // namespace
 
 CGridWnd::CGridWnd(QWidget* parent)
-    : QTableView(parent), model_(new CGridModel(this)), delegate_(new CGridDelegate(*this, *model_, this)) {
+    : QTableView(parent), model_(new GridModel(this)), delegate_(new GridDelegate(*this, *model_, this)) {
     setModel(model_);
     setItemDelegate(delegate_);
     setSelectionMode(SingleSelection);
@@ -37,7 +37,7 @@ CGridWnd::CGridWnd(QWidget* parent)
     verticalHeader()->setHighlightSections(false);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     fitRowHeights();
-    connect(model_, &CGridModel::edited, this,
+    connect(model_, &GridModel::edited, this,
             [this](const QModelIndex& index) { onCellChanged(index.row() + 1, index.column() + 1); });
     connect(this, &QTableView::clicked, this, &CGridWnd::clickCell);
 }
@@ -144,7 +144,7 @@ void CGridWnd::setCurrentCell(int row, int column) {
 
 void CGridWnd::startEdit() {
     const QModelIndex index = currentIndex();
-    const CGridModel::Cell& cell = model_->cell(index);
+    const GridModel::Cell& cell = model_->cell(index);
     if (!index.isValid() || cell.style.readOnly)
         return;
     switch (cell.style.kind) {

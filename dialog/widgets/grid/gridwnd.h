@@ -7,8 +7,8 @@
 
 namespace ovsettings {
 
-class CGridDelegate;
-class CGridModel;
+class GridDelegate;
+class GridModel;
 
 /// The base of every grid of the product: a table of cells, each with a text and a style.
 ///
@@ -109,8 +109,8 @@ private:
     void fitRowHeights();
     void fitRowHeight(int row, const GridCellStyle& style);
 
-    CGridModel* model_;
-    CGridDelegate* delegate_;
+    GridModel* model_;
+    GridDelegate* delegate_;
 };
 
 } // namespace ovsettings
