@@ -59,8 +59,8 @@ std::string fieldName(const std::string& key, std::size_t field) {
     return field < names.size() ? key + '.' + names[field] : key;
 }
 
-/// The controls of a page that Tab stops at, in order. A button of a radio group is one even while another
-/// button of the group has the stop: its place must be right when it is checked.
+/// The controls of a page that Tab stops at, in order. Of a radio group all buttons are among them: Tab stops
+/// at the checked one only, and which one that is changes.
 QWidgetList tabStops(CPropDialogTemplate& page) {
     QWidgetList stops;
     for (QWidget* widget = page.nextInFocusChain(); widget != &page; widget = widget->nextInFocusChain()) {
@@ -104,14 +104,14 @@ void CSettingsDialog::setCatalogueFile(const std::string& fileName) {
 }
 
 int CSettingsDialog::DoModal() {
-    // Asked for now: a message box of the initialisation leaves no window active when it closes.
+    // Asked now and not later: where the initialisation shows a message box, no window is active after it.
     const QPointer<QWindow> host = QGuiApplication::focusWindow();
     guarded([this] { OnInitDialog(); });
     if (!failure_) {
         stayAbove(host);
         exec();
     }
-    // Not left to the destructor: an add-in may throw here too.
+    // An add-in may throw here, too, which a destructor could not pass on.
     try {
         tearDown();
     } catch (...) {
@@ -214,30 +214,27 @@ void CSettingsDialog::addCategory(Category category) {
     const std::string caption = category.isTranslated ? captions_.translate(category.name) : std::string();
     auto* item =
         new QTreeWidgetItem({platform::shortened(toQString(caption.empty() ? category.name : caption))});
-    item->setData(0, kPageIndexRole, pageCount_);
+    item->setData(0, kPageIndexRole, static_cast<unsigned>(items_.size()));
     item->setData(0, kCategoryNameRole, toQString(category.name));
-    const auto parent = items_.find(category.parentKey);
-    if (parent == items_.end())
+    if (category.parentKey == 0)
         ui_->tree->addTopLevelItem(item);
     else
-        parent->second.item->addChild(item);
-    starters_[pageCount_++] = std::move(category.starter);
-    items_[++itemCount_] = {item, std::move(category.name)};
+        items_[category.parentKey - 1].item->addChild(item);
+    items_.push_back({item, std::move(category.name), std::move(category.starter)});
 }
 
 void CSettingsDialog::showLastPage() {
     std::vector<std::string> stored;
     Orv::getValues(appConfig_, kLastPageKey, stored);
     const std::string last = stored.empty() ? std::string() : stored.front();
-    for (const auto& [key, item] : items_) {
-        if (item.name != last)
-            continue;
-        ui_->tree->setCurrentItem(item.item);
-        rethrowFailure();
-        switchToPage(key - 1);
+    const auto shown = std::ranges::find(items_, last, &CCategoryItem::name);
+    if (shown == items_.end()) {
+        switchToPage(0);
         return;
     }
-    switchToPage(0);
+    ui_->tree->setCurrentItem(shown->item);
+    rethrowFailure();
+    switchToPage(static_cast<unsigned>(shown - items_.begin()));
 }
 
 bool CSettingsDialog::mayLeave(const QTreeWidgetItem* from, const QTreeWidgetItem* to) {
@@ -247,13 +244,12 @@ bool CSettingsDialog::mayLeave(const QTreeWidgetItem* from, const QTreeWidgetIte
 }
 
 void CSettingsDialog::switchToPage(unsigned index) {
-    const auto item = items_.find(index + 1);
-    if (item == items_.end())
-        return; // the catalogue has no category
+    if (items_.empty())
+        return;
     const WaitCursor cursor;
     CPropDialogTemplate* page = pageOf(index);
     if (page == currentPage_ && (page || shownIndex_ == index)) {
-        setShown(page, true); // a page that is served under two indices was hidden when it was handed over
+        setShown(page, true); // one that is served under two indices was hidden when it was adopted again
         return;
     }
     setShown(currentPage_, false);
@@ -265,7 +261,7 @@ void CSettingsDialog::switchToPage(unsigned index) {
         setShown(page, true);
         page->onEnter();
     }
-    const std::string& name = item->second.name;
+    const std::string& name = items_[index].name;
     ui_->caption->setCaption(toQString(captions_.translate(name)));
     pages_.setActive(page);
     rememberPage(name);
@@ -274,8 +270,7 @@ void CSettingsDialog::switchToPage(unsigned index) {
 CPropDialogTemplate* CSettingsDialog::pageOf(unsigned index) {
     if (const auto made = pages_.all().find(index); made != pages_.all().end())
         return made->second;
-    const auto starter = starters_.find(index);
-    CPropDialogTemplate* page = starter == starters_.end() ? nullptr : starter->second->create(ui_->pageHost);
+    CPropDialogTemplate* page = items_[index].starter->create(ui_->pageHost);
     if (page) {
         pages_.add(index, *page);
         adoptPage(*page);
@@ -327,12 +322,11 @@ bool CSettingsDialog::commit(CommitKind kind) {
 }
 
 void CSettingsDialog::showRefusedPage(unsigned index) {
-    // The index is taken for the item's key as it stands, which is one too low: the tree shows the item
-    // before the refused one, and its page is on show for a moment. That is meant, for hosts, which know the
-    // dialog by it.
-    if (const auto item = items_.find(index); item != items_.end()) {
+    // The tree highlights the item before the refused one, and the page of that item is on show for a moment.
+    // It is meant, for hosts, which have always known the dialog by it.
+    if (index > 0) {
         const QScopedValueRollback<bool> selectable(busy_, false);
-        ui_->tree->setCurrentItem(item->second.item);
+        ui_->tree->setCurrentItem(items_[index - 1].item);
         rethrowFailure();
     }
     switchToPage(index);
@@ -353,7 +347,7 @@ void CSettingsDialog::tellUnwritten() {
 bool CSettingsDialog::mayGiveUpEdits() {
     QStringList edited;
     for (const unsigned index : cycle_.pagesWithEdits())
-        edited.append(items_.at(index + 1).item->text(0));
+        edited.append(items_[index].item->text(0));
     return edited.isEmpty() ||
            !askEither(
                this,
@@ -381,8 +375,8 @@ void CSettingsDialog::showActivePageHelp() {
     });
 }
 
-/// Other programs write while this one is not in front. What is in the way of a refresh when it comes back, a
-/// question for one, is gone when the focus has returned to the dialog.
+/// Other programs write while this one is not in front, so a refresh is due when it comes to the front again.
+/// Where a question or another dialog is in the way then, the refresh is tried again once the focus is back.
 void CSettingsDialog::noteActivation(const QEvent& event) {
     if (event.type() == QEvent::ApplicationStateChange) {
         const auto state = static_cast<const QApplicationStateChangeEvent&>(event).applicationState();
@@ -410,7 +404,8 @@ void CSettingsDialog::refreshIfDue() {
     runCommand([this] { refresh(); });
 }
 
-/// The pages follow also where nothing changed just now: the host may have refreshed the store by itself.
+/// Also where this refresh has changed nothing, the pages look at the store: the host may have refreshed it
+/// before.
 void CSettingsDialog::refresh() {
     DroppedEdits dropped = appConfig_.refresh().dropped;
     for (const auto& [index, page] : pages_.all()) {

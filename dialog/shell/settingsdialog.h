@@ -8,10 +8,10 @@
 #include <QtWidgets/QDialog>
 
 #include <exception>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 class QTreeWidgetItem;
 class QWindow;
@@ -34,13 +34,14 @@ struct Category;
 
 /// One item of the category tree.
 struct CCategoryItem {
-    QTreeWidgetItem* item = nullptr;
+    QTreeWidgetItem* item;
     std::string name; ///< the catalogue's untranslated name, which is what is stored as the last page
+    std::unique_ptr<CPageStarter> starter;
 };
 
 /// The modal frame: the tree of categories, one page at a time, the buttons, and what is asked at closing.
 ///
-/// Every category takes the next page index, from 0, and the next item key, from 1, so that key = index + 1.
+/// A category and its page go by one index, from 0, in the order in which the categories were added.
 class CSettingsDialog : public QDialog {
     Q_OBJECT
 
@@ -71,7 +72,7 @@ public Q_SLOTS:
 private:
     void OnInitDialog();
     void connectControls();
-    /// Adds a category as the last child of its parent's item; a parent that is unknown stands for none.
+    /// Adds a category as the last child of its parent's item.
     void addCategory(Category category);
     void showLastPage();
 
@@ -107,14 +108,11 @@ private:
     void tearDown();
     void stayAbove(QWindow* host);
 
-    std::map<unsigned, std::unique_ptr<CPageStarter>> starters_;
-    std::map<unsigned, CCategoryItem> items_; ///< by item key
+    std::vector<CCategoryItem> items_; ///< by index
     Orv::iAppConfiguration& appConfig_;
     MadePages pages_; ///< those that were selected once
     CSettingsUpdater updater_;
     CommitCycle cycle_;
-    unsigned pageCount_ = 0;
-    unsigned itemCount_ = 0;
     std::optional<unsigned> shownIndex_; ///< of the page on show, also of one that could not be made
     bool initialised_ = false;
     bool busy_ = false; ///< a command runs; a page may handle events in it, which must not start another
