@@ -8,8 +8,8 @@ public:
     virtual ~IColorChangeObserver() = default;
 
     /// The cell has the new text already.
-    /// @param colour packed, red in the low byte.
-    virtual void onColorChanged(int row, int column, int colour) = 0;
+    /// @param color packed, red in the low byte.
+    virtual void onColorChanged(int row, int column, int color) = 0;
 };
 
 } // namespace ovsettings

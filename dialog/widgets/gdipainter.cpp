@@ -28,32 +28,32 @@ QColor toQColor(int packed) {
     return QColor(packed & 0xff, packed >> 8 & 0xff, packed >> 16 & 0xff);
 }
 
-int toPacked(const QColor& colour) {
-    return colour.red() | colour.green() << 8 | colour.blue() << 16;
+int toPacked(const QColor& color) {
+    return color.red() | color.green() << 8 | color.blue() << 16;
 }
 
 GdiPainter::GdiPainter(QPainter& painter) : painter_(painter) {
     painter_.setRenderHint(QPainter::Antialiasing, false);
 }
 
-void GdiPainter::setPen(const QColor& colour) {
-    painter_.setPen(QPen(colour, 1, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+void GdiPainter::setPen(const QColor& color) {
+    painter_.setPen(QPen(color, 1, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
 }
 
-void GdiPainter::setBrush(const QColor& colour) {
-    painter_.setBrush(colour);
+void GdiPainter::setBrush(const QColor& color) {
+    painter_.setBrush(color);
 }
 
 void GdiPainter::setHollowBrush() {
     painter_.setBrush(Qt::NoBrush);
 }
 
-void GdiPainter::fillRectangle(int left, int top, int right, int bottom, const QColor& colour) {
-    painter_.fillRect(covered(left, top, right, bottom), colour);
+void GdiPainter::fillRectangle(int left, int top, int right, int bottom, const QColor& color) {
+    painter_.fillRect(covered(left, top, right, bottom), color);
 }
 
-void GdiPainter::frameRectangle(int left, int top, int right, int bottom, const QColor& colour) {
-    drawOutline(left, top, right, bottom, colour);
+void GdiPainter::frameRectangle(int left, int top, int right, int bottom, const QColor& color) {
+    drawOutline(left, top, right, bottom, color);
 }
 
 void GdiPainter::rectangle(int left, int top, int right, int bottom) {
@@ -61,13 +61,13 @@ void GdiPainter::rectangle(int left, int top, int right, int bottom) {
     drawOutline(left, top, right, bottom, painter_.pen().color());
 }
 
-void GdiPainter::drawOutline(int left, int top, int right, int bottom, const QColor& colour) {
+void GdiPainter::drawOutline(int left, int top, int right, int bottom, const QColor& color) {
     if (covered(left, top, right, bottom).isEmpty())
         return;
-    fillRectangle(left, top, right, top + 1, colour);
-    fillRectangle(left, bottom - 1, right, bottom, colour);
-    fillRectangle(left, top, left + 1, bottom, colour);
-    fillRectangle(right - 1, top, right, bottom, colour);
+    fillRectangle(left, top, right, top + 1, color);
+    fillRectangle(left, bottom - 1, right, bottom, color);
+    fillRectangle(left, top, left + 1, bottom, color);
+    fillRectangle(right - 1, top, right, bottom, color);
 }
 
 void GdiPainter::ellipse(int left, int top, int right, int bottom) {
@@ -87,22 +87,22 @@ void GdiPainter::lines(std::initializer_list<QPoint> points) {
     }
 }
 
-void GdiPainter::setPixel(int x, int y, const QColor& colour) {
-    painter_.fillRect(QRect(x, y, 1, 1), colour);
+void GdiPainter::setPixel(int x, int y, const QColor& color) {
+    painter_.fillRect(QRect(x, y, 1, 1), color);
 }
 
-void GdiPainter::text(int x, int y, const QString& text, const QColor& colour) {
+void GdiPainter::text(int x, int y, const QString& text, const QColor& color) {
     const QPen pen = painter_.pen();
-    painter_.setPen(colour);
+    painter_.setPen(color);
     painter_.drawText(QPoint(x, y + painter_.fontMetrics().ascent()), text);
     painter_.setPen(pen);
 }
 
-void GdiPainter::textDownwards(int x, int y, const QString& text, const QColor& colour) {
+void GdiPainter::textDownwards(int x, int y, const QString& text, const QColor& color) {
     painter_.save();
     painter_.translate(x, y);
     painter_.rotate(kDownwards);
-    this->text(0, 0, text, colour);
+    this->text(0, 0, text, color);
     painter_.restore();
 }
 

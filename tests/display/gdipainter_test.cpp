@@ -65,26 +65,26 @@ TEST(GdiPainter, LeavesOutRightAndBottomEdgesAndTheLastPointOfALine) {
 
 TEST(GdiPainter, OutlinesAreOnePixelWideAroundTheBrush) {
     for (const int scale : {1, 2, 3}) {
-        const auto colourAt = [scale](const QImage& image, int x, int y) {
+        const auto colorAt = [scale](const QImage& image, int x, int y) {
             return image.pixelColor(x * scale + scale / 2, y * scale + scale / 2);
         };
         const QImage box = drawn(scale, [](GdiPainter& gdi) { gdi.rectangle(2, 3, 12, 9); });
         const QImage circle = drawn(scale, [](GdiPainter& gdi) { gdi.ellipse(2, 3, 12, 13); });
         for (const int x : {2, 11}) {
-            EXPECT_EQ(colourAt(box, x, 6), QColor(Qt::red));
-            EXPECT_EQ(colourAt(circle, x, 8), QColor(Qt::red));
+            EXPECT_EQ(colorAt(box, x, 6), QColor(Qt::red));
+            EXPECT_EQ(colorAt(circle, x, 8), QColor(Qt::red));
         }
         for (const int x : {3, 10}) {
-            EXPECT_EQ(colourAt(box, x, 6), QColor(Qt::blue));
-            EXPECT_EQ(colourAt(circle, x, 8), QColor(Qt::blue));
+            EXPECT_EQ(colorAt(box, x, 6), QColor(Qt::blue));
+            EXPECT_EQ(colorAt(circle, x, 8), QColor(Qt::blue));
         }
         const QImage hollow = drawn(scale, [](GdiPainter& gdi) {
             gdi.setHollowBrush();
             gdi.rectangle(2, 3, 12, 9);
             gdi.ellipse(20, 3, 30, 13);
         });
-        EXPECT_EQ(colourAt(hollow, 6, 6), QColor(Qt::white));
-        EXPECT_EQ(colourAt(hollow, 25, 8), QColor(Qt::white));
+        EXPECT_EQ(colorAt(hollow, 6, 6), QColor(Qt::white));
+        EXPECT_EQ(colorAt(hollow, 25, 8), QColor(Qt::white));
     }
 }
 

@@ -5,14 +5,14 @@
 #include <QtGui/QFontMetrics>
 #include <QtGui/QPainter>
 
-using ovsettings::SampleColours;
+using ovsettings::SampleColors;
 
 namespace {
 
 constexpr QSize kSize(222, 145);
 constexpr int kRule = 0xc0c0c0;
 
-const SampleColours kColours{
+const SampleColors kColors{
     .background = QColor(1, 2, 3),
     .border = QColor(10, 0, 0),
     .box = QColor(20, 0, 0),
@@ -25,22 +25,22 @@ const SampleColours kColours{
     .grid = QColor(90, 0, 0),
 };
 
-QImage sample(const SampleColours& colours, int scale = 1, QSize size = kSize) {
+QImage sample(const SampleColors& colors, int scale = 1, QSize size = kSize) {
     QImage image(size * scale, QImage::Format_RGB32);
     image.setDevicePixelRatio(scale);
     QPainter painter(&image);
-    ovsettings::paintSampleSchematic({painter, size, ovsettings::DrawAction::entire}, colours);
+    ovsettings::paintSampleSchematic({painter, size, ovsettings::DrawAction::entire}, colors);
     return image;
 }
 
 /// Every edge of the sample schematic: a point on it, and its neighbour off it.
-void expectSample(const QImage& image, const SampleColours& colours) {
-    const QColor &paper = colours.background, &border = colours.border, &box = colours.box,
-                 &pin = colours.pin, &net = colours.net, &circle = colours.circle;
-    const QColor grid = colours.grid.value_or(paper);
+void expectSample(const QImage& image, const SampleColors& colors) {
+    const QColor &paper = colors.background, &border = colors.border, &box = colors.box, &pin = colors.pin,
+                 &net = colors.net, &circle = colors.circle;
+    const QColor grid = colors.grid.value_or(paper);
     struct {
         int x, y;
-        QColor colour;
+        QColor color;
     } const rows[] = {
         {0, 0, paper},    {221, 144, paper}, {2, 70, paper},   {3, 70, border},    {218, 70, border},
         {219, 70, paper}, {110, 2, paper},   {110, 3, border}, {110, 141, border}, {110, 142, paper},
@@ -59,7 +59,7 @@ void expectSample(const QImage& image, const SampleColours& colours) {
     const int scale = static_cast<int>(image.devicePixelRatio());
     for (const auto& row : rows) {
         for (const int part : {0, scale - 1}) {
-            EXPECT_EQ(image.pixelColor(row.x * scale + part, row.y * scale + part).name(), row.colour.name())
+            EXPECT_EQ(image.pixelColor(row.x * scale + part, row.y * scale + part).name(), row.color.name())
                 << row.x << ", " << row.y << " at " << scale;
         }
     }
@@ -100,35 +100,35 @@ protected:
 
 TEST(SampleSchematic, HasEveryObjectAtItsPlaceToThePixel) {
     for (const int scale : {1, 2}) {
-        expectSample(sample(kColours, scale), kColours);
-        SampleColours plain = kColours;
+        expectSample(sample(kColors, scale), kColors);
+        SampleColors plain = kColors;
         plain.grid = {};
         expectSample(sample(plain, scale), plain);
     }
 }
 
 TEST(SampleSchematic, EndsTheGridBeforeTheEdgesOfItsRectangle) {
-    const QImage image = sample(kColours, 1, QSize(38, 38));
-    EXPECT_EQ(image.pixelColor(19, 4), *kColours.grid);
-    EXPECT_EQ(image.pixelColor(34, 4), kColours.border);
-    EXPECT_EQ(image.pixelColor(4, 34), kColours.border);
+    const QImage image = sample(kColors, 1, QSize(38, 38));
+    EXPECT_EQ(image.pixelColor(19, 4), *kColors.grid);
+    EXPECT_EQ(image.pixelColor(34, 4), kColors.border);
+    EXPECT_EQ(image.pixelColor(4, 34), kColors.border);
 }
 
 TEST(SampleSchematic, WritesEachTextInItsColourAtItsPlace) {
     struct {
-        QColor SampleColours::*colour;
+        QColor SampleColors::*color;
         QPoint corner;
         const char* text;
     } const rows[] = {
-        {&SampleColours::label, {90, 50}, "LABEL"},
-        {&SampleColours::attribute, {20, 60}, "ATTR"},
-        {&SampleColours::text, {20, 80}, "TEXT"},
+        {&SampleColors::label, {90, 50}, "LABEL"},
+        {&SampleColors::attribute, {20, 60}, "ATTR"},
+        {&SampleColors::text, {20, 80}, "TEXT"},
     };
     for (const auto& row : rows) {
-        SampleColours colours{Qt::white, Qt::white, Qt::white, Qt::white, Qt::white,
-                              Qt::white, Qt::white, Qt::white, Qt::white};
-        colours.*row.colour = Qt::red;
-        const QRect ink = inkOf(sample(colours), Qt::white);
+        SampleColors colors{Qt::white, Qt::white, Qt::white, Qt::white, Qt::white,
+                            Qt::white, Qt::white, Qt::white, Qt::white};
+        colors.*row.color = Qt::red;
+        const QRect ink = inkOf(sample(colors), Qt::white);
         const QFontMetrics metrics{QFont()};
         const QRect cell(row.corner, QSize(metrics.horizontalAdvance(row.text), metrics.height()));
         EXPECT_TRUE(cell.adjusted(-1, 0, 1, 0).contains(ink)) << row.text;
@@ -138,21 +138,21 @@ TEST(SampleSchematic, WritesEachTextInItsColourAtItsPlace) {
 
 TEST_F(PreviewOfObjects, ShowsTheColoursOfTheGridBeforeTheyAreStored) {
     const std::pair<const char*, QColor> rows[] = {
-        {"BACKGROUND_LAYER", kColours.background},
-        {"BORDER_LAYER", kColours.border},
-        {"BOX", kColours.box},
-        {"PIN", kColours.pin},
-        {"NET", kColours.net},
-        {"LABEL", kColours.label},
-        {"ATTRIBUTE", kColours.attribute},
-        {"TEXT", kColours.text},
-        {"CIRCLE", kColours.circle},
-        {"GRID_LAYER", *kColours.grid},
+        {"BACKGROUND_LAYER", kColors.background},
+        {"BORDER_LAYER", kColors.border},
+        {"BOX", kColors.box},
+        {"PIN", kColors.pin},
+        {"NET", kColors.net},
+        {"LABEL", kColors.label},
+        {"ATTRIBUTE", kColors.attribute},
+        {"TEXT", kColors.text},
+        {"CIRCLE", kColors.circle},
+        {"GRID_LAYER", *kColors.grid},
     };
-    for (const auto& [key, colour] : rows)
-        row("OV", key).setColor(ovsettings::toPacked(colour));
+    for (const auto& [key, color] : rows)
+        row("OV", key).setColor(ovsettings::toPacked(color));
     const QImage image = grab();
-    EXPECT_EQ(image, sample(kColours, 1, image.size()).convertedTo(image.format()));
+    EXPECT_EQ(image, sample(kColors, 1, image.size()).convertedTo(image.format()));
     EXPECT_NE(stored("BOX").at(2), "0x140000");
 }
 
@@ -194,7 +194,7 @@ TEST_F(PreviewOfObjects, ShowsATableWhoseHeadersAndCellsHaveTheColoursOfTheirRow
         }
     }
     struct {
-        int x, y, colour;
+        int x, y, color;
     } const edges[] = {
         {0, 0, kPaper},       {1, 70, kPaper},      {70, 1, kPaper},     {2, 2, kRule},
         {2, 142, kRule},      {2, 143, kPaper},     {218, 2, kRule},     {219, 2, kRule},
@@ -205,7 +205,7 @@ TEST_F(PreviewOfObjects, ShowsATableWhoseHeadersAndCellsHaveTheColoursOfTheirRow
         {74, 50, kFirst},     {94, 40, kFirst + 1},
     };
     for (const auto& edge : edges)
-        EXPECT_EQ(at(edge.x, edge.y), edge.colour) << edge.x << ", " << edge.y;
+        EXPECT_EQ(at(edge.x, edge.y), edge.color) << edge.x << ", " << edge.y;
 }
 
 TEST_F(PreviewOfObjects, WritesDownwardsInColumnHeadersAndUprightElsewhere) {

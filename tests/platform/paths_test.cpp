@@ -20,12 +20,9 @@ TEST(Paths, SplitAtTheLastSeparatorOfEitherKind) {
         const char* directoryOf;
     };
     constexpr Row kRows[] = {
-        {"name.prj", "", "name.prj", true, ""},
-        {"a/b\\c", "a/b", "c", false, "a/b"},
-        {"a\\b/c", "a\\b", "c", false, "a\\b"},
-        {"\\c", "", "c", false, "/"},
-        {"a\\", "a", "", false, "a"},
-        {"", "", "", true, ""},
+        {"name.prj", "", "name.prj", true, ""}, {"a/b\\c", "a/b", "c", false, "a/b"},
+        {"a\\b/c", "a\\b", "c", false, "a\\b"}, {"\\c", "", "c", false, "/"},
+        {"a\\", "a", "", false, "a"},           {"", "", "", true, ""},
     };
     for (const Row& row : kRows) {
         EXPECT_EQ(splitPath(row.text).directory, row.directory) << row.text;

@@ -32,7 +32,7 @@ constexpr const char* kTileImage = ":/ovsettings/images/icttiles.svg";
 constexpr const char* kFace = "Tahoma";
 constexpr int kFontHeight = 11;
 
-constexpr int kRuleColour = 0xc0c0c0;
+constexpr int kRuleColor = 0xc0c0c0;
 constexpr int kDefaultHighlight = 0xff00ff;
 
 struct TileOfKey {
@@ -79,16 +79,16 @@ QFont sampleFont() {
 }
 
 /// A closed cell, whose colour is negative, counts as a row that is not there.
-QColor colourOf(const CMappingRow* row, int otherwise = 0) {
+QColor colorOf(const CMappingRow* row, int otherwise = 0) {
     return toQColor(row && row->getColor() >= 0 ? row->getColor() : otherwise);
 }
 
-QColor textColourOf(const CMappingRow* row) {
+QColor textColorOf(const CMappingRow* row) {
     return toQColor(row ? std::max(row->getTextColor(), 0) : 0);
 }
 
-void fill(GdiPainter& gdi, const QRect& place, const QColor& colour) {
-    gdi.fillRectangle(place.x(), place.y(), place.x() + place.width(), place.y() + place.height(), colour);
+void fill(GdiPainter& gdi, const QRect& place, const QColor& color) {
+    gdi.fillRectangle(place.x(), place.y(), place.x() + place.width(), place.y() + place.height(), color);
 }
 
 bool isVertical(const QRect& place) {
@@ -134,7 +134,7 @@ void CICEPreview::draw(const DrawItem& item) {
         return;
     GdiPainter gdi(item.painter);
     item.painter.setFont(font_);
-    fill(gdi, QRect(QPoint(0, 0), item.size), colourOf(rowOf("INVALIDCELL")));
+    fill(gdi, QRect(QPoint(0, 0), item.size), colorOf(rowOf("INVALIDCELL")));
     drawHeaders(item, gdi);
     drawCells(gdi);
     drawRules(gdi);
@@ -150,7 +150,7 @@ void CICEPreview::drawHeaders(const DrawItem& item, GdiPainter& gdi) const {
         drawItem(item, gdi, column, block);
         if (&block == &blocks_.front()) {
             const QRect frame = indented(column, block.indent);
-            gdi.setPen(colourOf(rowOf("HIGHLIGHT_LAYER"), kDefaultHighlight));
+            gdi.setPen(colorOf(rowOf("HIGHLIGHT_LAYER"), kDefaultHighlight));
             gdi.setHollowBrush();
             gdi.rectangle(frame.x() + 1, frame.y() + 1, frame.x() + frame.width(),
                           frame.y() + frame.height());
@@ -173,7 +173,7 @@ void CICEPreview::drawItem(const DrawItem& item, GdiPainter& gdi, QRect place,
     // The way it reads is that of the whole header, before the indent.
     const bool vertical = isVertical(place);
     place = indented(place, sample.indent);
-    fill(gdi, place, colourOf(row));
+    fill(gdi, place, colorOf(row));
 
     const double ratio = static_cast<double>(tiles_.width()) / (kTileCount * kTileSize.width());
     const QRectF source(*tile * kTileSize.width() * ratio, 0, kTileSize.width() * ratio,
@@ -183,9 +183,9 @@ void CICEPreview::drawItem(const DrawItem& item, GdiPainter& gdi, QRect place,
 
     const QString text = QStringLiteral("$1X");
     if (vertical)
-        gdi.textDownwards(place.x() + place.width() - 3, place.y() + 24, text, textColourOf(row));
+        gdi.textDownwards(place.x() + place.width() - 3, place.y() + 24, text, textColorOf(row));
     else
-        gdi.text(place.x() + 26, place.y() + 4, text, textColourOf(row));
+        gdi.text(place.x() + 26, place.y() + 4, text, textColorOf(row));
 }
 
 void CICEPreview::drawCells(GdiPainter& gdi) const {
@@ -193,8 +193,8 @@ void CICEPreview::drawCells(GdiPainter& gdi) const {
     for (const QPoint& position : kLattice) {
         const QRect cell(kCellsOrigin.x() + position.x() * kCellWidth,
                          kCellsOrigin.y() + position.y() * kCellHeight, kCellWidth, kCellHeight);
-        fill(gdi, cell, colourOf(row));
-        gdi.text(cell.x() + 5, cell.y() + 4, QStringLiteral("P1"), textColourOf(row));
+        fill(gdi, cell, colorOf(row));
+        gdi.text(cell.x() + 5, cell.y() + 4, QStringLiteral("P1"), textColorOf(row));
     }
 }
 
@@ -203,7 +203,7 @@ void CICEPreview::drawRules(GdiPainter& gdi) const {
     const int left = kMargin.width(), top = kMargin.height();
     const int right = kCellsOrigin.x() + columns * kCellWidth;
     const int bottom = kCellsOrigin.y() + rows * kCellHeight;
-    gdi.setPen(toQColor(kRuleColour));
+    gdi.setPen(toQColor(kRuleColor));
     gdi.lines({{left, bottom}, {left, top}, {right, top}});
     for (int x = kCellsOrigin.x(); x <= right; x += kCellWidth)
         gdi.lines({{x, top}, {x, bottom}});

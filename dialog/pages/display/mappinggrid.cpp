@@ -29,8 +29,8 @@ constexpr GridColumn kGridColumns[CMappingRow::kColumns] = {
 
 } // namespace
 
-void CMappingGrid::CMappingGridColorChangeNotifier::onColorChanged(int row, int column, int colour) {
-    grid_.changeColor(row, column, colour);
+void CMappingGrid::CMappingGridColorChangeNotifier::onColorChanged(int row, int column, int color) {
+    grid_.changeColor(row, column, color);
 }
 
 CMappingGrid::CMappingGrid(QWidget* parent) : CGridWnd(parent), notifier_(*this) {

@@ -25,7 +25,7 @@ public:
     class CMappingGridColorChangeNotifier : public IColorChangeObserver {
     public:
         explicit CMappingGridColorChangeNotifier(CMappingGrid& grid) : grid_(grid) {}
-        void onColorChanged(int row, int column, int colour) override;
+        void onColorChanged(int row, int column, int color) override;
 
     private:
         CMappingGrid& grid_;

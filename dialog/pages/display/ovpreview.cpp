@@ -17,21 +17,21 @@ COvPreview::COvPreview(const CMappingGrid& grid) : grid_(grid) {
 void COvPreview::draw(const DrawItem& item) {
     if (item.action != DrawAction::entire)
         return;
-    const auto colourOf = [this](std::string_view key) {
+    const auto colorOf = [this](std::string_view key) {
         const CMappingRow* row = grid_.rowOfKey(key);
         return toQColor(row ? std::max(row->getColor(), 0) : 0); // negative: the cell is closed
     };
     paintSampleSchematic(item, {
-                                   .background = colourOf("BACKGROUND_LAYER"),
-                                   .border = colourOf("BORDER_LAYER"),
-                                   .box = colourOf("BOX"),
-                                   .pin = colourOf("PIN"),
-                                   .net = colourOf("NET"),
-                                   .label = colourOf("LABEL"),
-                                   .attribute = colourOf("ATTRIBUTE"),
-                                   .text = colourOf("TEXT"),
-                                   .circle = colourOf("CIRCLE"),
-                                   .grid = colourOf("GRID_LAYER"),
+                                   .background = colorOf("BACKGROUND_LAYER"),
+                                   .border = colorOf("BORDER_LAYER"),
+                                   .box = colorOf("BOX"),
+                                   .pin = colorOf("PIN"),
+                                   .net = colorOf("NET"),
+                                   .label = colorOf("LABEL"),
+                                   .attribute = colorOf("ATTRIBUTE"),
+                                   .text = colorOf("TEXT"),
+                                   .circle = colorOf("CIRCLE"),
+                                   .grid = colorOf("GRID_LAYER"),
                                });
 }
 

@@ -25,51 +25,51 @@ constexpr Rectangle kCircle{60, 70, 80, 90};
 struct Caption {
     int x, y;
     const char* text;
-    QColor SampleColours::*colour;
+    QColor SampleColors::*color;
 };
 
 // The names of things of the schematic, the same in every language.
 constexpr Caption kCaptions[] = {
-    {90, 50, "LABEL", &SampleColours::label},
-    {20, 60, "ATTR", &SampleColours::attribute},
-    {20, 80, "TEXT", &SampleColours::text},
+    {90, 50, "LABEL", &SampleColors::label},
+    {20, 60, "ATTR", &SampleColors::attribute},
+    {20, 80, "TEXT", &SampleColors::text},
 };
 
-void drawGrid(GdiPainter& gdi, QSize size, const QColor& colour) {
+void drawGrid(GdiPainter& gdi, QSize size, const QColor& color) {
     for (int y = kGridInset; y < size.height() - kGridInset; y += kGridStep) {
         for (int x = kGridInset; x < size.width() - kGridInset; x += kGridStep)
-            gdi.setPixel(x, y, colour);
+            gdi.setPixel(x, y, color);
     }
 }
 
 } // namespace
 
-void paintSampleSchematic(const DrawItem& item, const SampleColours& colours) {
+void paintSampleSchematic(const DrawItem& item, const SampleColors& colors) {
     GdiPainter gdi(item.painter);
     const int width = item.size.width(), height = item.size.height();
-    gdi.fillRectangle(0, 0, width, height, colours.background);
-    gdi.setBrush(colours.background);
+    gdi.fillRectangle(0, 0, width, height, colors.background);
+    gdi.setBrush(colors.background);
 
-    gdi.setPen(colours.border);
+    gdi.setPen(colors.border);
     gdi.rectangle(kBorderInset, kBorderInset, width - kBorderInset, height - kBorderInset);
-    if (colours.grid)
-        drawGrid(gdi, item.size, *colours.grid);
+    if (colors.grid)
+        drawGrid(gdi, item.size, *colors.grid);
 
-    gdi.setPen(colours.box);
+    gdi.setPen(colors.box);
     gdi.rectangle(kBox.left, kBox.top, kBox.right, kBox.bottom);
 
-    gdi.setPen(colours.pin);
+    gdi.setPen(colors.pin);
     gdi.lines({{50, 25}, {60, 25}});
     gdi.ellipse(kPin.left, kPin.top, kPin.right, kPin.bottom);
 
-    gdi.setPen(colours.net);
+    gdi.setPen(colors.net);
     gdi.lines({{60, 25}, {90, 25}, {90, 45}, {120, 45}});
-    gdi.fillRectangle(kNetEnd.left, kNetEnd.top, kNetEnd.right, kNetEnd.bottom, colours.net);
+    gdi.fillRectangle(kNetEnd.left, kNetEnd.top, kNetEnd.right, kNetEnd.bottom, colors.net);
 
     for (const Caption& caption : kCaptions)
-        gdi.text(caption.x, caption.y, QString::fromLatin1(caption.text), colours.*caption.colour);
+        gdi.text(caption.x, caption.y, QString::fromLatin1(caption.text), colors.*caption.color);
 
-    gdi.setPen(colours.circle);
+    gdi.setPen(colors.circle);
     gdi.ellipse(kCircle.left, kCircle.top, kCircle.right, kCircle.bottom);
 }
 

@@ -9,7 +9,7 @@ namespace ovsettings {
 struct DrawItem;
 
 /// What the sample schematic is painted in.
-struct SampleColours {
+struct SampleColors {
     QColor background;
     QColor border;
     QColor box;
@@ -23,6 +23,6 @@ struct SampleColours {
 };
 
 /// Paints a small piece of schematic that has one of each kind of object in it.
-void paintSampleSchematic(const DrawItem& item, const SampleColours& colours);
+void paintSampleSchematic(const DrawItem& item, const SampleColors& colors);
 
 } // namespace ovsettings

@@ -50,15 +50,15 @@ QColor legibleOn(const QColor& background, const QColor& wanted) {
     return light ? Qt::black : Qt::white;
 }
 
-struct RowColours {
+struct RowColors {
     QColor background;
     QColor text;
 };
 
-RowColours coloursOf(const LibraryTypeLook& look, const QPalette& palette, bool selected) {
+RowColors colorsOf(const LibraryTypeLook& look, const QPalette& palette, bool selected) {
     const int stated = selected ? look.selectedBackground : look.background;
     const QColor text = palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
-    if (stated == LibraryTypeLook::kSystemColour)
+    if (stated == LibraryTypeLook::kSystemColor)
         return {palette.color(selected ? QPalette::Highlight : QPalette::Base), text};
     const QColor background = toQColor(stated);
     return {background, legibleOn(background, text)};
@@ -100,9 +100,9 @@ public:
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
         const LibraryRow& library = owner_.item(index.row()).library;
-        const RowColours colours = coloursOf(lookOfLibraryType(library.type), option.palette,
-                                             option.state.testFlag(QStyle::State_Selected));
-        QColor lines = colours.text;
+        const RowColors colors = colorsOf(lookOfLibraryType(library.type), option.palette,
+                                          option.state.testFlag(QStyle::State_Selected));
+        QColor lines = colors.text;
         lines.setAlpha(kLineAlpha);
 
         const int top = option.rect.top();
@@ -111,10 +111,10 @@ public:
         const int split = right * kSplitPercent / 100;
         painter->save();
         GdiPainter gdi(*painter);
-        gdi.fillRectangle(option.rect.left(), top, right, foot + 1, colours.background);
+        gdi.fillRectangle(option.rect.left(), top, right, foot + 1, colors.background);
         const auto drawText = [&](int from, int to, const std::string& text, Qt::TextElideMode elide) {
             const QRect cell(from, top, to - from, foot - top);
-            painter->setPen(colours.text);
+            painter->setPen(colors.text);
             painter->drawText(
                 cell, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                 option.fontMetrics.elidedText(platform::shortened(toQString(text)), elide, cell.width()));
@@ -124,7 +124,7 @@ public:
         gdi.fillRectangle(option.rect.left(), foot, right, foot + 1, lines);
         gdi.fillRectangle(split, top, split + 1, foot, lines);
         if (option.state.testFlag(QStyle::State_HasFocus)) {
-            painter->setPen(QPen(colours.text, 1, Qt::DotLine));
+            painter->setPen(QPen(colors.text, 1, Qt::DotLine));
             painter->drawRect(option.rect.adjusted(0, 0, -1, -2));
         }
         painter->restore();

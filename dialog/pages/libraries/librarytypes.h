@@ -10,7 +10,7 @@ enum LibraryType : int { kPrimary = 0, kWriteable = 1, kReadonly = 2, kMegafile 
 
 /// What the library list shows a type as. Colours are packed, red in the low byte.
 struct LibraryTypeLook {
-    static constexpr int kSystemColour = -1; ///< the palette's, for an item of a list
+    static constexpr int kSystemColor = -1; ///< the palette's, for an item of a list
 
     LibraryType type;
     unsigned nameId; ///< of the string table
@@ -22,7 +22,7 @@ struct LibraryTypeLook {
 inline constexpr LibraryTypeLook kLibraryTypes[] = {
     {kPrimary, 19, "[P]", 0xbbffff, 0x3d79},
     {kWriteable, 17, "[W]", 0xd6ffdb, 0x3e842f},
-    {kReadonly, 16, "[R]", LibraryTypeLook::kSystemColour, LibraryTypeLook::kSystemColour},
+    {kReadonly, 16, "[R]", LibraryTypeLook::kSystemColor, LibraryTypeLook::kSystemColor},
     {kMegafile, 18, "[M]", 0xfff0d8, 0xd38d0a},
 };
 
