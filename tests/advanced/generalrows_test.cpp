@@ -4,6 +4,7 @@
 #include "dialog/pages/advanced/generalrowedit.h"
 #include "dialog/pages/advanced/generalrowunitvalueedit.h"
 #include "orv/appconfiguration.h"
+#include "tests/support/configurationtext.h"
 #include "tests/support/widgets.h"
 
 using namespace ovsettings;
@@ -76,10 +77,9 @@ TEST_F(GeneralRows, LengthOutsideItsLimitsIsRefusedInItsUnit) {
 }
 
 TEST_F(GeneralRows, NumberThatIsLockedIsNotTheUsersToMend) {
-    testsupport::writeFile(
-        installation_.site() / "orvane.xml",
-        R"(<configuration><section path="Orvane/SETTINGS"><value name="SHEETSIZE" locked="yes">12</value>
-                              <value name="GRID_HR" locked="yes">12</value></section></configuration>)");
+    using testsupport::setting;
+    testsupport::writeLevel(installation_.site(),
+                            setting("SHEETSIZE", "12", true) + setting("GRID_HR", "12", true));
     ASSERT_TRUE(appConfig_.load());
     auto& sheet = add<CGeneralRowEdit>("SHEETSIZE", "Sheet");
     auto& grid = add<CGeneralRowUnitValueEdit>("GRID_HR", "Grid", Orv::Metrics::Unit::inch);

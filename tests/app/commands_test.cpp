@@ -1,7 +1,7 @@
 // The commands list, get, set and explain, as the built program runs them on real directories.
 
 #include "tests/app/program.h"
-#include "tests/support/testsupport.h"
+#include "tests/support/configurationtext.h"
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
@@ -190,10 +190,8 @@ std::string squeezed(const std::string& text) {
 }
 
 TEST_F(Commands, ExplainTellsWhatEachDirectorySaysAndWhatWon) {
-    writeFile(userFile(),
-              R"(<configuration><section path="Orvane/SETTINGS"><value name="ROUTE">0</value>)"
-              R"(<value name="SHEETSIZE">3</value><list name="PROPERTIES_TOOLTIP"><item>A&#10;B</item>)"
-              R"(<item>C</item><item>D</item></list></section></configuration>)");
+    writeLevel(installation.user(), setting("ROUTE", "0") + setting("SHEETSIZE", "3") +
+                                        list("Orvane/SETTINGS", "PROPERTIES_TOOLTIP", {"A&#10;B", "C", "D"}));
     const std::string site = installation.site().string();
     const std::string user = installation.user().string();
 

@@ -1,7 +1,7 @@
 // The tour of the settings dialog, run by the built program.
 
 #include "tests/app/program.h"
-#include "tests/support/testsupport.h"
+#include "tests/support/configurationtext.h"
 
 #include <QtGui/QImage>
 
@@ -121,9 +121,7 @@ TEST_F(Tour, DarkPicturesAreDarkAndNamesAreSafeForAFile) {
 }
 
 TEST_F(Tour, PageThatDoesNotLetItselfBeLeftIsNamedOnceAndTheOthersAreVisited) {
-    writeFile(installation.user() / "orvane.xml",
-              "<configuration><section path='Orvane/SETTINGS'>"
-              "<value name='GRID_HR'>0</value></section></configuration>");
+    writeLevel(installation.user(), setting("GRID_HR", "0"));
     writeCatalogue({{"Grid", "Grid"}, {"Nets", "Empty"}, {"Units", "Empty"}});
     const Outcome outcome = runProgram({"tour", pictures.string()}, {{{"LC_ALL", "ja_JP.UTF-8"}}, false, {}});
     EXPECT_EQ(outcome.status, 1);

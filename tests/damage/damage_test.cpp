@@ -22,7 +22,7 @@
 #include "suite/specialcomponentsfile.h"
 #include "suite/symbollibs.h"
 #include "suite/zec.h"
-#include "tests/support/testsupport.h"
+#include "tests/support/configurationtext.h"
 
 #include <algorithm>
 #include <array>
@@ -244,9 +244,7 @@ TEST_P(DamagedLevel, LeavesTheOthersAndIsToldByFileAndLine) {
     const std::array<std::string, 3> keys{"MRU_SIZE", "NET_LENGTH_HR", "GRID_HR"};
     const auto level = static_cast<std::size_t>(GetParam());
     for (std::size_t i = 0; i < levels.size(); ++i)
-        writeFile(levels[i] / "orvane.xml",
-                  "<configuration><section path=\"Orvane/SETTINGS\"><value name=\"" + keys[i] +
-                      "\">7</value></section></configuration>");
+        writeLevel(levels[i], setting(keys[i], "7"));
     std::vector<std::string> messages;
     Orv::IOvConfigurationManager::Instance().SetErrorHandler(
         [&messages](const std::string& message) { messages.push_back(message); });

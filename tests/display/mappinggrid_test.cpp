@@ -10,11 +10,6 @@ namespace {
 
 const std::string kRange = "Please enter a value between 1 and 10";
 
-std::string object(const std::string& name, const std::string& attributes) {
-    return R"(<section path="Orvane/OBJECTS"><group type="object" name=")" + name + "\">" + attributes +
-           "</group></section>";
-}
-
 class MappingGrid : public ObjectsPage {};
 
 } // namespace

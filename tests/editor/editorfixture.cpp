@@ -1,12 +1,10 @@
 #include "tests/editor/editorfixture.h"
 
 void EditorPages::loadAsWritten(const std::vector<Entry>& entries) {
-    std::string values;
-    for (const Entry& entry : entries) {
-        values += "<value name=\"" + entry.key + "\"" + (entry.locked ? " locked=\"yes\"" : "") + ">" +
-                  entry.value + "</value>";
-    }
-    loadSections("<section path=\"Orvane/SETTINGS\">" + values + "</section>");
+    std::string settings;
+    for (const Entry& entry : entries)
+        settings += testsupport::setting(entry.key, entry.value, entry.locked);
+    loadSections(settings);
 }
 
 void EditorPages::load(const std::vector<Entry>& entries) {

@@ -1,6 +1,7 @@
 // What the dialog makes of settings that other programs write while it is open.
 
 #include "tests/host/hostdialog.h"
+#include "tests/support/configurationtext.h"
 
 #include <QtWidgets/QTableView>
 
@@ -69,10 +70,7 @@ protected:
         catalogue(entries);
     }
 
-    void writeSite(const std::string& sections) {
-        testsupport::writeFile(installation_.site() / "orvane.xml",
-                               "<configuration>" + sections + "</configuration>");
-    }
+    void writeSite(const std::string& sections) { testsupport::writeLevel(installation_.site(), sections); }
 
     /// Opens the dialog at a page.
     void runAt(const char* page, const std::function<void(QDialog&)>& script) {

@@ -3,6 +3,7 @@
 #include "orv/appconfiguration.h"
 #include "ovsettings/propdialogtemplate.h"
 #include "store/appcfg.h"
+#include "tests/support/configurationtext.h"
 #include "tests/support/widgets.h"
 
 /// Pages over a loaded configuration, in a window.
@@ -10,8 +11,7 @@ class ConfiguredPages : public testing::Test {
 protected:
     /// Loads a configuration whose site level holds these sections.
     void loadSections(const std::string& sections) {
-        testsupport::writeFile(installation_.site() / "orvane.xml",
-                               "<configuration>" + sections + "</configuration>");
+        testsupport::writeLevel(installation_.site(), sections);
         ASSERT_TRUE(appConfig_.load());
     }
 

@@ -6,7 +6,6 @@
 #include <QtCore/QStringList>
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
-#include <QtWidgets/QAbstractButton>
 
 #include <sstream>
 
@@ -15,10 +14,6 @@ using ovsettings::toUtf8;
 
 const SeenBox kSaveQuestion{"Project Settings", "Do you want to save the changes you've made in this page?",
                             QMessageBox::Question};
-
-std::ostream& operator<<(std::ostream& stream, const SeenBox& box) {
-    return stream << "[" << box.title << ", icon " << box.icon << "] " << box.text;
-}
 
 ProjectPages::ProjectPages() {
     std::filesystem::create_directories(installation_.standard());
@@ -80,24 +75,4 @@ void ProjectPages::type(const std::string& caption, const std::string& text) {
 
 std::string ProjectPages::shown(const std::string& caption) {
     return toUtf8(control<QLineEdit>(caption).text());
-}
-
-SeenBox ProjectPages::boxDuring(const std::function<void()>& operation, const std::string& answer) {
-    SeenBox seen;
-    bool came = false;
-    testsupport::whenModal([&](QWidget& modal) {
-        auto* box = qobject_cast<QMessageBox*>(&modal);
-        ASSERT_NE(box, nullptr) << "a message box was expected";
-        came = true;
-        seen = {toUtf8(box->windowTitle()), toUtf8(box->text()), box->icon()};
-        for (QAbstractButton* button : box->buttons()) {
-            if (button->text().remove(QLatin1Char('&')) == toQString(answer))
-                return button->click();
-        }
-        box->reject();
-        ADD_FAILURE() << "no button " << answer << " in the box: " << seen.text;
-    });
-    operation();
-    EXPECT_TRUE(came) << "no message box came";
-    return seen;
 }

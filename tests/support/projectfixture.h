@@ -10,17 +10,9 @@
 #include <QtWidgets/QWidget>
 
 #include <memory>
-#include <ostream>
 
-/// What a user saw of a message box.
-struct SeenBox {
-    std::string title;
-    std::string text;
-    QMessageBox::Icon icon = QMessageBox::NoIcon;
-
-    bool operator==(const SeenBox&) const = default;
-};
-std::ostream& operator<<(std::ostream& stream, const SeenBox& box);
+using testsupport::boxDuring;
+using testsupport::SeenBox;
 
 /// What a page asks before it is left with changes.
 extern const SeenBox kSaveQuestion;
@@ -62,9 +54,6 @@ protected:
     /// Types a text over the one there is. A long one is pasted.
     void type(const std::string& caption, const std::string& text);
     std::string shown(const std::string& caption);
-
-    /// Calls an operation that shows one message box, and answers it with the button of that caption.
-    SeenBox boxDuring(const std::function<void()>& operation, const std::string& answer = "OK");
 
     testsupport::Installation installation_;
     testsupport::TemporaryDirectory directory_;

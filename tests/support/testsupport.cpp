@@ -92,20 +92,52 @@ Installation::Installation()
         std::filesystem::create_directories(directory);
 }
 
-void whenModal(const std::function<void(QWidget&)>& script) {
+namespace {
+
+/// Runs `script` inside the event loop of the next modal widget that is meant. @return what waits for it.
+QPointer<QTimer> onNextModal(const std::function<bool(const QWidget& modal)>& isMeant,
+                             const std::function<void(QWidget& modal)>& script) {
     // A zero timer fires inside the modal loop, once the widget is on screen; no time is waited for.
     auto* timer = new QTimer(qApp);
     timer->setInterval(0);
-    QObject::connect(timer, &QTimer::timeout, qApp, [timer, script] {
+    QObject::connect(timer, &QTimer::timeout, qApp, [timer, isMeant, script] {
         QWidget* modal = QApplication::activeModalWidget();
-        if (!modal || !modal->isVisible())
+        if (!modal || !modal->isVisible() || !isMeant(*modal))
             return;
         timer->stop();
         timer->deleteLater();
-        const QPointer<QWidget> opened(modal);
-        // The offscreen platform activates no window by itself once another one has closed.
-        QApplication::setActiveWindow(modal);
         script(*modal);
+    });
+    timer->start();
+    return timer;
+}
+
+/// Takes down what a message box shows, and clicks the button of that caption.
+void answerBox(QWidget& modal, const std::string& button, SeenBox& seen) {
+    auto* box = qobject_cast<QMessageBox*>(&modal);
+    ASSERT_NE(box, nullptr) << "a message box was expected, there is a " << modal.metaObject()->className();
+    seen = {box->windowTitle().toStdString(), box->text().toStdString(), box->icon()};
+    for (QAbstractButton* candidate : box->buttons()) {
+        if (plainText(candidate->text()) == button) {
+            candidate->click();
+            return;
+        }
+    }
+    box->done(QDialog::Rejected);
+    FAIL() << "no button " << button << " in the box: " << seen.text;
+}
+
+} // namespace
+
+void whenModal(const std::function<void(QWidget&)>& script) {
+    const auto isMeant = [](const QWidget&) {
+        return true;
+    };
+    onNextModal(isMeant, [script](QWidget& modal) {
+        const QPointer<QWidget> opened(&modal);
+        // The offscreen platform activates no window by itself once another one has closed.
+        QApplication::setActiveWindow(&modal);
+        script(modal);
         if (opened && opened->isVisible()) {
             ADD_FAILURE() << "the script left a " << opened->metaObject()->className() << " open";
             // A dialog may ask before it closes, and a question does not close at all.
@@ -115,7 +147,6 @@ void whenModal(const std::function<void(QWidget&)>& script) {
                 opened->close();
         }
     });
-    timer->start();
 }
 
 void whenDialog(const std::function<void(QDialog&)>& script, std::vector<std::string>* boxes) {
@@ -133,22 +164,25 @@ void whenDialog(const std::function<void(QDialog&)>& script, std::vector<std::st
     });
 }
 
-void answerNextMessageBox(const std::string& button, std::string* seen) {
-    whenModal([button, seen](QWidget& modal) {
-        auto* box = qobject_cast<QMessageBox*>(&modal);
-        ASSERT_NE(box, nullptr) << "a message box was expected, there is a "
-                                << modal.metaObject()->className();
-        if (seen)
-            *seen = box->text().toStdString();
-        for (QAbstractButton* candidate : box->buttons()) {
-            if (plainText(candidate->text()) == button) {
-                candidate->click();
-                return;
-            }
-        }
-        box->done(QDialog::Rejected);
-        FAIL() << "no button " << button << " in the box: " << box->text().toStdString();
+void answerNextMessageBox(const std::string& button, std::string* text) {
+    whenModal([button, text](QWidget& modal) {
+        SeenBox seen;
+        answerBox(modal, button, seen);
+        if (text)
+            *text = seen.text;
     });
+}
+
+std::ostream& operator<<(std::ostream& stream, const SeenBox& box) {
+    return stream << "[" << box.title << ", icon " << box.icon << "] " << box.text;
+}
+
+SeenBox boxDuring(const std::function<void()>& operation, const std::string& answer) {
+    std::optional<SeenBox> seen;
+    whenModal([&](QWidget& modal) { answerBox(modal, answer, seen.emplace()); });
+    operation();
+    EXPECT_TRUE(seen) << "no message box came";
+    return seen.value_or(SeenBox{});
 }
 
 QWidget* controlByCaption(QWidget& root, const std::string& caption) {
@@ -210,17 +244,15 @@ std::vector<std::string> textsIn(const QAbstractItemModel& model) {
 
 std::string messageDuring(const std::function<void()>& operation) {
     std::string message;
-    QTimer enter;
-    QObject::connect(&enter, &QTimer::timeout, &enter, [&enter, &message] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        if (!box || !box->isVisible())
-            return;
-        enter.stop();
-        message = box->text().toStdString();
-        QTest::keyClick(box, Qt::Key_Return);
+    const auto isBox = [](const QWidget& modal) {
+        return qobject_cast<const QMessageBox*>(&modal) != nullptr;
+    };
+    const QPointer<QTimer> waiting = onNextModal(isBox, [&message](QWidget& modal) {
+        message = dynamic_cast<QMessageBox&>(modal).text().toStdString();
+        QTest::keyClick(&modal, Qt::Key_Return);
     });
-    enter.start();
     operation();
+    delete waiting;
     return message;
 }
 

@@ -101,8 +101,8 @@ void whenModal(const std::function<void(QWidget& modal)>& script);
 void whenDialog(const std::function<void(QDialog& dialog)>& script,
                 std::vector<std::string>* boxes = nullptr);
 
-/// Answers the next message box with the button of that caption and returns, through `seen`, its text.
-void answerNextMessageBox(const std::string& button, std::string* seen = nullptr);
+/// Answers the next message box with the button of that caption; `text` receives what it says.
+void answerNextMessageBox(const std::string& button, std::string* text = nullptr);
 
 /// Finds a control by what the user reads: a button, check box or radio button by its own text, any other by
 /// the label beside it. Fails the test, naming the captions there are, and gives null if there is none.

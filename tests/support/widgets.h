@@ -16,6 +16,8 @@
 #include <QtWidgets/QToolButton>
 #include <QtWidgets/QTreeWidget>
 
+#include <ostream>
+
 namespace testsupport {
 
 /// Presses a button or a box with the mouse, where a box has its mark.
@@ -30,6 +32,19 @@ template <typename View>
 std::vector<std::string> textsOf(const View& view) {
     return textsIn(*view.model());
 }
+
+/// What a user saw of a message box.
+struct SeenBox {
+    std::string title;
+    std::string text;
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+
+    bool operator==(const SeenBox&) const = default;
+};
+std::ostream& operator<<(std::ostream& stream, const SeenBox& box);
+
+/// Calls an operation that shows one message box, and answers it with the button of that caption.
+SeenBox boxDuring(const std::function<void()>& operation, const std::string& answer = "OK");
 
 /// Calls an operation that may show a message box, and presses Enter there. @return its text, if any.
 std::string messageDuring(const std::function<void()>& operation);

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "tests/support/testsupport.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace testsupport {
+
+// The texts of configuration files, in parts that stand behind one another.
+
+/// One `<section>` of a configuration file.
+inline std::string section(const std::string& path, const std::string& content) {
+    return "<section path=\"" + path + "\">" + content + "</section>";
+}
+
+inline std::string lockMark(bool locked) {
+    return locked ? " locked=\"yes\"" : "";
+}
+
+inline std::string setting(const std::string& key, const std::string& text, bool locked = false) {
+    return section("Orvane/SETTINGS",
+                   "<value name=\"" + key + "\"" + lockMark(locked) + ">" + text + "</value>");
+}
+
+/// @param lockedItems how many of the items, from the first, are locked.
+inline std::string list(const std::string& path, const std::string& key,
+                        const std::vector<std::string>& items, std::size_t lockedItems = 0) {
+    std::string content;
+    for (std::size_t i = 0; i < items.size(); ++i)
+        content += "<item" + lockMark(i < lockedItems) + ">" + items[i] + "</item>";
+    return section(path, "<list name=\"" + key + "\">" + content + "</list>");
+}
+
+inline std::string attribute(const std::string& name, const std::string& text, bool locked = false) {
+    return "<attribute name=\"" + name + "\"" + lockMark(locked) + ">" + text + "</attribute>";
+}
+
+/// The group of an object.
+inline std::string object(const std::string& key, const std::string& attributes, bool locked = false) {
+    return section("Orvane/OBJECTS", "<group type=\"object\" name=\"" + key + "\"" + lockMark(locked) + ">" +
+                                         attributes + "</group>");
+}
+
+/// The file of a level, with these sections.
+inline std::string configurationText(const std::string& sections) {
+    return "<configuration>" + sections + "</configuration>";
+}
+inline void writeLevel(const std::filesystem::path& level, const std::string& sections) {
+    writeFile(level / "orvane.xml", configurationText(sections));
+}
+
+} // namespace testsupport
