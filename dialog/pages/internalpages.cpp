@@ -70,11 +70,12 @@ constexpr InternalPage kInternalPages[] = {
     {"Objects", add<CObjectColorDialog>, Registered::always},
 };
 
-} // namespace
-
+/// True if the record names a project file.
 bool isProjectOpen(const Orv::CProjectConfiguration* projectConfig) {
     return projectConfig && projectConfig->projectFile && !projectConfig->projectFile->GetFilePath().empty();
 }
+
+} // namespace
 
 void registerInternalPages(CFactoryEx& factory, const Orv::CProjectConfiguration* projectConfig) {
     const bool projectOpen = isProjectOpen(projectConfig);

@@ -13,8 +13,8 @@ constexpr QRgb kBarColour = qRgb(0x9F, 0x9C, 0x96);
 constexpr QPoint kTextOrigin(10, 5);
 constexpr int kCellHeight = 18;
 
-/// The user interface's own face in medium weight, its character cell as high as the bar was drawn for. Fonts
-/// for Japanese are found by the toolkit, glyph by glyph.
+/// The face of the user interface in medium weight, with the line height that the bar was designed for. For
+/// Japanese captions the toolkit finds a font by itself, glyph by glyph.
 QFont captionFont(const QFont& base) {
     QFont font(base);
     font.setWeight(QFont::Medium);

@@ -37,8 +37,8 @@ const char* textOf(const xmlNode& element) {
     return child && child->type == XML_TEXT_NODE ? reinterpret_cast<const char*>(child->content) : nullptr;
 }
 
-/// As deep as the parser lets categories be nested. A category that failed stays open, so that those behind
-/// it would make a chain without end.
+/// The parser limits how deep elements are nested, but a category that failed stays open, so that each one
+/// behind it would stand a level deeper: this limits the levels.
 constexpr std::size_t kDeepest = 255;
 
 /// Turns elements into categories. It keeps the chain of the categories that are open, the innermost last.

@@ -8,9 +8,6 @@ namespace ovsettings {
 
 class CFactoryEx;
 
-/// True if the record names a project file.
-bool isProjectOpen(const Orv::CProjectConfiguration* projectConfig);
-
 /// Enters the page classes of this library under their keys; those of a project only while one is open.
 /// Defined beside the pages, the one place that joins a key and a class.
 void registerInternalPages(CFactoryEx& factory, const Orv::CProjectConfiguration* projectConfig);

@@ -91,8 +91,8 @@ void CPageManager::buildNode(CCategoryNode& node, unsigned parentKey, std::vecto
         return;
     }
     const std::optional<Offer> offer = ask(*node.supplier, node.classid);
-    if (!offer) // and it is not asked again when the dialog goes
-        node.supplier = nullptr;
+    if (!offer)
+        node.supplier = nullptr; // one that threw is not asked again when the dialog goes
     if (!offer || !offer->hasPage)
         return;
     built.push_back({makeStarter(*offer->factory, node.classid, offer->kind), parentKey, node.name, true});
@@ -101,8 +101,8 @@ void CPageManager::buildNode(CCategoryNode& node, unsigned parentKey, std::vecto
         buildNode(*child, key, built);
 }
 
-/// Asks for a page. An add-in that throws is told and gives nothing: it must not keep the user from all other
-/// pages.
+/// Asks for a page. What an add-in throws is told on standard error, and the add-in gives no page: its fault
+/// must not cost the user all other pages. @return nothing if it threw.
 std::optional<CPageManager::Offer> CPageManager::ask(CPropertyPageSupplier& supplier,
                                                      const std::string& pageKey) {
     try {
@@ -113,8 +113,8 @@ std::optional<CPageManager::Offer> CPageManager::ask(CPropertyPageSupplier& supp
         updater_.addUpdater(offer.factory->getUpdater());
         offer.hasPage = offer.factory->hasPage(pageKey);
         offer.kind = offer.hasPage ? offer.factory->factoryKind() : 0;
-        // An add-in may derive from the interface alone and say 2 all the same; only a real one can be given
-        // anything.
+        // An add-in may answer 2 although its factory is no CFactoryEx. Such a factory cannot be given the
+        // configuration objects.
         if (auto* configured = dynamic_cast<CFactoryEx*>(offer.factory);
             configured && offer.kind == kFactoryWithConfigurations)
             configure(*configured);
@@ -130,8 +130,9 @@ void CPageManager::configure(CFactoryEx& factory) {
     factory.setConfigurations(&appConfig_, &projectConfig_);
 }
 
-/// An add-in has one factory for all dialogs. One that was opened while another is up may work on a
-/// configuration that ends with it, and the other one still has pages to make.
+/// An add-in has one factory for all dialogs. Where this dialog was opened while another is up, its
+/// configuration may end with it: the factory is given the outer dialog's again, which still has pages to
+/// make.
 void CPageManager::handBackFactories() {
     std::erase(openManagers(), this);
     for (CFactoryEx* factory : std::exchange(configured_, {})) {
@@ -165,7 +166,7 @@ CPropertyPageSupplier* CPageManager::supplierFor(const std::string& localization
     try {
         entry->second = makeSupplier(localization, catalogueDirectory_, &appConfig_, &projectConfig_);
     } catch (const ComponentError&) {
-        throw; // for the host
+        throw; // to the host
     } catch (...) {
         reportMissingPage(localization);
     }
@@ -184,7 +185,7 @@ void CPageManager::release() {
     Removed removed;
     for (const auto& root : std::exchange(roots_, {}))
         releaseNode(*root, removed);
-    handBackFactories(); // last, for an add-in may throw here
+    handBackFactories(); // last: an add-in may throw here
 }
 
 void CPageManager::releaseNode(CCategoryNode& node, Removed& removed) {

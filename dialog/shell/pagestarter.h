@@ -29,8 +29,8 @@ private:
     std::string pageKey_;
 };
 
-/// A starter for a factory that takes the configuration objects. It keeps them for those who ask it; the
-/// factory has them already, and makes the page without them.
+/// A starter for a factory that takes the configuration objects. The factory was given them before and makes
+/// the page with those, not with the ones here.
 class CPageStarterEx : public CPageStarter {
 public:
     CPageStarterEx(CPropertyPageFactory& factory, std::string pageKey, Orv::iAppConfiguration* appConfig,

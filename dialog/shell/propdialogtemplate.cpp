@@ -53,7 +53,7 @@ unsigned CPropDialogTemplate::dialogId() const {
 
 bool CPropDialogTemplate::createWindow(QWidget* parent) {
     setParent(parent);
-    // Said outright, or the page would appear together with its parent.
+    // Without this call the page would be shown together with its parent.
     hide();
     if (window_ == Window::filled) // a factory may serve one page under several keys
         return true;
@@ -72,7 +72,7 @@ bool CPropDialogTemplate::createWindow(QWidget* parent) {
     setParent(nullptr);
     platform::tell("OvSettings: Cannot create property page dialog '" + runtimeClassName(*this) +
                    "' with IDD=" + std::to_string(templateId_) + " and state in 'OvSettings'");
-    // The callers have no path for a page that failed: it stays in the dialog as an empty one.
+    // True all the same, as callers count on: a page that failed stays in the dialog, with nothing to show.
     return true;
 }
 

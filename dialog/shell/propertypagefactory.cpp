@@ -39,7 +39,8 @@ CPropDialogTemplate* CFactory::makePage(const std::string& pageKey, QWidget* par
         prepare(*page);
         page->createWindow(parent);
     } catch (...) {
-        // A starter that keeps its page has it for the next attempt; nobody else knows of one just made.
+        // Some starters keep their page and give it again at the next attempt. Any other page was made just
+        // now, and nobody else knows of it.
         if (const auto* kept = dynamic_cast<const CDialogStarter*>(starter.get()); kept && kept->page != page)
             delete page;
         throw;

@@ -15,7 +15,7 @@ namespace ovsettings {
 
 namespace {
 
-/// Loads a library of an add-in. What is wrong with one that is there is told.
+/// Loads a library of an add-in. A library that is there and cannot be loaded is told on standard error.
 platform::SharedLibrary load(const std::string& name) {
     platform::SharedLibrary library(name);
     if (!library.defect().empty())

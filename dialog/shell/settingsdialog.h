@@ -93,7 +93,7 @@ private:
     void showActivePageHelp();
 
     void noteActivation(const QEvent& event);
-    /// Not inside a command, a question or another dialog; what is due then stays due.
+    /// Does nothing while a command, a question or another dialog is open; the refresh stays due then.
     void refreshIfDue();
     void refreshSoon();
     void refresh();
@@ -116,8 +116,8 @@ private:
     std::optional<unsigned> shownIndex_; ///< of the page on show, also of one that could not be made
     bool initialised_ = false;
     bool busy_ = false; ///< a command runs; a page may handle events in it, which must not start another
-    bool wasInactive_ = false;                  ///< the application has been, since the dialog opened
-    bool refreshDue_ = false;                   ///< the application has come back since the last refresh
+    bool wasInactive_ = false; ///< the application has left the front and not come back yet
+    bool refreshDue_ = false;  ///< the application has come to the front again since the last refresh
     QPointer<CPropDialogTemplate> currentPage_; ///< the page on show, which is asked on leaving
     std::unique_ptr<CPageManager> manager_;
     std::string catalogueFile_;
