@@ -77,7 +77,7 @@ struct Order {
     bool mayClose = false;
     std::optional<unsigned> refused = {};
     std::string letters = "ABC";
-    std::string edited = "";
+    std::string edited = {};
 };
 
 constexpr char kWholeOk[] = "B?, B ok, save, A?, B?, C?, A ok, C ok, save, told[]";
