@@ -23,7 +23,9 @@ protected:
         return *objects_;
     }
 
-    ovsettings::CMappingGrid& grid(const char* mode = "OV") { return *objects_->grid(mode); }
+    ovsettings::CMappingGrid& grid(const std::string& mode = "OV") {
+        return *objects_->findChild<ovsettings::CMappingGrid*>(mode == "OV" ? "schematicGrid" : "ictGrid");
+    }
     std::string cell(const char* mode, const char* key, int column) {
         return grid(mode).cellText(grid(mode).rowOfKey(key)->row(), column).toStdString();
     }

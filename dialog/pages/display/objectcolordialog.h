@@ -37,10 +37,9 @@ public:
     DroppedEdits followConfiguration() override;
     bool hasUnsavedEdits() const override;
 
+private:
     /// The grid of a mode, "OV" or "ICT"; null if there is none.
     CMappingGrid* grid(std::string_view mode) const;
-
-private:
     void registerGrid(const std::string& mode, CMappingGrid& grid);
     void changeMode();
     bool validate();

@@ -1,5 +1,6 @@
 #include "dialog/pages/editor/newsheetmodel.h"
 
+#include "dialog/widgets/bindings.h"
 #include "store/appcfg.h"
 #include "store/numbers.h"
 #include "store/unitglue.h"
@@ -41,10 +42,6 @@ long number(const Orv::iAppConfiguration& appConfig, const char* key) {
     std::string text;
     Orv::getValue(appConfig, key, text);
     return Orv::longFromText(text);
-}
-
-void storeFlag(Orv::iAppConfiguration& appConfig, const char* key, bool on) {
-    Orv::setValue(appConfig, key, on ? "1" : "0");
 }
 
 } // namespace
@@ -91,10 +88,10 @@ void NewSheetModel::store(Orv::iAppConfiguration& appConfig) {
     // gives his sheets no size that he never chose.
     if (selected_ >= 0)
         Orv::setValue(appConfig, kSizeKey, Orv::integerToText(std::min(selected_, kFirstBorder)));
-    storeFlag(appConfig, kOrientationKey, orientation_ == Orientation::portrait);
-    storeFlag(appConfig, kAddBorderKey, addsBorder_);
-    storeFlag(appConfig, kEnableBordersKey, enablesBorders_);
-    storeFlag(appConfig, kFirstBorderKey, enablesBorders_ && usesFirstBorder_);
+    Orv::setValue(appConfig, kOrientationKey, flagText(orientation_ == Orientation::portrait));
+    Orv::setValue(appConfig, kAddBorderKey, flagText(addsBorder_));
+    Orv::setValue(appConfig, kEnableBordersKey, flagText(enablesBorders_));
+    Orv::setValue(appConfig, kFirstBorderKey, flagText(enablesBorders_ && usesFirstBorder_));
     keep(appConfig);
 }
 
