@@ -157,8 +157,7 @@ std::function<void(QDialog&)> pressing(const char* caption) {
 }
 
 std::string lockedSetting(const std::string& key, const std::string& text) {
-    return "<section path=\"Orvane/SETTINGS\"><value name=\"" + key + "\" locked=\"yes\">" + text +
-           "</value></section>";
+    return testsupport::setting(key, text, true);
 }
 
 std::function<void(QDialog&)> choosingNext(const char* caption) {

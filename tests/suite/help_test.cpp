@@ -5,7 +5,6 @@
 #include "ovsettings/showsettingsdialog.h"
 #include "tests/support/widgets.h"
 
-#include <QtCore/QTimer>
 #include <QtGui/QScreen>
 #include <QtWidgets/QTextBrowser>
 
@@ -136,12 +135,8 @@ TEST_F(Help, EveryPageOpensItsTopicAndOneWithoutATopicTheContents) {
         for (const auto& [expected, pages] : titlesAndPages) {
             for (const std::string& page : pages) {
                 testsupport::selectCategory(dialog, page);
-                // A message in place of a page is not to wait for its answer.
-                QTimer::singleShot(0, &dialog, [] {
-                    if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
-                        box->accept();
-                });
-                testsupport::press(dialog, "Help");
+                EXPECT_EQ(testsupport::messageDuring([&] { testsupport::press(dialog, "Help"); }), "")
+                    << page;
                 ASSERT_EQ(helpWindows().size(), 1U) << page;
                 EXPECT_EQ(helpWindows().front()->windowTitle().toStdString(), expected) << page;
                 helpWindows().front()->close();
