@@ -158,7 +158,8 @@ std::optional<platform::FileError> CObjectSchema::write(const std::string& path)
     xmlDocSetRootElement(document_.get(), root);
     setAttribute(*root, "version", kVersion);
     xmlNode* schema = xmlNewChild(root, nullptr, xml(kSchema), nullptr);
-    // The page's words for its grids are not those of the file, and that is meant.
+    // The words of the page for its grids are not those of the file. That is meant for users, who have files
+    // with these words.
     writeSection(*schema, "schematic", "OV");
     writeSection(*schema, "ict", "ICT");
     const std::string bytes = bytesOf(*document_);

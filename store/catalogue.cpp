@@ -198,7 +198,8 @@ constexpr CatalogueRow kRows[] = {
     {"MRU_PROJECTS", KindList, ""},
     {"PROPERTIES_TOOLTIP", KindList, "REFDES"},
     // Printing colours.
-    // The comma without a blank is meant: the twelfth field holds two colours, so there are fifteen fields.
+    // The comma without a blank is meant for hosts, which count on fifteen fields: the twelfth one holds two
+    // colours.
     {"PRINTINGCOLORS", KindList,
      "0x000000, 0x000000, 0x000000, 0x000000, 0x000000, 0x000000, 0x000000, 0x000000, 0x000000, 0x000000, "
      "0x000000, 0x000000,0x000000, 0xffffff, 0x000000, 0x000000"},

@@ -13,8 +13,8 @@ namespace Orv {
 /// a number out of range as the nearest limit. Infinities and "nan" are no numbers.
 
 OVSETTINGS_API float floatFromText(std::string_view text);
-/// General format with six significant digits, which is meant: every reader of a length expects that. Such as
-/// "0.5", "254000", "1.016e+06".
+/// General format with six significant digits, such as "0.5", "254000", "1.016e+06". So few digits are meant
+/// for hosts and add-ins: all of them read lengths as texts of this form.
 OVSETTINGS_API std::string floatToText(float number);
 
 OVSETTINGS_API double doubleFromText(std::string_view text);

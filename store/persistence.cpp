@@ -54,8 +54,8 @@ bool prepareDirectories(Impl& store, const std::string& projectPath) {
         return true;
     store.lastProjectPath = projectPath;
     if (!findDirectories(store, projectPath)) {
-        // A list that is not fit for use must not be found by the next call; the one before it is forgotten,
-        // too. That is meant.
+        // A list that is not fit for use must not be found by the next call. The one before it is forgotten,
+        // too, which is meant for hosts: their next load looks at the environment again.
         store.directories.clear();
         store.writeDirectory.clear();
         return false;

@@ -53,8 +53,8 @@ constexpr std::array<std::string_view, 11> kSheetKeys{
 
 /// The words of PRINTINGCOLORS, in the order of its slots. They are those of the print dialog and not the
 /// keys of the objects: an attribute is a PROPERTY here, and layers go by their bare names. Objects are
-/// looked up by their keys all the same, and those that are not found print as the first word does; this is
-/// meant.
+/// looked up by their keys all the same, and those that are not found print as the first word does. This is
+/// meant for hosts, whose users have files that count on it.
 constexpr std::array<std::string_view, 17> kPrintingWords{
     "LINE", "BOX",  "TEXT",       "CIRCLE",    "ARC",        "NET",   "PROPERTY", "COMPONENT", "LABEL",
     "PIN",  "WIRE", "ANNOTATION", "SELECTION", "BACKGROUND", "VALUE", "BORDER",   "HIGHLIGHT",
@@ -155,7 +155,8 @@ bool readDefaults(std::string_view text, CPrintingAccess::ObjectDefaults& defaul
         for (auto& [key, value] : defaults) {
             if (!line.starts_with(key))
                 continue;
-            // What is left may begin with another key, so that a line may speak of two; this is meant.
+            // What is left may begin with another key, so that a line may speak of two. This is meant for
+            // hosts, whose files have such lines.
             line.remove_prefix(key.size());
             scan(line, value);
             if (++count == defaults.size())

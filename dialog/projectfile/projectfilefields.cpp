@@ -32,7 +32,8 @@ struct Kind {
 };
 
 /// By ProjectFile. The chooser of special components begins with another pattern than it filters by, and both
-/// messages on border symbols say "Borders Symbol"; that is meant.
+/// messages on border symbols say "Borders Symbol". That is meant for users, who know the page by these
+/// texts.
 constexpr Kind kKinds[] = {
     {"PinComponents",
      {QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields", "Special Components"),

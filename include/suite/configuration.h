@@ -52,9 +52,9 @@ public:
                              const std::string& key) = 0;
     virtual void removeKey(const std::string& path, const std::string& key) = 0;
 
-    /// Stands for what the configuration says, changes that are not written yet included: two configurations
-    /// of one process with the same number say the same. 0, which stands for nothing, is always a true
-    /// answer.
+    /// A number for what the configuration says, changes that are not written yet included: two
+    /// configurations of one process with the same number say the same. 0 is no such number: it comes
+    /// from a host that does not number its configurations.
     virtual std::uint64_t revision() const { return 0; }
 
     /// Stores one attribute of a group, which is made where it is absent. The other attributes and, but in a

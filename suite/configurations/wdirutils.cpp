@@ -74,13 +74,15 @@ bool GetWDIRs(std::vector<std::string>& directories) {
     for (const std::string& entry : splitEntries(*list))
         found.obtain(entry);
     // In this spelling: whoever looks for the installation's name in the entry is to find it. One that stands
-    // elsewhere than last stays there, and who wants it last refuses the list. That is meant.
+    // elsewhere than last stays there: whoever wrote the list chose its order, and the store, which wants the
+    // installation last, refuses the list.
     if (const std::string standard = standardDirectory(); !standard.empty())
         directories[found.obtain(standard)] = standard;
     return true;
 }
 
-/// A project adds no directory of its own. That is meant.
+/// A project adds no directory of its own. That is meant for users, whose settings are the same in every
+/// project.
 bool GetWDIRs(std::vector<std::string>& directories, const std::string&) {
     return GetWDIRs(directories);
 }
