@@ -44,7 +44,7 @@ public:
     int count() const { return count_; }
 
     void read() const {
-        platform::CProfileFile file(path_);
+        platform::ProfileFile file(path_);
         bool whole = !file.load();
         for (int i = 0; i < count_; ++i)
             whole = whole && !file.get(kSection, keyOf(i)).empty();
@@ -52,7 +52,7 @@ public:
     }
 
     void write(int firstNumber) const {
-        platform::CProfileFile file(path_);
+        platform::ProfileFile file(path_);
         bool whole = true;
         for (int i = 0; i < count_; ++i)
             whole = file.set(kSection, keyOf(i), pathOf(firstNumber + i)) && whole;

@@ -95,7 +95,7 @@ void checkEdit(const std::string& text, const Place& place, std::optional<std::s
 
 void checkFile(const fuzz::File& file, std::string_view text, const ProfileDocument& document) {
     file.write(text);
-    platform::CProfileFile profile(file.path());
+    platform::ProfileFile profile(file.path());
     if (profile.load()) {
         require(text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF"));
         require(profile.sectionNames().empty());

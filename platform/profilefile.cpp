@@ -35,11 +35,11 @@ std::optional<FileError> readIfThere(const std::string& path, std::string& bytes
 
 } // namespace
 
-CProfileFile::CProfileFile(std::string path, std::size_t valueLimit)
+ProfileFile::ProfileFile(std::string path, std::size_t valueLimit)
     : path_(std::move(path)), valueLimit_(valueLimit), document_({}, valueLimit) {
 }
 
-std::optional<FileError> CProfileFile::load() {
+std::optional<FileError> ProfileFile::load() {
     changes_.clear();
     std::string bytes;
     auto failure = readIfThere(placeOf(path_), bytes);
@@ -47,13 +47,11 @@ std::optional<FileError> CProfileFile::load() {
     return failure;
 }
 
-std::string CProfileFile::get(std::string_view section, std::string_view key,
-                              std::string_view missing) const {
+std::string ProfileFile::get(std::string_view section, std::string_view key, std::string_view missing) const {
     return document_.value(section, key).value_or(std::string(missing));
 }
 
-bool CProfileFile::set(std::string_view section, std::string_view key,
-                       std::optional<std::string_view> value) {
+bool ProfileFile::set(std::string_view section, std::string_view key, std::optional<std::string_view> value) {
     if (!document_.set(section, key, value))
         return false;
     // Also where it changes nothing here: the file may say something else by the time it is saved.
@@ -61,8 +59,8 @@ bool CProfileFile::set(std::string_view section, std::string_view key,
     return true;
 }
 
-std::optional<FileError> CProfileFile::readChanged(const std::string& path, ProfileDocument& document,
-                                                   bool& differs) const {
+std::optional<FileError> ProfileFile::readChanged(const std::string& path, ProfileDocument& document,
+                                                  bool& differs) const {
     std::string bytes;
     if (auto failure = readIfThere(path, bytes))
         return failure;
@@ -73,7 +71,7 @@ std::optional<FileError> CProfileFile::readChanged(const std::string& path, Prof
     return std::nullopt;
 }
 
-std::optional<FileError> CProfileFile::save(std::chrono::milliseconds timeout) {
+std::optional<FileError> ProfileFile::save(std::chrono::milliseconds timeout) {
     const std::string path = placeOf(path_);
     ProfileDocument document;
     bool differs = false;

@@ -19,12 +19,12 @@ namespace platform {
 ///
 /// Changes are kept as such: saving makes them in the file as it is on disk at that moment, under its lock,
 /// so that two programs that change different keys lose neither.
-class CProfileFile {
+class ProfileFile {
 public:
     /// @param path       as it was given: "\" is a separator, and case is not looked at where the exact name
     ///                   is missing.
     /// @param valueLimit the most bytes of a value that are read.
-    explicit CProfileFile(std::string path, std::size_t valueLimit = std::numeric_limits<std::size_t>::max());
+    explicit ProfileFile(std::string path, std::size_t valueLimit = std::numeric_limits<std::size_t>::max());
 
     /// Reads the file and forgets changes that were not saved. A missing file is an empty one; after an error
     /// there is nothing to ask for. A file in UTF-16 is refused with EILSEQ.

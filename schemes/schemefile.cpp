@@ -23,9 +23,9 @@ enum class LineClass { newScheme, screenColor, printColor, end, layer, unknown }
 
 /// Cuts a text into pieces, without copying. The file's line ends may be those of another system: a carriage
 /// return before a line feed belongs to the line end.
-class CPieces {
+class Pieces {
 public:
-    explicit CPieces(std::string_view text) : rest_(text) {}
+    explicit Pieces(std::string_view text) : rest_(text) {}
 
     bool next(std::string_view& piece) {
         if (rest_.empty())
@@ -94,7 +94,7 @@ bool isPaletteNumber(int number) {
 
 /// Takes the lines of a file one after the other. A colour or layer line ahead of the first scheme is checked
 /// as any other, and goes nowhere.
-class CReader {
+class Reader {
 public:
     ColorSchemeError take(std::string_view line) {
         if (line.starts_with(kComment))
@@ -193,8 +193,8 @@ std::string_view nameForLine(std::string_view name) {
 
 SchemeReading readSchemes(std::string_view text) {
     SchemeReading reading;
-    CReader reader;
-    CPieces pieces(text);
+    Reader reader;
+    Pieces pieces(text);
     std::string_view piece;
     while (reading.error == ColorSchemeError::none && pieces.next(piece))
         reading.error = reader.take(piece);

@@ -41,9 +41,9 @@ private:
 /// Reads the library. @return why it is not there, for the user.
 QString loadLibrary(suite::CentralLibrary& library, const std::string& indexPath) {
     if (indexPath.empty())
-        return CSymbolChooser::tr("The project has no central library.");
+        return SymbolChooser::tr("The project has no central library.");
     const auto error = library.load(indexPath);
-    return error ? CSymbolChooser::tr("The central library is not available: %1")
+    return error ? SymbolChooser::tr("The central library is not available: %1")
                        .arg(QString::fromStdString(*error))
                  : QString();
 }
@@ -51,7 +51,7 @@ QString loadLibrary(suite::CentralLibrary& library, const std::string& indexPath
 } // namespace
 
 std::string showCentralLibraryDialog(IDialogFeed& feed, const std::string& title) {
-    CSymbolChooser::Content content;
+    SymbolChooser::Content content;
     content.title = QString::fromStdString(title);
     content.problem = loadLibrary(content.library, feed.GetCentralLibraryPath());
     LibrarySource source(content.library);
@@ -61,7 +61,7 @@ std::string showCentralLibraryDialog(IDialogFeed& feed, const std::string& title
     if (!owner)
         owner = QApplication::activeModalWidget();
     // The owner takes the dialog along if it is deleted meanwhile.
-    const QPointer<CSymbolChooser> dialog(new CSymbolChooser(std::move(content), owner));
+    const QPointer<SymbolChooser> dialog(new SymbolChooser(std::move(content), owner));
     const bool isChosen = dialog->exec() == QDialog::Accepted;
     if (!dialog)
         return {};

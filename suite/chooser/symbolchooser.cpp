@@ -66,13 +66,13 @@ QLabel* makeCaption(const QString& text, QWidget* buddy, QWidget* parent) {
 
 } // namespace
 
-CSymbolChooser::CSymbolChooser(Content content, QWidget* owner)
+SymbolChooser::SymbolChooser(Content content, QWidget* owner)
     : QDialog(owner),
       library_(std::move(content.library)),
       libraryProblem_(std::move(content.problem)),
       suggested_(table_.append(std::move(content.suggested))),
       listings_(library_.partitions(suite::PartitionType::symbols).size()),
-      model_(new CSymbolListModel(table_, this)) {
+      model_(new SymbolListModel(table_, this)) {
     setWindowTitle(content.title);
     setSizeGripEnabled(true);
     listTimer_.setSingleShot(true);
@@ -80,12 +80,12 @@ CSymbolChooser::CSymbolChooser(Content content, QWidget* owner)
     createControls();
     fillCategories(content.title);
 
-    connect(filter_, &QLineEdit::textChanged, this, &CSymbolChooser::filter);
-    connect(category_, &QComboBox::currentIndexChanged, this, &CSymbolChooser::showCategory);
+    connect(filter_, &QLineEdit::textChanged, this, &SymbolChooser::filter);
+    connect(category_, &QComboBox::currentIndexChanged, this, &SymbolChooser::showCategory);
     connect(list_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            &CSymbolChooser::updateSelection);
+            &SymbolChooser::updateSelection);
     connect(list_, &QTableView::doubleClicked, this, &QDialog::accept);
-    connect(&listTimer_, &QTimer::timeout, this, &CSymbolChooser::listPartitions);
+    connect(&listTimer_, &QTimer::timeout, this, &SymbolChooser::listPartitions);
     // Held arrow keys pass by many symbols; only one that is rested on is read.
     connect(&previewTimer_, &QTimer::timeout, this, [this] {
         if (const std::string symbol = selectedSymbol(); !symbol.empty())
@@ -100,7 +100,7 @@ CSymbolChooser::CSymbolChooser(Content content, QWidget* owner)
     resize(wanted.boundedTo(screen()->availableSize() * 0.9));
 }
 
-void CSymbolChooser::createControls() {
+void SymbolChooser::createControls() {
     filter_ = new QLineEdit(this);
     filter_->setClearButtonEnabled(true);
     filter_->setMinimumWidth(fontMetrics().averageCharWidth() * 18);
@@ -143,7 +143,7 @@ void CSymbolChooser::createControls() {
     count_->setTextFormat(Qt::PlainText);
     count_->setWordWrap(true);
 
-    preview_ = new CSymbolPreview(this);
+    preview_ = new SymbolPreview(this);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     ok_ = buttons->button(QDialogButtonBox::Ok);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
@@ -179,14 +179,14 @@ void CSymbolChooser::createControls() {
     filter_->setFocus();
 }
 
-void CSymbolChooser::fillCategories(const QString& title) {
+void SymbolChooser::fillCategories(const QString& title) {
     category_->addItem(title.isEmpty() ? tr("Suggested") : tr("Suggested for %1").arg(title));
     category_->addItem(tr("All symbols"));
     for (const suite::Partition& partition : library_.partitions(suite::PartitionType::symbols))
         category_->addItem(QString::fromStdString(partition.name));
 }
 
-void CSymbolChooser::showCategory() {
+void SymbolChooser::showCategory() {
     select(std::nullopt);
     // A directory that could not be read may be there again.
     for (const std::size_t partition : shownPartitions()) {
@@ -196,7 +196,7 @@ void CSymbolChooser::showCategory() {
     listPartitions();
 }
 
-void CSymbolChooser::listPartitions() {
+void SymbolChooser::listPartitions() {
     listTimer_.stop();
     QElapsedTimer time;
     time.start();
@@ -212,7 +212,7 @@ void CSymbolChooser::listPartitions() {
     showSymbols();
 }
 
-void CSymbolChooser::list(std::size_t number) {
+void SymbolChooser::list(std::size_t number) {
     const suite::Partition& partition = library_.partitions(suite::PartitionType::symbols)[number];
     std::vector<std::string> names = suite::symbolNames(library_, partition);
     for (std::string& name : names)
@@ -225,7 +225,7 @@ void CSymbolChooser::list(std::size_t number) {
     listing.symbols = table_.append(std::move(names));
 }
 
-void CSymbolChooser::showSymbols() {
+void SymbolChooser::showSymbols() {
     std::optional<SymbolId> selected;
     if (const auto row = selectedRow())
         selected = model_->symbolAt(*row);
@@ -241,45 +241,45 @@ void CSymbolChooser::showSymbols() {
     updateMessages();
 }
 
-void CSymbolChooser::filter() {
+void SymbolChooser::filter() {
     select(std::nullopt);
     showSymbols();
 }
 
-void CSymbolChooser::select(std::optional<int> row) {
+void SymbolChooser::select(std::optional<int> row) {
     list_->setCurrentIndex(row ? model_->index(*row) : QModelIndex());
     updateSelection();
 }
 
-void CSymbolChooser::updateSelection() {
+void SymbolChooser::updateSelection() {
     ok_->setEnabled(selectedRow().has_value());
     previewTimer_.start(0);
 }
 
-void CSymbolChooser::updateMessages() {
+void SymbolChooser::updateMessages() {
     const QString problem = problemText();
     problem_->setText(platform::inItsOrder(problem));
     problemLine_->setVisible(!problem.isEmpty());
     count_->setText(countText());
 }
 
-std::optional<int> CSymbolChooser::selectedRow() const {
+std::optional<int> SymbolChooser::selectedRow() const {
     const QModelIndex current = list_->currentIndex();
     if (!current.isValid() || !list_->selectionModel()->isSelected(current))
         return std::nullopt;
     return current.row();
 }
 
-std::string CSymbolChooser::selectedSymbol() const {
+std::string SymbolChooser::selectedSymbol() const {
     const auto row = selectedRow();
     return row ? table_.name(model_->symbolAt(*row)) : std::string();
 }
 
-bool CSymbolChooser::showsSuggested() const {
+bool SymbolChooser::showsSuggested() const {
     return category_->currentIndex() == kSuggested;
 }
 
-std::vector<std::size_t> CSymbolChooser::shownPartitions() const {
+std::vector<std::size_t> SymbolChooser::shownPartitions() const {
     const int category = category_->currentIndex();
     if (category >= kFirstPartition)
         return {static_cast<std::size_t>(category - kFirstPartition)};
@@ -288,7 +288,7 @@ std::vector<std::size_t> CSymbolChooser::shownPartitions() const {
     return all;
 }
 
-QString CSymbolChooser::problemText() const {
+QString SymbolChooser::problemText() const {
     if (!libraryProblem_.isEmpty())
         return libraryProblem_;
     QStringList unreadable;
@@ -306,7 +306,7 @@ QString CSymbolChooser::problemText() const {
                      .arg(QString::fromStdString(library_.directory()), unreadable.join(QLatin1String(", ")));
 }
 
-QString CSymbolChooser::countText() const {
+QString SymbolChooser::countText() const {
     std::size_t all = showsSuggested() ? suggested_.end - suggested_.begin : 0;
     for (const std::size_t partition : shownPartitions()) {
         if (const auto& symbols = listings_[partition].symbols)
@@ -325,12 +325,12 @@ QString CSymbolChooser::countText() const {
         .arg(locale.toString(model_->rowCount()), locale.toString(static_cast<qulonglong>(all)));
 }
 
-void CSymbolChooser::done(int result) {
+void SymbolChooser::done(int result) {
     lastSize() = size();
     QDialog::done(result);
 }
 
-bool CSymbolChooser::eventFilter(QObject* watched, QEvent* event) {
+bool SymbolChooser::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Wheel && watched == category_ && !category_->hasFocus()) {
         event->ignore();
         return true;

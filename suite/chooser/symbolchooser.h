@@ -19,12 +19,12 @@ class QTableView;
 
 namespace cldialog {
 
-class CSymbolListModel;
-class CSymbolPreview;
+class SymbolListModel;
+class SymbolPreview;
 
 /// The chooser of a symbol: those that were suggested, and by category those of a central library. A
 /// partition's directory is looked at once, when a category that shows it is chosen for the first time.
-class CSymbolChooser : public QDialog {
+class SymbolChooser : public QDialog {
     Q_OBJECT
 
 public:
@@ -35,7 +35,7 @@ public:
         std::vector<std::string> suggested; ///< "PARTITION:NAME"
     };
 
-    CSymbolChooser(Content content, QWidget* owner);
+    SymbolChooser(Content content, QWidget* owner);
 
     /// The name of the selected symbol; empty if none is.
     std::string selectedSymbol() const;
@@ -72,7 +72,7 @@ private:
     SymbolTable table_;
     const SymbolRange suggested_;
     std::vector<Listing> listings_; ///< by number of the symbol partition
-    CSymbolListModel* model_;
+    SymbolListModel* model_;
     QTimer listTimer_;
     QTimer previewTimer_;
 
@@ -82,7 +82,7 @@ private:
     QLabel* problem_;
     QTableView* list_;
     QLabel* count_;
-    CSymbolPreview* preview_;
+    SymbolPreview* preview_;
     QPushButton* ok_;
 };
 

@@ -7,11 +7,11 @@
 
 namespace cldialog {
 
-CSymbolListModel::CSymbolListModel(const SymbolTable& table, QObject* parent)
+SymbolListModel::SymbolListModel(const SymbolTable& table, QObject* parent)
     : QAbstractListModel(parent), table_(table) {
 }
 
-void CSymbolListModel::show(std::vector<SymbolRange> ranges, SymbolQuery query) {
+void SymbolListModel::show(std::vector<SymbolRange> ranges, SymbolQuery query) {
     beginResetModel();
     // Mostly a letter was appended, and what does not match the shorter text need not be looked at again.
     const bool isNarrower = ranges == ranges_ && query.narrows(query_);
@@ -31,14 +31,14 @@ void CSymbolListModel::show(std::vector<SymbolRange> ranges, SymbolQuery query) 
     endResetModel();
 }
 
-std::optional<int> CSymbolListModel::rowOf(SymbolId symbol) const {
+std::optional<int> SymbolListModel::rowOf(SymbolId symbol) const {
     const auto row = std::ranges::find(rows_, symbol);
     if (row == rows_.end())
         return std::nullopt;
     return static_cast<int>(row - rows_.begin());
 }
 
-std::optional<int> CSymbolListModel::nearestRow() const {
+std::optional<int> SymbolListModel::nearestRow() const {
     if (rows_.empty() || query_.isEmpty())
         return std::nullopt;
     auto nearest = SymbolQuery::Nearness::somewhere;
@@ -52,11 +52,11 @@ std::optional<int> CSymbolListModel::nearestRow() const {
     return static_cast<int>(row);
 }
 
-int CSymbolListModel::rowCount(const QModelIndex& parent) const {
+int SymbolListModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(rows_.size());
 }
 
-QVariant CSymbolListModel::data(const QModelIndex& index, int role) const {
+QVariant SymbolListModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
         return {};
     const QString name = QString::fromStdString(table_.name(symbolAt(index.row())));

@@ -10,12 +10,12 @@
 namespace cldialog {
 
 /// The symbols of some ranges of a table that match a query, in the order of the ranges.
-class CSymbolListModel : public QAbstractListModel {
+class SymbolListModel : public QAbstractListModel {
     Q_OBJECT
 
 public:
     /// @param table must outlive the model.
-    CSymbolListModel(const SymbolTable& table, QObject* parent);
+    SymbolListModel(const SymbolTable& table, QObject* parent);
 
     void show(std::vector<SymbolRange> ranges, SymbolQuery query);
 

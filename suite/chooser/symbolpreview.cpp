@@ -29,7 +29,7 @@ void setText(QLabel& label, const QString& text) {
 
 } // namespace
 
-CSymbolPreview::CSymbolPreview(QWidget* parent) : QWidget(parent), properties_(new QTreeWidget(this)) {
+SymbolPreview::SymbolPreview(QWidget* parent) : QWidget(parent), properties_(new QTreeWidget(this)) {
     auto* form = new QFormLayout;
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     const auto addRow = [this, form](const QString& caption) {
@@ -63,13 +63,13 @@ CSymbolPreview::CSymbolPreview(QWidget* parent) : QWidget(parent), properties_(n
     layout->addWidget(properties_);
 }
 
-void CSymbolPreview::clear() {
+void SymbolPreview::clear() {
     for (QLabel* label : {name_, library_, description_, pins_})
         setText(*label, {});
     properties_->clear();
 }
 
-void CSymbolPreview::show(const suite::CentralLibrary& library, const std::string& symbol) {
+void SymbolPreview::show(const suite::CentralLibrary& library, const std::string& symbol) {
     clear();
     const std::string_view text(symbol);
     const auto separator = text.find(Orv::kSymbolSeparator);

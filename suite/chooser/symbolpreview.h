@@ -14,11 +14,11 @@ class CentralLibrary;
 namespace cldialog {
 
 /// What a symbol's file tells of it.
-class CSymbolPreview : public QWidget {
+class SymbolPreview : public QWidget {
     Q_OBJECT
 
 public:
-    explicit CSymbolPreview(QWidget* parent);
+    explicit SymbolPreview(QWidget* parent);
 
     void clear();
     /// Reads the symbol's file.

@@ -42,10 +42,10 @@ int OlhHelpCall(const char* book, const char* topic, int /*flags*/) {
         owner = QApplication::activeModalWidget();
     const auto page = findPage(QString::fromUtf8(book), QString::fromUtf8(topic));
     if (!page) {
-        QMessageBox::information(owner, CHelpWindow::tr("Help"),
-                                 CHelpWindow::tr("There is no help for this page."));
+        QMessageBox::information(owner, HelpWindow::tr("Help"),
+                                 HelpWindow::tr("There is no help for this page."));
         return 0;
     }
-    CHelpWindow::forOwner(owner).showPage(page->bookDirectory, page->file);
+    HelpWindow::forOwner(owner).showPage(page->bookDirectory, page->file);
     return page->isTopic ? 1 : 0;
 }

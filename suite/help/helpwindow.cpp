@@ -22,22 +22,22 @@ constexpr int kLeastCharacters = 40;
 
 } // namespace
 
-CHelpWindow& CHelpWindow::forOwner(QWidget* owner) {
-    static QPointer<CHelpWindow> window;
+HelpWindow& HelpWindow::forOwner(QWidget* owner) {
+    static QPointer<HelpWindow> window;
     if (!window)
-        window = new CHelpWindow(owner);
+        window = new HelpWindow(owner);
     window->moveTo(owner);
     return *window;
 }
 
-CHelpWindow::CHelpWindow(QWidget* owner) : QDialog(owner), browser_(new QTextBrowser(this)) {
+HelpWindow::HelpWindow(QWidget* owner) : QDialog(owner), browser_(new QTextBrowser(this)) {
     setAttribute(Qt::WA_QuitOnClose, false);
     setSizeGripEnabled(true);
 
     browser_->setAccessibleName(tr("Help page"));
     browser_->setOpenLinks(false);
-    connect(browser_, &QTextBrowser::anchorClicked, this, &CHelpWindow::followLink);
-    connect(browser_, &QTextBrowser::sourceChanged, this, &CHelpWindow::showDocumentTitle);
+    connect(browser_, &QTextBrowser::anchorClicked, this, &HelpWindow::followLink);
+    connect(browser_, &QTextBrowser::sourceChanged, this, &HelpWindow::showDocumentTitle);
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     auto* back = buttons->addButton(tr("&Back"), QDialogButtonBox::ActionRole);
@@ -59,7 +59,7 @@ CHelpWindow::CHelpWindow(QWidget* owner) : QDialog(owner), browser_(new QTextBro
     resize(comfortable.boundedTo(screen()->availableSize() * 0.9));
 }
 
-void CHelpWindow::moveTo(QWidget* owner) {
+void HelpWindow::moveTo(QWidget* owner) {
     for (const QWidget* above = owner; above; above = above->parentWidget()) {
         if (above == this)
             return;
@@ -71,7 +71,7 @@ void CHelpWindow::moveTo(QWidget* owner) {
 
 /// On the side that has more room, and narrower than it is if it must be. Where a page could not be read
 /// beside the owner, the place is left to the platform.
-void CHelpWindow::placeBeside(const QWidget& owner) {
+void HelpWindow::placeBeside(const QWidget& owner) {
     const QRect available = owner.screen()->availableGeometry();
     const QRect beside = owner.frameGeometry();
     const QSize edges = beside.size() - owner.size(); // those of this window are not known before it is shown
@@ -85,7 +85,7 @@ void CHelpWindow::placeBeside(const QWidget& owner) {
          std::max(std::min(beside.top(), lowest), available.top()));
 }
 
-void CHelpWindow::showPage(const QString& bookDirectory, const QString& page) {
+void HelpWindow::showPage(const QString& bookDirectory, const QString& page) {
     // "Back" leads neither into another book, whose links could not be followed, nor to what was closed.
     const bool startsAnew = bookDirectory != bookDirectory_ || !isVisible();
     bookDirectory_ = bookDirectory;
@@ -99,7 +99,7 @@ void CHelpWindow::showPage(const QString& bookDirectory, const QString& page) {
     activateWindow();
 }
 
-void CHelpWindow::followLink(const QUrl& url) {
+void HelpWindow::followLink(const QUrl& url) {
     if (!url.isLocalFile())
         return;
     const auto page = helpbook::findLinked(bookDirectory_, url.toLocalFile());
@@ -110,7 +110,7 @@ void CHelpWindow::followLink(const QUrl& url) {
     browser_->setSource(target, QTextDocument::HtmlResource);
 }
 
-void CHelpWindow::showDocumentTitle() {
+void HelpWindow::showDocumentTitle() {
     const QString title = browser_->documentTitle().simplified();
     setWindowTitle(title.isEmpty() ? tr("Help") : platform::inItsOrder(title));
 }

@@ -8,7 +8,7 @@
 
 #include <cerrno>
 
-using platform::CProfileFile;
+using platform::ProfileFile;
 
 namespace {
 
@@ -17,13 +17,13 @@ using namespace testsupport;
 
 constexpr std::optional<std::string_view> kNone;
 
-class ProfileFile : public testing::Test {
+class ProfileFiles : public testing::Test {
 protected:
     fs::path path() const { return directory / "scripts.ini"; }
 
-    CProfileFile loaded(const std::string& text, std::size_t limit = 1024) const {
+    ProfileFile loaded(const std::string& text, std::size_t limit = 1024) const {
         writeFile(path(), text);
-        CProfileFile file(path().string(), limit);
+        ProfileFile file(path().string(), limit);
         EXPECT_FALSE(file.load());
         return file;
     }
@@ -31,25 +31,25 @@ protected:
     TemporaryDirectory directory;
 };
 
-TEST_F(ProfileFile, ReadsNamesWithoutCaseAndValuesTrimmedAndUnquoted) {
-    const CProfileFile file = loaded("stray=before all sections\n"
-                                     "[Tools]\n"
-                                     "  Plain =  a b ; c = d \t\r\n"
-                                     "double=\"  kept  \"\n"
-                                     "single='x'\n"
-                                     "twice=\"\"x\"\"\n"
-                                     "uneven=\"x'\n"
-                                     "one=\"\n"
-                                     "empty=\n"
-                                     ";comment=no\n"
-                                     "no equals sign\n"
-                                     "PLAIN=second\n"
-                                     " [ other ] ; of [these]\n"
-                                     "x=1\n"
-                                     "[TOOLS]\n"
-                                     "late=no\n"
-                                     "[unclosed\n"
-                                     "last=y");
+TEST_F(ProfileFiles, ReadsNamesWithoutCaseAndValuesTrimmedAndUnquoted) {
+    const ProfileFile file = loaded("stray=before all sections\n"
+                                    "[Tools]\n"
+                                    "  Plain =  a b ; c = d \t\r\n"
+                                    "double=\"  kept  \"\n"
+                                    "single='x'\n"
+                                    "twice=\"\"x\"\"\n"
+                                    "uneven=\"x'\n"
+                                    "one=\"\n"
+                                    "empty=\n"
+                                    ";comment=no\n"
+                                    "no equals sign\n"
+                                    "PLAIN=second\n"
+                                    " [ other ] ; of [these]\n"
+                                    "x=1\n"
+                                    "[TOOLS]\n"
+                                    "late=no\n"
+                                    "[unclosed\n"
+                                    "last=y");
     struct Row {
         const char *section, *key, *value;
     };
@@ -73,7 +73,7 @@ TEST_F(ProfileFile, ReadsNamesWithoutCaseAndValuesTrimmedAndUnquoted) {
               (std::vector<std::string>{"Plain", "double", "single", "twice", "uneven", "one", "empty"}));
 }
 
-TEST_F(ProfileFile, ChangesOnlyTheLineOfTheEntry) {
+TEST_F(ProfileFiles, ChangesOnlyTheLineOfTheEntry) {
     struct Row {
         const char* what;
         std::string before;
@@ -106,7 +106,7 @@ TEST_F(ProfileFile, ChangesOnlyTheLineOfTheEntry) {
          std::string("\0\x01[\xFF\n[A]\nk=\0\nn=1\n", 18)},
     };
     for (const Row& row : rows) {
-        CProfileFile file = loaded(row.before);
+        ProfileFile file = loaded(row.before);
         const std::string before = file.get(row.section, row.key, "none");
         EXPECT_TRUE(file.set(row.section, row.key, row.value)) << row.what;
         EXPECT_FALSE(file.save()) << row.what;
@@ -115,8 +115,8 @@ TEST_F(ProfileFile, ChangesOnlyTheLineOfTheEntry) {
     }
 }
 
-TEST_F(ProfileFile, RefusesWhatSuchATextCannotHold) {
-    CProfileFile file = loaded("[A]\nk=1\n");
+TEST_F(ProfileFiles, RefusesWhatSuchATextCannotHold) {
+    ProfileFile file = loaded("[A]\nk=1\n");
     struct Row {
         const char *section, *key;
         std::string_view value;
@@ -132,17 +132,17 @@ TEST_F(ProfileFile, RefusesWhatSuchATextCannotHold) {
     EXPECT_EQ(readFile(path()), "[A]\nk=1\n");
 }
 
-TEST_F(ProfileFile, LongValueIsCutBetweenCharactersAndWritingItBackLosesNothing) {
+TEST_F(ProfileFiles, LongValueIsCutBetweenCharactersAndWritingItBackLosesNothing) {
     const std::string text = "[A]\nk=" + std::string(1023, 'x') + "\xC3\xA4 and more\n";
-    CProfileFile file = loaded(text);
+    ProfileFile file = loaded(text);
     EXPECT_EQ(file.get("A", "k"), std::string(1023, 'x'));
     EXPECT_TRUE(file.set("A", "k", file.get("A", "k")));
     EXPECT_FALSE(file.save());
     EXPECT_EQ(readFile(path()), text);
 }
 
-TEST_F(ProfileFile, KeepsWhatAnotherProgramWroteMeanwhile) {
-    CProfileFile file = loaded("[A]\nmine=1\ntheirs=1\n");
+TEST_F(ProfileFiles, KeepsWhatAnotherProgramWroteMeanwhile) {
+    ProfileFile file = loaded("[A]\nmine=1\ntheirs=1\n");
     EXPECT_TRUE(file.set("A", "mine", "2"));
     EXPECT_TRUE(file.set("A", "gone", kNone));
     writeFile(path(), "; hello\n[A]\ntheirs=2\ngone=1\n");
@@ -151,23 +151,23 @@ TEST_F(ProfileFile, KeepsWhatAnotherProgramWroteMeanwhile) {
     EXPECT_EQ(file.get("A", "theirs"), "2");
 }
 
-TEST_F(ProfileFile, FindsTheFileInAnotherCaseAndThroughBackslashes) {
+TEST_F(ProfileFiles, FindsTheFileInAnotherCaseAndThroughBackslashes) {
     writeFile(directory / "User/Scripts.INI", "[A]\nk=1\n");
-    CProfileFile file((directory / "user\\SCRIPTS.ini").string());
+    ProfileFile file((directory / "user\\SCRIPTS.ini").string());
     ASSERT_FALSE(file.load());
     EXPECT_TRUE(file.set("A", "k", "2"));
     EXPECT_FALSE(file.save());
     EXPECT_EQ(readFile(directory / "User/Scripts.INI"), "[A]\nk=2\n");
 
-    CProfileFile fresh((directory / "USER\\new.ini").string());
+    ProfileFile fresh((directory / "USER\\new.ini").string());
     ASSERT_FALSE(fresh.load());
     EXPECT_TRUE(fresh.set("A", "k", "1"));
     EXPECT_FALSE(fresh.save());
     EXPECT_EQ(readFile(directory / "User/new.ini"), "[A]\nk=1\n");
 }
 
-TEST_F(ProfileFile, WaitsForALockNoLongerThanItIsTold) {
-    CProfileFile file = loaded("[A]\nk=1\n");
+TEST_F(ProfileFiles, WaitsForALockNoLongerThanItIsTold) {
+    ProfileFile file = loaded("[A]\nk=1\n");
     EXPECT_TRUE(file.set("A", "k", "2"));
     platform::AtomicFile held(path().string());
     ASSERT_FALSE(held.lock());
@@ -176,12 +176,12 @@ TEST_F(ProfileFile, WaitsForALockNoLongerThanItIsTold) {
     EXPECT_EQ(failure->code, ETIMEDOUT);
 }
 
-TEST_F(ProfileFile, WhatCannotBeReadIsNeverWritten) {
+TEST_F(ProfileFiles, WhatCannotBeReadIsNeverWritten) {
     const std::string utf16("\xFF\xFE[\0A\0]\0", 8);
     writeFile(path(), utf16);
     fs::create_directories(directory / "directory.ini");
     for (const auto& [place, code] : {std::pair{path(), EILSEQ}, {directory / "directory.ini", EISDIR}}) {
-        CProfileFile file(place.string());
+        ProfileFile file(place.string());
         const auto unread = file.load();
         ASSERT_TRUE(unread);
         EXPECT_EQ(unread->code, code);
@@ -191,13 +191,13 @@ TEST_F(ProfileFile, WhatCannotBeReadIsNeverWritten) {
     EXPECT_EQ(readFile(path()), utf16);
 }
 
-TEST_F(ProfileFile, ProtectedFileFailsOnlyWhereItWouldChange) {
+TEST_F(ProfileFiles, ProtectedFileFailsOnlyWhereItWouldChange) {
     ASSERT_TRUE(giveToUnprivileged(directory.path().c_str()));
     writeFile(path(), "[A]\nk=1\n");
     ASSERT_EQ(chmod(path().c_str(), 0444), 0);
     ASSERT_EQ(chmod(directory.path().c_str(), 0555), 0);
     const int failures = runUnprivileged([&] {
-        CProfileFile file(path().string());
+        ProfileFile file(path().string());
         int wrong = file.load() ? 1 : 0;
         wrong += file.set("A", "k", "1") && !file.save() ? 0 : 2;
         wrong += file.set("A", "k", "2") && file.save() ? 0 : 4;
@@ -208,11 +208,11 @@ TEST_F(ProfileFile, ProtectedFileFailsOnlyWhereItWouldChange) {
     EXPECT_EQ(std::distance(fs::directory_iterator(directory.path()), {}), 1) << "a lock file was left";
 }
 
-TEST_F(ProfileFile, HundredThousandLinesComeBackWhole) {
+TEST_F(ProfileFiles, HundredThousandLinesComeBackWhole) {
     std::string text = "[A]\n";
     for (int i = 0; i < 100000; ++i)
         text += "key" + std::to_string(i) + "=" + std::to_string(i) + "\n";
-    CProfileFile file = loaded(text + "\n[B]\n");
+    ProfileFile file = loaded(text + "\n[B]\n");
     for (int i = 0; i < 100000; i += 2)
         file.set("A", "key" + std::to_string(i), kNone);
     for (int i = 0; i < 100000; i += 2)

@@ -81,7 +81,7 @@ public:
 private:
     static constexpr const char* kSection = "PlanDraw";
 
-    platform::CProfileFile file_;
+    platform::ProfileFile file_;
 };
 
 const std::string kLongComment(20'000, 'c');

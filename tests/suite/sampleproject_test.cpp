@@ -52,7 +52,7 @@ protected:
 
     testsupport::Installation installation;
     const fs::path samples = OV_SAMPLES;
-    platform::CProfileFile index;
+    platform::ProfileFile index;
     std::unique_ptr<NProjectTools::COpenProject> project;
     std::string error;
 };
@@ -103,7 +103,7 @@ TEST_F(SampleProject, TheLibraryHoldsTheSymbolsOfItsIndex) {
         for (const auto& entry :
              fs::directory_iterator(samples / "library" / index.get("Partitions.Symbols", partition))) {
             symbols.insert(entry.path());
-            platform::CProfileFile symbol(entry.path().string());
+            platform::ProfileFile symbol(entry.path().string());
             EXPECT_FALSE(symbol.load());
             EXPECT_EQ(symbol.get("Symbol", "Name"), entry.path().stem()) << entry.path();
             EXPECT_EQ(symbol.get("Symbol", "Partition"), partition) << entry.path();
@@ -152,7 +152,7 @@ TEST_F(SampleProject, BordersAndSpecialComponentsAreSymbolsOfTheLibrary) {
 
 TEST_F(SampleProject, TheInstallationHasTheDefaultFilesOfEveryLayoutTool) {
     const fs::path standard = OV_INSTALLATION "/standard";
-    platform::CProfileFile tools((standard / "pcbsystem.ini").string());
+    platform::ProfileFile tools((standard / "pcbsystem.ini").string());
     ASSERT_FALSE(tools.load());
     for (const std::string& tool : tools.sectionNames()) {
         EXPECT_TRUE(fs::is_regular_file(standard / "isis" / tools.get(tool, "cns"))) << tool;

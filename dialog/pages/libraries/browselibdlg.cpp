@@ -93,7 +93,7 @@ std::string& lastDirectory() {
 
 std::string installedSymbols() {
     const std::string home = platform::installationDirectory();
-    platform::CProfileFile machine(home + kMachineFile, kValueLimit);
+    platform::ProfileFile machine(home + kMachineFile, kValueLimit);
     if (home.empty() || machine.load())
         return {};
     std::string directory = machine.get(kLibrariesSection, kDefaultValue);

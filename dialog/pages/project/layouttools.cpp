@@ -24,7 +24,7 @@ std::string fileName() {
 
 /// The keys in the order of the file. A section that the list of names has no room for is not there, nor is
 /// any behind it.
-std::vector<std::string> toolKeys(const platform::CProfileFile& file) {
+std::vector<std::string> toolKeys(const platform::ProfileFile& file) {
     std::vector<std::string> keys;
     std::size_t size = 1;
     for (const std::string& section : file.sectionNames()) {
@@ -37,7 +37,7 @@ std::vector<std::string> toolKeys(const platform::CProfileFile& file) {
     return keys;
 }
 
-LayoutTool readTool(const platform::CProfileFile& file, const std::string& key) {
+LayoutTool readTool(const platform::ProfileFile& file, const std::string& key) {
     const std::string section = kSectionPrefix + key;
     return {.visible = file.get(section, "display", "true") == "true",
             .displayName = file.get(section, "display_name", "xxx"),
@@ -48,7 +48,7 @@ LayoutTool readTool(const platform::CProfileFile& file, const std::string& key) 
 } // namespace
 
 void LayoutTools::read() {
-    platform::CProfileFile file(fileName(), kBufferSize - 1);
+    platform::ProfileFile file(fileName(), kBufferSize - 1);
     tools_.clear();
     offered_.clear();
     if (file.load()) // a file that cannot be read offers no tools, as one that is not there

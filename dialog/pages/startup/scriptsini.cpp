@@ -25,7 +25,7 @@ void ScriptsIni::setUp(const std::string& fileName, unsigned prefixId) {
 }
 
 void ScriptsIni::read(std::vector<std::string>& list) {
-    platform::CProfileFile file(fileName_);
+    platform::ProfileFile file(fileName_);
     readable_ = hasDirectory() && !file.load();
     list.clear();
     count_ = 0;
@@ -43,7 +43,7 @@ bool ScriptsIni::write(const std::vector<std::string>& list, std::chrono::millis
         return std::all_of(list.begin(), list.end(), [](const std::string& value) { return value.empty(); });
     if (!readable_)
         return false;
-    platform::CProfileFile file(fileName_);
+    platform::ProfileFile file(fileName_);
     bool written = !file.load();
     count_ = std::max(count_, static_cast<int>(list.size()));
     for (int index = 0; index < count_; ++index) {
