@@ -16,7 +16,7 @@ namespace {
 
 using Configuration = Orv::iAppConfiguration;
 
-enum class TextForm { any, flag, singleNumber, number, integer, colour };
+enum class TextForm { any, flag, singleNumber, number, integer, color };
 
 struct KindRow {
     int kind;
@@ -33,7 +33,7 @@ constexpr std::array kKinds{
     KindRow{Configuration::KindText, "text", TextForm::any},
     KindRow{Configuration::KindSize, "size", TextForm::number},
     KindRow{Configuration::KindFont, "font", TextForm::any},
-    KindRow{Configuration::KindIctObject, "ict object", TextForm::colour},
+    KindRow{Configuration::KindIctObject, "ict object", TextForm::color},
 };
 
 struct FieldRow {
@@ -43,7 +43,7 @@ struct FieldRow {
 
 constexpr std::array kFields{
     FieldRow{"VISIBLE", TextForm::flag},    FieldRow{"SELECTABLE", TextForm::flag},
-    FieldRow{"COLOR", TextForm::colour},    FieldRow{"WEIGHT", TextForm::integer},
+    FieldRow{"COLOR", TextForm::color},     FieldRow{"WEIGHT", TextForm::integer},
     FieldRow{"CHARSET", TextForm::integer}, FieldRow{"ITALIC", TextForm::flag},
     FieldRow{"UNDERLINE", TextForm::flag},  FieldRow{"STRIKEOUT", TextForm::flag},
     FieldRow{"BOLD", TextForm::flag},
@@ -80,18 +80,18 @@ std::optional<Number> parse(std::string_view text) {
     return number;
 }
 
-constexpr std::size_t kColourDigits = 6;
+constexpr std::size_t kColorDigits = 6;
 
-std::optional<unsigned> parseColour(std::string_view text) {
+std::optional<unsigned> parseColor(std::string_view text) {
     const auto isDigit = [](unsigned char c) {
         return std::isxdigit(c) != 0;
     };
-    if (!text.starts_with("0x") || text.size() != 2 + kColourDigits ||
+    if (!text.starts_with("0x") || text.size() != 2 + kColorDigits ||
         !std::ranges::all_of(text.substr(2), isDigit))
         return std::nullopt;
-    unsigned colour = 0;
-    std::from_chars(text.data() + 2, text.data() + text.size(), colour, 16);
-    return colour;
+    unsigned color = 0;
+    std::from_chars(text.data() + 2, text.data() + text.size(), color, 16);
+    return color;
 }
 
 // Values end up in XML, which has no means to hold most control characters.
@@ -129,8 +129,8 @@ std::optional<std::string> objectionToText(int kind, std::size_t field, std::str
         if (!parse<int>(text))
             return "a whole number is needed";
         break;
-    case TextForm::colour:
-        if (!parseColour(text))
+    case TextForm::color:
+        if (!parseColor(text))
             return "a colour is 0x and six hexadecimal digits, red first";
         break;
     }
@@ -146,8 +146,8 @@ bool sameMeaning(int kind, std::size_t field, std::string_view one, std::string_
         return parse<double>(one) && parse<double>(one) == parse<double>(other);
     case TextForm::integer:
         return parse<int>(one) && parse<int>(one) == parse<int>(other);
-    case TextForm::colour:
-        return parseColour(one) && parseColour(one) == parseColour(other);
+    case TextForm::color:
+        return parseColor(one) && parseColor(one) == parseColor(other);
     case TextForm::any:
     case TextForm::flag:
         break;

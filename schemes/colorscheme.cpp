@@ -3,7 +3,7 @@
 #include "platform/paths.h"
 #include "platform/readfile.h"
 #include "schemes/schemefile.h"
-#include "store/colours.h"
+#include "store/colors.h"
 
 namespace Orv {
 
@@ -54,7 +54,7 @@ ColorSchemes readColorSchemes(const std::string& path) {
 }
 
 std::string packedColorText(std::int32_t color) {
-    return colourToText(color);
+    return colorToText(color);
 }
 
 const char* colorSchemeLayer(std::size_t slot) noexcept {

@@ -197,7 +197,7 @@ bool iAppConfiguration::setNumber(std::string_view key, float value) {
     return true;
 }
 
-bool iAppConfiguration::getGraphics(std::string_view key, int& visible, int& selectable, int& colour,
+bool iAppConfiguration::getGraphics(std::string_view key, int& visible, int& selectable, int& color,
                                     int& fillStyle, int& lineStyle, int& lineThickness) const noexcept {
     const auto row = findRow(key);
     if (!row || !typed_->hasGraphics[*row])
@@ -205,20 +205,20 @@ bool iAppConfiguration::getGraphics(std::string_view key, int& visible, int& sel
     const auto& graphics = typed_->graphics[*row];
     visible = graphics.visible;
     selectable = graphics.selectable;
-    colour = graphics.colour;
+    color = graphics.colour;
     fillStyle = graphics.fillStyle;
     lineStyle = graphics.lineStyle;
     lineThickness = graphics.lineThickness;
     return true;
 }
 
-bool iAppConfiguration::setGraphics(std::string_view key, int visible, int selectable, int colour,
+bool iAppConfiguration::setGraphics(std::string_view key, int visible, int selectable, int color,
                                     int fillStyle, int lineStyle, int lineThickness) {
     const auto row = findRow(key);
     if (!row || !typed_->hasGraphics[*row])
         return false;
     impl_->aboutToChange(*row);
-    impl_->graphics[*row] = Graphics{visible, selectable, colour, fillStyle, lineStyle, lineThickness};
+    impl_->graphics[*row] = Graphics{visible, selectable, color, fillStyle, lineStyle, lineThickness};
     outdateText(impl_->records[*row]);
     impl_->notify(key, static_cast<float>(visible));
     return true;
@@ -229,13 +229,13 @@ iAppConfiguration::Handle iAppConfiguration::handleOf(std::string_view key) cons
     return row ? Handle(typed_->load << kRowBits | *row) : Handle();
 }
 
-bool iAppConfiguration::getIctColors(std::string_view name, int& colour, int& textColour) const {
+bool iAppConfiguration::getIctColors(std::string_view name, int& color, int& textColor) const {
     int unused = 0;
-    return getGraphics(std::string("ICT").append(name), unused, unused, colour, textColour, unused, unused);
+    return getGraphics(std::string("ICT").append(name), unused, unused, color, textColor, unused, unused);
 }
 
-bool iAppConfiguration::setIctColors(std::string_view name, int colour, int textColour) {
-    return setGraphics(std::string("ICT").append(name), 0, 0, colour, textColour, 0, 0);
+bool iAppConfiguration::setIctColors(std::string_view name, int color, int textColor) {
+    return setGraphics(std::string("ICT").append(name), 0, 0, color, textColor, 0, 0);
 }
 
 bool iAppConfiguration::addSink(iEventSink* sink) {

@@ -1,4 +1,4 @@
-#include "store/colours.h"
+#include "store/colors.h"
 
 #include "store/numbers.h"
 
@@ -15,29 +15,28 @@ int packedFromRedFirst(std::int64_t number) {
 }
 
 template <std::size_t size>
-std::string printed(const char (&format)[size], int colour) {
+std::string printed(const char (&format)[size], int color) {
     char text[16];
-    const int length =
-        std::snprintf(text, sizeof text, format, static_cast<unsigned>(swapRedAndBlue(colour)));
+    const int length = std::snprintf(text, sizeof text, format, static_cast<unsigned>(swapRedAndBlue(color)));
     return {text, static_cast<std::size_t>(length)};
 }
 
 } // namespace
 
-int swapRedAndBlue(int colour) {
-    return (colour & 0xff) << 16 | (colour & 0xff00) | (colour >> 16 & 0xff);
+int swapRedAndBlue(int color) {
+    return (color & 0xff) << 16 | (color & 0xff00) | (color >> 16 & 0xff);
 }
 
-int colourFromText(std::string_view text) {
+int colorFromText(std::string_view text) {
     return packedFromRedFirst(hexadecimalFromText(text));
 }
 
-std::string colourToText(int colour) {
-    return printed("0x%06x", colour);
+std::string colorToText(int color) {
+    return printed("0x%06x", color);
 }
 
-std::string colourToShortText(int colour) {
-    return printed("0x%x", colour);
+std::string colorToShortText(int color) {
+    return printed("0x%x", color);
 }
 
 } // namespace Orv

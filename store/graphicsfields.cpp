@@ -1,7 +1,7 @@
 #include "store/graphicsfields.h"
 
 #include "orv/appconfiguration.h"
-#include "store/colours.h"
+#include "store/colors.h"
 #include "store/numbers.h"
 
 #include <algorithm>
@@ -13,20 +13,20 @@ namespace {
 
 struct GraphicsField {
     int Graphics::*member;
-    bool isColour;
+    bool isColor;
 };
 
 constexpr GraphicsField kObjectFields[] = {
-    {&Graphics::visible, false},   {&Graphics::selectable, false}, {&Graphics::colour, true},
+    {&Graphics::visible, false},   {&Graphics::selectable, false}, {&Graphics::color, true},
     {&Graphics::fillStyle, false}, {&Graphics::lineStyle, false},  {&Graphics::lineThickness, false},
 };
 constexpr GraphicsField kLayerFields[] = {
-    {&Graphics::colour, true},
+    {&Graphics::color, true},
     {&Graphics::fillStyle, false},
     {&Graphics::lineStyle, false},
 };
 constexpr GraphicsField kIctFields[] = {
-    {&Graphics::colour, true},
+    {&Graphics::color, true},
     {&Graphics::fillStyle, true},
 };
 
@@ -50,7 +50,7 @@ Graphics graphicsFromFields(int kind, const std::vector<std::string>& values) {
     const auto fields = fieldsOf(kind);
     for (std::size_t i = 0; i < std::min(fields.size(), values.size()); ++i)
         graphics.*fields[i].member =
-            fields[i].isColour ? colourFromText(values[i]) : integerFromText(values[i]);
+            fields[i].isColor ? colorFromText(values[i]) : integerFromText(values[i]);
     return graphics;
 }
 
@@ -58,7 +58,7 @@ void printGraphics(int kind, const Graphics& graphics, std::vector<std::string>&
     const auto fields = fieldsOf(kind);
     for (std::size_t i = 0; i < std::min(fields.size(), values.size()); ++i) {
         const int number = graphics.*fields[i].member;
-        values[i] = fields[i].isColour ? colourToText(number) : integerToText(number);
+        values[i] = fields[i].isColor ? colorToText(number) : integerToText(number);
     }
 }
 

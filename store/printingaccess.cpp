@@ -4,7 +4,7 @@
 #include "platform/paths.h"
 #include "platform/readfile.h"
 #include "store/appcfg.h"
-#include "store/colours.h"
+#include "store/colors.h"
 #include "store/numbers.h"
 
 #include <algorithm>
@@ -112,7 +112,7 @@ std::size_t printingSlot(std::string_view word) {
 }
 
 /// At the base that the text's own prefix names. A slot that the list does not have is black.
-int printingColour(const iAppConfiguration& appConfig, std::size_t slot) {
+int printingColor(const iAppConfiguration& appConfig, std::size_t slot) {
     std::vector<std::string> texts;
     getValues(appConfig, "PRINTINGCOLORS", texts);
     if (slot >= texts.size())
@@ -333,7 +333,7 @@ bool CPrintingAccess::getPrintObject(std::string_view key, ObjectAttributes& att
         if (getFlag("PRINTFORCEBLACK"))
             attributes.color = slot == kBackgroundSlot ? kWhite : kBlack;
         else
-            attributes.color = printingColour(*appConfig_, slot);
+            attributes.color = printingColor(*appConfig_, slot);
     }
     return graphics.has_value();
 }

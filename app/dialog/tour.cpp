@@ -112,38 +112,38 @@ bool moveToCopyOfUserDirectory(const fs::path& copy) {
     return true;
 }
 
-struct ColourRow {
+struct ColorRow {
     QPalette::ColorRole role;
-    QRgb colour;
+    QRgb color;
     QRgb disabled;
 };
 
-constexpr std::array kDarkColours{
-    ColourRow{QPalette::Window, 0xff2d2d2d, 0xff2d2d2d},
-    ColourRow{QPalette::WindowText, 0xffe6e6e6, 0xff8a8a8a},
-    ColourRow{QPalette::Base, 0xff1e1e1e, 0xff2d2d2d},
-    ColourRow{QPalette::AlternateBase, 0xff262626, 0xff2d2d2d},
-    ColourRow{QPalette::ToolTipBase, 0xff3a3a3a, 0xff3a3a3a},
-    ColourRow{QPalette::ToolTipText, 0xffe6e6e6, 0xff8a8a8a},
-    ColourRow{QPalette::PlaceholderText, 0xff9a9a9a, 0xff6e6e6e},
-    ColourRow{QPalette::Text, 0xffe6e6e6, 0xff8a8a8a},
-    ColourRow{QPalette::Button, 0xff3a3a3a, 0xff333333},
-    ColourRow{QPalette::ButtonText, 0xffe6e6e6, 0xff8a8a8a},
-    ColourRow{QPalette::BrightText, 0xffff5050, 0xff8a8a8a},
-    ColourRow{QPalette::Link, 0xff6ab0ff, 0xff8a8a8a},
-    ColourRow{QPalette::Highlight, 0xff2f65ca, 0xff4a4a4a},
-    ColourRow{QPalette::HighlightedText, 0xffffffff, 0xffb0b0b0},
-    ColourRow{QPalette::Light, 0xff4a4a4a, 0xff4a4a4a},
-    ColourRow{QPalette::Midlight, 0xff404040, 0xff404040},
-    ColourRow{QPalette::Mid, 0xff262626, 0xff262626},
-    ColourRow{QPalette::Dark, 0xff1a1a1a, 0xff1a1a1a},
-    ColourRow{QPalette::Shadow, 0xff000000, 0xff000000},
+constexpr std::array kDarkColors{
+    ColorRow{QPalette::Window, 0xff2d2d2d, 0xff2d2d2d},
+    ColorRow{QPalette::WindowText, 0xffe6e6e6, 0xff8a8a8a},
+    ColorRow{QPalette::Base, 0xff1e1e1e, 0xff2d2d2d},
+    ColorRow{QPalette::AlternateBase, 0xff262626, 0xff2d2d2d},
+    ColorRow{QPalette::ToolTipBase, 0xff3a3a3a, 0xff3a3a3a},
+    ColorRow{QPalette::ToolTipText, 0xffe6e6e6, 0xff8a8a8a},
+    ColorRow{QPalette::PlaceholderText, 0xff9a9a9a, 0xff6e6e6e},
+    ColorRow{QPalette::Text, 0xffe6e6e6, 0xff8a8a8a},
+    ColorRow{QPalette::Button, 0xff3a3a3a, 0xff333333},
+    ColorRow{QPalette::ButtonText, 0xffe6e6e6, 0xff8a8a8a},
+    ColorRow{QPalette::BrightText, 0xffff5050, 0xff8a8a8a},
+    ColorRow{QPalette::Link, 0xff6ab0ff, 0xff8a8a8a},
+    ColorRow{QPalette::Highlight, 0xff2f65ca, 0xff4a4a4a},
+    ColorRow{QPalette::HighlightedText, 0xffffffff, 0xffb0b0b0},
+    ColorRow{QPalette::Light, 0xff4a4a4a, 0xff4a4a4a},
+    ColorRow{QPalette::Midlight, 0xff404040, 0xff404040},
+    ColorRow{QPalette::Mid, 0xff262626, 0xff262626},
+    ColorRow{QPalette::Dark, 0xff1a1a1a, 0xff1a1a1a},
+    ColorRow{QPalette::Shadow, 0xff000000, 0xff000000},
 };
 
 QPalette darkPalette() {
     QPalette palette;
-    for (const ColourRow& row : kDarkColours) {
-        palette.setColor(row.role, QColor::fromRgb(row.colour));
+    for (const ColorRow& row : kDarkColors) {
+        palette.setColor(row.role, QColor::fromRgb(row.color));
         palette.setColor(QPalette::Disabled, row.role, QColor::fromRgb(row.disabled));
     }
     return palette;

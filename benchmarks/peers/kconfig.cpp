@@ -87,7 +87,7 @@ public:
             const QStringList fields = group_.readEntry(key.c_str(), QStringList());
             for (int field = 0; field < kGraphicsFields; ++field) {
                 const unsigned number = static_cast<unsigned>(fields.value(field).toInt(nullptr, 0));
-                sum += field == kColourField ? packedColour(number) : number;
+                sum += field == kColorField ? packedColor(number) : number;
             }
         }
         return sum;

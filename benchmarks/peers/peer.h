@@ -68,11 +68,11 @@ inline constexpr const char* kMakePeer = "makePeer";
 using MakePeer = Peer* (*)(const char* directory);
 
 /// Red in the low byte, as the store packs it, of 0xRRGGBB.
-constexpr unsigned packedColour(unsigned rgb) {
+constexpr unsigned packedColor(unsigned rgb) {
     return (rgb & 0xff0000) >> 16 | (rgb & 0xff00) | (rgb & 0xff) << 16;
 }
 
 inline constexpr int kGraphicsFields = 6;
-inline constexpr int kColourField = 2;
+inline constexpr int kColorField = 2;
 
 } // namespace bench

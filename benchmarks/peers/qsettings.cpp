@@ -82,7 +82,7 @@ public:
             const QStringList fields = settings_->value(key).toStringList();
             for (int field = 0; field < kGraphicsFields; ++field) {
                 const auto number = static_cast<unsigned>(fields.value(field).toInt(nullptr, 0));
-                sum += field == kColourField ? packedColour(number) : number;
+                sum += field == kColorField ? packedColor(number) : number;
             }
         }
         return sum;

@@ -17,7 +17,7 @@ namespace {
 
 using Orv::iAppConfiguration;
 
-constexpr std::string_view kColourLists[] = {"PRINTER", "SCREEN"};
+constexpr std::string_view kColorLists[] = {"PRINTER", "SCREEN"};
 constexpr std::string_view kSettingLists[] = {"PROPERTIES_TOOLTIP", "MRU_PROJECTS"};
 
 /// The section of a file where a kind's keys stand, and the type of its groups.
@@ -40,7 +40,7 @@ constexpr std::array<Place, 10> kPlaces = {{
 }};
 
 std::string sectionOf(const Statement& statement, int kind) {
-    if (std::ranges::find(kColourLists, statement.key) != std::end(kColourLists))
+    if (std::ranges::find(kColorLists, statement.key) != std::end(kColorLists))
         return "Orvane/COLORS";
     if (std::ranges::find(kSettingLists, statement.key) != std::end(kSettingLists))
         return "Orvane/SETTINGS";

@@ -9,7 +9,7 @@ namespace ovsettings {
 
 namespace {
 
-constexpr QRgb kBarColour = qRgb(0x9F, 0x9C, 0x96);
+constexpr QRgb kBarColor = qRgb(0x9F, 0x9C, 0x96);
 constexpr QPoint kTextOrigin(10, 5);
 constexpr int kCellHeight = 18;
 
@@ -48,7 +48,7 @@ QSize CCaptionLabel::minimumSizeHint() const {
 
 void CCaptionLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.fillRect(rect(), QColor(kBarColour));
+    painter.fillRect(rect(), QColor(kBarColor));
     painter.setFont(captionFont(font()));
     painter.setPen(Qt::white);
     const QFontMetrics metrics = painter.fontMetrics();

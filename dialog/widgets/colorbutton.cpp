@@ -5,7 +5,7 @@
 #include "dialog/widgets/grid/gridwnd.h"
 #include "dialog/widgets/ownseccolorwell.h"
 #include "dialog/widgets/stringconversion.h"
-#include "store/colours.h"
+#include "store/colors.h"
 #include "store/numbers.h"
 
 #include <QtGui/QPainter>
@@ -22,7 +22,7 @@ constexpr int kMargin = 3;
 /// A decimal cell text is packed as it stands, a hexadecimal one has red first.
 int colorFromCell(const std::string& text) {
     const bool isHexadecimal = text.find_first_of("xX") != std::string::npos;
-    return isHexadecimal ? Orv::colourFromText(text) : Orv::integerFromText(text) & kRgb;
+    return isHexadecimal ? Orv::colorFromText(text) : Orv::integerFromText(text) & kRgb;
 }
 
 } // namespace

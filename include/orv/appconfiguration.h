@@ -164,11 +164,11 @@ public:
     /// The six graphics fields of an object, layer or ICT property. Colours are packed with red in the low
     /// byte. A layer uses colour, fill style and line style; an ICT object has its text colour in the fill
     /// style. Allocates nothing. @return false, with the outputs untouched, if there are none of that key.
-    bool getGraphics(std::string_view key, int& visible, int& selectable, int& colour, int& fillStyle,
+    bool getGraphics(std::string_view key, int& visible, int& selectable, int& color, int& fillStyle,
                      int& lineStyle, int& lineThickness) const noexcept;
     /// Changes the six cached fields and tells the sinks of the first. @return false if there are none of
     /// that key.
-    bool setGraphics(std::string_view key, int visible, int selectable, int colour, int fillStyle,
+    bool setGraphics(std::string_view key, int visible, int selectable, int color, int fillStyle,
                      int lineStyle, int lineThickness);
 
     /// The handle of a key of any kind, valid until the next load; for an unknown key one that never is.
@@ -188,8 +188,8 @@ public:
     }
 
     /// The two packed colours of the ICT object "ICT" + name. @return false if there is none.
-    bool getIctColors(std::string_view name, int& colour, int& textColour) const;
-    bool setIctColors(std::string_view name, int colour, int textColour);
+    bool getIctColors(std::string_view name, int& color, int& textColor) const;
+    bool setIctColors(std::string_view name, int color, int textColor);
 
     /// A sink may call every operation of the store from inside its notification, these two included; one
     /// added there is told from the next notification on, one removed there is not told any more.

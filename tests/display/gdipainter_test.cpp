@@ -108,7 +108,7 @@ TEST(GdiPainter, PlacesATextByTheCornerOfItsCell) {
     }
 }
 
-TEST(GdiPainter, KeepsRedInTheLowByteOfAPackedColour) {
+TEST(GdiPainter, KeepsRedInTheLowByteOfAPackedColor) {
     EXPECT_EQ(ovsettings::toQColor(0x80B0E0), QColor(0xE0, 0xB0, 0x80));
     EXPECT_EQ(ovsettings::toPacked(QColor(0xE0, 0xB0, 0x80, 0x10)), 0x80B0E0);
 }

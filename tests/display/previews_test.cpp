@@ -114,7 +114,7 @@ TEST(SampleSchematic, EndsTheGridBeforeTheEdgesOfItsRectangle) {
     EXPECT_EQ(image.pixelColor(4, 34), kColors.border);
 }
 
-TEST(SampleSchematic, WritesEachTextInItsColourAtItsPlace) {
+TEST(SampleSchematic, WritesEachTextInItsColorAtItsPlace) {
     struct {
         QColor SampleColors::*color;
         QPoint corner;
@@ -136,7 +136,7 @@ TEST(SampleSchematic, WritesEachTextInItsColourAtItsPlace) {
     }
 }
 
-TEST_F(PreviewOfObjects, ShowsTheColoursOfTheGridBeforeTheyAreStored) {
+TEST_F(PreviewOfObjects, ShowsTheColorsOfTheGridBeforeTheyAreStored) {
     const std::pair<const char*, QColor> rows[] = {
         {"BACKGROUND_LAYER", kColors.background},
         {"BORDER_LAYER", kColors.border},
@@ -156,7 +156,7 @@ TEST_F(PreviewOfObjects, ShowsTheColoursOfTheGridBeforeTheyAreStored) {
     EXPECT_NE(stored("BOX").at(2), "0x140000");
 }
 
-TEST_F(PreviewOfObjects, ShowsATableWhoseHeadersAndCellsHaveTheColoursOfTheirRows) {
+TEST_F(PreviewOfObjects, ShowsATableWhoseHeadersAndCellsHaveTheColorsOfTheirRows) {
     QTest::mouseClick(testsupport::controlByCaption(window_, "ICT"), Qt::LeftButton);
     const char* const keys[] = {"BLOCK",    "COMPONENT", "FUB",      "FPGA",        "SYMBOL",
                                 "PIN",      "GROUP",     "NET",      "NETS",        "BUS",

@@ -354,7 +354,7 @@ TEST_F(LibrariesPage, WithoutALibraryListThereIsNothingToDo) {
     EXPECT_EQ(libraries(), "");
 }
 
-TEST_F(LibrariesPage, ARowIsDrawnInTheColoursOfItsTypeAndStaysLegible) {
+TEST_F(LibrariesPage, ARowIsDrawnInTheColorsOfItsTypeAndStaysLegible) {
     struct Row {
         int type;
         int background; ///< -1: the palette's

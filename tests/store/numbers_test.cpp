@@ -1,4 +1,4 @@
-#include "store/colours.h"
+#include "store/colors.h"
 #include "store/numbers.h"
 
 #include <gtest/gtest.h>
@@ -37,7 +37,7 @@ TEST(Numbers, IntegersStopAtTheFirstOtherCharacterAndAtTheirLimits) {
         EXPECT_EQ(integerFromText(text), number) << text;
 }
 
-TEST(Numbers, ColoursSwapRedAndBlueAndComeBackInLowerCase) {
+TEST(Numbers, ColorsSwapRedAndBlueAndComeBackInLowerCase) {
     const struct {
         const char* text;
         int packed;
@@ -55,8 +55,8 @@ TEST(Numbers, ColoursSwapRedAndBlueAndComeBackInLowerCase) {
         {"0xfffffffffffffffffff", 0xffffff, "0xffffff", "0xffffff"},
     };
     for (const auto& row : rows) {
-        EXPECT_EQ(colourFromText(row.text), row.packed) << row.text;
-        EXPECT_EQ(colourToText(row.packed), row.normal) << row.text;
-        EXPECT_EQ(colourToShortText(row.packed), row.brief) << row.text;
+        EXPECT_EQ(colorFromText(row.text), row.packed) << row.text;
+        EXPECT_EQ(colorToText(row.packed), row.normal) << row.text;
+        EXPECT_EQ(colorToShortText(row.packed), row.brief) << row.text;
     }
 }

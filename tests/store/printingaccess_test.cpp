@@ -17,12 +17,12 @@ protected:
         access.setString("PRINTFORCEBLACK", forceBlack);
     }
     template <typename Key>
-    int printedColour(Key key) const {
+    int printedColor(Key key) const {
         ObjectAttributes attributes;
         access.getPrintObject(key, attributes);
         return attributes.color;
     }
-    int objectColour(int number) const {
+    int objectColor(int number) const {
         ObjectAttributes attributes;
         access.getObject(number, attributes);
         return attributes.color;
@@ -113,38 +113,38 @@ TEST_F(PrintingAccess, TheStylesShareAWordWithWhatTheHostKeepsThere) {
     }
 }
 
-TEST_F(PrintingAccess, PrintsInTheColourOfTheSlot) {
+TEST_F(PrintingAccess, PrintsInTheColorOfTheSlot) {
     constexpr int kRed = 0x0000ff;
     constexpr int kGreenOnScreen = 0x00ff00;
-    EXPECT_EQ(printedColour("NET"), kGreenOnScreen) << "nothing is printed yet";
+    EXPECT_EQ(printedColor("NET"), kGreenOnScreen) << "nothing is printed yet";
     store.setNumber("PRINTING", 2.0F);
-    EXPECT_EQ(printedColour("NET"), kGreenOnScreen) << "only exactly 1 is printing";
+    EXPECT_EQ(printedColor("NET"), kGreenOnScreen) << "only exactly 1 is printing";
 
     print("1");
     for (const char* key : {"LINE", "NET", "BACKGROUND_LAYER", "SELECTION"})
-        EXPECT_EQ(printedColour(key), 0) << key;
-    EXPECT_EQ(printedColour("BACKGROUND"), 0xffffff);
+        EXPECT_EQ(printedColor(key), 0) << key;
+    EXPECT_EQ(printedColor("BACKGROUND"), 0xffffff);
     ObjectAttributes background;
     EXPECT_FALSE(access.getPrintObject("BACKGROUND", background)) << "no key of the configuration";
 
     // The default list has its twelfth and thirteenth colours in one field, so later ones are a place early.
     print("0");
-    EXPECT_EQ(printedColour("SELECTION"), 0xffffff);
-    EXPECT_EQ(printedColour("BACKGROUND"), 0);
-    EXPECT_EQ(printedColour("BORDER"), 0) << "beyond the end of the list";
+    EXPECT_EQ(printedColor("SELECTION"), 0xffffff);
+    EXPECT_EQ(printedColor("BACKGROUND"), 0);
+    EXPECT_EQ(printedColor("BORDER"), 0) << "beyond the end of the list";
 
     ASSERT_TRUE(store.setProperty([] {
-        Property colours("PRINTINGCOLORS");
-        colours.values = {"0xff0000", "16711680", "0x00ff00,0x1", "word", "010", "0x0000ff", "0x123456"};
-        return colours;
+        Property colors("PRINTINGCOLORS");
+        colors.values = {"0xff0000", "16711680", "0x00ff00,0x1", "word", "010", "0x0000ff", "0x123456"};
+        return colors;
     }()));
     const std::map<int, int> printed{{0, kRed}, {1, kRed},     {2, 0x00ff00},
                                      {3, 0},    {4, 0x080000}, {5, 0xff0000}};
-    for (const auto& [number, colour] : printed)
-        EXPECT_EQ(printedColour(number), colour) << number;
-    EXPECT_EQ(printedColour("PROPERTY"), 0x563412);
+    for (const auto& [number, color] : printed)
+        EXPECT_EQ(printedColor(number), color) << number;
+    EXPECT_EQ(printedColor("PROPERTY"), 0x563412);
     for (const char* other : {"ATTRIBUTE", "VALUE_LAYER", "BUS"})
-        EXPECT_EQ(printedColour(other), kRed) << other << " has no slot of its own";
+        EXPECT_EQ(printedColor(other), kRed) << other << " has no slot of its own";
 }
 
 TEST_F(PrintingAccess, HeldObjectsStayUntilTheyAreReleased) {
@@ -152,24 +152,24 @@ TEST_F(PrintingAccess, HeldObjectsStayUntilTheyAreReleased) {
     access.holdObjects(true);
     access.setFlag("PRINTING", false);
     access.holdObjects(true);
-    EXPECT_EQ(objectColour(5), 0) << "as it was printed when the holding began";
-    EXPECT_EQ(objectColour(11), 0);
+    EXPECT_EQ(objectColor(5), 0) << "as it was printed when the holding began";
+    EXPECT_EQ(objectColor(11), 0);
     ObjectAttributes line;
     line.otherBits = 0x123456;
     EXPECT_TRUE(access.getObject(0, line));
     EXPECT_EQ(line.otherBits, 0x123456U) << "the host's";
     line.color = 0x010203;
     access.setObject(0, line);
-    EXPECT_EQ(objectColour(0), 0x010203);
+    EXPECT_EQ(objectColor(0), 0x010203);
     access.holdObjects(false);
-    EXPECT_EQ(objectColour(5), 0);
+    EXPECT_EQ(objectColor(5), 0);
     access.holdObjects(false);
-    EXPECT_EQ(objectColour(5), 0x00ff00);
+    EXPECT_EQ(objectColor(5), 0x00ff00);
 
     access.holdObjects(false);
-    EXPECT_EQ(objectColour(5), 0) << "at -1, what was held last";
+    EXPECT_EQ(objectColor(5), 0) << "at -1, what was held last";
     access.holdObjects(true);
-    EXPECT_EQ(objectColour(5), 0x00ff00);
+    EXPECT_EQ(objectColor(5), 0x00ff00);
 }
 
 TEST_F(PrintingAccess, DefaultsComeFromAFileThatNamesAllObjects) {

@@ -196,10 +196,10 @@ TEST_F(Store, GraphicsAndTextShowTheSameThing) {
     EXPECT_EQ(values("HIGHLIGHT_LAYER"), (Texts{"0x030201", "2", "3"}));
     store.setIctColors("NET", 0x010203, 0x040506);
     EXPECT_EQ(values("ICTNET"), (Texts{"0x030201", "0x060504"}));
-    int colour = 0;
-    int textColour = 0;
-    EXPECT_TRUE(store.getIctColors("NET", colour, textColour));
-    EXPECT_EQ(std::pair(colour, textColour), std::pair(0x010203, 0x040506));
+    int color = 0;
+    int textColor = 0;
+    EXPECT_TRUE(store.getIctColors("NET", color, textColor));
+    EXPECT_EQ(std::pair(color, textColor), std::pair(0x010203, 0x040506));
 }
 
 TEST_F(Store, NewDefaultsReplaceLockedValuesAndKeepOneLockAField) {

@@ -32,7 +32,7 @@ protected:
     ColorCells() {
         grid.setColumnCount(2);
         grid.setRowCount(3);
-        grid.setCellStyle(2, 2, {.kind = ovsettings::GridCellKind::colour});
+        grid.setCellStyle(2, 2, {.kind = ovsettings::GridCellKind::color});
         grid.setCellText(2, 2, QString::number(kBlue));
         grid.button.setPalette({kRed, kGreen, kBlue, 0, 1, 2, 3, 4, 5, 6});
         grid.button.setObserver(this);

@@ -171,7 +171,7 @@ TEST_F(Grid, WorksOnControlsInPlace) {
     const int across = add("Across", {.kind = GridCellKind::radioGroup, .choices = choices}, "0");
     const int down =
         add("Down", {.kind = GridCellKind::radioGroup, .choices = choices, .orientation = Qt::Vertical}, "2");
-    const int colour = add("Colour", {.kind = GridCellKind::colour}, "255");
+    const int color = add("Colour", {.kind = GridCellKind::color}, "255");
     grid_.setWidthOfColumn(2, 300);
 
     for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_F2}) {
@@ -186,7 +186,7 @@ TEST_F(Grid, WorksOnControlsInPlace) {
         EXPECT_EQ(grid_.text(down, 2), "0");
         grid_.setCellText(down, 2, "2");
         grid_.calls.clear();
-        goTo(colour);
+        goTo(color);
         press(key);
         EXPECT_EQ(grid_.calls, (Calls{"pressed 4 2"}));
     }
@@ -203,13 +203,13 @@ TEST_F(Grid, WorksOnControlsInPlace) {
     click(grid_.centre(down, 2));
     EXPECT_EQ(grid_.text(down, 2), "1");
     grid_.calls.clear();
-    click(grid_.centre(colour, 2));
+    click(grid_.centre(color, 2));
     EXPECT_EQ(grid_.calls, (Calls{"click 4 2", "pressed 4 2"}));
 }
 
 TEST_F(Grid, ReadOnlyCellsAreReachedAndNotChanged) {
     for (const auto kind : {GridCellKind::text, GridCellKind::maskedEdit, GridCellKind::checkBox,
-                            GridCellKind::dropDown, GridCellKind::radioGroup, GridCellKind::colour}) {
+                            GridCellKind::dropDown, GridCellKind::radioGroup, GridCellKind::color}) {
         const int row = add("Locked", {.kind = kind, .readOnly = true, .choices = {"a", "b"}}, "0");
         goTo(row);
         ASSERT_EQ(grid_.currentRow(), row);
@@ -428,8 +428,8 @@ TEST_F(Grid, TellsWhoCannotSeeItWhatEachCellIs) {
     add("Name", locked, "a\nb");
     add("Flag", {.kind = GridCellKind::checkBox}, "1");
     add("Mode", {.kind = GridCellKind::radioGroup, .choices = {"x", "y"}}, "1");
-    add("Ink", {.kind = GridCellKind::colour}, "255");
-    add("Odd", {.kind = GridCellKind::colour}, "no colour");
+    add("Ink", {.kind = GridCellKind::color}, "255");
+    add("Odd", {.kind = GridCellKind::color}, "no colour");
     auto* table = QAccessible::queryAccessibleInterface(&grid_)->tableInterface();
     add("Own", {.accessibleName = "Ninth"}, "x");
     const char* const names[] = {"Name, Value, a b",    "Flag, Value, checked", "Mode, Value, y",
@@ -446,8 +446,8 @@ TEST_F(Grid, TellsWhoCannotSeeItWhatEachCellIs) {
     EXPECT_EQ(QApplication::focusWidget()->accessibleName().toStdString(), "Name, Value");
 }
 
-TEST_F(Grid, PaintsStatedColours) {
-    const int ink = add("Ink", {.kind = GridCellKind::colour}, "16711680"); // blue in the high byte
+TEST_F(Grid, PaintsStatedColors) {
+    const int ink = add("Ink", {.kind = GridCellKind::color}, "16711680"); // blue in the high byte
     const int paper = add("Paper", {.interior = QColor(1, 2, 3)}, "");
     grid_.clearSelection();
     const QImage picture = grid_.viewport()->grab().toImage();

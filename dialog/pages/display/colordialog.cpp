@@ -12,7 +12,7 @@
 #include "platform/installation.h"
 #include "platform/paths.h"
 #include "store/appcfg.h"
-#include "store/colours.h"
+#include "store/colors.h"
 #include "store/numbers.h"
 #include "ui_colordialog.h"
 
@@ -64,14 +64,14 @@ Orv::CColorScheme::Numbers readColors(const Orv::iAppConfiguration& appConfig, c
     Orv::getValues(appConfig, key, values);
     values.resize(kPaletteSize);
     Orv::CColorScheme::Numbers colors{};
-    std::ranges::transform(values, colors.begin(), Orv::colourFromText);
+    std::ranges::transform(values, colors.begin(), Orv::colorFromText);
     return colors;
 }
 
 void storeColors(Orv::iAppConfiguration& appConfig, const char* key,
                  const Orv::CColorScheme::Numbers& colors) {
     std::vector<std::string> values(colors.size());
-    std::ranges::transform(colors, values.begin(), Orv::colourToText);
+    std::ranges::transform(colors, values.begin(), Orv::colorToText);
     Orv::setValues(appConfig, key, values);
 }
 

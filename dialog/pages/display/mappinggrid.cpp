@@ -3,7 +3,7 @@
 #include "dialog/pages/display/editgrid.h"
 #include "dialog/widgets/colorbutton.h"
 #include "store/appcfg.h"
-#include "store/colours.h"
+#include "store/colors.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEvent>
@@ -43,7 +43,7 @@ void CMappingGrid::offerPalette() {
     Orv::getValues(*appConfig_, "SCREEN", texts);
     std::vector<int> palette;
     for (const std::string& text : texts)
-        palette.push_back(Orv::colourFromText(text));
+        palette.push_back(Orv::colorFromText(text));
     colorButton_->setPalette(std::move(palette));
 }
 

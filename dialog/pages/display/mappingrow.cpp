@@ -6,7 +6,7 @@
 #include "dialog/widgets/messagebox.h"
 #include "dialog/widgets/stringconversion.h"
 #include "store/appcfg.h"
-#include "store/colours.h"
+#include "store/colors.h"
 #include "store/numbers.h"
 
 #include <QtCore/QCoreApplication>
@@ -314,8 +314,8 @@ void CMappingRow::showField(int column, GridCellStyle style, std::size_t field, 
 void CMappingRow::readColor(int column, int& color, std::size_t field) {
     if (!opens(column, color, field))
         return;
-    color = Orv::colourFromText(values_[field]);
-    showField(column, {.kind = GridCellKind::colour}, field, QString::number(color));
+    color = Orv::colorFromText(values_[field]);
+    showField(column, {.kind = GridCellKind::color}, field, QString::number(color));
 }
 
 void CMappingRow::readName(int column, int& index, Names& names, std::size_t field) {
@@ -359,7 +359,7 @@ void CMappingRow::storeField(std::size_t field, int number) {
 }
 
 void CMappingRow::storeColor(std::size_t field, int color) {
-    Orv::setValueAt(configuration_, field, key_, Orv::colourToShortText(color));
+    Orv::setValueAt(configuration_, field, key_, Orv::colorToShortText(color));
 }
 
 void CMappingRow::storeFontOrFill(std::size_t field) {
@@ -373,9 +373,9 @@ void CMappingRow::showColor(int column, int color) {
 void CMappingRow::takeSchemaColors(const MappingFields& fields, const std::string& color,
                                    const std::string& text) {
     if (color_ != kClosed && !isLocked(fields.color))
-        CMappingRow::setColor(Orv::colourFromText(color));
+        CMappingRow::setColor(Orv::colorFromText(color));
     if (textColor_ != kClosed && !isLocked(fields.textColor))
-        CMappingRow::setTextColor(Orv::colourFromText(text));
+        CMappingRow::setTextColor(Orv::colorFromText(text));
 }
 
 void CMappingRowLayer::store() {
@@ -407,7 +407,7 @@ CMappingTextLayer::CMappingTextLayer(CGridWnd& grid, Orv::iAppConfiguration& con
 
 void CMappingTextLayer::applySchema(const std::string&, const std::string& text) {
     if (color_ != kClosed && !isLocked(kTextFields.color))
-        setColor(Orv::colourFromText(text));
+        setColor(Orv::colorFromText(text));
 }
 
 void CMappingTextLayer::setColor(int color) {

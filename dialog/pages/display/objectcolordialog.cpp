@@ -14,7 +14,7 @@
 #include "platform/paths.h"
 #include "schemes/objectschema.h"
 #include "store/appcfg.h"
-#include "store/colours.h"
+#include "store/colors.h"
 #include "ui_objectcolordialog.h"
 
 #include <QtCore/QDir>
@@ -162,8 +162,8 @@ void applySection(const CObjectSchema& schema, std::string_view section, const C
 void addSection(CObjectSchema& schema, const std::string& section, const CMappingGrid& grid) {
     for (int number = 1; number <= grid.mappingRowCount(); ++number) {
         const CMappingRow& row = *grid.mappingRow(number);
-        schema.addItem(section, {schemaItemName(row.caption()), Orv::colourToShortText(row.getColor()),
-                                 Orv::colourToShortText(row.getTextColor())});
+        schema.addItem(section, {schemaItemName(row.caption()), Orv::colorToShortText(row.getColor()),
+                                 Orv::colorToShortText(row.getTextColor())});
     }
 }
 

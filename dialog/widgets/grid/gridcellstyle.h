@@ -14,7 +14,7 @@ enum class GridCellKind {
     checkBox,   ///< "1" is checked, any other text is not
     dropDown,   ///< one of `choices`; another text is shown until one is chosen
     radioGroup, ///< the index, from 0, of one of `choices`
-    colour,     ///< a packed colour, red in the low byte, in decimal
+    color,      ///< a packed colour, red in the low byte, in decimal
 };
 
 /// What a whole number typed into a cell must lie between, and what the user is told otherwise.

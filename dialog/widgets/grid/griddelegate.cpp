@@ -16,7 +16,7 @@ namespace ovsettings {
 
 namespace {
 
-constexpr int kColourMargin = 3;
+constexpr int kColorMargin = 3;
 constexpr int kArrowSize = 10;
 constexpr int kArrowMargin = 4;
 
@@ -110,7 +110,7 @@ bool isWithin(const QWidget* widget, const QWidget* editor) {
 
 /// For the outline of check boxes, which styles derive from the window's colour: on a dark base that could
 /// hardly be seen.
-QColor outlineColour(const QPalette& palette) {
+QColor outlineColor(const QPalette& palette) {
     const QColor text = palette.color(QPalette::Text), base = palette.color(QPalette::Base);
     const auto mixed = [](int of, int with) {
         return (3 * of + 2 * with) / 5;
@@ -149,12 +149,11 @@ void drawArrow(QPainter& painter, const QStyleOptionViewItem& cell) {
     cell.widget->style()->drawPrimitive(QStyle::PE_IndicatorArrowDown, &option, &painter, cell.widget);
 }
 
-void drawColour(QPainter& painter, const QStyleOptionViewItem& cell, const QColor& colour) {
-    const QRect inside =
-        cell.rect.adjusted(kColourMargin, kColourMargin, -kColourMargin - 1, -kColourMargin - 1);
+void drawColor(QPainter& painter, const QStyleOptionViewItem& cell, const QColor& color) {
+    const QRect inside = cell.rect.adjusted(kColorMargin, kColorMargin, -kColorMargin - 1, -kColorMargin - 1);
     painter.save();
     painter.setPen(cell.palette.color(QPalette::Text));
-    painter.setBrush(colour);
+    painter.setBrush(color);
     painter.drawRect(inside);
     painter.restore();
 }
@@ -163,7 +162,7 @@ void drawChoices(QPainter& painter, const QStyleOptionViewItem& cell, const Grid
     const bool selected = cell.state & QStyle::State_Selected;
     for (int choice = 0; choice < group.style.choices.size(); ++choice) {
         auto option = controlOption<QStyleOptionButton>(cell);
-        option.rect = choiceRect(cell.rect, group.style, choice).adjusted(kColourMargin, 0, 0, 0);
+        option.rect = choiceRect(cell.rect, group.style, choice).adjusted(kColorMargin, 0, 0, 0);
         option.text = group.style.choices[choice];
         option.state |= group.text == QString::number(choice) ? QStyle::State_On : QStyle::State_Off;
         option.palette.setBrush(QPalette::WindowText,
@@ -188,7 +187,7 @@ void GridDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInd
     option->palette.setCurrentColorGroup(greyed   ? QPalette::Disabled
                                          : active ? QPalette::Active
                                                   : QPalette::Inactive);
-    option->palette.setColor(QPalette::Window, outlineColour(option->palette));
+    option->palette.setColor(QPalette::Window, outlineColor(option->palette));
     if (cell.style.kind == GridCellKind::dropDown) {
         const int width = option->rect.width() - kArrowSize - 3 * kArrowMargin;
         option->text = option->fontMetrics.elidedText(option->text, option->textElideMode, width);
@@ -209,9 +208,9 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     case GridCellKind::radioGroup:
         drawChoices(*painter, shown, cell);
         break;
-    case GridCellKind::colour:
-        if (const std::optional<QColor> colour = colourOf(cell.text))
-            drawColour(*painter, shown, *colour);
+    case GridCellKind::color:
+        if (const std::optional<QColor> color = colorOf(cell.text))
+            drawColor(*painter, shown, *color);
         break;
     case GridCellKind::text:
     case GridCellKind::maskedEdit:

@@ -20,13 +20,13 @@ bool showsItsText(GridCellKind kind) {
     return kind == GridCellKind::text || kind == GridCellKind::maskedEdit || kind == GridCellKind::dropDown;
 }
 
-QColor textColourOn(const QColor& interior) {
+QColor textColorOn(const QColor& interior) {
     return qGray(interior.rgb()) < kLightFromGrey ? Qt::white : Qt::black;
 }
 
 } // namespace
 
-std::optional<QColor> colourOf(const QString& cellText) {
+std::optional<QColor> colorOf(const QString& cellText) {
     bool isNumber = false;
     const int packed = static_cast<int>(cellText.toUInt(&isNumber));
     if (!isNumber)
@@ -67,7 +67,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     case Qt::BackgroundRole:
         return shown.style.interior ? QVariant(QBrush(*shown.style.interior)) : QVariant();
     case Qt::ForegroundRole:
-        return shown.style.interior ? QVariant(textColourOn(*shown.style.interior)) : QVariant();
+        return shown.style.interior ? QVariant(textColorOn(*shown.style.interior)) : QVariant();
     case Qt::ToolTipRole:
         return platform::toToolTip(shown.style.toolTip);
     case Qt::AccessibleDescriptionRole:
@@ -88,9 +88,9 @@ QString GridModel::spokenValue(const Cell& cell) const {
         return cell.text == QLatin1String("1") ? tr("checked") : tr("not checked");
     case GridCellKind::radioGroup:
         return cell.style.choices.value(cell.text.toInt());
-    case GridCellKind::colour: {
-        const std::optional<QColor> colour = colourOf(cell.text);
-        return colour ? colour->name() : QString();
+    case GridCellKind::color: {
+        const std::optional<QColor> color = colorOf(cell.text);
+        return color ? color->name() : QString();
     }
     default:
         return onOneLine(cell.text);

@@ -59,6 +59,6 @@ private:
 };
 
 /// The colour of a cell of kind colour; nothing if its text is no number.
-std::optional<QColor> colourOf(const QString& cellText);
+std::optional<QColor> colorOf(const QString& cellText);
 
 } // namespace ovsettings

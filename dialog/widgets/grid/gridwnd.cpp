@@ -157,7 +157,7 @@ void CGridWnd::startEdit() {
         if (const auto count = static_cast<int>(cell.style.choices.size()); count > 0)
             model_->setData(index, QString::number((cell.text.toInt() + 1) % count), Qt::EditRole);
         break;
-    case GridCellKind::colour:
+    case GridCellKind::color:
         onCellPressed(index.row() + 1, index.column() + 1);
         break;
     case GridCellKind::dropDown:
