@@ -2,7 +2,7 @@
 
 namespace ovsettings {
 
-CPage::CPage(QWidget* parent, unsigned templateId, const char* pageName, const char* topic)
+Page::Page(QWidget* parent, unsigned templateId, const char* pageName, const char* topic)
     : CPropDialogTemplateEx(templateId, parent) {
     name = pageName;
     helpTopic = topic;
@@ -10,17 +10,17 @@ CPage::CPage(QWidget* parent, unsigned templateId, const char* pageName, const c
         helpBook = "orvane_ref";
 }
 
-CPage::~CPage() = default;
+Page::~Page() = default;
 
-void CPage::setAppConfiguration(Orv::iAppConfiguration* appConfig) {
+void Page::setAppConfiguration(Orv::iAppConfiguration* appConfig) {
     appConfig_ = appConfig;
 }
 
-void CPage::setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) {
+void Page::setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) {
     projectConfig_ = projectConfig;
 }
 
-bool CPage::onOk() {
+bool Page::onOk() {
     return onApply();
 }
 

@@ -6,11 +6,11 @@ namespace ovsettings {
 
 /// What the pages of this library have in common: they keep the configurations that are handed over, have a
 /// topic in the reference book of the online help, and store at OK what they store at Apply.
-class CPage : public CPropDialogTemplateEx {
+class Page : public CPropDialogTemplateEx {
     Q_OBJECT
 
 public:
-    ~CPage() override;
+    ~Page() override;
 
     void setAppConfiguration(Orv::iAppConfiguration* appConfig) override;
     void setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) override;
@@ -19,7 +19,7 @@ public:
 protected:
     /// @param pageName lives as long as the page; empty if the page only learns it later.
     /// @param topic    empty if the page has none.
-    CPage(QWidget* parent, unsigned templateId, const char* pageName, const char* topic = "");
+    Page(QWidget* parent, unsigned templateId, const char* pageName, const char* topic = "");
 
     /// Null until they are handed over. A host may make pages without that.
     Orv::iAppConfiguration* appConfig_ = nullptr;

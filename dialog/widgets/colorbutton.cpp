@@ -27,7 +27,7 @@ int colorFromCell(const std::string& text) {
 
 } // namespace
 
-ColorButton::ColorButton(CGridWnd& grid) : QAbstractButton(grid.viewport()), grid_(grid) {
+ColorButton::ColorButton(GridWnd& grid) : QAbstractButton(grid.viewport()), grid_(grid) {
     setFocusPolicy(Qt::NoFocus); // the grid keeps the keyboard
     hide();
     connect(this, &QAbstractButton::clicked, this, &ColorButton::open);

@@ -7,7 +7,7 @@
 
 namespace ovsettings {
 
-class CGridWnd;
+class GridWnd;
 class COwnSECColorWell;
 class IColorChangeObserver;
 
@@ -20,7 +20,7 @@ class ColorButton : public QAbstractButton {
 
 public:
     /// @param grid the owner of the button and of its cells.
-    explicit ColorButton(CGridWnd& grid);
+    explicit ColorButton(GridWnd& grid);
 
     /// The colours on offer, packed, in the order in which they are shown.
     void setPalette(std::vector<int> packed);
@@ -47,7 +47,7 @@ private:
     void storeColor(int color);
     void forgetWell();
 
-    CGridWnd& grid_;
+    GridWnd& grid_;
     IColorChangeObserver* observer_ = nullptr;
     QPointer<COwnSECColorWell> well_;
     std::vector<int> palette_;

@@ -10,17 +10,15 @@
 
 namespace {
 
-class CPage : public ovsettings::CPropDialogTemplate {
+class Page : public ovsettings::CPropDialogTemplate {
 public:
-    explicit CPage(QWidget* parent) : CPropDialogTemplate(9003, parent) {
-        new QLabel("of a component", this);
-    }
+    explicit Page(QWidget* parent) : CPropDialogTemplate(9003, parent) { new QLabel("of a component", this); }
 };
 
 class Component : public ovsettings::IComponent, public ovsettings::ISettingsPageComponent {
 public:
     explicit Component(std::string_view classId) : kind_(classId.substr(1, 8)) {
-        factory_.addPage<CPage>("Page");
+        factory_.addPage<Page>("Page");
     }
 
     void* QueryInterface(const char* interfaceId) override {

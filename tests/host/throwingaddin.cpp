@@ -12,9 +12,9 @@
 namespace {
 
 /// Throws when it is filled for the first time.
-class CPage : public ovsettings::CPropDialogTemplate {
+class Page : public ovsettings::CPropDialogTemplate {
 public:
-    explicit CPage(QWidget* parent) : CPropDialogTemplate(9004, parent) {}
+    explicit Page(QWidget* parent) : CPropDialogTemplate(9004, parent) {}
 
     bool buildTemplate() override {
         edit_ = new QLineEdit(this);
@@ -35,7 +35,7 @@ private:
 class Factory : public ovsettings::CFactory {
 public:
     Factory() {
-        addPage<CPage>("lazy");
+        addPage<Page>("lazy");
         auto starter = std::make_unique<CDialogStarter>();
         kept_ = starter.get();
         addStarter("kept", std::move(starter));
@@ -49,7 +49,7 @@ public:
         if (key == "createPage")
             throw 7;
         if (key == "kept" && !kept_->page)
-            kept_->page = new CPage(nullptr);
+            kept_->page = new Page(nullptr);
         return CFactory::createPage(key, parent);
     }
 

@@ -18,7 +18,7 @@ constexpr int kRed = 0x0000ff, kGreen = 0x00ff00, kBlue = 0xff0000;
 /// A grid whose colour cells open the button's well.
 class ColorCells : public testing::Test, ovsettings::IColorChangeObserver {
 protected:
-    class Grid : public ovsettings::CGridWnd {
+    class Grid : public ovsettings::GridWnd {
     public:
         ColorButton button{*this};
 

@@ -7,15 +7,15 @@
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QVBoxLayout>
 
-using ovsettings::CGridWnd;
 using ovsettings::GridCellKind;
 using ovsettings::GridCellStyle;
+using ovsettings::GridWnd;
 using testsupport::messageDuring;
 
 namespace {
 
 /// Notes what the grid's hooks are told.
-class RecordingGrid : public CGridWnd {
+class RecordingGrid : public GridWnd {
 public:
     std::vector<std::string> calls;
     bool mayEdit = true;

@@ -19,7 +19,7 @@ constexpr unsigned kTemplate = 135;
 } // namespace
 
 CGeneralDialog::CGeneralDialog(QWidget* parent)
-    : CPage(parent, kTemplate, "Advanced", "OV_SETUP_SETTINGS_ADVANCED"),
+    : Page(parent, kTemplate, "Advanced", "OV_SETUP_SETTINGS_ADVANCED"),
       ui_(std::make_unique<Ui::CGeneralDialog>()) {
 }
 

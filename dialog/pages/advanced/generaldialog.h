@@ -22,7 +22,7 @@ class CGeneralDialog;
 
 /// The page "Advanced": a property sheet of the settings that have no page of their own. Its changes are not
 /// reported to the host by name, since hosts read these settings when they need them.
-class CGeneralDialog : public CPage, public IUnsavedEdits, public IFollowsConfiguration {
+class CGeneralDialog : public Page, public IUnsavedEdits, public IFollowsConfiguration {
     Q_OBJECT
 
 public:

@@ -85,7 +85,7 @@ std::unique_ptr<CGeneralRow> makeRow(CGeneralGrid& grid, const SheetRow& row, Or
 
 } // namespace
 
-CGeneralGrid::CGeneralGrid(QWidget* parent) : CGridWnd(parent) {
+CGeneralGrid::CGeneralGrid(QWidget* parent) : GridWnd(parent) {
     setColumnCount(2);
     showHeaders(false, false);
 }

@@ -14,7 +14,7 @@ class CGeneralRowCheckBox;
 
 /// A property sheet: a caption on the left, an editable value on the right, each line an object that knows
 /// its key.
-class CGeneralGrid : public CGridWnd {
+class CGeneralGrid : public GridWnd {
     Q_OBJECT
 
 public:

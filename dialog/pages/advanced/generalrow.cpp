@@ -10,7 +10,7 @@
 
 namespace ovsettings {
 
-CGeneralRow::CGeneralRow(CGridWnd& grid, Orv::iAppConfiguration& configuration, std::string caption)
+CGeneralRow::CGeneralRow(GridWnd& grid, Orv::iAppConfiguration& configuration, std::string caption)
     : grid_(grid), configuration_(&configuration), caption_(std::move(caption)) {
 }
 

@@ -12,7 +12,7 @@ class iAppConfiguration;
 
 namespace ovsettings {
 
-class CGridWnd;
+class GridWnd;
 
 /// A line of the property sheet: a caption, and a value that comes from a key of the configuration and goes
 /// back to it. The row's cells are made by init; before that nothing of it is on show.
@@ -20,7 +20,7 @@ class CGeneralRow {
 public:
     /// @param grid, configuration where the row is shown, and where its key is; both must outlive it.
     /// @param caption the text of the left column, UTF-8.
-    CGeneralRow(CGridWnd& grid, Orv::iAppConfiguration& configuration, std::string caption);
+    CGeneralRow(GridWnd& grid, Orv::iAppConfiguration& configuration, std::string caption);
     virtual ~CGeneralRow();
     CGeneralRow(const CGeneralRow&) = delete;
     CGeneralRow& operator=(const CGeneralRow&) = delete;
@@ -53,7 +53,7 @@ protected:
     static constexpr int kCaptionColumn = 1;
     static constexpr int kValueColumn = 2;
 
-    CGridWnd& grid() const { return grid_; }
+    GridWnd& grid() const { return grid_; }
     const std::string& caption() const { return caption_; }
     unsigned rowIndex() const { return rowIndex_; }
     /// Takes `rows` grid rows from `rowIndex` on, adding those that the grid does not have yet.
@@ -77,7 +77,7 @@ protected:
 
 private:
     unsigned rowIndex_ = 0;
-    CGridWnd& grid_;
+    GridWnd& grid_;
     Orv::iAppConfiguration* configuration_;
     std::string key_;
     std::string caption_;

@@ -11,7 +11,7 @@ namespace ovsettings {
 using Orv::Metrics::Unit;
 using Orv::Metrics::UnitTraits;
 
-CGeneralRowUnitValueEdit::CGeneralRowUnitValueEdit(CGridWnd& grid, Orv::iAppConfiguration& configuration,
+CGeneralRowUnitValueEdit::CGeneralRowUnitValueEdit(GridWnd& grid, Orv::iAppConfiguration& configuration,
                                                    std::string caption, Unit unit)
     : CGeneralRow(grid, configuration, std::move(caption)), unit_(unit) {
 }

@@ -8,7 +8,7 @@ namespace ovsettings {
 /// A row for a length, shown in a unit that its caption names.
 class CGeneralRowUnitValueEdit : public CGeneralRow {
 public:
-    CGeneralRowUnitValueEdit(CGridWnd& grid, Orv::iAppConfiguration& configuration, std::string caption,
+    CGeneralRowUnitValueEdit(GridWnd& grid, Orv::iAppConfiguration& configuration, std::string caption,
                              Orv::Metrics::Unit unit);
 
     /// In stored lengths. Equal limits, as at first, mean that there are none.

@@ -20,7 +20,7 @@ std::string nameWithoutCase(const std::string& name) {
 
 } // namespace
 
-CAttributesGrid::CAttributesGrid(QWidget* parent) : CGridWnd(parent) {
+CAttributesGrid::CAttributesGrid(QWidget* parent) : GridWnd(parent) {
     setColumnCount(kValueColumn);
     setCellText(0, kNameColumn, tr("Name"));
     setCellText(0, kValueColumn, tr("Value"));

@@ -10,7 +10,7 @@ namespace ovsettings {
 
 /// A table of properties, with the columns "Name" and "Value". While names are on offer that have no row yet,
 /// a last row offers them; the one that is chosen there becomes a row.
-class CAttributesGrid : public CGridWnd {
+class CAttributesGrid : public GridWnd {
     Q_OBJECT
 
 public:

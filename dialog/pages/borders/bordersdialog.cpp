@@ -27,7 +27,7 @@ CBorderSymbolsFeeder::CBorderSymbolsFeeder(Orv::CProjectConfiguration& projectCo
 }
 
 CBordersDialog::CBordersDialog(QWidget* parent)
-    : CPage(parent, kTemplate, "Borders", "OV_SETUP_SETTINGS_PROJECT"),
+    : Page(parent, kTemplate, "Borders", "OV_SETUP_SETTINGS_PROJECT"),
       ui_(std::make_unique<Ui::CBordersDialog>()) {
 }
 

@@ -26,7 +26,7 @@ public:
 
 /// The page "Borders": the border symbols of each sheet size, and the values of their properties, in the
 /// project's border symbols file.
-class CBordersDialog : public CPage {
+class CBordersDialog : public Page {
     Q_OBJECT
 
 public:

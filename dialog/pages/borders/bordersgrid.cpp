@@ -24,7 +24,7 @@ BorderSheet sheetOf(int column) {
 
 } // namespace
 
-CBordersGrid::CBordersGrid(QWidget* parent) : CGridWnd(parent) {
+CBordersGrid::CBordersGrid(QWidget* parent) : GridWnd(parent) {
     setColumnCount(kNextSheetsColumn);
     setCellText(0, kSizeColumn, tr("Sheet size"));
     setCellText(0, kFirstSheetColumn, tr("First sheet"));
@@ -115,7 +115,7 @@ bool CBordersGrid::onContextMenu(int row, int column, const QPoint& at) {
 }
 
 void CBordersGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-    CGridWnd::currentChanged(current, previous);
+    GridWnd::currentChanged(current, previous);
     Q_EMIT currentRowChanged();
 }
 

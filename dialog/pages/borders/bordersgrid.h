@@ -7,7 +7,7 @@ namespace ovsettings {
 
 /// The table of the page "Borders": a row a sheet size, and the columns "Sheet size", "First sheet" and
 /// "Next sheets". It shows symbols and asks for others; its cells take no typing.
-class CBordersGrid : public CGridWnd {
+class CBordersGrid : public GridWnd {
     Q_OBJECT
 
 public:

@@ -85,7 +85,7 @@ Symbols withChanges(const Symbols& list, const Symbols& from, const Symbols& to)
 } // namespace
 
 CSpecialComponentsDialog::CSpecialComponentsDialog(QWidget* parent)
-    : CPage(parent, kTemplate, "Special Components", "OV_SETUP_SETTINGS_PROJECT"),
+    : Page(parent, kTemplate, "Special Components", "OV_SETUP_SETTINGS_PROJECT"),
       ui_(std::make_unique<Ui::CSpecialComponentsDialog>()) {
     static_assert(std::ranges::count(kCategories, nullptr, &Category::text) ==
                   Orv::ISpecialComponents::kCategories - kOffered);

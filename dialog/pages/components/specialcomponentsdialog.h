@@ -26,7 +26,7 @@ class CSpecialComponentsDialog;
 
 /// The page "Special Components": the symbols that stand for ports, connectors between sheets, power and
 /// ground, category by category.
-class CSpecialComponentsDialog : public CPage, public IUnsavedEdits {
+class CSpecialComponentsDialog : public Page, public IUnsavedEdits {
     Q_OBJECT
 
 public:

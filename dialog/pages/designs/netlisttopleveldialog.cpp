@@ -13,7 +13,7 @@ constexpr unsigned kTemplate = 168;
 } // namespace
 
 CNetlistTopLevelDialog::CNetlistTopLevelDialog(QWidget* parent, const std::string& designName)
-    : CPage(parent, kTemplate, ""),
+    : Page(parent, kTemplate, ""),
       ui_(std::make_unique<Ui::CNetlistTopLevelDialog>()),
       blockName_(designName) {
     name = blockName_.c_str();

@@ -13,7 +13,7 @@ class CNetlistTopLevelDialog;
 }
 
 /// The page of a design in a project of the netlist tool: its top-level block.
-class CNetlistTopLevelDialog : public CPage {
+class CNetlistTopLevelDialog : public Page {
     Q_OBJECT
 
 public:

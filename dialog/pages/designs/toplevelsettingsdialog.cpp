@@ -34,7 +34,7 @@ std::vector<std::string> entriesOf(const ListBoxEditor& list) {
 } // namespace
 
 CTopLevelSettingsDialog::CTopLevelSettingsDialog(QWidget* parent, const std::string& designName)
-    : CPage(parent, kTemplate, "", "OV_SETUP_SETTINGS_PROJECT"),
+    : Page(parent, kTemplate, "", "OV_SETUP_SETTINGS_PROJECT"),
       ui_(std::make_unique<Ui::CTopLevelSettingsDialog>()),
       blockName_(designName) {
     name = blockName_.c_str();

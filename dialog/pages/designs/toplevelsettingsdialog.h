@@ -18,7 +18,7 @@ class CTopLevelSettingsDialog;
 
 /// The page of one design: its top-level block, annotation, conflicts, and what it sees of the central
 /// library.
-class CTopLevelSettingsDialog : public CPage {
+class CTopLevelSettingsDialog : public Page {
     Q_OBJECT
 
 public:

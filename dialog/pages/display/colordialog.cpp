@@ -82,7 +82,7 @@ std::string defaultFile() {
 } // namespace
 
 CColorDialog::CColorDialog(QWidget* parent)
-    : CPage(parent, kTemplate, "Color Schemes"), ui_(std::make_unique<Ui::CColorDialog>()) {
+    : Page(parent, kTemplate, "Color Schemes"), ui_(std::make_unique<Ui::CColorDialog>()) {
 }
 
 CColorDialog::~CColorDialog() = default;

@@ -19,7 +19,7 @@ class CColorDialog;
 ///
 /// The list of schemes on the page stays empty, whatever files are read. So none is ever selected, the
 /// palette keeps what it has, and neither a store nor an export writes anything. Users know the page so.
-class CColorDialog : public CPage, public IFollowsConfiguration {
+class CColorDialog : public Page, public IFollowsConfiguration {
     Q_OBJECT
 
 public:

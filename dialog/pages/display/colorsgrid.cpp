@@ -78,7 +78,7 @@ void CColorRow::write(ColorForm form) const {
         cell.write(form);
 }
 
-CColorsGrid::CColorsGrid(QWidget* parent) : CGridWnd(parent) {
+CColorsGrid::CColorsGrid(QWidget* parent) : GridWnd(parent) {
     // A selection would lie over the colour of its cell.
     setSelectionMode(NoSelection);
     showHeaders(true, false);
@@ -144,12 +144,12 @@ void CColorsGrid::keyPressEvent(QKeyEvent* event) {
         event->accept();
         return;
     }
-    CGridWnd::keyPressEvent(event);
+    GridWnd::keyPressEvent(event);
 }
 
 /// A frame marks the current cell. The style's own mark may tint the colour, which is then painted anew.
 void CColorsGrid::paintEvent(QPaintEvent* event) {
-    CGridWnd::paintEvent(event);
+    GridWnd::paintEvent(event);
     if (!hasFocus() || !currentIndex().isValid())
         return;
     QPainter painter(viewport());

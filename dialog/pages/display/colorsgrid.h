@@ -50,7 +50,7 @@ private:
 };
 
 /// The palette: eight rows of two entries. What the user changes lives here alone.
-class CColorsGrid : public CGridWnd {
+class CColorsGrid : public GridWnd {
     Q_OBJECT
 
 public:

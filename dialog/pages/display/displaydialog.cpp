@@ -53,7 +53,7 @@ const char* textOf(const QCheckBox& box) {
 } // namespace
 
 CDisplayDialog::CDisplayDialog(QWidget* parent)
-    : CPage(parent, kTemplate, "Display", "OV_SETUP_SETTINGS_DISPLAY_TOP"),
+    : Page(parent, kTemplate, "Display", "OV_SETUP_SETTINGS_DISPLAY_TOP"),
       ui_(std::make_unique<Ui::CDisplayDialog>()) {
 }
 

@@ -17,7 +17,7 @@ class CDisplayDialog;
 
 /// The page "Display": which classes of object the schematic editor shows, and which have tool tips. Nothing
 /// on it is disabled for a locked key: the store keeps what is locked.
-class CDisplayDialog : public CPage, public IUnsavedEdits, public IFollowsConfiguration {
+class CDisplayDialog : public Page, public IUnsavedEdits, public IFollowsConfiguration {
     Q_OBJECT
 
 public:

@@ -17,7 +17,7 @@ constexpr const char* kScaleFactorKey = "SCALEFACTOR";
 } // namespace
 
 CFontDialog::CFontDialog(QWidget* parent)
-    : CPage(parent, kTemplate, "Font Mappings", "OV_SETUP_SETTINGS_DISPLAY_FONT_MAP"),
+    : Page(parent, kTemplate, "Font Mappings", "OV_SETUP_SETTINGS_DISPLAY_FONT_MAP"),
       ui_(std::make_unique<Ui::CFontDialog>()) {
 }
 

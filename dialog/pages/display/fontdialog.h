@@ -14,7 +14,7 @@ class CFontDialog;
 
 /// The page "Font Mappings": the screen font that stands for each stroke font of the schematic editor, and a
 /// factor for the size of all of them.
-class CFontDialog : public CPage, public IFollowsConfiguration {
+class CFontDialog : public Page, public IFollowsConfiguration {
     Q_OBJECT
 
 public:

@@ -51,7 +51,7 @@ const CFontMapRow::FlagField CFontMapRow::kFlagFields[] = {
     {boldField, kBold},
 };
 
-CFontMapRow::CFontMapRow(CGridWnd& grid, int row, std::string key, std::string caption,
+CFontMapRow::CFontMapRow(GridWnd& grid, int row, std::string key, std::string caption,
                          Orv::iAppConfiguration& configuration)
     : grid_(grid),
       row_(row),

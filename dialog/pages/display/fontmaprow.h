@@ -12,7 +12,7 @@ class QString;
 
 namespace ovsettings {
 
-class CGridWnd;
+class GridWnd;
 
 /// The line of one stroke font: the screen font that it is mapped to, from a font key of the configuration.
 class CFontMapRow {
@@ -22,7 +22,7 @@ public:
 
     /// Shows the caption; the mapping is shown once it is loaded.
     /// @param grid, configuration must outlive the row. @param row of the grid, from 1.
-    CFontMapRow(CGridWnd& grid, int row, std::string key, std::string caption,
+    CFontMapRow(GridWnd& grid, int row, std::string key, std::string caption,
                 Orv::iAppConfiguration& configuration);
 
     /// Reads the key, as far as it has fields, and shows the row.
@@ -90,7 +90,7 @@ private:
     void showText(const QString& text);
     void showLock();
 
-    CGridWnd& grid_;
+    GridWnd& grid_;
     int row_;
     std::string key_;
     std::string caption_;

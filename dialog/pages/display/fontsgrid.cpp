@@ -40,7 +40,7 @@ constexpr StrokeFont kStrokeFonts[] = {
 } // namespace
 
 CFontsGrid::CFontsGrid(QWidget* parent)
-    : CGridWnd(parent),
+    : GridWnd(parent),
       editButton_(new CBitmapBtnEdit(viewport())),
       removeButton_(new CBitmapBtnDel(viewport())) {
     connect(editButton_, &QToolButton::clicked, this, &CFontsGrid::editRequested);
@@ -124,18 +124,18 @@ void CFontsGrid::layoutColumns() {
 }
 
 void CFontsGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-    CGridWnd::currentChanged(current, previous);
+    GridWnd::currentChanged(current, previous);
     placeButtons();
     Q_EMIT rowSelected();
 }
 
 void CFontsGrid::updateGeometries() {
-    CGridWnd::updateGeometries();
+    GridWnd::updateGeometries();
     placeButtons();
 }
 
 void CFontsGrid::scrollContentsBy(int dx, int dy) {
-    CGridWnd::scrollContentsBy(dx, dy);
+    GridWnd::scrollContentsBy(dx, dy);
     placeButtons();
 }
 

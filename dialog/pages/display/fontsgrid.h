@@ -11,7 +11,7 @@ namespace ovsettings {
 class COwnBitmapBtn;
 
 /// The stroke fonts of the schematic editor, and the screen font that each is mapped to.
-class CFontsGrid : public CGridWnd {
+class CFontsGrid : public GridWnd {
     Q_OBJECT
 
 public:

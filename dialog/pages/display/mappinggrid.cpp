@@ -33,7 +33,7 @@ void CMappingGrid::CMappingGridColorChangeNotifier::onColorChanged(int row, int 
     grid_.changeColor(row, column, color);
 }
 
-CMappingGrid::CMappingGrid(QWidget* parent) : CGridWnd(parent), notifier_(*this) {
+CMappingGrid::CMappingGrid(QWidget* parent) : GridWnd(parent), notifier_(*this) {
 }
 
 CMappingGrid::~CMappingGrid() = default;
@@ -156,7 +156,7 @@ void CMappingGrid::changeColor(int row, int column, int color) {
 QString CMappingGrid::refusal(int row, int column, const QString& text) const {
     if (column == CMappingRow::kWidthColumn && !CEditGrid::takes(text))
         return CEditGrid::limits().message;
-    return CGridWnd::refusal(row, column, text);
+    return GridWnd::refusal(row, column, text);
 }
 
 void CMappingGrid::onCellPressed(int row, int column) {
@@ -167,7 +167,7 @@ void CMappingGrid::onCellPressed(int row, int column) {
 void CMappingGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     if (colorButton_)
         colorButton_->hideButton();
-    CGridWnd::currentChanged(current, previous);
+    GridWnd::currentChanged(current, previous);
 }
 
 void CMappingGrid::layoutColumns() {
@@ -190,7 +190,7 @@ void CMappingGrid::layoutColumns() {
 }
 
 void CMappingGrid::changeEvent(QEvent* event) {
-    CGridWnd::changeEvent(event);
+    GridWnd::changeEvent(event);
     if (event->type() != QEvent::PaletteChange)
         return;
     for (int row = 1; row <= rowCount(); ++row) {

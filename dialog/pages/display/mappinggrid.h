@@ -17,7 +17,7 @@ class ColorButton;
 
 /// How each kind of object is drawn: a table with a row a kind, and the columns "Object", "Color", "Text",
 /// "Fill Style", "Line Style", "Font" and "Width".
-class CMappingGrid : public CGridWnd {
+class CMappingGrid : public GridWnd {
     Q_OBJECT
 
 public:

@@ -78,7 +78,7 @@ MappingValues ictValues(int startingColor) {
 
 } // namespace
 
-CMappingRow::CMappingRow(CGridWnd& grid, Orv::iAppConfiguration& configuration, int row, std::string caption,
+CMappingRow::CMappingRow(GridWnd& grid, Orv::iAppConfiguration& configuration, int row, std::string caption,
                          std::string key, const MappingValues& values)
     : color_(values.color),
       textColor_(values.textColor),
@@ -188,7 +188,7 @@ bool CMappingRow::isModified() const {
     return shownValues() != unchanged_;
 }
 
-QColor CMappingRow::closedInterior(const CGridWnd& grid) {
+QColor CMappingRow::closedInterior(const GridWnd& grid) {
     return grid.palette().color(QPalette::Window);
 }
 
@@ -400,7 +400,7 @@ void CMappingRowLayer::read() {
     readCells(kLayerFields);
 }
 
-CMappingTextLayer::CMappingTextLayer(CGridWnd& grid, Orv::iAppConfiguration& configuration, int row,
+CMappingTextLayer::CMappingTextLayer(GridWnd& grid, Orv::iAppConfiguration& configuration, int row,
                                      std::string caption, std::string key, const MappingValues& values)
     : CMappingRow(grid, configuration, row, std::move(caption), std::move(key), withColorOfText(values)) {
 }
@@ -427,7 +427,7 @@ void CMappingTextLayer::read() {
     readCells(kTextFields);
 }
 
-CMappingICTObject::CMappingICTObject(CGridWnd& grid, Orv::iAppConfiguration& configuration, int row,
+CMappingICTObject::CMappingICTObject(GridWnd& grid, Orv::iAppConfiguration& configuration, int row,
                                      std::string caption, std::string name, int startingColor)
     : CMappingRow(grid, configuration, row, std::move(caption), "ICT" + name, ictValues(startingColor)),
       name_(std::move(name)) {

@@ -14,7 +14,7 @@ class QColor;
 
 namespace ovsettings {
 
-class CGridWnd;
+class GridWnd;
 struct GridCellStyle;
 
 /// The six values that a row begins with. -1 closes a column for the row; any other value opens it, and the
@@ -58,7 +58,7 @@ public:
 
     /// @param grid, configuration where the row is shown, and where its key is; both must outlive it.
     /// @param row of the grid, from 1.
-    CMappingRow(CGridWnd& grid, Orv::iAppConfiguration& configuration, int row, std::string caption,
+    CMappingRow(GridWnd& grid, Orv::iAppConfiguration& configuration, int row, std::string caption,
                 std::string key, const MappingValues& values);
     virtual ~CMappingRow();
     CMappingRow(const CMappingRow&) = delete;
@@ -97,7 +97,7 @@ public:
     void noteStored();
 
     /// The colour behind cells that are closed or locked.
-    static QColor closedInterior(const CGridWnd& grid);
+    static QColor closedInterior(const GridWnd& grid);
 
     int row() const { return row_; }
     const std::string& caption() const { return caption_; }
@@ -155,7 +155,7 @@ private:
     int row_;
     std::string caption_;
     std::string key_;
-    CGridWnd& grid_;
+    GridWnd& grid_;
     Orv::iAppConfiguration& configuration_;
     const MappingFields* fields_ = nullptr; ///< of the last read
     std::vector<std::string> values_;
@@ -178,7 +178,7 @@ public:
 /// A row for an object that is a text: its one colour is in the column "Text".
 class CMappingTextLayer : public CMappingRow {
 public:
-    CMappingTextLayer(CGridWnd& grid, Orv::iAppConfiguration& configuration, int row, std::string caption,
+    CMappingTextLayer(GridWnd& grid, Orv::iAppConfiguration& configuration, int row, std::string caption,
                       std::string key, const MappingValues& values);
 
     void applySchema(const std::string& color, const std::string& text) override;
@@ -192,7 +192,7 @@ public:
 class CMappingICTObject : public CMappingRow {
 public:
     /// @param name the key in the configuration without its "ICT".
-    CMappingICTObject(CGridWnd& grid, Orv::iAppConfiguration& configuration, int row, std::string caption,
+    CMappingICTObject(GridWnd& grid, Orv::iAppConfiguration& configuration, int row, std::string caption,
                       std::string name, int startingColor);
 
     void store() override;

@@ -170,7 +170,7 @@ void addSection(CObjectSchema& schema, const std::string& section, const CMappin
 } // namespace
 
 CObjectColorDialog::CObjectColorDialog(QWidget* parent)
-    : CPage(parent, kTemplate, "Objects", "OV_SETUP_SETTINGS_DISPLAY_OBJECTS"),
+    : Page(parent, kTemplate, "Objects", "OV_SETUP_SETTINGS_DISPLAY_OBJECTS"),
       ui_(std::make_unique<Ui::CObjectColorDialog>()) {
 }
 

@@ -20,7 +20,7 @@ class CObjectColorDialog;
 
 /// The page "Objects": how each kind of object of a schematic, and of an interconnectivity table (ICT), is
 /// drawn, with a sample of each; and the files of colour schemes.
-class CObjectColorDialog : public CPage, public IUnsavedEdits, public IFollowsConfiguration {
+class CObjectColorDialog : public Page, public IUnsavedEdits, public IFollowsConfiguration {
     Q_OBJECT
 
 public:

@@ -9,7 +9,7 @@ constexpr int kColumns = 2;
 
 } // namespace
 
-CGlobalsGrid::CGlobalsGrid(QWidget* parent) : CGridWnd(parent) {
+CGlobalsGrid::CGlobalsGrid(QWidget* parent) : GridWnd(parent) {
 }
 
 void CGlobalsGrid::onInitialUpdate() {

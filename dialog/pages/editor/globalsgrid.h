@@ -5,7 +5,7 @@
 namespace ovsettings {
 
 /// A table for global nets and their aliases. What is typed into it lives as long as it does.
-class CGlobalsGrid : public CGridWnd {
+class CGlobalsGrid : public GridWnd {
     Q_OBJECT
 
 public:

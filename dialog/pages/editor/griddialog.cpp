@@ -19,7 +19,7 @@ constexpr int kUpperLimitDecimals = 2;
 } // namespace
 
 CGridDialog::CGridDialog(QWidget* parent)
-    : CPage(parent, kTemplate, "Grid", "OV_SETUP_SETTINGS_SCH_ED_GRID"),
+    : Page(parent, kTemplate, "Grid", "OV_SETUP_SETTINGS_SCH_ED_GRID"),
       ui_(std::make_unique<Ui::CGridDialog>()) {
 }
 

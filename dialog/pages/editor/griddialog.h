@@ -13,7 +13,7 @@ class CGridDialog;
 }
 
 /// The page "Grid": whether the schematic shows its grid, and how wide the grid is.
-class CGridDialog : public CPage, public IFollowsConfiguration {
+class CGridDialog : public Page, public IFollowsConfiguration {
     Q_OBJECT
 
 public:

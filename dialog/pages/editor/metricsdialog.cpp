@@ -22,7 +22,7 @@ constexpr unsigned kTemplate = 171;
 } // namespace
 
 CMetricsDialog::CMetricsDialog(QWidget* parent)
-    : CPage(parent, kTemplate, "Metrics", "OV_SETUP_SETTINGS_SCH_ED_UNITS"),
+    : Page(parent, kTemplate, "Metrics", "OV_SETUP_SETTINGS_SCH_ED_UNITS"),
       ui_(std::make_unique<Ui::CMetricsDialog>()) {
 }
 

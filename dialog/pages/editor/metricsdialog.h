@@ -15,7 +15,7 @@ class CMetricsDialog;
 }
 
 /// The page "Units": the unit in which all pages show lengths. Stored lengths do not depend on it.
-class CMetricsDialog : public CPage, public IUnsavedEdits, public IFollowsConfiguration {
+class CMetricsDialog : public Page, public IUnsavedEdits, public IFollowsConfiguration {
     Q_OBJECT
 
 public:

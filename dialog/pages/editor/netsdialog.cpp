@@ -63,7 +63,7 @@ std::vector<ChoiceButton> buttonsOf(const Choice& choice, const Form& form) {
 } // namespace
 
 CNetsDialog::CNetsDialog(QWidget* parent)
-    : CPage(parent, kTemplate, "Nets", "OV_SETUP_SETTINGS_SCH_ED_NETS"),
+    : Page(parent, kTemplate, "Nets", "OV_SETUP_SETTINGS_SCH_ED_NETS"),
       ui_(std::make_unique<Ui::CNetsDialog>()) {
 }
 

@@ -13,7 +13,7 @@ class CNetsDialog;
 }
 
 /// The page "Nets": how nets are routed, and where attributes and labels go when a net is split.
-class CNetsDialog : public CPage, public IFollowsConfiguration {
+class CNetsDialog : public Page, public IFollowsConfiguration {
     Q_OBJECT
 
 public:

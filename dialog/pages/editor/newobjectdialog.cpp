@@ -27,7 +27,7 @@ constexpr const char* kOrigins[] = {
 } // namespace
 
 CNewObjectDialog::CNewObjectDialog(QWidget* parent)
-    : CPage(parent, kTemplate, "New Object", "OV_SETUP_SETTINGS_SCH_ED_NEW_OBJECTS"),
+    : Page(parent, kTemplate, "New Object", "OV_SETUP_SETTINGS_SCH_ED_NEW_OBJECTS"),
       ui_(std::make_unique<Ui::CNewObjectDialog>()) {
 }
 

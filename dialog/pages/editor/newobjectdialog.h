@@ -13,7 +13,7 @@ class CNewObjectDialog;
 }
 
 /// The page "New Objects": origin and size of a text that the schematic editor places.
-class CNewObjectDialog : public CPage, public IFollowsConfiguration {
+class CNewObjectDialog : public Page, public IFollowsConfiguration {
     Q_OBJECT
 
 public:

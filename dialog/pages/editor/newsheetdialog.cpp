@@ -31,7 +31,7 @@ const NewSheetModel::Borders* bordersOf(const Orv::CProjectConfiguration* projec
 } // namespace
 
 CNewSheetDialog::CNewSheetDialog(QWidget* parent)
-    : CPage(parent, kTemplate, "New Sheet", "OV_SETUP_SETTINGS_SCH_ED_NEW_SHEETS"),
+    : Page(parent, kTemplate, "New Sheet", "OV_SETUP_SETTINGS_SCH_ED_NEW_SHEETS"),
       ui_(std::make_unique<Ui::CNewSheetDialog>()) {
 }
 

@@ -15,7 +15,7 @@ class CNewSheetDialog;
 }
 
 /// The page "New Sheets": size and orientation of a new schematic sheet, and how it gets its border.
-class CNewSheetDialog : public CPage, public IFollowsConfiguration {
+class CNewSheetDialog : public Page, public IFollowsConfiguration {
     Q_OBJECT
 
 public:

@@ -41,7 +41,7 @@ constexpr std::array kStrokeButtons{
 } // namespace
 
 CPanAndZoomDialog::CPanAndZoomDialog(QWidget* parent)
-    : CPage(parent, kTemplate, "Pan and Zoom", "OV_SETUP_SETTINGS_SCH_ED_PAN_ZOOM"),
+    : Page(parent, kTemplate, "Pan and Zoom", "OV_SETUP_SETTINGS_SCH_ED_PAN_ZOOM"),
       ui_(std::make_unique<Ui::CPanAndZoomDialog>()) {
 }
 
@@ -203,7 +203,7 @@ void CPanAndZoomDialog::keepMiddleButtonFree() {
 bool CPanAndZoomDialog::eventFilter(QObject* watched, QEvent* event) {
     if (watched != ui_->middleButton || event->type() != QEvent::FocusIn || ui_->middleButton->isChecked() ||
         !ui_->sarnZoom->isChecked())
-        return CPage::eventFilter(watched, event);
+        return Page::eventFilter(watched, event);
     const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
     if (reason == Qt::MouseFocusReason) // the click that follows turns it back
         return false;

@@ -18,7 +18,7 @@ class CPanAndZoomDialog;
 
 /// The page "Strokes, Pan and Zoom": in whose manner the schematic editor pans and zooms, and which mouse
 /// button draws strokes.
-class CPanAndZoomDialog : public CPage, public IFollowsConfiguration {
+class CPanAndZoomDialog : public Page, public IFollowsConfiguration {
     Q_OBJECT
 
 public:

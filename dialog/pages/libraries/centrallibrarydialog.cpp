@@ -42,7 +42,7 @@ struct CCentralLibraryDialog::Fields {
 };
 
 CCentralLibraryDialog::CCentralLibraryDialog(QWidget* parent)
-    : CPage(parent, kTemplate, "Design", "OV_SETUP_SETTINGS_PROJECT"),
+    : Page(parent, kTemplate, "Design", "OV_SETUP_SETTINGS_PROJECT"),
       ui_(std::make_unique<Ui::CCentralLibraryDialog>()) {
 }
 

@@ -11,7 +11,7 @@ class CCentralLibraryDialog;
 }
 
 /// The page "Central Library": the library of the open project, three of its files and its remote server.
-class CCentralLibraryDialog : public CPage {
+class CCentralLibraryDialog : public Page {
     Q_OBJECT
 
 public:

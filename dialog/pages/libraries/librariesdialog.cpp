@@ -251,7 +251,7 @@ bool CLibrariesDialog::CListBoxEditorEx::mayMove(int from, int to) {
 }
 
 CLibrariesDialog::CLibrariesDialog(QWidget* parent)
-    : CPage(parent, kTemplate, "Symbol Libraries", "OV_SETUP_SETTINGS_PROJECT"),
+    : Page(parent, kTemplate, "Symbol Libraries", "OV_SETUP_SETTINGS_PROJECT"),
       ui_(std::make_unique<Ui::CLibrariesDialog>()) {
 }
 

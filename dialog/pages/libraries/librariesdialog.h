@@ -20,7 +20,7 @@ class CLibrariesDialog;
 
 /// The page "Symbol Libraries": the project's libraries, in the order in which they are searched. It works on
 /// a copy, which its store gives to the project.
-class CLibrariesDialog : public CPage {
+class CLibrariesDialog : public Page {
     Q_OBJECT
 
 public:

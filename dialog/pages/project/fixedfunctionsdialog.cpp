@@ -19,7 +19,7 @@ constexpr unsigned kTemplate = 169;
 } // namespace
 
 CFixedFunctionsDialog::CFixedFunctionsDialog(QWidget* parent)
-    : CPage(parent, kTemplate, "Fixed Functions", "OV_SETUP_SETTINGS_PROJECT"),
+    : Page(parent, kTemplate, "Fixed Functions", "OV_SETUP_SETTINGS_PROJECT"),
       ui_(std::make_unique<Ui::CFixedFunctionsDialog>()) {
 }
 

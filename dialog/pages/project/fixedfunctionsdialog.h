@@ -12,7 +12,7 @@ class CFixedFunctionsDialog;
 }
 
 /// The page "Fixed Functions": a list of names in the project, whose meaning is the host's.
-class CFixedFunctionsDialog : public CPage {
+class CFixedFunctionsDialog : public Page {
     Q_OBJECT
 
 public:

@@ -36,7 +36,7 @@ std::size_t choiceFor(const std::string& stored) {
 } // namespace
 
 CNetNameDelimiter::CNetNameDelimiter(QWidget* parent)
-    : CPage(parent, kTemplate, "NetNameDelimiter", "OV_SETUP_SETTINGS_PROJECT"),
+    : Page(parent, kTemplate, "NetNameDelimiter", "OV_SETUP_SETTINGS_PROJECT"),
       ui_(std::make_unique<Ui::CNetNameDelimiter>()) {
 }
 

@@ -14,7 +14,7 @@ class CNetNameDelimiter;
 }
 
 /// The page "Net Name Delimiter": what stands around the index in the names of the project's nets.
-class CNetNameDelimiter : public CPage {
+class CNetNameDelimiter : public Page {
     Q_OBJECT
 
 public:

@@ -29,7 +29,7 @@ QString fileFilter() {
 } // namespace
 
 CPartBookDialog::CPartBookDialog(QWidget* parent)
-    : CPage(parent, kTemplate, "PartBook", "OV_SETUP_SETTINGS_PROJECT"),
+    : Page(parent, kTemplate, "PartBook", "OV_SETUP_SETTINGS_PROJECT"),
       ui_(std::make_unique<Ui::CPartBookDialog>()) {
 }
 

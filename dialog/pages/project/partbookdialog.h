@@ -13,7 +13,7 @@ class CPartBookDialog;
 }
 
 /// The page "OvPartBook": the user configuration file of the add-in of that name.
-class CPartBookDialog : public CPage {
+class CPartBookDialog : public Page {
     Q_OBJECT
 
 public:

@@ -113,7 +113,7 @@ struct CProjectDialog::Fields {
 };
 
 CProjectDialog::CProjectDialog(QWidget* parent)
-    : CPage(parent, kTemplate, "Netlist Project", "OV_SETUP_SETTINGS_PROJECT"),
+    : Page(parent, kTemplate, "Netlist Project", "OV_SETUP_SETTINGS_PROJECT"),
       ui_(std::make_unique<Ui::CProjectDialog>()) {
 }
 

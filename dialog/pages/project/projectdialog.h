@@ -14,7 +14,7 @@ class CProjectDialog;
 
 /// The page "Netlist Project": the files of a project without a central library, its remote server and its
 /// layout tool.
-class CProjectDialog : public CPage {
+class CProjectDialog : public Page {
     Q_OBJECT
 
 public:

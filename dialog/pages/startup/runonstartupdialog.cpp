@@ -36,7 +36,7 @@ bool fileExists(const std::string& path) {
 } // namespace
 
 CRunOnStartupDialog::CRunOnStartupDialog(QWidget* parent)
-    : CPage(parent, kTemplate, "Run on Startup", "OV_SETUP_SETTINGS_RUN_ON_STARTUP"),
+    : Page(parent, kTemplate, "Run on Startup", "OV_SETUP_SETTINGS_RUN_ON_STARTUP"),
       ui_(std::make_unique<Ui::CRunOnStartupDialog>()) {
 }
 

@@ -19,7 +19,7 @@ class CRunOnStartupDialog;
 
 /// The page "Run on Startup": the forms and scripts that the editor runs when it starts, kept in a file in
 /// the user's working directory.
-class CRunOnStartupDialog : public CPage {
+class CRunOnStartupDialog : public Page {
     Q_OBJECT
 
 public:

@@ -8,7 +8,7 @@
 
 namespace ovsettings {
 
-/// The cells of a grid. Its indices count from 0, as those of every model; CGridWnd turns them into the
+/// The cells of a grid. Its indices count from 0, as those of every model; GridWnd turns them into the
 /// grid's own, which count from 1.
 class GridModel : public QAbstractTableModel {
     Q_OBJECT

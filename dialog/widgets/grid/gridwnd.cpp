@@ -23,7 +23,7 @@ bool movesCurrent(int key) {
 
 } // namespace
 
-CGridWnd::CGridWnd(QWidget* parent)
+GridWnd::GridWnd(QWidget* parent)
     : QTableView(parent), model_(new GridModel(this)), delegate_(new GridDelegate(*this, *model_, this)) {
     setModel(model_);
     setItemDelegate(delegate_);
@@ -39,50 +39,50 @@ CGridWnd::CGridWnd(QWidget* parent)
     fitRowHeights();
     connect(model_, &GridModel::edited, this,
             [this](const QModelIndex& index) { onCellChanged(index.row() + 1, index.column() + 1); });
-    connect(this, &QTableView::clicked, this, &CGridWnd::clickCell);
+    connect(this, &QTableView::clicked, this, &GridWnd::clickCell);
 }
 
 /// Closes an editor that is still open. The base class would destroy it later: it would lose the focus then,
 /// and ask this object, which is gone by that time, to end its edit.
-CGridWnd::~CGridWnd() {
+GridWnd::~GridWnd() {
     if (isEditing())
-        CGridWnd::closeEditor(delegate_->editor(), QAbstractItemDelegate::RevertModelCache);
+        GridWnd::closeEditor(delegate_->editor(), QAbstractItemDelegate::RevertModelCache);
 }
 
-void CGridWnd::setRowCount(int count) {
+void GridWnd::setRowCount(int count) {
     model_->setRowCount(count);
 }
 
-void CGridWnd::setColumnCount(int count) {
+void GridWnd::setColumnCount(int count) {
     model_->setColumnCount(count);
 }
 
-int CGridWnd::rowCount() const {
+int GridWnd::rowCount() const {
     return model_->rowCount();
 }
 
-void CGridWnd::removeRow(int row) {
+void GridWnd::removeRow(int row) {
     if (isEditing() && delegate_->editedIndex().row() == row - 1)
         revertEdit();
     model_->removeRow(row - 1);
 }
 
-int CGridWnd::columnCount() const {
+int GridWnd::columnCount() const {
     return model_->columnCount();
 }
 
-QModelIndex CGridWnd::indexOf(int row, int column) const {
+QModelIndex GridWnd::indexOf(int row, int column) const {
     return model_->index(row - 1, column - 1);
 }
 
-void CGridWnd::setCellText(int row, int column, const QString& text) {
+void GridWnd::setCellText(int row, int column, const QString& text) {
     if (row == 0)
         model_->setHeader(column - 1, text);
     else
         model_->setText(indexOf(row, column), text);
 }
 
-QString CGridWnd::cellText(int row, int column) const {
+QString GridWnd::cellText(int row, int column) const {
     if (row == 0)
         return model_->header(column - 1);
     const QModelIndex index = indexOf(row, column);
@@ -90,59 +90,59 @@ QString CGridWnd::cellText(int row, int column) const {
                                                             : model_->cell(index).text;
 }
 
-bool CGridWnd::isCellEdited(int row, int column) const {
+bool GridWnd::isCellEdited(int row, int column) const {
     const QModelIndex index = indexOf(row, column);
     return model_->cell(index).edited ||
            (isEditing() && index == delegate_->editedIndex() && delegate_->isEditorTouched());
 }
 
-void CGridWnd::setCellStyle(int row, int column, const GridCellStyle& style) {
+void GridWnd::setCellStyle(int row, int column, const GridCellStyle& style) {
     model_->setStyle(indexOf(row, column), style);
     fitRowHeight(row, style);
 }
 
-GridCellStyle CGridWnd::cellStyle(int row, int column) const {
+GridCellStyle GridWnd::cellStyle(int row, int column) const {
     return model_->cell(indexOf(row, column)).style;
 }
 
-void CGridWnd::joinCells(int row, int column, int columns) {
+void GridWnd::joinCells(int row, int column, int columns) {
     setSpan(row - 1, column - 1, 1, columns);
     // What lies under the joined cell is out of sight, and out of reach.
     for (int covered = column + 1; covered < column + columns; ++covered)
         setCellStyle(row, covered, {.readOnly = true, .enabled = false});
 }
 
-void CGridWnd::setWidthOfColumn(int column, int width) {
+void GridWnd::setWidthOfColumn(int column, int width) {
     setColumnWidth(column - 1, width);
 }
 
-int CGridWnd::widthOfColumn(int column) const {
+int GridWnd::widthOfColumn(int column) const {
     return columnWidth(column - 1);
 }
 
-int CGridWnd::clientWidth() const {
+int GridWnd::clientWidth() const {
     return viewport()->width();
 }
 
-void CGridWnd::showHeaders(bool columnHeaders, bool rowHeaders) {
+void GridWnd::showHeaders(bool columnHeaders, bool rowHeaders) {
     horizontalHeader()->setVisible(columnHeaders);
     verticalHeader()->setVisible(rowHeaders);
 }
 
-int CGridWnd::currentRow() const {
+int GridWnd::currentRow() const {
     return currentIndex().row() + 1;
 }
 
-int CGridWnd::currentColumn() const {
+int GridWnd::currentColumn() const {
     return currentIndex().column() + 1;
 }
 
-void CGridWnd::setCurrentCell(int row, int column) {
+void GridWnd::setCurrentCell(int row, int column) {
     if (endEdit())
         setCurrentIndex(indexOf(row, column));
 }
 
-void CGridWnd::startEdit() {
+void GridWnd::startEdit() {
     const QModelIndex index = currentIndex();
     const GridModel::Cell& cell = model_->cell(index);
     if (!index.isValid() || cell.style.readOnly)
@@ -173,7 +173,7 @@ void CGridWnd::startEdit() {
     }
 }
 
-void CGridWnd::openList() {
+void GridWnd::openList() {
     if (model_->cell(currentIndex()).style.readOnly)
         return;
     edit(currentIndex());
@@ -181,16 +181,16 @@ void CGridWnd::openList() {
         list->showPopup();
 }
 
-bool CGridWnd::isEditing() const {
+bool GridWnd::isEditing() const {
     return delegate_->editor() != nullptr;
 }
 
-QString CGridWnd::refusalOfEdit() const {
+QString GridWnd::refusalOfEdit() const {
     const QModelIndex index = delegate_->editedIndex();
     return refusal(index.row() + 1, index.column() + 1, delegate_->editorText());
 }
 
-void CGridWnd::commitEdit() {
+void GridWnd::commitEdit() {
     // While a text is typed it may not fit its mask yet. Such a text is not stored.
     const auto* edit = qobject_cast<QLineEdit*>(delegate_->editor());
     if (!edit || edit->hasAcceptableInput())
@@ -200,14 +200,14 @@ void CGridWnd::commitEdit() {
 
 /// The base class gives the focus back to the grid only while the window is active. Just after a list or a
 /// message box has closed, it is not active yet.
-void CGridWnd::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+void GridWnd::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
     const bool hadFocus = editor && window()->focusWidget() == editor;
     QTableView::closeEditor(editor, hint);
     if (hadFocus)
         setFocus();
 }
 
-bool CGridWnd::endEdit() {
+bool GridWnd::endEdit() {
     if (!isEditing())
         return true;
     const QString message = refusalOfEdit();
@@ -216,7 +216,7 @@ bool CGridWnd::endEdit() {
         return true;
     }
     // While the message is open, the edit may end, and the grid may be destroyed.
-    const QPointer<CGridWnd> self(this);
+    const QPointer<GridWnd> self(this);
     showMessage(this, message);
     if (!self)
         return false;
@@ -227,34 +227,34 @@ bool CGridWnd::endEdit() {
     return false;
 }
 
-void CGridWnd::giveUpEdit(int row, int column) {
+void GridWnd::giveUpEdit(int row, int column) {
     if (isEditing() && delegate_->editedIndex() == indexOf(row, column))
         revertEdit();
 }
 
-void CGridWnd::revertEdit() {
+void GridWnd::revertEdit() {
     closeEditor(delegate_->editor(), QAbstractItemDelegate::RevertModelCache);
 }
 
-bool CGridWnd::mayStartEditing(const QModelIndex& index) {
+bool GridWnd::mayStartEditing(const QModelIndex& index) {
     return onStartEditing(index.row() + 1, index.column() + 1);
 }
 
-void CGridWnd::leaveEdit() {
+void GridWnd::leaveEdit() {
     if (isEditing() && refusalOfEdit().isEmpty())
         commitEdit();
 }
 
-void CGridWnd::tabOutOfEdit(const QKeyEvent& event) {
+void GridWnd::tabOutOfEdit(const QKeyEvent& event) {
     if (endEdit() && !(event.modifiers() & Qt::ControlModifier && handleKey(event)))
         focusNextPrevChild(event.key() == Qt::Key_Tab);
 }
 
-bool CGridWnd::onStartEditing(int, int) {
+bool GridWnd::onStartEditing(int, int) {
     return true;
 }
 
-QString CGridWnd::refusal(int row, int column, const QString& text) const {
+QString GridWnd::refusal(int row, int column, const QString& text) const {
     const std::optional<GridCellLimits> limits = cellStyle(row, column).limits;
     if (!limits)
         return {};
@@ -262,28 +262,28 @@ QString CGridWnd::refusal(int row, int column, const QString& text) const {
     return value < limits->minimum || value > limits->maximum ? limits->message : QString();
 }
 
-void CGridWnd::onCellChanged(int, int) {
+void GridWnd::onCellChanged(int, int) {
 }
 
-void CGridWnd::onCellPressed(int, int) {
+void GridWnd::onCellPressed(int, int) {
 }
 
-bool CGridWnd::onClick(int, int) {
+bool GridWnd::onClick(int, int) {
     return false;
 }
 
-bool CGridWnd::onContextMenu(int, int, const QPoint&) {
+bool GridWnd::onContextMenu(int, int, const QPoint&) {
     return false;
 }
 
-bool CGridWnd::onKey(const QKeyEvent&) {
+bool GridWnd::onKey(const QKeyEvent&) {
     return false;
 }
 
-void CGridWnd::layoutColumns() {
+void GridWnd::layoutColumns() {
 }
 
-void CGridWnd::clickCell(const QModelIndex& index) {
+void GridWnd::clickCell(const QModelIndex& index) {
     if (onClick(index.row() + 1, index.column() + 1) || isEditing() || index != currentIndex())
         return;
     // A click on a check box or a radio group counts only where its mark is; the delegate sees to that.
@@ -294,12 +294,12 @@ void CGridWnd::clickCell(const QModelIndex& index) {
         startEdit();
 }
 
-void CGridWnd::mousePressEvent(QMouseEvent* event) {
+void GridWnd::mousePressEvent(QMouseEvent* event) {
     if (endEdit())
         QTableView::mousePressEvent(event);
 }
 
-void CGridWnd::contextMenuEvent(QContextMenuEvent* event) {
+void GridWnd::contextMenuEvent(QContextMenuEvent* event) {
     const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
     // Clicks on the headers come here, too, in the headers' coordinates.
     const QPoint at = viewport()->mapFromGlobal(event->globalPos());
@@ -309,7 +309,7 @@ void CGridWnd::contextMenuEvent(QContextMenuEvent* event) {
     event->setAccepted(index.isValid() && onContextMenu(index.row() + 1, index.column() + 1, menuAt));
 }
 
-void CGridWnd::keyPressEvent(QKeyEvent* event) {
+void GridWnd::keyPressEvent(QKeyEvent* event) {
     if (currentIndex().isValid() && !isEditing() && (onKey(*event) || handleKey(*event))) {
         event->accept();
         return;
@@ -330,7 +330,7 @@ void CGridWnd::keyPressEvent(QKeyEvent* event) {
         QTableView::keyPressEvent(event);
 }
 
-bool CGridWnd::handleKey(const QKeyEvent& event) {
+bool GridWnd::handleKey(const QKeyEvent& event) {
     const GridCellStyle& style = model_->cell(currentIndex()).style;
     const GridCellKind kind = style.kind;
     const bool isTyped = kind == GridCellKind::text || kind == GridCellKind::maskedEdit ||
@@ -373,11 +373,11 @@ bool CGridWnd::handleKey(const QKeyEvent& event) {
     }
 }
 
-bool CGridWnd::focusNextPrevChild(bool next) {
+bool GridWnd::focusNextPrevChild(bool next) {
     return moveCurrent(next) || QTableView::focusNextPrevChild(next);
 }
 
-bool CGridWnd::moveCurrent(bool forward) {
+bool GridWnd::moveCurrent(bool forward) {
     const int columns = columnCount();
     const int cells = rowCount() * columns;
     const int step = forward ? 1 : -1;
@@ -393,18 +393,18 @@ bool CGridWnd::moveCurrent(bool forward) {
     return false;
 }
 
-void CGridWnd::focusInEvent(QFocusEvent* event) {
+void GridWnd::focusInEvent(QFocusEvent* event) {
     QTableView::focusInEvent(event);
     if (!currentIndex().isValid() && event->reason() != Qt::MouseFocusReason)
         moveCurrent(true);
 }
 
-void CGridWnd::resizeEvent(QResizeEvent* event) {
+void GridWnd::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
     layoutColumns();
 }
 
-void CGridWnd::changeEvent(QEvent* event) {
+void GridWnd::changeEvent(QEvent* event) {
     QTableView::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
         fitRowHeights();
@@ -412,7 +412,7 @@ void CGridWnd::changeEvent(QEvent* event) {
     }
 }
 
-void CGridWnd::fitRowHeights() {
+void GridWnd::fitRowHeights() {
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
     for (int row = 1; row <= rowCount(); ++row) {
         for (int column = 1; column <= columnCount(); ++column)
@@ -420,7 +420,7 @@ void CGridWnd::fitRowHeights() {
     }
 }
 
-void CGridWnd::fitRowHeight(int row, const GridCellStyle& style) {
+void GridWnd::fitRowHeight(int row, const GridCellStyle& style) {
     if (style.kind != GridCellKind::radioGroup || style.orientation == Qt::Horizontal)
         return;
     const int lines = std::max(1, static_cast<int>(style.choices.size()));

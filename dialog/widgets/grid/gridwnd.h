@@ -20,12 +20,12 @@ class GridModel;
 /// F2, Enter, or typing begins an edit, Delete one of an empty text; Enter ends it, Escape gives the old text
 /// back. Alt+Down or F4 opens a list, and so do Enter, F2 and Space unless its text may be typed. Space, F2
 /// or Enter toggles a check box, goes on to the next choice of a radio group, or presses a colour.
-class CGridWnd : public QTableView, private IGridEditing {
+class GridWnd : public QTableView, private IGridEditing {
     Q_OBJECT
 
 public:
-    explicit CGridWnd(QWidget* parent = nullptr);
-    ~CGridWnd() override;
+    explicit GridWnd(QWidget* parent = nullptr);
+    ~GridWnd() override;
 
     /// Cells that stay keep what they have; new ones are empty.
     void setRowCount(int count);
