@@ -17,16 +17,16 @@ struct GraphicsField {
 };
 
 constexpr GraphicsField kObjectFields[] = {
-    {&Graphics::visible, false},   {&Graphics::selectable, false}, {&Graphics::color, true},
+    {&Graphics::visible, false},   {&Graphics::selectable, false}, {&Graphics::colour, true},
     {&Graphics::fillStyle, false}, {&Graphics::lineStyle, false},  {&Graphics::lineThickness, false},
 };
 constexpr GraphicsField kLayerFields[] = {
-    {&Graphics::color, true},
+    {&Graphics::colour, true},
     {&Graphics::fillStyle, false},
     {&Graphics::lineStyle, false},
 };
 constexpr GraphicsField kIctFields[] = {
-    {&Graphics::color, true},
+    {&Graphics::colour, true},
     {&Graphics::fillStyle, true},
 };
 
