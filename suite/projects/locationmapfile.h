@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <cstdint>
 #include <memory>
 #include <span>
 #include <string>
@@ -36,13 +37,16 @@ public:
     /// The first line, from 1, that is passed over because it is no definition, or 0.
     int firstBadLine() const { return firstBadLine_; }
 
-    /// True for one caller, once: a file may have a million names to complain of.
-    bool isFirstComplaint() const { return !isComplainedOf_.exchange(true); }
+    /// True for the first complaints: a file may have a million names to complain of, each in a box of its
+    /// own.
+    bool mayComplain() const { return complaints_.fetch_add(1) < kMostComplaints; }
 
     /// @return null if there is no such name. Its case counts.
     const Entry* find(std::string_view name) const;
 
 private:
+    static constexpr std::uint64_t kMostComplaints = 10;
+
     bool addLine(std::string_view line);
 
     std::string text_;
@@ -51,7 +55,7 @@ private:
     std::vector<Entry> entries_;                              ///< parts of the text
     std::unordered_map<std::string_view, std::size_t> index_; ///< of the entries, by name
     int firstBadLine_ = 0;
-    mutable std::atomic<bool> isComplainedOf_ = false;
+    mutable std::atomic<std::uint64_t> complaints_ = 0;
 };
 
 } // namespace suite

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -86,7 +87,8 @@ std::optional<std::string> ProjectFileText::read(Bytes& bytes) const {
 
 std::optional<std::string> ProjectFileText::lay(const Edit& edit, const Bytes& before) {
     take(before.value_or(""));
-    if (!mayCreate_ && std::filesystem::is_symlink(path_) && !mayBeProject(content_))
+    std::error_code unknown;
+    if (!mayCreate_ && std::filesystem::is_symlink(path_, unknown) && !mayBeProject(content_))
         return path_ + ": cannot store a project value: the link leads to something that is no project";
     if (!edit(content_)) {
         content_ = ProfileDocument(bytes_);

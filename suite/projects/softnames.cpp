@@ -207,8 +207,7 @@ std::string SoftNames::fullPathOfReal(std::string path) const {
 void SoftNames::tell(std::string_view text, const std::string& reason) const {
     const std::string_view name = text.substr(0, text.find_first_of(platform::kSeparators));
     const Definition definition = find(name.substr(1));
-    // Of any number of names in a file the first is told.
-    if (definition.file && !definition.file->path().empty() && definition.file->isFirstComplaint())
+    if (definition.file && !definition.file->path().empty() && definition.file->mayComplain())
         projectLog().reportOnce(definition.file->path(), definition.file->path() + ": " +
                                                              std::string(name.substr(0, kMostShown)) +
                                                              " is not resolved: " + reason);
