@@ -129,7 +129,7 @@ TEST(AtomicFile, AnotherUserIsNotBlockedAndBlocksNobody) {
     EXPECT_EQ(readFile(root / "file"), "another");
 
     // What root locks, the file's owner and its group can lock.
-    for (const mode_t mode : {06644, 0664}) {
+    for (const mode_t mode : {mode_t{06644}, mode_t{0664}}) {
         fs::remove(root / ".file.lock");
         writeFile(root / "file", "old");
         ASSERT_TRUE(testsupport::giveToUnprivileged((root / "file").c_str()));
