@@ -17,10 +17,13 @@ flags=$(sed -n 's/^CMAKE_CXX_FLAGS:[^=]*=//p' "$build/CMakeCache.txt")
     cmake --install "$work/addin" --prefix "$work/home"
 } >"$work/log" 2>&1 || { cat "$work/log"; exit 1; }
 
-# A program without a window needs no Qt, to be built or to run.
+# A program without a window needs no Qt, to be built or to run. Where the libraries have a sanitizer, it needs that.
+sanitizer=
+grep -q '^OVSETTINGS_SANITIZE_ADDRESS:BOOL=ON' "$build/CMakeCache.txt" && sanitizer=-fsanitize=address,undefined
+grep -q '^OVSETTINGS_SANITIZE_THREAD:BOOL=ON' "$build/CMakeCache.txt" && sanitizer=-fsanitize=thread
 {
     cmake -S "$source/examples/batch" -B "$work/batch" -DCMAKE_PREFIX_PATH="$work/prefix" -DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON \
-        -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_CXX_FLAGS="$flags" -DCMAKE_BUILD_TYPE="$type"
+        -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_CXX_FLAGS="$flags $sanitizer" -DCMAKE_BUILD_TYPE="$type"
     cmake --build "$work/batch"
 } >"$work/log" 2>&1 || { cat "$work/log"; exit 1; }
 if ldd "$work/batch/batch" | grep -i qt; then exit 1; fi
