@@ -80,7 +80,7 @@ function(ov_library target)
     set_target_properties(${target} PROPERTIES
         VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} LINKER_LANGUAGE CXX)
     # What a library forgot to link is noticed where it is made. A sanitizer's own symbols come with the program.
-    if(NOT OVSETTINGS_SANITIZE_ADDRESS AND NOT OVSETTINGS_SANITIZE_THREAD)
+    if(NOT OVSETTINGS_SANITIZE_ADDRESS AND NOT OVSETTINGS_SANITIZE_THREAD AND NOT OVSETTINGS_FUZZ)
         target_link_options(${target} PRIVATE LINKER:--no-undefined)
     endif()
 endfunction()
