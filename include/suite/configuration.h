@@ -8,10 +8,31 @@
 #include <cstdio>
 #include <functional>
 #include <map>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Orv {
+
+/// A value or item, or an attribute of a group, as a configuration has it.
+struct ConfigurationPart {
+    std::string_view name = {}; ///< of an attribute; empty for values and items
+    std::string_view text = {};
+    bool hasText = true;          ///< false for an attribute that is locked without a text of its own
+    bool isLocked = false;        ///< by its own mark, or by that of the whole
+    std::string_view reason = {}; ///< of a lock, in the administrator's words; what is nearest counts
+    std::string_view contact = {};
+};
+
+/// A value, list or group, as a configuration has it. The views are good while it is told.
+struct ConfigurationEntry {
+    std::string_view path;          ///< without a slash at its end
+    std::string_view typeWord = {}; ///< empty for values and lists
+    std::string_view key;
+    bool isLocked = false;                    ///< as a whole
+    std::span<const ConfigurationPart> parts; ///< a value has one, a list one an item, in file order
+};
 
 /// One directory's configuration: values, lists and groups of named attributes, each at a path such as
 /// "Orvane/SETTINGS". A slash at the end of a path means nothing. Texts are UTF-8.
@@ -78,6 +99,14 @@ public:
     /// What stands beside the lock of an attribute: on it, or else on its group, or else on the section.
     virtual LockNote groupLockNote(const std::string& path, const std::string& typeWord,
                                    const std::string& key, const std::string& name) const;
+
+    /// Receives one entry. It must not call the configuration.
+    using EntryReader = std::function<void(const ConfigurationEntry&)>;
+    /// Tells all that the configuration says, in file order; of entries, and of attributes in a group, that
+    /// have one name, the first. It is what the operations above answer, for the price of one walk.
+    /// @return false, with nothing told, where a configuration cannot tell all at once: it has changes that
+    ///         are not written, or does not know this operation.
+    virtual bool readAll(const EntryReader& reader) const;
 };
 
 /// Hands out the configurations of directories.

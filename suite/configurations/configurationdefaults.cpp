@@ -64,4 +64,8 @@ LockNote IOvConfiguration::groupLockNote(const std::string&, const std::string&,
     return {};
 }
 
+bool IOvConfiguration::readAll(const EntryReader&) const {
+    return false;
+}
+
 } // namespace Orv

@@ -268,6 +268,13 @@ Orv::LockNote ConfigurationFile::groupLockNote(const std::string& path, const st
     return document_.attributeLockNote(path, typeWord, key, name);
 }
 
+bool ConfigurationFile::readAll(const EntryReader& reader) const {
+    if (!keyEdits_.empty() || !groupEdits_.empty() || !attributeEdits_.empty())
+        return false;
+    document_.readAll(reader);
+    return true;
+}
+
 void ConfigurationFile::listKeys(const std::string& path, std::vector<std::string>& keys) const {
     keys = document_.keys(path);
     for (const auto& [name, edit] : keyEdits_) {

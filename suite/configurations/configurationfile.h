@@ -73,6 +73,7 @@ public:
                               std::size_t item) const override;
     Orv::LockNote groupLockNote(const std::string& path, const std::string& typeWord, const std::string& key,
                                 const std::string& name) const override;
+    bool readAll(const EntryReader& reader) const override;
 
 private:
     struct KeyState {

@@ -267,6 +267,50 @@ bool ConfigurationDocument::readGroup(const std::string& path, const std::string
     return true;
 }
 
+void ConfigurationDocument::readAll(const std::function<void(const Orv::ConfigurationEntry&)>& reader) const {
+    std::vector<Orv::LockNote> notes;
+    std::vector<Orv::ConfigurationPart> parts;
+    for (const auto& [path, section] : index()) {
+        for (const auto& [name, element] : section.entries) {
+            const std::string key(name.second);
+            const std::string type(name.first);
+            notes.clear();
+            parts.clear();
+            Values values;
+            std::vector<std::uint8_t> locks;
+            Attributes attributes;
+            std::map<std::string, int> attributeLocks;
+            bool isLocked = isKeyLocked(std::string(path), key);
+            if (type.empty()) {
+                readKey(std::string(path), key, values, locks);
+                notes.reserve(values.size());
+                for (std::size_t i = 0; i < values.size(); ++i) {
+                    notes.push_back(locks[i] != 0 ? keyLockNote(std::string(path), key, i) : Orv::LockNote());
+                    parts.push_back({{}, values[i], true, locks[i] != 0, notes[i].reason, notes[i].contact});
+                }
+            } else {
+                isLocked = false;
+                readGroup(std::string(path), type, key, attributes, attributeLocks, isLocked);
+                for (const auto& [attribute, text] : attributes)
+                    parts.push_back({attribute, text, true, isLocked || attributeLocks.contains(attribute)});
+                for (const auto& [attribute, lock] : attributeLocks) {
+                    if (!attributes.contains(attribute))
+                        parts.push_back({attribute, {}, false, true});
+                }
+                notes.reserve(parts.size());
+                for (auto& part : parts) {
+                    notes.push_back(part.isLocked ? attributeLockNote(std::string(path), type, key,
+                                                                      std::string(part.name))
+                                                  : Orv::LockNote());
+                    part.reason = notes.back().reason;
+                    part.contact = notes.back().contact;
+                }
+            }
+            reader({path, name.first, name.second, isLocked, parts});
+        }
+    }
+}
+
 ConfigurationDocument::Values ConfigurationDocument::keys(const std::string& path) const {
     return names(path, {});
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "orv/locknote.h"
+#include "suite/configuration.h"
 
 #include <libxml/tree.h>
 
@@ -62,6 +63,8 @@ public:
     Orv::LockNote keyLockNote(const std::string& path, const std::string& key, std::size_t item) const;
     Orv::LockNote attributeLockNote(const std::string& path, const std::string& type, const std::string& key,
                                     const std::string& name) const;
+    /// All that the file says, as IOvConfiguration::readAll tells it.
+    void readAll(const std::function<void(const Orv::ConfigurationEntry&)>& reader) const;
     Values keys(const std::string& path) const;
     Values groups(const std::string& path, const std::string& type) const;
 
