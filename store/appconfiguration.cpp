@@ -15,6 +15,8 @@ namespace {
 
 using Property = iAppConfiguration::Property;
 
+constexpr std::uint8_t kAllFields = 0xff;
+
 float notificationValue(const std::vector<std::string>& values) {
     return values.empty() ? 0.0F : floatFromText(values.front());
 }
@@ -32,22 +34,25 @@ bool meansTheSame(const Property& property, std::size_t field, const std::string
 }
 
 /// The field's text is no more what the cache prints and, if it means something else, no more what a
-/// configuration gave.
-void replaceField(Record& record, std::size_t field, const std::string& text) {
+/// configuration gave, nor reset.
+void replaceField(iAppConfiguration::Impl& store, std::size_t row, std::size_t field,
+                  const std::string& text) {
+    auto& record = store.records.own(row);
     if (record.property.values[field] == text)
         return;
     if (!meansTheSame(record.property, field, text)) {
         record.origins[field].value.reset();
-        record.withdrawn &= static_cast<std::uint8_t>(~fieldBit(record.property.kind, field));
+        store.changes.keepFields(row, fieldBit(record.property.kind, field));
     }
     record.property.values[field] = text;
     record.isFlushed = false;
 }
 
 /// The text is behind the cache, which has what no configuration gave.
-void outdateText(Record& record) {
+void outdateText(iAppConfiguration::Impl& store, std::size_t row) {
+    auto& record = store.records.own(row);
     record.isFlushed = false;
-    record.withdrawn = 0;
+    store.changes.keepFields(row, kAllFields);
     for (auto& origin : record.origins)
         origin.value.reset();
 }
@@ -65,12 +70,13 @@ bool mayReset(const Record& record, std::size_t field) {
            std::ranges::none_of(record.origins, isOwnLock);
 }
 
-void resizeFields(Record& record, std::size_t count) {
+void resizeFields(iAppConfiguration::Impl& store, std::size_t row, std::size_t count) {
+    auto& record = store.records.own(row);
     if (count == record.property.values.size())
         return;
     record.isFlushed = false;
     if (kindTraits(record.property.kind).storage == Storage::list)
-        record.withdrawn = 0;
+        store.changes.keepFields(row, kAllFields);
     record.property.values.resize(count);
     record.property.readonly.resize(count);
     record.origins.resize(count);
@@ -106,18 +112,17 @@ RefreshResult iAppConfiguration::refresh() {
 
 bool iAppConfiguration::reset(const std::string& key, std::size_t field) {
     const auto row = impl_->find(key);
-    if (!row || !mayReset(impl_->records[*row], field))
+    if (!row || !mayReset(impl_->records.look(*row), field))
         return false;
-    Record wanted = impl_->records[*row];
-    inherit(wanted, field, impl_->levels);
+    Record wanted = impl_->records.look(*row);
+    inherit(wanted, field, impl_->records.levels());
     impl_->notify(key, notificationValue(wanted.property.values));
     // A sink may have changed the property, or loaded.
-    if (!mayReset(impl_->records[*row], field))
+    if (!mayReset(impl_->records.look(*row), field))
         return false;
-    impl_->aboutToChange(*row);
-    auto& record = impl_->records[*row];
-    inherit(record, field, impl_->levels);
-    record.withdrawn |= fieldBit(record.property.kind, field);
+    auto& record = impl_->aboutToChange(*row);
+    inherit(record, field, impl_->records.levels());
+    impl_->changes.noteReset(*row, fieldBit(record.property.kind, field));
     impl_->refreshCache(*row);
     return true;
 }
@@ -132,8 +137,7 @@ bool iAppConfiguration::getProperty(Property& property) const {
         return false;
     // The stored text is rewritten too, so that a number reads the same ever after, with six significant
     // digits.
-    impl_->flushCache(*row);
-    const auto& stored = impl_->records[*row].property;
+    const auto& stored = impl_->lookAtPrinted(*row).property;
     property.readonly = stored.readonly;
     property.values = stored.values;
     property.defaults = stored.defaults;
@@ -146,14 +150,13 @@ bool iAppConfiguration::setProperty(const Property& property) {
         return false;
     // Sinks are told of the attempt: before anything is stored, and also of a field that its lock will keep.
     impl_->notify(property.name, notificationValue(property.values));
-    impl_->aboutToChange(*row);
-    auto& record = impl_->records[*row];
-    resizeFields(record, property.values.size());
+    const auto& record = impl_->aboutToChange(*row);
+    resizeFields(*impl_, *row, property.values.size());
     for (std::size_t i = 0; i < property.values.size(); ++i) {
         if (record.property.readonly[i] == 0)
-            replaceField(record, i, property.values[i]);
+            replaceField(*impl_, *row, i, property.values[i]);
     }
-    if (impl_->isCached(*row))
+    if (impl_->cache.isCached(*row))
         impl_->refreshCache(*row);
     return true;
 }
@@ -162,20 +165,19 @@ bool iAppConfiguration::setPropertyDefaults(const std::string& key, const std::v
     const auto row = impl_->find(key);
     if (!row)
         return false;
-    impl_->aboutToChange(*row);
-    auto& record = impl_->records[*row];
+    auto& record = impl_->aboutToChange(*row);
     record.property.defaults = values;
     record.hasOwnDefaults = true;
-    resizeFields(record, values.size());
+    resizeFields(*impl_, *row, values.size());
     for (std::size_t i = 0; i < values.size(); ++i)
-        replaceField(record, i, values[i]);
+        replaceField(*impl_, *row, i, values[i]);
     if (!values.empty() && !values.front().empty()) {
         // The cache follows the notice; a sink that reads the text meanwhile must not bring the old number
         // back.
         record.isFlushed = true;
         impl_->notify(key, floatFromText(values.front()));
         // Unless a sink has set another one.
-        if (impl_->records[*row].isFlushed)
+        if (impl_->records.look(*row).isFlushed)
             impl_->refreshCache(*row);
     }
     return true;
@@ -188,11 +190,11 @@ float iAppConfiguration::getNumber(std::string_view key) const noexcept {
 
 bool iAppConfiguration::setNumber(std::string_view key, float value) {
     const auto row = findRow(key);
-    if (!row || !impl_->hasNumber[*row])
+    if (!row || !impl_->cache.hasNumber(*row))
         return false;
     impl_->aboutToChange(*row);
-    impl_->numbers[*row] = value;
-    outdateText(impl_->records[*row]);
+    impl_->cache.setNumber(*row, value);
+    outdateText(*impl_, *row);
     impl_->notify(key, value);
     return true;
 }
@@ -218,8 +220,8 @@ bool iAppConfiguration::setGraphics(std::string_view key, int visible, int selec
     if (!row || !typed_->hasGraphics[*row])
         return false;
     impl_->aboutToChange(*row);
-    impl_->graphics[*row] = Graphics{visible, selectable, color, fillStyle, lineStyle, lineThickness};
-    outdateText(impl_->records[*row]);
+    impl_->cache.setGraphics(*row, {visible, selectable, color, fillStyle, lineStyle, lineThickness});
+    outdateText(*impl_, *row);
     impl_->notify(key, static_cast<float>(visible));
     return true;
 }
@@ -258,8 +260,8 @@ bool iAppConfiguration::removeSink(iEventSink* sink) {
 std::vector<std::string> iAppConfiguration::keys() const {
     std::vector<std::string> names;
     names.reserve(impl_->records.size());
-    for (const auto& record : impl_->records)
-        names.push_back(record.property.name);
+    for (std::size_t row = 0; row < impl_->records.size(); ++row)
+        names.emplace_back(catalogue()[row].key);
     return names;
 }
 
@@ -269,12 +271,12 @@ std::vector<std::string> iAppConfiguration::workingDirectories() const {
 
 std::string iAppConfiguration::valueDirectory(const std::string& key, std::size_t field) const {
     const auto* origin = impl_->originOf(key, field);
-    return origin && origin->value ? impl_->levels[*origin->value].directory : std::string();
+    return origin && origin->value ? impl_->records.levels()[*origin->value].directory() : std::string();
 }
 
 std::string iAppConfiguration::lockingDirectory(const std::string& key, std::size_t field) const {
     const auto* origin = impl_->originOf(key, field);
-    return origin && origin->lock ? impl_->levels[*origin->lock].directory : std::string();
+    return origin && origin->lock ? impl_->records.levels()[*origin->lock].directory() : std::string();
 }
 
 int iAppConfiguration::kindOf(std::string_view key) noexcept {
@@ -285,7 +287,7 @@ int iAppConfiguration::kindOf(std::string_view key) noexcept {
 LockNote iAppConfiguration::lockNote(const std::string& key, std::size_t field) const {
     const auto* origin = impl_->originOf(key, field);
     const auto* statement =
-        origin && origin->lock ? impl_->levels[*origin->lock].find(*impl_->find(key)) : nullptr;
+        origin && origin->lock ? impl_->records.levels()[*origin->lock].find(*impl_->find(key)) : nullptr;
     return statement && field < statement->notes.size() ? statement->notes[field] : LockNote();
 }
 

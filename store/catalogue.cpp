@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstdint>
 
 namespace Orv {
@@ -10,7 +11,7 @@ namespace {
 
 using enum iAppConfiguration::Kind;
 
-constexpr CatalogueRow kRows[] = {
+constexpr auto kShippedRows = std::to_array<CatalogueRow>({
     // Objects.
     {"NET", KindObject, "1, 1, 0x00ff00, 1, 0, 1"},
     {"COMPONENT", KindObject, "1, 1, 0x00ffff, 0, 0, 1"},
@@ -285,8 +286,32 @@ constexpr CatalogueRow kRows[] = {
     {"XPROB_HLU_LIMITOPEN", KindFlag, "1"},
     {"XPROB_SEL_LIMITOPEN", KindFlag, "0"},
     {"XPROB_SEL_ZOOMFIT", KindFlag, "0"},
-};
-static_assert(std::size(kRows) == kCatalogueSize);
+});
+
+/// Settings that nothing uses, of every kind in turn: a build that has some shows that there is room.
+constexpr std::size_t kSpares = OV_SPARE_SETTINGS;
+constexpr std::size_t kNameSize = 9;
+
+constexpr auto kSpareNames = [] {
+    std::array<std::array<char, kNameSize>, kSpares> names{};
+    for (std::size_t i = 0; i < kSpares; ++i) {
+        std::ranges::copy(std::string_view("SPARE_"), names[i].begin());
+        for (std::size_t digit = kNameSize, rest = i; digit-- > kNameSize - 3; rest /= 10)
+            names[i][digit] = static_cast<char>('0' + rest % 10);
+    }
+    return names;
+}();
+
+constexpr auto kRows = [] {
+    std::array<CatalogueRow, kShippedRows.size() + kSpares> rows{};
+    std::ranges::copy(kShippedRows, rows.begin());
+    for (std::size_t i = 0; i < kSpares; ++i) {
+        auto& row = rows[kShippedRows.size() + i];
+        row = kShippedRows[i * 7 % kShippedRows.size()];
+        row.key = std::string_view(kSpareNames[i].data(), kNameSize);
+    }
+    return rows;
+}();
 
 /// Eight bytes as one number. Written out so that it is one load at run time and still fit for a constant.
 constexpr std::uint64_t eightBytes(const char* text) noexcept {
@@ -324,11 +349,11 @@ constexpr std::uint64_t hashOf(std::string_view key) noexcept {
 }
 
 /// A hash table with open addressing, four slots a key: each slot holds a row's number or nothing.
-using Slot = std::uint8_t;
-constexpr int kSlotBits = 10;
+using Slot = std::uint16_t;
+constexpr int kSlotBits = std::bit_width(kRows.size() * 4 - 1);
 constexpr std::size_t kSlots = std::size_t{1} << kSlotBits;
-constexpr Slot kFree = 0xff;
-static_assert(kCatalogueSize <= kFree && kCatalogueSize * 4 <= kSlots);
+constexpr Slot kFree = 0xffff;
+static_assert(kRows.size() <= kFree);
 
 constexpr std::size_t firstSlot(std::string_view key) noexcept {
     return hashOf(key) >> (64 - kSlotBits);
@@ -340,7 +365,7 @@ constexpr std::size_t nextSlot(std::size_t slot) noexcept {
 constexpr auto kIndex = [] {
     std::array<Slot, kSlots> index{};
     index.fill(kFree);
-    for (std::size_t row = 0; row < kCatalogueSize; ++row) {
+    for (std::size_t row = 0; row < kRows.size(); ++row) {
         auto slot = firstSlot(kRows[row].key);
         while (index[slot] != kFree)
             slot = nextSlot(slot);
@@ -359,7 +384,7 @@ constexpr std::optional<std::size_t> lookUp(std::string_view key) noexcept {
 }
 
 constexpr bool everyKeyFindsItsOwnRow() {
-    for (std::size_t row = 0; row < kCatalogueSize; ++row) {
+    for (std::size_t row = 0; row < kRows.size(); ++row) {
         if (lookUp(kRows[row].key) != row)
             return false;
     }
@@ -368,7 +393,7 @@ constexpr bool everyKeyFindsItsOwnRow() {
 static_assert(everyKeyFindsItsOwnRow(), "a key stands twice in the table");
 
 constexpr auto countOf(iAppConfiguration::Kind kind) {
-    return std::ranges::count(kRows, kind, &CatalogueRow::kind);
+    return std::ranges::count(kShippedRows, kind, &CatalogueRow::kind);
 }
 static_assert(countOf(KindFlag) == 111 && countOf(KindNumber) == 51 && countOf(KindLayer) == 9);
 static_assert(countOf(KindObject) == 12 && countOf(KindList) == 10 && countOf(KindText) == 23);
@@ -376,7 +401,7 @@ static_assert(countOf(KindSize) == 11 && countOf(KindFont) == 13 && countOf(Kind
 
 } // namespace
 
-std::span<const CatalogueRow, kCatalogueSize> catalogue() noexcept {
+std::span<const CatalogueRow> catalogue() noexcept {
     return kRows;
 }
 

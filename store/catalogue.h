@@ -16,10 +16,8 @@ struct CatalogueRow {
     std::string_view defaultText; ///< the fields, joined by ", "; see cutFields
 };
 
-inline constexpr std::size_t kCatalogueSize = 255;
-
 /// Every property there is, in the order in which the store registers them.
-std::span<const CatalogueRow, kCatalogueSize> catalogue() noexcept;
+std::span<const CatalogueRow> catalogue() noexcept;
 
 /// The row of a key, at the cost of hashing three words of it. Allocates nothing.
 std::optional<std::size_t> findRow(std::string_view key) noexcept;

@@ -1,14 +1,11 @@
 #include "orv/configurationreport.h"
 
 #include "store/catalogue.h"
-#include "store/configurationhandle.h"
 #include "store/kinds.h"
-#include "store/store.h"
+#include "store/level.h"
+#include "store/record.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <map>
-#include <span>
 #include <utility>
 
 namespace Orv {
@@ -17,46 +14,20 @@ namespace {
 
 using Property = iAppConfiguration::Property;
 
-void readListStatement(const IOvConfiguration& configuration, const Property& property,
-                       LevelStatement& statement) {
-    std::vector<std::string> values;
-    std::vector<std::uint8_t> locks;
-    statement.present =
-        configuration.readList(pathOf(property.kind, property.name), property.name, values, locks);
-    locks.resize(values.size());
-    statement.values.assign(values.begin(), values.end());
-    statement.locks.assign(locks.begin(), locks.end());
-}
-
-void readGroupStatement(const IOvConfiguration& configuration, const Property& property,
-                        LevelStatement& statement) {
-    const auto& traits = kindTraits(property.kind);
-    std::map<std::string, std::string> attributes;
-    std::map<std::string, int> locks;
-    bool groupLocked = false;
-    statement.present =
-        configuration.readGroup(traits.path, traits.typeWord, property.name, attributes, locks, groupLocked);
-    if (!statement.present)
-        return;
-    for (const auto& name : traits.fieldNames) {
-        const auto text = attributes.find(name);
-        const auto lock = locks.find(name);
-        statement.values.push_back(text == attributes.end() ? std::nullopt : std::optional(text->second));
-        statement.locks.push_back(groupLocked || (lock != locks.end() && lock->second == 1));
-    }
-}
-
-LevelStatement statementOf(const std::string& directory, const IOvConfiguration* configuration,
-                           const Property& property) {
+/// @param level nothing where the directory yields no configuration.
+LevelStatement statementOf(const std::string& directory, const std::optional<Level>& level, std::size_t row) {
     LevelStatement statement;
     statement.directory = directory;
-    statement.hasConfiguration = configuration != nullptr;
-    if (!configuration)
+    statement.hasConfiguration = level.has_value();
+    const auto* said = level ? level->find(row) : nullptr;
+    statement.present = said != nullptr;
+    if (!said)
         return statement;
-    if (kindTraits(property.kind).storage == Storage::group)
-        readGroupStatement(*configuration, property, statement);
-    else
-        readListStatement(*configuration, property, statement);
+    statement.values.reserve(said->fields.size());
+    for (const auto& field : said->fields) {
+        statement.values.push_back(field.text);
+        statement.locks.push_back(field.isLocked);
+    }
     return statement;
 }
 
@@ -81,17 +52,19 @@ PropertyReport withoutLevels(const iAppConfiguration& appConfig, const Catalogue
     return report;
 }
 
-std::vector<PropertyReport> reportRows(const iAppConfiguration& appConfig,
-                                       std::span<const CatalogueRow> rows) {
+/// @param count from the first row on.
+std::vector<PropertyReport> reportRows(const iAppConfiguration& appConfig, std::size_t first,
+                                       std::size_t count) {
     std::vector<PropertyReport> reports;
-    for (const auto& row : rows)
+    reports.reserve(count);
+    for (const auto& row : catalogue().subspan(first, count))
         reports.push_back(withoutLevels(appConfig, row));
     auto directories = appConfig.workingDirectories();
     std::ranges::reverse(directories);
     for (const auto& directory : directories) {
-        const auto configuration = openConfiguration(directory, IOvConfigurationManager::Access::read);
-        for (auto& report : reports)
-            report.levels.push_back(statementOf(directory, configuration.get(), report.property));
+        const auto level = readLevel(directory);
+        for (std::size_t i = 0; i < count; ++i)
+            reports[i].levels.push_back(statementOf(directory, level, first + i));
     }
     return reports;
 }
@@ -99,14 +72,15 @@ std::vector<PropertyReport> reportRows(const iAppConfiguration& appConfig,
 } // namespace
 
 std::vector<PropertyReport> reportConfiguration(const iAppConfiguration& appConfig) {
-    return appConfig.keys().empty() ? std::vector<PropertyReport>() : reportRows(appConfig, catalogue());
+    return appConfig.keys().empty() ? std::vector<PropertyReport>()
+                                    : reportRows(appConfig, 0, catalogue().size());
 }
 
 std::optional<PropertyReport> reportProperty(const iAppConfiguration& appConfig, const std::string& key) {
     const auto row = findRow(key);
     if (!row || appConfig.keys().empty())
         return std::nullopt;
-    return std::move(reportRows(appConfig, catalogue().subspan(*row, 1)).front());
+    return std::move(reportRows(appConfig, *row, 1).front());
 }
 
 } // namespace Orv

@@ -45,7 +45,7 @@ std::span<const GraphicsField> fieldsOf(int kind) {
 
 } // namespace
 
-Graphics graphicsFromFields(int kind, const std::vector<std::string>& values) {
+Graphics graphicsFromFields(int kind, std::span<const std::string_view> values) {
     Graphics graphics;
     const auto fields = fieldsOf(kind);
     for (std::size_t i = 0; i < std::min(fields.size(), values.size()); ++i)

@@ -60,6 +60,20 @@ std::vector<std::string> namesOf(std::string_view fieldList) {
     return names;
 }
 
+template <typename Text>
+void cutInto(std::string_view joined, std::vector<Text>& fields) {
+    std::size_t count = 0;
+    for (bool isMore = !joined.empty(); isMore;) {
+        const auto separator = joined.find(kSeparator);
+        isMore = separator != std::string_view::npos;
+        fields.resize(std::max(fields.size(), count + 1));
+        fields[count++] = joined.substr(0, separator);
+        if (isMore)
+            joined.remove_prefix(separator + kSeparator.size());
+    }
+    fields.resize(count);
+}
+
 } // namespace
 
 const KindTraits& kindTraits(int kind) {
@@ -91,15 +105,16 @@ const std::string& pathOf(int kind, const std::string& name) {
 
 std::vector<std::string> cutFields(std::string_view joined) {
     std::vector<std::string> fields;
-    if (joined.empty())
-        return fields;
-    for (;;) {
-        const auto separator = joined.find(kSeparator);
-        fields.emplace_back(joined.substr(0, separator));
-        if (separator == std::string_view::npos)
-            return fields;
-        joined.remove_prefix(separator + kSeparator.size());
-    }
+    cutFields(joined, fields);
+    return fields;
+}
+
+void cutFields(std::string_view joined, std::vector<std::string>& fields) {
+    cutInto(joined, fields);
+}
+
+void cutFields(std::string_view joined, std::vector<std::string_view>& fields) {
+    cutInto(joined, fields);
 }
 
 } // namespace Orv

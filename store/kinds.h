@@ -31,5 +31,8 @@ const std::string& pathOf(int kind, const std::string& name);
 
 /// Cuts text at every comma with a blank behind it, and at no other comma. Empty text has no pieces.
 std::vector<std::string> cutFields(std::string_view joined);
+/// The same, into memory that is there.
+void cutFields(std::string_view joined, std::vector<std::string>& fields);
+void cutFields(std::string_view joined, std::vector<std::string_view>& fields);
 
 } // namespace Orv

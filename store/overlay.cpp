@@ -1,8 +1,11 @@
 #include "store/overlay.h"
 
+#include "store/catalogue.h"
 #include "store/kinds.h"
 
 #include <algorithm>
+#include <bitset>
+#include <cstdint>
 
 namespace Orv {
 
@@ -40,8 +43,8 @@ private:
     bool layUser() {
         if (property_.values.empty()) {
             takeAll();
-        } else if (property_.values.size() == statement_.texts.size()) {
-            for (std::size_t i = 0; i < statement_.texts.size(); ++i) {
+        } else if (property_.values.size() == statement_.fields.size()) {
+            for (std::size_t i = 0; i < statement_.fields.size(); ++i) {
                 if (!isSet(property_.readonly[i]))
                     take(i);
             }
@@ -49,13 +52,13 @@ private:
             return false;
         } else {
             takeAll();
-            property_.readonly = statement_.locks;
+            property_.readonly = locks();
         }
         return true;
     }
 
     void layInherited() {
-        const auto count = statement_.texts.size();
+        const auto count = statement_.fields.size();
         if (property_.defaults.empty()) {
             takeAll();
             property_.defaults = property_.values;
@@ -69,7 +72,7 @@ private:
         for (std::size_t i = 0; i < count; ++i) {
             if (isSet(property_.readonly[i]))
                 continue;
-            property_.defaults[i] = *statement_.texts[i];
+            property_.defaults[i] = *statement_.fields[i].text;
             take(i);
         }
     }
@@ -78,22 +81,29 @@ private:
     void mergeLocks() {
         auto& flags = property_.readonly;
         if (flags.empty())
-            flags = statement_.locks;
-        for (std::size_t i = 0; i < std::min(flags.size(), statement_.locks.size()); ++i) {
-            if (!isSet(flags[i]))
-                flags[i] = statement_.locks[i];
+            flags = locks();
+        for (std::size_t i = 0; i < std::min(flags.size(), statement_.fields.size()); ++i) {
+            if (statement_.fields[i].isLocked)
+                flags[i] = 1;
         }
     }
 
+    std::vector<std::uint8_t> locks() const {
+        std::vector<std::uint8_t> flags;
+        for (const auto& field : statement_.fields)
+            flags.push_back(field.isLocked);
+        return flags;
+    }
+
     void take(std::size_t field) {
-        property_.values[field] = *statement_.texts[field];
+        property_.values[field] = *statement_.fields[field].text;
         record_.origins[field].value = place_;
     }
 
     void takeAll() {
-        property_.values.resize(statement_.texts.size());
-        record_.origins.assign(statement_.texts.size(), Origin{});
-        for (std::size_t i = 0; i < statement_.texts.size(); ++i)
+        property_.values.resize(statement_.fields.size());
+        record_.origins.assign(statement_.fields.size(), Origin{});
+        for (std::size_t i = 0; i < statement_.fields.size(); ++i)
             take(i);
     }
 
@@ -105,17 +115,17 @@ private:
 
 void overlayGroup(Record& record, const Statement& statement, std::size_t place) {
     auto& property = record.property;
-    for (std::size_t i = 0; i < std::min(statement.texts.size(), property.values.size()); ++i) {
+    for (std::size_t i = 0; i < std::min(statement.fields.size(), property.values.size()); ++i) {
         // The value comes before the lock: a configuration may set a field and lock it in one place.
-        if (statement.texts[i]) {
+        if (statement.fields[i].text) {
             if (!isSet(property.readonly[i])) {
-                property.values[i] = *statement.texts[i];
+                property.values[i] = *statement.fields[i].text;
                 record.origins[i].value = place;
             }
             if (place != 0)
                 property.defaults = property.values;
         }
-        if (isSet(statement.locks[i]))
+        if (statement.fields[i].isLocked)
             property.readonly[i] = 1;
     }
     noteLocks(record, place);
@@ -130,13 +140,40 @@ void overlay(Record& record, const Statement& statement, std::size_t place) {
         ListOverlay(record, statement, place).lay();
 }
 
-Record recordOf(std::size_t row, const std::vector<Level>& levels, std::size_t lowest) {
-    Record record = defaultRecords()[row];
+void layRecord(std::size_t row, const std::vector<Level>& levels, std::size_t lowest, Record& record) {
+    assignDefault(row, record);
     for (std::size_t place = levels.size(); place-- > lowest;) {
         if (const auto* statement = levels[place].find(row))
             overlay(record, *statement, place);
     }
+}
+
+Record recordOf(std::size_t row, const std::vector<Level>& levels, std::size_t lowest) {
+    Record record;
+    layRecord(row, levels, lowest, record);
     return record;
+}
+
+bool layValues(std::size_t row, const std::vector<Level>& levels, std::vector<std::string_view>& fields) {
+    constexpr std::size_t kMostFields = 8;
+    cutFields(catalogue()[row].defaultText, fields);
+    std::bitset<kMostFields> locked;
+    if (fields.empty() || fields.size() > kMostFields)
+        return false;
+    for (std::size_t place = levels.size(); place-- > 0;) {
+        const auto* statement = levels[place].find(row);
+        if (!statement)
+            continue;
+        if (statement->fields.size() != fields.size())
+            return false;
+        for (std::size_t i = 0; i < fields.size(); ++i) {
+            const auto& [text, isLocked] = statement->fields[i];
+            if (text && !locked[i])
+                fields[i] = *text;
+            locked[i] = locked[i] || isLocked;
+        }
+    }
+    return true;
 }
 
 void inherit(Record& record, std::size_t field, const std::vector<Level>& levels) {

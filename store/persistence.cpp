@@ -3,6 +3,7 @@
 #include "platform/asciicase.h"
 #include "platform/installation.h"
 #include "store/configurationhandle.h"
+#include "store/kinds.h"
 #include "store/numbers.h"
 #include "store/overlay.h"
 #include "store/transfer.h"
@@ -64,21 +65,39 @@ bool prepareDirectories(Impl& store, const std::string& projectPath) {
     return true;
 }
 
-/// From the installation to the user. Where no directory has a configuration, the catalogue's defaults stand.
-void readLevels(Impl& store) {
-    store.levels.resize(store.directories.size());
-    for (std::size_t place = store.directories.size(); place-- > 0;) {
-        const auto& directory = store.directories[place];
-        store.levels[place] = readLevel(directory).value_or(Level{directory, false, {}});
-        for (const auto& statement : store.levels[place].statements)
-            overlay(store.records[statement.row], statement, place);
+/// Where no directory has a configuration, the catalogue's defaults stand.
+std::vector<Level> readLevels(const std::vector<std::string>& directories, std::vector<Level> former) {
+    former.resize(directories.size());
+    std::vector<Level> levels(directories.size());
+    for (std::size_t place = directories.size(); place-- > 0;) {
+        const auto& directory = directories[place];
+        levels[place] = readLevel(directory, std::move(former[place])).value_or(Level(directory, false, 0));
+    }
+    return levels;
+}
+
+/// Most rows say what the catalogue does, and the others need no record.
+void fillCache(Impl& store) {
+    store.cache.restart();
+    std::vector<bool> isLaid(store.records.size());
+    std::vector<std::string_view> fields;
+    for (const auto& level : store.records.levels()) {
+        for (const auto& [row, said, notes] : level.statements()) {
+            if (isLaid[row] || kindTraits(catalogue()[row].kind).cache == Cache::none)
+                continue;
+            isLaid[row] = true;
+            if (layValues(row, store.records.levels(), fields))
+                store.cache.refresh(row, fields);
+            else
+                store.refreshCache(row);
+        }
     }
 }
 
 /// Goes by the row's number: a sink may load again.
 void notifyOfAll(Impl& store) {
     for (std::size_t row = 0; row < store.records.size() && !store.sinks.empty(); ++row) {
-        const auto& property = store.records[row].property;
+        const auto& property = store.records.look(row).property;
         if (!property.values.empty())
             store.notify(property.name, floatFromText(property.values.front()));
     }
@@ -88,13 +107,11 @@ void notifyOfAll(Impl& store) {
 
 bool loadStore(Impl& store, const std::string& projectPath) {
     platform::fixInstallationDirectory();
-    store.registerCatalogue();
+    auto former = store.registerCatalogue();
     if (!prepareDirectories(store, projectPath))
         return false;
-    readLevels(store);
-    for (std::size_t row = 0; row < store.records.size(); ++row)
-        store.refreshCache(row);
-    store.heldIsUnchecked = true;
+    store.records.exchangeLevels(readLevels(store.directories, std::move(former)));
+    fillCache(store);
     notifyOfAll(store);
     return true;
 }
@@ -104,31 +121,28 @@ namespace {
 /// Whether the file that the user's level was read from is damaged by now, so that it yields an empty
 /// configuration for writing and none for reading. One that somebody emptied or took away yields both.
 bool lostWhatItHeld(const Impl& store, const IOvConfiguration& configuration) {
-    if (!store.knowsWrittenLevel() || store.levels.front().statements.empty())
+    if (!store.knowsWrittenLevel())
         return false;
+    const auto& held = store.records.levels().front().statements();
     StatementReader reader(configuration);
     const bool saysNothing = std::ranges::none_of(
-        store.levels.front().statements, [&](const auto& held) { return reader.read(held.row).has_value(); });
-    return saysNothing && !openConfiguration(store.writeDirectory, Access::read);
+        held, [&reader](const Statement& statement) { return reader.read(statement.row).has_value(); });
+    return saysNothing && !held.empty() && !openConfiguration(store.writeDirectory, Access::read);
 }
 
 } // namespace
 
 bool saveStore(Impl& store) {
-    store.checkHeld();
+    store.searchRedundant();
     // Until it has worked; where nothing is to be saved, nothing can fail.
-    store.lastSaveFailed = store.pending.any();
+    store.lastSaveFailed = store.changes.isAnyPending();
     if (!prepareDirectories(store, store.lastProjectPath))
         return false;
-    for (std::size_t row = 0; row < store.records.size(); ++row) {
-        if (store.pending[row])
-            store.flushCache(row);
-    }
     auto configuration = openConfiguration(store.writeDirectory, Access::write);
     if (!configuration)
         return false;
     if (lostWhatItHeld(store, *configuration))
-        restoreLevel(store.levels.front(), *configuration);
+        restoreLevel(store.records.levels().front(), *configuration);
     auto rows = writeChanges(store, *configuration);
     store.lastSaveFailed = !release(std::move(configuration));
     if (!store.lastSaveFailed)

@@ -7,22 +7,17 @@
 
 namespace Orv {
 
-const std::vector<Record>& defaultRecords() {
-    static const std::vector<Record> rows = [] {
-        std::vector<Record> made;
-        made.reserve(kCatalogueSize);
-        for (const auto& row : catalogue()) {
-            iAppConfiguration::Property property{std::string(row.key)};
-            property.defaults = cutFields(row.defaultText);
-            property.values = property.defaults;
-            property.readonly.resize(property.values.size());
-            property.kind = row.kind;
-            const auto fields = property.values.size();
-            made.push_back({std::move(property), std::vector<Origin>(fields)});
-        }
-        return made;
-    }();
-    return rows;
+void assignDefault(std::size_t row, Record& record) {
+    const auto& entry = catalogue()[row];
+    auto& property = record.property;
+    property.name = entry.key;
+    property.kind = entry.kind;
+    cutFields(entry.defaultText, property.defaults);
+    property.values = property.defaults;
+    property.readonly.assign(property.values.size(), 0);
+    record.origins.assign(property.values.size(), Origin());
+    record.isFlushed = false;
+    record.hasOwnDefaults = false;
 }
 
 std::uint8_t fieldBit(int kind, std::size_t field) {
@@ -34,7 +29,9 @@ void normaliseFields(int kind, std::vector<std::string>& values) {
     if (cache == Cache::number && !values.empty())
         values.front() = floatToText(floatFromText(values.front()));
     else if (cache == Cache::graphics)
-        printGraphics(kind, graphicsFromFields(kind, values), values);
+        printGraphics(kind,
+                      graphicsFromFields(kind, std::vector<std::string_view>(values.begin(), values.end())),
+                      values);
 }
 
 } // namespace Orv

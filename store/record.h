@@ -16,25 +16,18 @@ struct Origin {
     std::optional<std::size_t> lock;
 };
 
-/// One row of the store: a property, and for each of its fields where it comes from. The rows stand in the
-/// order of the catalogue, so that a row's number serves for both and for the caches.
+/// A property, and for each of its fields where it comes from.
 struct Record {
     iAppConfiguration::Property property;
     std::vector<Origin> origins;
-    bool isFlushed = false; ///< true while the text is what the cache prints; most saves find it so
-
-    /// Once it was changed: the values as the last load, save or refresh left them. What differs from them,
-    /// in normal form, is unsaved.
-    std::optional<std::vector<std::string>> saved = {};
-    std::uint8_t withdrawn = 0;  ///< a bit for each field that was reset and leaves the file at the next save
+    bool isFlushed = false;      ///< true while the text is what the cache prints; most saves find it so
     bool hasOwnDefaults = false; ///< setPropertyDefaults gave them; they stand until the next load
 };
 
-/// The catalogue with its defaults as the rows of a store. Copied over the rows of an earlier load, it finds
-/// their memory and allocates little.
-const std::vector<Record>& defaultRecords();
+/// Makes a record say what the catalogue does, in the memory that it has.
+void assignDefault(std::size_t row, Record& record);
 
-/// The bit of a field in Record::withdrawn. A list stands and goes as a whole.
+/// The bit of a field in Change::withdrawn. A list stands and goes as a whole.
 std::uint8_t fieldBit(int kind, std::size_t field);
 
 /// A property's text in the form in which the caches print it. Kinds without a cache have no other than the

@@ -7,22 +7,24 @@
 #include "store/transfer.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
+#include <vector>
 
 namespace Orv {
 
 namespace {
 
 using Impl = iAppConfiguration::Impl;
-using Rows = std::bitset<kCatalogueSize>;
+using Rows = std::vector<bool>;
 
 /// The rows of which two readings of a level say different things.
 void noteDifferences(const Level& before, const Level& now, Rows& rows) {
     const auto noteMissing = [&rows](const Level& one, const Level& other) {
-        for (const auto& statement : one.statements) {
+        for (const auto& statement : one.statements()) {
             const auto* same = other.find(statement.row);
             if (!same || *same != statement)
-                rows.set(statement.row);
+                rows[statement.row] = true;
         }
     };
     noteMissing(before, now);
@@ -33,7 +35,7 @@ void noteDifferences(const Level& before, const Level& now, Rows& rows) {
 std::vector<Level> rereadLevels(const std::vector<Level>& levels) {
     std::vector<Level> now;
     for (const auto& level : levels)
-        now.push_back(readLevel(level.directory).value_or(level));
+        now.push_back(readLevel(level.directory(), level).value_or(level));
     return now;
 }
 
@@ -75,10 +77,10 @@ void carryList(const Record& unsaved, Record& now) {
 }
 
 /// Lays a field that is unsaved over what the levels say by now.
-void carryOver(const Record& unsaved, Record& now, std::size_t field, const std::vector<Level>& levels) {
-    const auto bit = fieldBit(now.property.kind, field);
-    if ((unsaved.withdrawn & bit) != 0) {
-        now.withdrawn |= bit;
+/// @param wasReset the field is to say what is inherited.
+void carryOver(const Record& unsaved, bool wasReset, Record& now, std::size_t field,
+               const std::vector<Level>& levels) {
+    if (wasReset) {
         inherit(now, field, levels); // which may be another value by now
     } else if (isGroup(now)) {
         now.property.values[field] = unsaved.property.values[field];
@@ -99,71 +101,87 @@ class RowRefresh {
 public:
     /// @param former the levels before; the store has the new ones.
     RowRefresh(Impl& store, std::size_t row, const std::vector<Level>& former)
-        : store_(store), row_(row), former_(recordOf(row, former)) {}
+        : store_(store),
+          row_(row),
+          former_(recordOf(row, former)),
+          before_(store.records.isOwn(row) ? store.lookAtPrinted(row) : former_),
+          now_(recordOf(row, store.records.levels())) {}
 
     /// @return whether the values in force are others than before.
     bool run(RefreshResult& result) {
-        store_.flushCache(row_);
-        auto& record = store_.records[row_];
-        const auto valuesBefore = inNormalForm(record);
-        const auto locksBefore = record.property.readonly;
-        record = merged(record, result);
-        const bool isChanged = inNormalForm(record) != valuesBefore;
-        if (isChanged || record.property.readonly != locksBefore)
-            result.changed.push_back(record.property.name);
+        auto rest = carryUnsaved(result);
+        const bool isChanged = inNormalForm(now_) != inNormalForm(before_);
+        if (isChanged || now_.property.readonly != before_.property.readonly)
+            result.changed.push_back(now_.property.name);
+        store_.records.disown(row_);
+        store_.changes.drop(row_);
+        if (rest) {
+            store_.records.own(row_) = now_;
+            store_.changes.set(row_, std::move(*rest));
+        }
         store_.refreshCache(row_);
-        store_.notePending(row_);
+        store_.noteRedundant(row_);
         return isChanged;
     }
 
 private:
-    Record merged(const Record& before, RefreshResult& result) const {
-        Record now = recordOf(row_, store_.levels);
-        const Record read = now;
-        const std::size_t fields =
-            isGroup(now) ? std::min(before.property.values.size(), now.property.values.size()) : 1;
+    /// @return what stays unsaved, if anything does.
+    std::optional<Change> carryUnsaved(RefreshResult& result) {
+        const auto* change = store_.changes.find(row_);
+        if (!change)
+            return std::nullopt;
+        std::optional<Change> rest;
+        const RowWriter writer(before_, change, nullptr);
+        const auto read = now_.property.values;
+        const std::size_t fields = isGroup(now_) ? std::min(before_.property.values.size(), read.size()) : 1;
         for (std::size_t field = 0; field < fields; ++field) {
-            if (!isUnsaved(before, field))
+            if (!writer.isUnsaved(field))
                 continue;
-            if (becameLocked(former_, now, field)) {
-                result.dropped.push_back({now.property.name, field});
+            if (becameLocked(former_, now_, field)) {
+                result.dropped.push_back({now_.property.name, field});
                 continue;
             }
-            carryOver(before, now, field, store_.levels);
-            now.saved = read.property.values;
+            const auto reset =
+                static_cast<std::uint8_t>(change->withdrawn & fieldBit(now_.property.kind, field));
+            carryOver(before_, reset != 0, now_, field, store_.records.levels());
+            if (!rest)
+                rest = Change{read};
+            rest->withdrawn |= reset;
         }
-        return now;
+        return rest;
     }
 
     Impl& store_;
     const std::size_t row_;
     const Record former_;
+    const Record before_;
+    Record now_;
 };
 
 } // namespace
 
 RefreshResult refreshStore(Impl& store) {
     RefreshResult result;
-    if (store.isNotifying() || store.levels.empty())
+    if (store.isNotifying() || store.records.levels().empty())
         return result;
     result.isDone = true;
-    store.checkHeld();
-    const auto former = std::exchange(store.levels, rereadLevels(store.levels));
+    store.searchRedundant();
+    const auto former = store.records.exchangeLevels(rereadLevels(store.records.levels()));
     // What others wrote beside a save stands in the level since then, and in no record.
-    Rows rows = std::exchange(store.settled, Rows());
+    Rows rows = store.changes.takeSettled();
     for (std::size_t place = 0; place < former.size(); ++place)
-        noteDifferences(former[place], store.levels[place], rows);
-    Rows changed;
+        noteDifferences(former[place], store.records.levels()[place], rows);
+    Rows changed(rows.size());
     for (std::size_t row = 0; row < rows.size(); ++row) {
-        if (rows[row] && !store.records[row].hasOwnDefaults)
+        if (rows[row] && !store.records.hasOwnDefaults(row))
             changed[row] = RowRefresh(store, row, former).run(result);
     }
     // By the row's number: a sink may load again.
     for (std::size_t row = 0; row < rows.size(); ++row) {
-        const auto& property = store.records[row].property;
-        if (changed[row])
-            store.notify(property.name,
-                         property.values.empty() ? 0.0F : floatFromText(property.values.front()));
+        if (!changed[row])
+            continue;
+        const auto& property = store.records.look(row).property;
+        store.notify(property.name, property.values.empty() ? 0.0F : floatFromText(property.values.front()));
     }
     return result;
 }

@@ -26,14 +26,15 @@ bool isLockedFromAbove(const Record& record, std::size_t field) {
 
 } // namespace
 
-RowWriter::RowWriter(const Record& record, const Statement* held)
+RowWriter::RowWriter(const Record& record, const Change* change, const Statement* held)
     : record_(record),
       property_(record.property),
       traits_(kindTraits(property_.kind)),
+      withdrawn_(change ? change->withdrawn : std::uint8_t{0}),
       held_(held),
       values_(inNormalForm(property_.kind, property_.values)),
       defaults_(inNormalForm(property_.kind, property_.defaults)),
-      saved_(inNormalForm(property_.kind, record.saved.value_or(property_.values))) {
+      saved_(change ? inNormalForm(property_.kind, change->saved) : values_) {
 }
 
 std::vector<std::size_t> RowWriter::write(IOvConfiguration& configuration) const {
@@ -49,6 +50,14 @@ bool RowWriter::isUnsaved(std::size_t field) const {
     return field < values_.size() && values_[field] != (field < saved_.size() ? saved_[field] : "");
 }
 
+bool RowWriter::isAnyRedundant() const {
+    for (std::size_t field = 0; field < values_.size(); ++field) {
+        if (isRedundant(field))
+            return true;
+    }
+    return false;
+}
+
 bool RowWriter::isRedundant(std::size_t field) const {
     if (!held_)
         return false;
@@ -56,12 +65,12 @@ bool RowWriter::isRedundant(std::size_t field) const {
         return !isAllLockedFromAbove() && isKeyRedundant();
     if (isLocked(record_, field))
         return false;
-    return field < held_->texts.size() && held_->texts[field] && isInherited(field) &&
+    return field < held_->fields.size() && held_->fields[field].text && isInherited(field) &&
            heldInNormalForm()[field] == defaults_[field];
 }
 
 bool RowWriter::isWithdrawn(std::size_t field) const {
-    return (record_.withdrawn & fieldBit(property_.kind, field)) != 0;
+    return (withdrawn_ & fieldBit(property_.kind, field)) != 0;
 }
 
 bool RowWriter::isInherited(std::size_t field) const {
@@ -69,17 +78,12 @@ bool RowWriter::isInherited(std::size_t field) const {
 }
 
 std::vector<std::string> RowWriter::heldInNormalForm() const {
-    std::vector<std::string> texts;
-    for (const auto& text : held_->texts)
-        texts.push_back(text.value_or(std::string()));
-    normaliseFields(property_.kind, texts);
-    return texts;
+    return inNormalForm(property_.kind, held_->texts());
 }
 
 bool RowWriter::isKeyRedundant() const {
-    return !held_->texts.empty() && !held_->texts.front()->empty() &&
-           std::ranges::none_of(held_->locks, isSet) && values_ == defaults_ &&
-           heldInNormalForm() == defaults_;
+    return !held_->fields.empty() && !held_->fields.front().text->empty() && !held_->isAnyLocked() &&
+           values_ == defaults_ && heldInNormalForm() == defaults_;
 }
 
 RowWriter::Fate RowWriter::fateOfKey() const {
@@ -132,9 +136,7 @@ std::vector<std::size_t> RowWriter::writeKey(IOvConfiguration& configuration) co
 }
 
 void RowWriter::dropKey(const std::string& path, IOvConfiguration& configuration) const {
-    std::vector<std::string> texts;
-    for (const auto& text : held_->texts)
-        texts.push_back(*text);
+    const auto texts = held_->texts();
     configuration.withdrawKey(path, property_.name, &texts);
 }
 
@@ -148,26 +150,11 @@ std::vector<std::size_t> RowWriter::writeGroup(IOvConfiguration& configuration) 
                                          values_[i]);
         else if (fate == Fate::withdrawn || fate == Fate::dropped)
             configuration.withdrawAttribute(traits_.path, traits_.typeWord, property_.name, names[i],
-                                            fate == Fate::dropped ? &*held_->texts[i] : nullptr);
+                                            fate == Fate::dropped ? &*held_->fields[i].text : nullptr);
         else if (fate == Fate::refused)
             refused.push_back(i);
     }
     return refused;
-}
-
-bool isUnsaved(const Record& record, std::size_t field) {
-    return (record.saved || record.withdrawn != 0) && RowWriter(record, nullptr).isUnsaved(field);
-}
-
-bool isRedundant(const Record& record, const Statement* statement) {
-    if (!statement)
-        return false;
-    const RowWriter writer(record, statement);
-    for (std::size_t field = 0; field < record.property.values.size(); ++field) {
-        if (writer.isRedundant(field))
-            return true;
-    }
-    return false;
 }
 
 } // namespace Orv

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "store/changes.h"
 #include "store/kinds.h"
 #include "store/level.h"
 #include "store/record.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -13,12 +15,17 @@ namespace Orv {
 /// A record with values, defaults and what was saved in one spelling, and what the user's level said of it.
 class RowWriter {
 public:
-    RowWriter(const Record& record, const Statement* held);
+    /// @param change null where nobody changed the row.
+    /// @param held   what the user's level says; null where it does not mention the property.
+    RowWriter(const Record& record, const Change* change, const Statement* held);
 
     /// @return the fields that were changed and may not be written.
     std::vector<std::size_t> write(IOvConfiguration& configuration) const;
+    /// Whether a field is another than the last load, save or refresh left it. Any field of a list stands for
+    /// all.
     bool isUnsaved(std::size_t field) const;
-    bool isRedundant(std::size_t field) const;
+    /// Whether the user's level says what it inherits, which a save takes out.
+    bool isAnyRedundant() const;
 
 private:
     /// What is to become of a field in the file of the user's level.
@@ -30,6 +37,7 @@ private:
         dropped,   ///< goes if it still says what it said, which is what is inherited
     };
 
+    bool isRedundant(std::size_t field) const;
     bool isWithdrawn(std::size_t field) const;
     bool isInherited(std::size_t field) const;
 
@@ -48,18 +56,11 @@ private:
     const Record& record_;
     const iAppConfiguration::Property& property_;
     const KindTraits& traits_;
+    const std::uint8_t withdrawn_;
     const Statement* held_;
     const std::vector<std::string> values_;
     const std::vector<std::string> defaults_;
     const std::vector<std::string> saved_;
 };
-
-/// Whether a field is another than the last load, save or refresh left it. Any field of a list stands for
-/// all.
-bool isUnsaved(const Record& record, std::size_t field);
-
-/// Whether the user's level says what it inherits, which a save takes out.
-/// @param statement of the user's level; null where it does not mention the property.
-bool isRedundant(const Record& record, const Statement* statement);
 
 } // namespace Orv

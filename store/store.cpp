@@ -1,8 +1,5 @@
 #include "store/store.h"
 
-#include "store/graphicsfields.h"
-#include "store/kinds.h"
-#include "store/numbers.h"
 #include "store/rowwriter.h"
 
 #include <algorithm>
@@ -33,77 +30,68 @@ void iAppConfiguration::Impl::invalidateHandles() {
     typed.load = ++loads;
 }
 
-void iAppConfiguration::Impl::registerCatalogue() {
-    static_assert(kCatalogueSize <= kRowMask);
+std::vector<Level> iAppConfiguration::Impl::registerCatalogue() {
     invalidateHandles();
-    records = defaultRecords();
-    levels.clear();
-    pending.reset();
-    heldIsUnchecked = false;
-    settled.reset();
+    auto former = records.exchangeLevels({});
+    records.restart();
+    changes.restart(records.size());
+    return former;
 }
 
-void iAppConfiguration::Impl::aboutToChange(std::size_t row) {
-    pending.set(row);
-    auto& record = records[row];
-    if (record.saved)
-        return;
-    flushCache(row);
-    record.saved = record.property.values;
+Record& iAppConfiguration::Impl::aboutToChange(std::size_t row) {
+    auto& record = records.own(row);
+    if (!changes.find(row))
+        changes.begin(row, lookAtPrinted(row).property.values);
+    return record;
 }
 
 bool iAppConfiguration::Impl::knowsWrittenLevel() const {
-    return !levels.empty() && levels.front().isKnown && levels.front().directory == writeDirectory;
+    const auto& levels = records.levels();
+    return !levels.empty() && levels.front().isKnown() && levels.front().directory() == writeDirectory;
 }
 
-void iAppConfiguration::Impl::notePending(std::size_t row) {
-    const auto& record = records[row];
-    const auto* held = knowsWrittenLevel() ? levels.front().find(row) : nullptr;
-    pending[row] = record.saved || record.withdrawn != 0 || isRedundant(record, held);
+const Statement* iAppConfiguration::Impl::heldStatement(std::size_t row) const {
+    return knowsWrittenLevel() ? records.levels().front().find(row) : nullptr;
 }
 
-void iAppConfiguration::Impl::checkHeld() {
-    if (!std::exchange(heldIsUnchecked, false) || !knowsWrittenLevel())
+void iAppConfiguration::Impl::noteRedundant(std::size_t row) {
+    const auto* held = heldStatement(row);
+    changes.noteRedundant(row,
+                          held && RowWriter(records.look(row), changes.find(row), held).isAnyRedundant());
+}
+
+void iAppConfiguration::Impl::searchRedundant() {
+    if (!changes.isToBeSearched() || !knowsWrittenLevel())
         return;
-    for (const auto& statement : levels.front().statements)
-        notePending(statement.row);
+    for (const auto& statement : records.levels().front().statements())
+        noteRedundant(statement.row);
 }
 
 std::optional<std::size_t> iAppConfiguration::Impl::find(std::string_view key) const noexcept {
-    return records.empty() ? std::nullopt : findRow(key);
+    return records.isEmpty() ? std::nullopt : findRow(key);
 }
 
-const Origin* iAppConfiguration::Impl::originOf(std::string_view key, std::size_t field) const noexcept {
+const Origin* iAppConfiguration::Impl::originOf(std::string_view key, std::size_t field) {
     const auto row = find(key);
-    return row && field < records[*row].origins.size() ? &records[*row].origins[field] : nullptr;
+    if (!row)
+        return nullptr;
+    const auto& origins = records.look(*row).origins;
+    return field < origins.size() ? &origins[field] : nullptr;
 }
 
 void iAppConfiguration::Impl::refreshCache(std::size_t row) {
-    const auto& property = records[row].property;
-    records[row].isFlushed = false;
-    switch (kindTraits(property.kind).cache) {
-    case Cache::none:
-        break;
-    case Cache::number:
-        numbers[row] = property.values.empty() ? 0.0F : floatFromText(property.values.front());
-        hasNumber[row] = true;
-        break;
-    case Cache::graphics:
-        graphics[row] = graphicsFromFields(property.kind, property.values);
-        hasGraphics[row] = true;
-        break;
-    }
+    auto& record = records.look(row);
+    record.isFlushed = false;
+    cache.refresh(row, record.property.values);
 }
 
-void iAppConfiguration::Impl::flushCache(std::size_t row) {
-    if (records[row].isFlushed)
-        return;
-    records[row].isFlushed = true;
-    auto& property = records[row].property;
-    if (hasNumber[row] && !property.values.empty())
-        property.values.front() = floatToText(numbers[row]);
-    else if (hasGraphics[row])
-        printGraphics(property.kind, graphics[row], property.values);
+const Record& iAppConfiguration::Impl::lookAtPrinted(std::size_t row) {
+    auto& record = records.look(row);
+    if (!record.isFlushed) {
+        record.isFlushed = true;
+        cache.print(row, record.property);
+    }
+    return record;
 }
 
 void iAppConfiguration::Impl::notify(std::string_view key, float value) {

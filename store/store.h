@@ -2,12 +2,10 @@
 
 #include "orv/appconfiguration.h"
 #include "store/catalogue.h"
-#include "store/level.h"
-#include "store/record.h"
+#include "store/changes.h"
+#include "store/records.h"
+#include "store/typedcache.h"
 
-#include <bitset>
-#include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,24 +14,14 @@
 namespace Orv {
 
 struct iAppConfiguration::Impl {
-    std::vector<Record> records;
     std::vector<std::string> directories; ///< the most specific first, the installation last
     std::string writeDirectory;           ///< the first of them
     std::string lastProjectPath;
-    std::vector<Level> levels; ///< as last read, in the order of the directories; origins refer to them
-    /// The rows that a save has to look at: changed, or held by the user's level although it inherits the
-    /// same.
-    std::bitset<kCatalogueSize> pending;
-    bool heldIsUnchecked = false; ///< the rows that the load found in the user's level are not among them yet
-    /// The rows that were saved since the load or the last refresh: the level has what the file then said of
-    /// them, the record only what this store changed.
-    std::bitset<kCatalogueSize> settled;
+    Records records;
+    TypedCache cache;
+    TypedValues typed{0, catalogue().size(), cache.numbers(), cache.graphics(), cache.hasGraphics()};
+    Changes changes;
     bool lastSaveFailed = false;
-    std::vector<float> numbers = std::vector<float>(kCatalogueSize);
-    std::vector<Graphics> graphics = std::vector<Graphics>(kCatalogueSize);
-    std::vector<bool> hasNumber = std::vector<bool>(kCatalogueSize);
-    std::unique_ptr<bool[]> hasGraphics = std::make_unique<bool[]>(kCatalogueSize);
-    TypedValues typed{0, kCatalogueSize, numbers.data(), graphics.data(), hasGraphics.get()};
     std::vector<iEventSink*> sinks; ///< not owned
 
     Impl() { invalidateHandles(); }
@@ -41,28 +29,30 @@ struct iAppConfiguration::Impl {
     void invalidateHandles();
 
     /// Starts anew with the catalogue and its defaults. The caches stay as they are.
-    void registerCatalogue();
+    /// @return the levels that there were.
+    std::vector<Level> registerCatalogue();
 
     /// The row of a registered key; nothing for an unknown key, and for every key before the first load.
     std::optional<std::size_t> find(std::string_view key) const noexcept;
 
     /// Null for an unknown key and for a field that does not exist.
-    const Origin* originOf(std::string_view key, std::size_t field) const noexcept;
+    const Origin* originOf(std::string_view key, std::size_t field);
 
     /// To be called before a record's text, or its cache, is changed by anybody but a load or refresh.
-    void aboutToChange(std::size_t row);
+    Record& aboutToChange(std::size_t row);
     /// Whether the first of the levels is what the directory that is written was found to hold.
     bool knowsWrittenLevel() const;
+    /// What the user's level was found to say of a row; null if it says nothing, or nobody knows.
+    const Statement* heldStatement(std::size_t row) const;
 
-    /// Settles whether a save has to look at a row.
-    void notePending(std::size_t row);
-    /// The same for what the load found in the user's level. That takes time, and many programs never save.
-    void checkHeld();
+    void noteRedundant(std::size_t row);
+    /// The same for what the load found in the user's level.
+    void searchRedundant();
 
-    bool isCached(std::size_t row) const { return hasNumber[row] || hasGraphics[row]; }
+    /// Makes a row's cache hold what its text says.
     void refreshCache(std::size_t row);
-    /// Brings a row's text up to date from the cache.
-    void flushCache(std::size_t row);
+    /// A row with its text brought up to date from the cache. Good until the next look at another row.
+    const Record& lookAtPrinted(std::size_t row);
 
     /// Tells the sinks. A sink may do with the store what it likes, but refresh it; so after this call rows
     /// must be looked up anew.

@@ -1,5 +1,6 @@
 #include "store/transfer.h"
 
+#include "store/catalogue.h"
 #include "store/kinds.h"
 #include "store/rowwriter.h"
 
@@ -10,25 +11,23 @@ namespace Orv {
 namespace {
 
 /// The refused fields stay as unsaved as they were.
-void settleGroup(Record& record, const std::vector<std::size_t>& refused) {
-    auto saved = record.property.values;
+void settleGroup(const std::vector<std::size_t>& refused, const std::vector<std::string>& values,
+                 Change& change) {
+    auto saved = values;
     for (const std::size_t field : refused) {
-        if (field < record.saved->size())
-            saved[field] = (*record.saved)[field];
+        if (field < change.saved.size())
+            saved[field] = change.saved[field];
     }
-    record.saved = std::move(saved);
+    change = {std::move(saved)};
 }
 
 } // namespace
 
-std::vector<Transferred> writeChanges(const iAppConfiguration::Impl& store, IOvConfiguration& configuration) {
+std::vector<Transferred> writeChanges(iAppConfiguration::Impl& store, IOvConfiguration& configuration) {
     std::vector<Transferred> rows;
-    const Level* held = store.knowsWrittenLevel() ? &store.levels.front() : nullptr;
     StatementReader reader(configuration);
-    for (std::size_t row = 0; row < store.records.size(); ++row) {
-        if (!store.pending[row])
-            continue;
-        const RowWriter writer(store.records[row], held ? held->find(row) : nullptr);
+    for (const std::size_t row : store.changes.pendingRows()) {
+        const RowWriter writer(store.lookAtPrinted(row), store.changes.find(row), store.heldStatement(row));
         auto refused = writer.write(configuration);
         rows.push_back({row, reader.read(row), std::move(refused)});
     }
@@ -36,39 +35,37 @@ std::vector<Transferred> writeChanges(const iAppConfiguration::Impl& store, IOvC
 }
 
 void restoreLevel(const Level& level, IOvConfiguration& configuration) {
-    for (const auto& statement : level.statements) {
+    for (const auto& statement : level.statements()) {
         const auto& row = catalogue()[statement.row];
         const auto& traits = kindTraits(row.kind);
         const std::string key(row.key);
-        std::vector<std::string> texts;
-        for (std::size_t i = 0; i < statement.texts.size(); ++i) {
-            if (!statement.texts[i])
-                continue;
-            texts.push_back(*statement.texts[i]);
-            if (traits.storage == Storage::group)
-                configuration.writeAttribute(traits.path, traits.typeWord, key, traits.fieldNames[i],
-                                             texts.back());
+        for (std::size_t i = 0; i < statement.fields.size() && traits.storage == Storage::group; ++i) {
+            if (const auto& text = statement.fields[i].text)
+                configuration.writeAttribute(traits.path, traits.typeWord, key, traits.fieldNames[i], *text);
         }
         if (traits.storage == Storage::list)
-            configuration.writeList(pathOf(row.kind, key), key, texts);
-        else if (traits.storage == Storage::value && !texts.empty())
-            configuration.writeValue(pathOf(row.kind, key), key, texts.front());
+            configuration.writeList(pathOf(row.kind, key), key, statement.texts());
+        else if (traits.storage == Storage::value && !statement.fields.empty())
+            configuration.writeValue(pathOf(row.kind, key), key, *statement.fields.front().text);
     }
 }
 
 void settle(iAppConfiguration::Impl& store, std::vector<Transferred> rows) {
     for (auto& [row, statement, refused] : rows) {
-        auto& record = store.records[row];
-        record.withdrawn = 0;
-        store.settled.set(row);
-        if (store.knowsWrittenLevel())
-            store.levels.front().replace(row, std::move(statement));
-        if (refused.empty()) {
-            record.saved.reset();
-            store.pending.reset(row);
-        } else if (kindTraits(record.property.kind).storage == Storage::group) {
-            settleGroup(record, refused);
+        const auto values = store.lookAtPrinted(row).property.values;
+        const auto* change = store.changes.find(row);
+        if (change && !refused.empty()) {
+            Change rest = *change;
+            rest.withdrawn = 0;
+            if (kindTraits(catalogue()[row].kind).storage == Storage::group)
+                settleGroup(refused, values, rest);
+            store.changes.set(row, std::move(rest));
+        } else {
+            store.changes.drop(row);
         }
+        store.changes.settle(row);
+        if (store.knowsWrittenLevel())
+            store.records.replaceStatement(row, std::move(statement));
     }
 }
 

@@ -3,6 +3,7 @@
 #include "store/store.h"
 
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 namespace Orv {
@@ -17,7 +18,7 @@ struct Transferred {
 /// Writes what the store changed since its load or last save, field by field, and takes out what the user's
 /// level held although it inherits the same. What stands under a lock from above is left as it is, and so is
 /// an empty value or list, and a value under a lock of its own.
-std::vector<Transferred> writeChanges(const iAppConfiguration::Impl& store, IOvConfiguration& configuration);
+std::vector<Transferred> writeChanges(iAppConfiguration::Impl& store, IOvConfiguration& configuration);
 
 /// Writes all that a level said into a configuration that says nothing. Lock marks cannot be written.
 void restoreLevel(const Level& level, IOvConfiguration& configuration);

@@ -30,8 +30,10 @@ struct ConfigurationEntry {
     std::string_view path;          ///< without a slash at its end
     std::string_view typeWord = {}; ///< empty for values and lists
     std::string_view key;
-    bool isLocked = false;                    ///< as a whole
     std::span<const ConfigurationPart> parts; ///< a value has one, a list one an item, in file order
+    bool isLocked = false;                    ///< as a whole
+    std::string_view reason = {};             ///< of a lock of the whole
+    std::string_view contact = {};
 };
 
 /// One directory's configuration: values, lists and groups of named attributes, each at a path such as

@@ -306,7 +306,8 @@ void ConfigurationDocument::readAll(const std::function<void(const Orv::Configur
                     part.contact = notes.back().contact;
                 }
             }
-            reader({path, name.first, name.second, isLocked, parts});
+            const auto words = noteFrom(element);
+            reader({path, name.first, name.second, parts, isLocked, words.reason, words.contact});
         }
     }
 }
