@@ -31,11 +31,14 @@ LevelStatement statementOf(const std::string& directory, const std::optional<Lev
     return statement;
 }
 
-/// Compares in normal form, since "1.016e+06" changes nothing of "1016000".
-bool differs(int kind, std::vector<std::string> values, std::vector<std::string> builtInDefault) {
-    normaliseFields(kind, values);
-    normaliseFields(kind, builtInDefault);
-    return values != builtInDefault;
+/// @param values in normal form, since "1.016e+06" changes nothing of "1016000".
+bool differs(int kind, const std::vector<std::string>& values,
+             const std::vector<std::string>& builtInDefault) {
+    if (values == builtInDefault)
+        return false;
+    auto printed = builtInDefault;
+    normaliseFields(kind, printed);
+    return values != printed;
 }
 
 PropertyReport withoutLevels(const iAppConfiguration& appConfig, const CatalogueRow& row) {
@@ -44,6 +47,7 @@ PropertyReport withoutLevels(const iAppConfiguration& appConfig, const Catalogue
     appConfig.getProperty(report.property);
     report.property.kind = row.kind;
     report.builtInDefault = cutFields(row.defaultText);
+    report.origins.reserve(report.property.values.size());
     for (std::size_t i = 0; i < report.property.values.size(); ++i)
         report.origins.push_back({appConfig.valueDirectory(report.property.name, i),
                                   appConfig.lockingDirectory(report.property.name, i),
@@ -57,10 +61,12 @@ std::vector<PropertyReport> reportRows(const iAppConfiguration& appConfig, std::
                                        std::size_t count) {
     std::vector<PropertyReport> reports;
     reports.reserve(count);
-    for (const auto& row : catalogue().subspan(first, count))
-        reports.push_back(withoutLevels(appConfig, row));
     auto directories = appConfig.workingDirectories();
     std::ranges::reverse(directories);
+    for (const auto& row : catalogue().subspan(first, count)) {
+        reports.push_back(withoutLevels(appConfig, row));
+        reports.back().levels.reserve(directories.size());
+    }
     for (const auto& directory : directories) {
         const auto level = readLevel(directory);
         for (std::size_t i = 0; i < count; ++i)

@@ -21,7 +21,7 @@ TEST_F(ConfigurationReport, AnotherSpellingOfTheDefaultIsNoChange) {
     std::filesystem::remove(installation.user());
     ASSERT_TRUE(store.load());
     const auto reports = Orv::reportConfiguration(store);
-    EXPECT_EQ(reports.size(), 255U);
+    EXPECT_EQ(reports.size(), kSettings);
     for (const auto& report : reports) {
         EXPECT_FALSE(report.changed) << report.property.name;
         EXPECT_FALSE(report.levels.back().hasConfiguration);

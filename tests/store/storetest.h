@@ -7,6 +7,8 @@
 
 using Texts = std::vector<std::string>;
 
+inline constexpr std::size_t kSettings = 255 + OV_SPARE_SETTINGS;
+
 using namespace testsupport;
 
 /// A store over an installation, a site and a user's directory.
