@@ -9,8 +9,7 @@
 
 #include <orv/configurationreport.h>
 
-#include <QtCore/QJsonArray>
-#include <QtCore/QJsonObject>
+#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <iostream>
@@ -66,46 +65,43 @@ void writeTable(std::ostream& out, const std::vector<Orv::PropertyReport>& repor
     writeColumns(out, rows);
 }
 
-QJsonArray textArray(const std::vector<std::string>& texts) {
-    QJsonArray array;
-    for (const std::string& text : texts)
-        array.append(QString::fromStdString(text));
-    return array;
+nlohmann::json textOrNull(const std::string& text) {
+    return text.empty() ? nlohmann::json() : nlohmann::json(text);
 }
 
-QJsonValue textOrNull(const std::string& text) {
-    return text.empty() ? QJsonValue(QJsonValue::Null) : QJsonValue(QString::fromStdString(text));
-}
-
-QJsonObject toJson(const Orv::PropertyReport& report) {
-    QJsonArray locks, origins, lockedBy, lockReasons, lockContacts;
+nlohmann::json toJson(const Orv::PropertyReport& report) {
+    auto locks = nlohmann::json::array();
+    auto origins = nlohmann::json::array();
+    auto lockedBy = nlohmann::json::array();
+    auto lockReasons = nlohmann::json::array();
+    auto lockContacts = nlohmann::json::array();
     for (const auto lock : report.property.readonly)
-        locks.append(lock != 0);
+        locks.push_back(lock != 0);
     for (const Orv::FieldOrigin& origin : report.origins) {
-        origins.append(textOrNull(origin.valueDirectory));
-        lockedBy.append(textOrNull(origin.lockDirectory));
-        lockReasons.append(textOrNull(origin.lockNote.reason));
-        lockContacts.append(textOrNull(origin.lockNote.contact));
+        origins.push_back(textOrNull(origin.valueDirectory));
+        lockedBy.push_back(textOrNull(origin.lockDirectory));
+        lockReasons.push_back(textOrNull(origin.lockNote.reason));
+        lockContacts.push_back(textOrNull(origin.lockNote.contact));
     }
     return {
-        {"key", QString::fromStdString(report.property.name)},
-        {"kind", QString::fromUtf8(kindName(report.property.kind))},
+        {"key", report.property.name},
+        {"kind", kindName(report.property.kind)},
         {"changed", report.changed},
-        {"fields", textArray(Orv::iAppConfiguration::fieldNames(report.property.kind))},
-        {"values", textArray(report.property.values)},
-        {"builtIn", textArray(report.builtInDefault)},
-        {"locks", locks},
-        {"origins", origins},
-        {"lockedBy", lockedBy},
-        {"lockReasons", lockReasons},
-        {"lockContacts", lockContacts},
+        {"fields", Orv::iAppConfiguration::fieldNames(report.property.kind)},
+        {"values", report.property.values},
+        {"builtIn", report.builtInDefault},
+        {"locks", std::move(locks)},
+        {"origins", std::move(origins)},
+        {"lockedBy", std::move(lockedBy)},
+        {"lockReasons", std::move(lockReasons)},
+        {"lockContacts", std::move(lockContacts)},
     };
 }
 
-QJsonArray toJson(const std::vector<Orv::PropertyReport>& reports) {
-    QJsonArray array;
+nlohmann::json toJson(const std::vector<Orv::PropertyReport>& reports) {
+    auto array = nlohmann::json::array();
     for (const Orv::PropertyReport& report : reports)
-        array.append(toJson(report));
+        array.push_back(toJson(report));
     return array;
 }
 

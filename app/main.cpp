@@ -3,8 +3,6 @@
 #include "app/workspace.h"
 #include "platform/printable.h"
 
-#include <QtCore/QLoggingCategory>
-
 #include <algorithm>
 #include <array>
 #include <exception>
@@ -73,13 +71,6 @@ constexpr std::array kCommands{
     CommandRow{"--version", runVersion},
 };
 
-// The toolkit quotes names of files. That the platform without a screen cannot size a window by hints, which
-// it says at each, nobody needs to know.
-void tellOfToolkit(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-    if (!text.startsWith(QLatin1String("This plugin does not support")))
-        platform::tell(qFormatLogMessage(type, context, text).toStdString());
-}
-
 int run(const app::CommandLine& line) {
     if (line.error)
         return app::misuse(*line.error);
@@ -89,7 +80,6 @@ int run(const app::CommandLine& line) {
     // What is set may be any text.
     if (const auto objection = app::misplacedOption(line.arguments); objection && line.command != "set")
         return app::misuse(*objection);
-    qInstallMessageHandler(tellOfToolkit);
     const app::ScopedErrorHandler handler([](const std::string& message) { platform::tell(message); });
     const int status = command->run(line.options, line.arguments);
     if (!std::cout.flush())

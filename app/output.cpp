@@ -2,8 +2,7 @@
 
 #include "platform/printable.h"
 
-#include <QtCore/QJsonArray>
-#include <QtCore/QJsonDocument>
+#include <nlohmann/json.hpp>
 
 #include <unistd.h>
 
@@ -17,9 +16,9 @@ std::string forOutput(std::string_view line) {
     return isTerminal ? platform::printable(line) : std::string(line);
 }
 
-void writeJson(std::ostream& out, const QJsonArray& rows) {
-    const QByteArray text = QJsonDocument(rows).toJson(QJsonDocument::Indented);
-    std::string_view rest(text.constData(), static_cast<std::size_t>(text.size()));
+void writeJson(std::ostream& out, const nlohmann::json& rows) {
+    const std::string text = rows.dump(4, ' ', false, nlohmann::json::error_handler_t::replace);
+    std::string_view rest = text;
     while (!rest.empty()) {
         const std::size_t length = std::min(rest.find('\n'), rest.size());
         out << forOutput(rest.substr(0, length)) << '\n';

@@ -1,10 +1,10 @@
 #pragma once
 
+#include <nlohmann/json_fwd.hpp>
+
 #include <iosfwd>
 #include <string>
 #include <string_view>
-
-class QJsonArray;
 
 namespace app {
 
@@ -12,7 +12,7 @@ namespace app {
 /// terminal.
 std::string forOutput(std::string_view line);
 
-/// Writes rows as JSON to standard output, each line by that rule.
-void writeJson(std::ostream& out, const QJsonArray& rows);
+/// Writes rows as JSON to standard output, each line by that rule. U+FFFD stands for what is no UTF-8.
+void writeJson(std::ostream& out, const nlohmann::json& rows);
 
 } // namespace app

@@ -9,8 +9,7 @@
 #include <orv/colorscheme.h>
 #include <orv/printingaccess.h>
 
-#include <QtCore/QJsonArray>
-#include <QtCore/QJsonObject>
+#include <nlohmann/json.hpp>
 
 #include <iostream>
 
@@ -48,13 +47,11 @@ void writeTable(std::ostream& out, const std::vector<ObjectColors>& colors) {
     writeColumns(out, rows);
 }
 
-QJsonArray toJson(const std::vector<ObjectColors>& colors) {
-    QJsonArray array;
+nlohmann::json toJson(const std::vector<ObjectColors>& colors) {
+    nlohmann::json array = nlohmann::json::array();
     for (const ObjectColors& row : colors) {
-        array.append(QJsonObject{{"number", row.number},
-                                 {"object", QString::fromStdString(row.key)},
-                                 {"screen", QString::fromStdString(row.screen)},
-                                 {"print", QString::fromStdString(row.print)}});
+        array.push_back(
+            {{"number", row.number}, {"object", row.key}, {"screen", row.screen}, {"print", row.print}});
     }
     return array;
 }

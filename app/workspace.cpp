@@ -1,12 +1,11 @@
 #include "app/workspace.h"
 
 #include "app/outcome.h"
+#include "platform/homedirectory.h"
 
 #include <suite/configuration.h>
 #include <suite/projectfile.h>
 #include <suite/wdirutils.h>
-
-#include <QtCore/QStandardPaths>
 
 #include <algorithm>
 #include <cctype>
@@ -34,9 +33,17 @@ fs::path sampleInstallation() {
     return (self.parent_path() / OV_SAMPLE_FROM_PROGRAM).lexically_normal();
 }
 
+const char* nonEmptyVariable(const char* name) {
+    const char* value = std::getenv(name);
+    return value && *value ? value : nullptr;
+}
+
+// As the base directory specification of the desktops has it, which ignores a relative path.
 fs::path userDirectory() {
-    const QString config = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-    return fs::path(config.toStdString()) / "orvane";
+    const char* config = nonEmptyVariable("XDG_CONFIG_HOME");
+    if (config && *config == '/')
+        return fs::path(config) / "orvane";
+    return fs::path(platform::homeDirectory().value_or("/")) / ".config/orvane";
 }
 
 // By the manager of configurations, which knows directories by their names in another case, too, and with
@@ -61,11 +68,6 @@ std::optional<std::string> objectionToSemicolon(const std::string& what, const s
         return std::nullopt;
     return what + " " + directory +
            " has a semicolon in its path, so the working directories have to be named with --wdir";
-}
-
-const char* nonEmptyVariable(const char* name) {
-    const char* value = std::getenv(name);
-    return value && *value ? value : nullptr;
 }
 
 std::string lowerCase(std::string text) {

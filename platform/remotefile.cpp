@@ -1,16 +1,14 @@
 #include "platform/remotefile.h"
 
 #include "platform/descriptor.h"
-#include "platform/environment.h"
+#include "platform/homedirectory.h"
 #include "platform/paths.h"
 #include "platform/sharedlibrary.h"
 #include "platform/urlaccess.h"
 
 #include <dlfcn.h>
 #include <fcntl.h>
-#include <pwd.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -187,23 +185,6 @@ RemoteStream* openLocal(std::string_view path) {
     return new LocalStream(std::move(file));
 }
 
-/// The home directory of a user, of the own one for an empty name.
-std::optional<std::string> homeOf(const std::string& user) {
-    if (user.empty()) {
-        auto home = environmentVariable("HOME");
-        if (home && !home->empty())
-            return home;
-    }
-    std::vector<char> texts(16384);
-    struct passwd entry;
-    struct passwd* found = nullptr;
-    if (user.empty())
-        getpwuid_r(geteuid(), &entry, texts.data(), texts.size(), &found);
-    else
-        getpwnam_r(user.c_str(), &entry, texts.data(), texts.size(), &found);
-    return found ? std::optional<std::string>(found->pw_dir) : std::nullopt;
-}
-
 } // namespace
 
 bool IsRemotePath(std::string_view path) {
@@ -283,7 +264,7 @@ std::string MakeFilePath(std::string_view directory, std::string_view name, std:
 std::string expandHome(std::string path) {
     if (path.starts_with('~')) {
         const auto end = std::min(path.find_first_of(kSeparators), path.size());
-        if (const auto home = homeOf(path.substr(1, end - 1)))
+        if (const auto home = homeDirectory(path.substr(1, end - 1)))
             path.replace(0, end, *home);
     }
     return path;

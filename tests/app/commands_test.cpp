@@ -251,7 +251,8 @@ TEST_F(Commands, NoTerminalObeysWhatAFileOrANameSaysAndAPipeGetsItAsItIs) {
     }
     EXPECT_EQ(runOnTerminal({"get", "LANGUAGE"}).out, shown + '\n');
     EXPECT_EQ(runProgram({"get", "LANGUAGE"}).out, acting + '\n');
-    EXPECT_TRUE(runProgram({"list", "--changed", "--json"}).out.find("\u202e") != std::string::npos);
+    EXPECT_TRUE(contains(runProgram({"list", "--changed", "--json"}).out,
+                         "\"\\u001b[2J\ufffd\u009b\u202e\\nEND\x7f\"\n"));
 }
 
 QJsonArray listJson(const Words& more, const Circumstances& circumstances = {}) {
@@ -377,6 +378,14 @@ TEST(Defaults, TheSampleInstallationAndTheUsersOwnDirectoryServeWhereNothingIsSa
     const std::string saved = readFile(root / "a/b/orvane/orvane.xml");
     EXPECT_TRUE(contains(saved, "508000"));
     EXPECT_FALSE(contains(saved, "NET_LENGTH_HR")) << "what is inherited is not written down";
+    const Circumstances relative{{{"RSR_HOME", std::nullopt},
+                                  {"WDIR", std::nullopt},
+                                  {"XDG_CONFIG_HOME", "a/b"},
+                                  {"HOME", (root / "h/").string()}},
+                                 false,
+                                 {}};
+    EXPECT_EQ(runProgram({"set", "GRID_HR", "508000"}, relative).status, 0);
+    EXPECT_TRUE(fs::exists(root / "h/.config/orvane/orvane.xml"));
     const std::string route = squeezed(runProgram({"explain", "ROUTE"}, bare).out);
     EXPECT_TRUE(
         contains(route, " in force 1 from " OV_INSTALLATION "/site, locked by " OV_INSTALLATION "/site\n"));
