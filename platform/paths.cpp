@@ -65,6 +65,15 @@ std::string withSingleSeparators(std::string path) {
     return path;
 }
 
+/// Of the directories that are spelled exactly, with a separator behind them. They are looked for from the
+/// end: mostly, it is the last name alone that is not there.
+std::size_t sizeOfExactPart(const std::string& path) {
+    std::size_t size = path.rfind(kSeparator) + 1;
+    while (size > 0 && !nameExists(path.substr(0, size)))
+        size = size > 1 ? path.rfind(kSeparator, size - 2) + 1 : 0;
+    return size;
+}
+
 } // namespace
 
 std::string platformPath(std::string_view text) {
@@ -120,16 +129,18 @@ std::optional<std::string> RememberedDirectories::find(const std::string& direct
     return found == names.end() ? std::nullopt : std::optional(found->second);
 }
 
+std::optional<std::string> exactPath(std::string_view text) {
+    return isNoPath(text) ? std::nullopt : std::optional(withSingleSeparators(platformPath(text)));
+}
+
 std::optional<std::string> resolveExisting(std::string_view text) {
-    if (isNoPath(text))
-        return std::nullopt;
-    const std::string path = withSingleSeparators(platformPath(text));
-    if (nameExists(path))
+    const auto path = exactPath(text);
+    if (!path || nameExists(*path))
         return path;
-    std::string resolved;
-    for (std::size_t begin = 0; begin < path.size();) {
-        const auto end = std::min(path.find(kSeparator, begin), path.size());
-        const std::string name = path.substr(begin, end - begin);
+    std::string resolved = path->substr(0, sizeOfExactPart(*path));
+    for (std::size_t begin = resolved.size(); begin < path->size();) {
+        const auto end = std::min(path->find(kSeparator, begin), path->size());
+        const std::string name = path->substr(begin, end - begin);
         if (nameExists(resolved + name)) {
             resolved += name;
         } else if (!name.empty()) {
@@ -138,7 +149,7 @@ std::optional<std::string> resolveExisting(std::string_view text) {
                 return std::nullopt;
             resolved += *spelled;
         }
-        if (end < path.size())
+        if (end < path->size())
             resolved += kSeparator;
         begin = end + 1;
     }

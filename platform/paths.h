@@ -48,6 +48,10 @@ bool isFull(std::string_view path);
 /// True if the text has no separator of either kind.
 bool isBareName(std::string_view text);
 
+/// The name under which resolveExisting looks first: with separators of the platform, and one of several in a
+/// row. @return nothing if the text is no path.
+std::optional<std::string> exactPath(std::string_view text);
+
 /// Finds what a path names on disk: in its exact spelling, or else component by component, each in its exact
 /// spelling first and then without regard to the case of ASCII letters; of several such names the first in
 /// byte order. Of several separators in a row one counts.

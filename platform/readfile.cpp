@@ -4,7 +4,6 @@
 #include "platform/paths.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -15,18 +14,17 @@ namespace {
 
 constexpr const char* kRead = "read";
 
-int checkReadable(int fd, std::size_t limit, std::size_t& size) {
-    struct stat status;
-    if (fstat(fd, &status) != 0)
+/// @param stamp taken of the open file, unless there is one.
+int checkReadable(int fd, std::size_t limit, FileStamp& stamp) {
+    if (!stamp.isOfFile())
+        stamp = FileStamp::of(fd);
+    if (!stamp.isOfFile())
         return errno;
-    if (S_ISDIR(status.st_mode))
+    if (S_ISDIR(stamp.mode()))
         return EISDIR;
-    if (!S_ISREG(status.st_mode))
+    if (!S_ISREG(stamp.mode()))
         return EINVAL;
-    if (static_cast<std::size_t>(status.st_size) > limit)
-        return EFBIG;
-    size = static_cast<std::size_t>(status.st_size);
-    return 0;
+    return stamp.size() > limit ? EFBIG : 0;
 }
 
 int readAll(int fd, std::size_t expected, std::size_t limit, std::string& bytes) {
@@ -62,14 +60,19 @@ int openForReading(const std::string& path) {
 } // namespace
 
 std::optional<FileError> readFile(const std::string& path, std::string& bytes, std::size_t limit) {
+    FileStamp stamp;
+    return readFile(path, bytes, limit, stamp);
+}
+
+std::optional<FileError> readFile(const std::string& path, std::string& bytes, std::size_t limit,
+                                  FileStamp& stamp) {
     bytes.clear();
     const Descriptor file(openForReading(path));
     if (!file.valid())
         return FileError{path, kRead, errno};
-    std::size_t size = 0;
-    int code = checkReadable(file.get(), limit, size);
+    int code = checkReadable(file.get(), limit, stamp);
     if (code == 0)
-        code = readAll(file.get(), size, limit, bytes);
+        code = readAll(file.get(), stamp.size(), limit, bytes);
     if (code == 0)
         return std::nullopt;
     bytes.clear();
@@ -81,8 +84,8 @@ bool opensForReading(const std::string& path) {
     if (!existing)
         return false;
     const Descriptor file(openForReading(*existing));
-    std::size_t size = 0;
-    const int code = file.valid() ? checkReadable(file.get(), kLargestFile, size) : errno;
+    FileStamp stamp;
+    const int code = file.valid() ? checkReadable(file.get(), kLargestFile, stamp) : errno;
     return code == 0 || code == EFBIG;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/fileerror.h"
+#include "platform/filestamp.h"
 
 #include <cstddef>
 #include <optional>
@@ -18,6 +19,10 @@ constexpr std::size_t kLargestDocument = 8u << 20;
 /// @return the error, with `bytes` empty; a missing file has the code ENOENT.
 [[nodiscard]] std::optional<FileError> readFile(const std::string& path, std::string& bytes,
                                                 std::size_t limit = kLargestFile);
+/// @param stamp one of the file that was taken just now, which spares asking for it again; otherwise it
+///              receives that of the bytes.
+[[nodiscard]] std::optional<FileError> readFile(const std::string& path, std::string& bytes,
+                                                std::size_t limit, FileStamp& stamp);
 
 /// Whether a path names a regular file that may be read; its name is looked for as resolveExisting does.
 bool opensForReading(const std::string& path);

@@ -59,12 +59,14 @@ std::uint64_t nextRevision() {
 ConfigurationFile::ConfigurationFile(std::string path, ErrorLog& log) : path_(std::move(path)), log_(log) {
 }
 
-bool ConfigurationFile::read(std::optional<Contents> known) {
+void ConfigurationFile::read(std::optional<Contents> known) {
     if (known)
         bytes_ = std::move(known->bytes);
+    if (known && known->stamp.isSettled())
+        stamp_ = platform::FileStamp::of(path_);
     std::optional<ConfigurationDocument> document;
-    std::string complaint;
-    state_ = readFile(bytes_, document, complaint);
+    const bool isSettled = stamp_.isOfFile() && stamp_ == known->stamp;
+    state_ = isSettled ? FileState::unchanged : readFile(bytes_, document, stamp_, complaint_);
     if (state_ == FileState::unchanged) {
         state_ = FileState::read;
         document = std::move(known->document);
@@ -76,17 +78,21 @@ bool ConfigurationFile::read(std::optional<Contents> known) {
         document_ = std::move(*document);
     document_.setReporter(
         [this](const Problem& problem) { log_.reportOnce(path_, located(path_, problem)); });
-    if (complaint.empty())
+}
+
+bool ConfigurationFile::isWhole() const {
+    if (complaint_.empty())
         return true;
-    log_.reportOnce(path_, complaint);
+    log_.reportOnce(path_, complaint_);
     return false;
 }
 
 ConfigurationFile::FileState ConfigurationFile::readFile(std::string& bytes,
                                                          std::optional<ConfigurationDocument>& document,
+                                                         platform::FileStamp& stamp,
                                                          std::string& complaint) const {
     std::string now;
-    if (const auto failure = platform::readFile(path_, now, platform::kLargestDocument)) {
+    if (const auto failure = platform::readFile(path_, now, platform::kLargestDocument, stamp)) {
         bytes.clear();
         if (failure->code == ENOENT)
             return FileState::missing;
@@ -121,8 +127,9 @@ bool ConfigurationFile::save(platform::LockPatience& patience) {
 
     std::string bytes = bytes_;
     std::optional<ConfigurationDocument> current;
+    platform::FileStamp stamp;
     std::string complaint;
-    FileState state = readFile(bytes, current, complaint);
+    FileState state = readFile(bytes, current, stamp, complaint);
     // What cannot be read may be whole, and is not replaced by what was known of it.
     if (state == FileState::unreadable)
         return failed(complaint);
@@ -155,6 +162,7 @@ bool ConfigurationFile::save(platform::LockPatience& patience) {
         log_.report(path_ + ": the damaged file is kept as " + aside);
     state_ = FileState::read;
     bytes_ = text;
+    stamp_ = {};
     if (current) {
         // What others wrote meanwhile is in it, too.
         document_ = std::move(*current);
@@ -167,7 +175,7 @@ std::optional<ConfigurationFile::Contents> ConfigurationFile::takeContents() {
     if (state_ != FileState::read || document_.isFlawed())
         return std::nullopt;
     document_.setReporter({});
-    return Contents{std::move(path_), std::move(bytes_), std::move(document_), revision_};
+    return Contents{std::move(path_), std::move(bytes_), std::move(document_), revision_, stamp_};
 }
 
 void ConfigurationFile::applyEdits(ConfigurationDocument& document) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/filelock.h"
+#include "platform/filestamp.h"
 #include "suite/configuration.h"
 #include "suite/configurations/document.h"
 #include "suite/configurations/errorlog.h"
@@ -26,6 +27,7 @@ public:
         std::string bytes;
         ConfigurationDocument document;
         std::uint64_t revision;
+        platform::FileStamp stamp; ///< from before the bytes were read; of no file if they were written
     };
 
     /// @param path where `orvane.xml` is, or would be.
@@ -33,10 +35,15 @@ public:
 
     const std::string& path() const { return path_; }
 
-    /// Reads the file; a missing one says nothing. @return false, after a report, if it is damaged or
-    /// cannot be read; the configuration is then an empty one.
-    /// @param known what is known of this file; it need not be parsed again if it still has these bytes.
-    bool read(std::optional<Contents> known = std::nullopt);
+    /// Reads the file; a missing one says nothing.
+    /// @param known what is known of this file; it need not be parsed again if it still has these bytes, nor
+    ///              read if it is settled and still has this stamp.
+    void read(std::optional<Contents> known);
+    /// Whether there was a file to read.
+    bool wasOpened() const { return state_ == FileState::read || state_ == FileState::damaged; }
+    /// @return false, after a report, if what was read is damaged or could not be read; the configuration is
+    ///         then an empty one.
+    bool isWhole() const;
 
     /// Writes the changes, if there are any. They are applied to the file as it is by then, so what others
     /// changed meanwhile stays. @return false, after a report, if that failed.
@@ -105,9 +112,10 @@ private:
     /// One that cannot be read may be as good as ever the next time.
     enum class FileState { missing, read, unchanged, damaged, unreadable };
 
+    /// @param stamp     as platform::readFile has it.
     /// @param complaint receives what is wrong with a file that is damaged or cannot be read.
     FileState readFile(std::string& bytes, std::optional<ConfigurationDocument>& document,
-                       std::string& complaint) const;
+                       platform::FileStamp& stamp, std::string& complaint) const;
     void noteKey(const std::string& path, const std::string& key, KeyEdit edit, bool isSaid);
     bool saysOfKey(const std::string& path, const std::string& key,
                    const std::optional<KeyState>& state) const;
@@ -126,6 +134,8 @@ private:
     std::string path_;
     ErrorLog& log_;
     std::string bytes_; ///< of the file when it was read
+    platform::FileStamp stamp_;
+    std::string complaint_; ///< about what was read
     FileState state_ = FileState::missing;
     ConfigurationDocument document_;
     KeyEdits keyEdits_;

@@ -3,7 +3,6 @@
 #include "platform/paths.h"
 
 #include <algorithm>
-#include <memory>
 #include <utility>
 
 namespace suite {
@@ -27,12 +26,23 @@ std::optional<std::string> fileIn(const std::string& directory) {
 } // namespace
 
 Orv::IOvConfiguration* ConfigurationManager::GetConfiguration(const std::string& directory, Access access) {
-    const auto path = fileIn(directory);
-    if (!path)
-        return nullptr;
-    auto configuration = std::make_unique<ConfigurationFile>(*path, log_);
-    const bool isWhole = configuration->read(takeKept(configuration->path()));
-    return isWhole || access == Access::write ? configuration.release() : nullptr;
+    const auto exact = directory.empty() ? std::nullopt : platform::exactPath(directory + kFileName);
+    auto configuration = exact ? readAt(*exact) : nullptr;
+    // To look for another spelling takes more calls of the system than all the rest.
+    if (!configuration || !configuration->wasOpened()) {
+        const auto path = fileIn(directory);
+        if (!path)
+            return nullptr;
+        if (path != exact)
+            configuration = readAt(*path);
+    }
+    return configuration->isWhole() || access == Access::write ? configuration.release() : nullptr;
+}
+
+std::unique_ptr<ConfigurationFile> ConfigurationManager::readAt(const std::string& path) {
+    auto configuration = std::make_unique<ConfigurationFile>(path, log_);
+    configuration->read(takeKept(path));
+    return configuration;
 }
 
 bool ConfigurationManager::ReleaseConfiguration(Orv::IOvConfiguration* configuration) {

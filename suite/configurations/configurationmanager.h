@@ -6,6 +6,7 @@
 
 #include <list>
 #include <map>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -22,6 +23,7 @@ public:
     void ReportError(const std::string& message) override;
 
 private:
+    std::unique_ptr<ConfigurationFile> readAt(const std::string& path);
     platform::LockPatience patienceWith(const std::string& path);
     void setPatience(const std::string& path, const platform::LockPatience& patience);
     std::optional<ConfigurationFile::Contents> takeKept(const std::string& path);

@@ -2,24 +2,11 @@
 
 #include "platform/printable.h"
 
-#include <sys/stat.h>
-
 #include <algorithm>
 
 namespace suite {
 
-namespace {
-
-std::vector<long long> fileState(const std::string& path) {
-    struct stat status;
-    if (stat(path.c_str(), &status) != 0)
-        return {};
-    return {static_cast<long long>(status.st_dev), static_cast<long long>(status.st_ino),
-            static_cast<long long>(status.st_size), static_cast<long long>(status.st_mtim.tv_sec),
-            static_cast<long long>(status.st_mtim.tv_nsec)};
-}
-
-} // namespace
+using platform::FileStamp;
 
 void ErrorLog::setHandler(Handler handler) {
     {
@@ -53,7 +40,7 @@ std::vector<std::string> ErrorLog::standingComplaints() {
     const std::lock_guard guard(mutex_);
     std::vector<std::string> messages;
     for (const auto& [path, known] : complaints_) {
-        if (!known.fileState.empty() && known.fileState == fileState(path))
+        if (known.stamp.isOfFile() && known.stamp == FileStamp::of(path))
             messages.insert(messages.end(), known.messages.begin(), known.messages.end());
     }
     return messages;
@@ -63,8 +50,8 @@ void ErrorLog::reportOnce(const std::string& path, const std::string& message) {
     {
         const std::lock_guard guard(mutex_);
         Complaints& known = complaints_[path];
-        if (auto state = fileState(path); state != known.fileState)
-            known = {std::move(state), {}};
+        if (const auto stamp = FileStamp::of(path); stamp != known.stamp)
+            known = {stamp, {}};
         if (!known.messages.insert(message).second)
             return;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/filestamp.h"
 #include "suite/configuration.h"
 
 #include <map>
@@ -29,7 +30,7 @@ public:
 
 private:
     struct Complaints {
-        std::vector<long long> fileState;
+        platform::FileStamp stamp; ///< of the file that they are about
         std::set<std::string> messages;
     };
 

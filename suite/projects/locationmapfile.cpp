@@ -1,16 +1,13 @@
 #include "suite/projects/locationmapfile.h"
 
+#include "platform/filestamp.h"
 #include "platform/paths.h"
 #include "platform/profileview.h"
 #include "platform/trim.h"
 #include "suite/projects/projectlog.h"
 #include "suite/projects/textfile.h"
 
-#include <sys/stat.h>
-#include <time.h>
-
 #include <algorithm>
-#include <array>
 #include <deque>
 #include <mutex>
 #include <optional>
@@ -24,34 +21,10 @@ constexpr char kFileName[] = "location.map";
 constexpr std::string_view kBlanks = " \t\r\n";
 /// A project's and those of a list of working directories.
 constexpr std::size_t kMostKept = 16;
-/// In seconds. File systems tell no two changes apart that are closer together than this.
-constexpr time_t kCoarsestClock = 2;
 
 std::string_view unquoted(std::string_view text) {
     const bool quoted = text.size() >= 2 && text.front() == '"' && text.back() == '"';
     return quoted ? text.substr(1, text.size() - 2) : text;
-}
-
-/// What differs once a file was changed or replaced.
-using Stamp = std::array<long long, 7>;
-
-struct State {
-    Stamp stamp;
-    bool settled; ///< its last change is so old that the next one changes the stamp
-};
-
-std::optional<State> stateOf(const std::string& path) {
-    struct stat status;
-    if (stat(path.c_str(), &status) != 0)
-        return std::nullopt;
-    const Stamp stamp{static_cast<long long>(status.st_dev),
-                      static_cast<long long>(status.st_ino),
-                      status.st_size,
-                      status.st_mtim.tv_sec,
-                      status.st_mtim.tv_nsec,
-                      status.st_ctim.tv_sec,
-                      status.st_ctim.tv_nsec};
-    return State{stamp, status.st_ctim.tv_sec + kCoarsestClock < time(nullptr)};
 }
 
 using File = std::shared_ptr<const LocationMapFile>;
@@ -61,7 +34,7 @@ class KeptFiles {
 public:
     struct Kept {
         File file;
-        State state;
+        platform::FileStamp stamp;
     };
 
     std::optional<Kept> find(const std::string& path, const std::string& directory) {
@@ -99,11 +72,11 @@ KeptFiles& keptFiles() {
 
 File LocationMapFile::of(const std::string& directory) {
     const auto path = platform::resolveExisting(directory + '/' + kFileName);
-    const auto state = path ? stateOf(*path) : std::nullopt;
-    if (!state)
+    auto stamp = path ? platform::FileStamp::of(*path) : platform::FileStamp();
+    if (!stamp.isOfFile())
         return nullptr;
     const auto known = keptFiles().find(*path, directory);
-    if (known && known->state.settled && known->state.stamp == state->stamp)
+    if (known && known->stamp.isSettled() && known->stamp == stamp)
         return known->file;
     std::string bytes;
     if (const auto error = readTextFile(*path, bytes, platform::kLargestDocument)) {
@@ -114,7 +87,7 @@ File LocationMapFile::of(const std::string& directory) {
     File file = known && known->file->text() == bytes
                     ? known->file
                     : std::make_shared<const LocationMapFile>(std::move(bytes), *path, directory);
-    keptFiles().keep({file, *state});
+    keptFiles().keep({file, stamp});
     if (const int line = file->firstBadLine())
         projectLog().reportOnce(*path, *path + ":" + std::to_string(line) +
                                            ": passed over: a line is \"$NAME DIRECTORY\"");

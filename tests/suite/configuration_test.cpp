@@ -1,10 +1,12 @@
 #include "suite/configuration.h"
 
 #include "tests/support/childprocess.h"
+#include "tests/support/syscalltracer.h"
 #include "tests/support/testsupport.h"
 
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 
 #include <csignal>
 #include <sstream>
@@ -550,6 +552,45 @@ TEST_F(ConfigurationFile, SavingAgainGivesWhatReadingAgainWould) {
     foreign.replace(foreign.find(">6<"), 3, ">7<");
     writeFile(file(), foreign);
     EXPECT_EQ(valuesOf("C"), Values{"7"}) << "what someone else wrote in between counts";
+}
+
+/// How many calls of the system it takes to open a directory's configuration; none for memory and signals.
+std::size_t callsToOpen(const std::string& directory, int timesBefore) {
+    const auto openOnce = [&] {
+        IOvConfigurationManager& manager = IOvConfigurationManager::Instance();
+        manager.ReleaseConfiguration(manager.GetConfiguration(directory, Access::read));
+    };
+    SyscallTracer process([&] {
+        for (int i = 0; i < timesBefore; ++i)
+            openOnce();
+        SyscallTracer::mark();
+        openOnce();
+        SyscallTracer::mark();
+        return EXIT_SUCCESS;
+    });
+    const std::set<std::uint64_t> others{SYS_brk,     SYS_mmap,           SYS_munmap,  SYS_mremap,
+                                         SYS_madvise, SYS_futex,          SYS_getpid,  SYS_gettid,
+                                         SYS_tgkill,  SYS_rt_sigprocmask, SYS_mprotect};
+    std::size_t calls = 0;
+    while (const auto call = process.next())
+        calls += call->entered && !others.contains(call->number);
+    EXPECT_EQ(process.finish(), EXIT_SUCCESS);
+    return calls;
+}
+
+TEST_F(ConfigurationFile, AFileIsReadByFourCallsOfTheSystemAndAnUnchangedOneAskedForByOne) {
+    if (!SyscallTracer::isAvailable())
+        GTEST_SKIP() << "this system lets no process trace another one";
+    const std::string settled = std::string(OV_INSTALLATION) + "/standard";
+    ASSERT_TRUE(fs::exists(settled + "/orvane.xml"));
+    EXPECT_EQ(callsToOpen(settled, 0), 4u);
+    EXPECT_EQ(callsToOpen(settled, 1), 1u);
+    writeFile(file(), "<configuration/>");
+    EXPECT_EQ(callsToOpen(directory(), 1), 4u) << "what has only just been written may change unseen";
+    fs::remove(file());
+    // One for the file by its name; the others look for another spelling in a directory that is listed for
+    // it.
+    EXPECT_LE(callsToOpen(directory(), 1), 11u);
 }
 
 TEST_F(ConfigurationFile, DamagedFilesAreReportedOnceAndKeptAside) {

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <sys/stat.h>
+
+#include <cstddef>
+#include <string>
+
+namespace platform {
+
+/// What the system tells of a file, and what differs once it was changed or replaced.
+class FileStamp {
+public:
+    FileStamp() = default; ///< of no file
+
+    /// @return that of no file, with `errno` set, where the system does not tell.
+    static FileStamp of(const std::string& path);
+    static FileStamp of(int descriptor);
+
+    bool isOfFile() const { return isOfFile_; }
+    /// Whether whatever changes the file after this stamp was taken makes another stamp. A file that has only
+    /// just been changed can be changed again within the same tick of its file system's clock: who has read
+    /// it then has to read it again. So a stamp is taken before the bytes are read that it is to stand for.
+    bool isSettled() const { return isSettled_; }
+
+    std::size_t size() const { return static_cast<std::size_t>(status_.st_size); }
+    mode_t mode() const { return status_.st_mode; }
+
+    friend bool operator==(const FileStamp& one, const FileStamp& other);
+
+private:
+    explicit FileStamp(const struct stat& status);
+
+    struct stat status_ = {};
+    bool isOfFile_ = false;
+    bool isSettled_ = false;
+};
+
+} // namespace platform
