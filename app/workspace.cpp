@@ -81,7 +81,8 @@ std::string reasonOfFailedLoad() {
     const std::string home = installation();
     if (home.empty())
         return "RSR_HOME is empty; it has to name the installation";
-    if (!nonEmptyVariable("WDIR"))
+    const char* list = nonEmptyVariable("WDIR");
+    if (!list)
         return "WDIR is empty; it has to list the working directories, the user's first";
 
     std::vector<std::string> directories;
@@ -92,7 +93,7 @@ std::string reasonOfFailedLoad() {
     const std::string& last = directories.back();
     if (last.find(home) == std::string::npos && last.find(lowerCase(home)) == std::string::npos)
         return "the last directory of WDIR, " + last + ", is not inside RSR_HOME, " + home;
-    return "the working directories " + std::string(std::getenv("WDIR")) + " are not usable";
+    return std::string("the working directories ") + list + " are not usable";
 }
 
 } // namespace
@@ -120,9 +121,9 @@ std::optional<std::string> setUpEnvironment(const Options& options) {
         setenv("WDIR", options.workingDirectories->c_str(), 1);
     } else if (!std::getenv("WDIR")) {
         const std::string home = installation();
-        if (const auto objection = objectionToSemicolon("the user's directory", userDirectory().string()))
+        if (auto objection = objectionToSemicolon("the user's directory", userDirectory().string()))
             return objection;
-        if (const auto objection = objectionToSemicolon("the installation", home))
+        if (auto objection = objectionToSemicolon("the installation", home))
             return objection;
         setenv("WDIR", defaultWorkingDirectories(home).c_str(), 1);
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtGui/QCursor>
 #include <QtGui/QGuiApplication>
 
 namespace ovsettings {

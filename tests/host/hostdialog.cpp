@@ -9,6 +9,10 @@ HostDialog::HostDialog() {
     EXPECT_TRUE(configuration_.load());
 }
 
+std::string HostDialog::category(const std::string& name, const std::string& key, const std::string& inner) {
+    return testsupport::Installation::category(name, key, RECORDING_ADDIN, inner);
+}
+
 int HostDialog::run(Orv::IUpdater* updater, const std::function<void(QDialog&)>& script) {
     testsupport::whenDialog(script, &boxes_);
     return ovsettings::showSettingsDialog(configuration_, project_, updater);

@@ -17,9 +17,7 @@ protected:
     void catalogue(const std::string& dialogs) { installation_.writeCatalogue(dialogs); }
     /// Catalogue text of one category of the recording add-in.
     static std::string category(const std::string& name, const std::string& key,
-                                const std::string& inner = "") {
-        return testsupport::Installation::category(name, key, RECORDING_ADDIN, inner);
-    }
+                                const std::string& inner = "");
     static std::string category(const std::string& name) { return category(name, name); }
     /// The same of a page of another add-in, named as its key.
     static std::string entry(const std::string& key, const std::string& localization) {
