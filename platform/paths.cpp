@@ -94,6 +94,15 @@ std::string directoryOf(std::string_view path) {
     return directory.empty() && !isBareName(path) ? "/" : std::string(directory);
 }
 
+std::optional<std::string_view> restBehind(std::string_view path, std::string_view directory) {
+    if (directory.ends_with(kSeparator))
+        directory.remove_suffix(1);
+    if (!path.starts_with(directory))
+        return std::nullopt;
+    path.remove_prefix(directory.size());
+    return path.empty() || path.front() == kSeparator ? std::optional(path) : std::nullopt;
+}
+
 bool hasDrive(std::string_view path) {
     return path.size() >= kDriveLength && isLetter(path[0]) && path[1] == ':';
 }

@@ -37,6 +37,11 @@ PathParts splitPath(std::string_view text);
 /// The directory of a path by its text alone: that of "/name" is the root, that of a bare name is empty.
 std::string directoryOf(std::string_view path);
 
+/// What of a path stands behind a directory that it names, or that it lies below: empty, or from "/" on. By
+/// the text alone, both as platformPath gives them; an empty directory is the root. Only whole names count:
+/// "/boards/v12" does not lie below "/boards/v1".
+std::optional<std::string_view> restBehind(std::string_view path, std::string_view directory);
+
 /// In bytes: a drive letter and its colon.
 constexpr std::size_t kDriveLength = 2;
 /// True if the text begins with a drive letter and its colon, whatever follows.

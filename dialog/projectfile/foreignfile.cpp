@@ -1,6 +1,7 @@
 #include "dialog/projectfile/foreignfile.h"
 
 #include "dialog/projectfile/ownplace.h"
+#include "dialog/projectfile/projectpaths.h"
 #include "dialog/projectfile/savequestion.h"
 #include "orv/projectconfiguration.h"
 #include "orv/projectfiledata.h"
@@ -39,8 +40,8 @@ std::optional<std::string> findForbidden(const Orv::CProjectConfiguration& proje
 void noteNamedByUser(const Orv::CProjectConfiguration& project, const std::string& path) {
     const auto place = platform::placeOfWrite(path);
     // Where a link of the project leads out of it, the user has seen one place and not the other.
-    const std::string directory = platform::directoryOf(project.projectFile->GetFilePath());
-    const bool seemsBelow = path.starts_with(directory);
+    const std::string directory = platform::fullPath(projectDirectory(project));
+    const bool seemsBelow = platform::restBehind(platform::platformPath(path), directory).has_value();
     if (place && (!seemsBelow || platform::isBelow(*place, directory)))
         leaves().insert(leaveFor(project, *place));
 }

@@ -28,13 +28,13 @@ bool isInPlainSight(const std::string& place, const std::string& directory) {
 
 /// Whether a directory that the project calls a library may be one, and not a place that it would like to
 /// write to.
-bool isCredibleLibrary(const std::string& directory, const std::string& projectDirectory) {
+bool isCredibleLibrary(const std::string& directory, const std::string& ownDirectory) {
     const std::string home = platform::environmentVariable("HOME").value_or("");
     const auto holds = [&](const std::string& other) {
         return !other.empty() && (platform::Place(other) == platform::Place(directory) ||
                                   platform::isBelow(platform::fullPath(other), directory));
     };
-    return ZECIsValidLibrary(directory, 1) != 0 && !holds(home) && !holds(projectDirectory) &&
+    return ZECIsValidLibrary(directory, 1) != 0 && !holds(home) && !holds(ownDirectory) &&
            directory.find("/.") == std::string::npos;
 }
 
@@ -44,11 +44,11 @@ bool isInALibrary(const std::string& place, const Orv::CProjectConfiguration& pr
         return true;
     if (!project.symbolLibs)
         return false;
-    const std::string projectDirectory = platform::directoryOf(project.projectFile->GetFilePath());
+    const std::string ownDirectory = projectDirectory(project);
     const auto libraries = project.symbolLibs->GetLibList();
     return std::ranges::any_of(libraries, [&](const NProjectTools::ISymbolLibrary* library) {
         const std::string directory = library->GetFullPath();
-        return isInPlainSight(place, directory) && isCredibleLibrary(directory, projectDirectory);
+        return isInPlainSight(place, directory) && isCredibleLibrary(directory, ownDirectory);
     });
 }
 
@@ -64,7 +64,7 @@ std::vector<std::string> trustedDirectories() {
 } // namespace
 
 bool isOwnPlace(const std::string& place, const Orv::CProjectConfiguration& project) {
-    if (isInPlainSight(place, platform::directoryOf(project.projectFile->GetFilePath())))
+    if (isInPlainSight(place, projectDirectory(project)))
         return true;
     const std::vector<std::string> trusted = trustedDirectories();
     return std::ranges::any_of(trusted,

@@ -6,7 +6,6 @@
 #include "dialog/widgets/messagebox.h"
 #include "dialog/widgets/stringconversion.h"
 #include "orv/projectfiledata.h"
-#include "platform/paths.h"
 #include "suite/locationmap.h"
 
 #include <QtCore/QCoreApplication>
@@ -81,10 +80,6 @@ ProjectFileField makeField(const Orv::CProjectConfiguration& project, ProjectFil
 }
 
 } // namespace
-
-std::string projectDirectory(const Orv::CProjectConfiguration& project) {
-    return platform::platformPath(platform::directoryOf(project.projectFile->GetFilePath()));
-}
 
 void refuse(QWidget& page, QLineEdit& field, const QString& text) {
     showMessage(&page, text, translated(QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields", "Error")),

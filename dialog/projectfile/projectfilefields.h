@@ -31,9 +31,6 @@ struct FileChooserTexts {
     const char* defaultSuffix = "";
 };
 
-/// The directory of the project file.
-std::string projectDirectory(const Orv::CProjectConfiguration& project);
-
 /// Tells why a page refuses a field, and leads to it.
 void refuse(QWidget& page, QLineEdit& field, const QString& text);
 

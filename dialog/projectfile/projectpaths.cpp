@@ -1,5 +1,6 @@
 #include "dialog/projectfile/projectpaths.h"
 
+#include "orv/projectconfiguration.h"
 #include "orv/projectfiledata.h"
 #include "platform/currentdirectory.h"
 #include "platform/environmentreferences.h"
@@ -17,6 +18,10 @@ namespace {
 using LocationBuffer = std::array<char, kLocationBufferSize>;
 
 } // namespace
+
+std::string projectDirectory(const Orv::CProjectConfiguration& project) {
+    return platform::platformPath(platform::directoryOf(project.projectFile->GetFilePath()));
+}
 
 std::string ResolvePagePath(std::string text, Orv::IProjectFileData& projectFile) {
     LocationBuffer buffer{};

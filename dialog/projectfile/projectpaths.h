@@ -4,9 +4,13 @@
 
 namespace Orv {
 class IProjectFileData;
-}
+struct CProjectConfiguration;
+} // namespace Orv
 
 namespace ovsettings {
+
+/// The directory of the project file, with the platform's separators.
+std::string projectDirectory(const Orv::CProjectConfiguration& project);
 
 /// What a name in a field stands for: environment references, then soft names, then the design tools' own
 /// resolution. A name that outgrows what the location map takes stays as it is; a soft name that nothing

@@ -262,17 +262,24 @@ TEST_F(NamedFilePages, AFileOutsideOfTheProjectIsAskedAboutOnceAndByTheNameThatI
 
 TEST_F(NamedFilePages, AFileThatTheUserHasNamedHimselfIsNotAskedAbout) {
     const TemporaryDirectory elsewhere;
-    run([&](QDialog& dialog) {
-        selectCategory(dialog, "Project");
-        auto& page = *dialog.findChild<ovsettings::CProjectDialog*>();
-        testsupport::type(*find<QLineEdit>(page, "Border Symbols"), (elsewhere / "mine.ini").string());
-        testsupport::type(*find<QLineEdit>(page, "Special Components"), (elsewhere / "mine.pin").string());
-        press(dialog, "Apply");
-        editBorders(dialog);
-        boxDuring([&] { editComponents(dialog); }, "No");
-        press(dialog, "OK");
-    });
-    EXPECT_TRUE(fs::exists(elsewhere / "mine.ini") && fs::exists(elsewhere / "mine.pin"));
+    // The second one's name begins with the project's.
+    const fs::path neighbour = directory().string() + "2";
+    for (const fs::path& place : {elsewhere.path(), neighbour}) {
+        fs::create_directory(place);
+        openNew();
+        run([&](QDialog& dialog) {
+            selectCategory(dialog, "Project");
+            auto& page = *dialog.findChild<ovsettings::CProjectDialog*>();
+            testsupport::type(*find<QLineEdit>(page, "Border Symbols"), (place / "mine.ini").string());
+            testsupport::type(*find<QLineEdit>(page, "Special Components"), (place / "mine.pin").string());
+            press(dialog, "Apply");
+            editBorders(dialog);
+            boxDuring([&] { editComponents(dialog); }, "No");
+            press(dialog, "OK");
+        });
+        EXPECT_TRUE(fs::exists(place / "mine.ini") && fs::exists(place / "mine.pin")) << place;
+    }
+    fs::remove_all(neighbour);
 }
 
 TEST_F(NamedFilePages, APlaceIsTheProjectsOwnBelowItsDirectoriesAndThoseOfTheInstallation) {

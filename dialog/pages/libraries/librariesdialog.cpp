@@ -2,6 +2,7 @@
 
 #include "dialog/pages/libraries/browselibdlg.h"
 #include "dialog/projectfile/projectfilefields.h"
+#include "dialog/projectfile/projectpaths.h"
 #include "dialog/projectfile/savequestion.h"
 #include "dialog/shell/notifyupdaters.h"
 #include "dialog/shell/stringtable.h"
