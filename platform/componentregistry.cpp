@@ -32,8 +32,8 @@ std::optional<std::string> parseClassId(std::string_view text) {
 }
 
 ComponentEntry findComponent(const std::string& home, const std::string& classId) {
-    const std::string directory = home + "/standard/components";
-    const auto file = resolveExisting(directory + "/" + classId + ".ini");
+    const std::string directory = MakeFilePath(home, "standard/components");
+    const auto file = resolveExisting(MakeFilePath(directory, classId, "ini"));
     if (!file)
         return {};
     std::string bytes;
@@ -43,8 +43,8 @@ ComponentEntry findComponent(const std::string& home, const std::string& classId
     if (name.empty())
         return {{}, *file + ": names no library"};
     std::error_code error;
-    const auto found = resolveExisting(directory + "/" + platformPath(name));
-    const auto library = std::filesystem::canonical(found.value_or(directory + "/" + name), error);
+    const auto found = resolveExisting(MakeFilePath(directory, platformPath(name)));
+    const auto library = std::filesystem::canonical(found.value_or(MakeFilePath(directory, name)), error);
     if (error)
         return {{}, *file + ": " + name + ": " + error.message()};
     if (!isBelow(library.string(), home))

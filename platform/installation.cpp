@@ -17,7 +17,7 @@ std::string installationDirectory() {
 // programs that are started inherit it.
 void fixInstallationDirectory() {
     const std::string name = platformPath(installationDirectory());
-    if (name.empty() || name.front() == '/')
+    if (name.empty() || isRooted(name))
         return;
     std::error_code lost;
     const auto here = std::filesystem::current_path(lost);

@@ -94,9 +94,26 @@ std::string directoryOf(std::string_view path) {
     return directory.empty() && !isBareName(path) ? "/" : std::string(directory);
 }
 
+std::string MakeFilePath(std::string_view directory, std::string_view name, std::string_view extension) {
+    std::string path(directory);
+    if (!path.empty() && !isSeparator(path.back()))
+        path += kSeparator;
+    path += name;
+    if (!extension.empty())
+        path.append(1, '.').append(extension);
+    return path;
+}
+
+std::string asDirectoryEntry(std::string_view directory) {
+    std::string entry = platformPath(directory);
+    while (entry.size() > 1 && entry.back() == kSeparator)
+        entry.pop_back();
+    return entry;
+}
+
 std::optional<std::string_view> restBehind(std::string_view path, std::string_view directory) {
-    if (directory.ends_with(kSeparator))
-        directory.remove_suffix(1);
+    if (directory == "/")
+        directory = {};
     if (!path.starts_with(directory))
         return std::nullopt;
     path.remove_prefix(directory.size());
@@ -107,8 +124,12 @@ bool hasDrive(std::string_view path) {
     return path.size() >= kDriveLength && isLetter(path[0]) && path[1] == ':';
 }
 
+bool isRooted(std::string_view path) {
+    return !path.empty() && isSeparator(path.front());
+}
+
 bool isFull(std::string_view path) {
-    return (!path.empty() && isSeparator(path.front())) || isFullElsewhere(path);
+    return isRooted(path) || isFullElsewhere(path);
 }
 
 bool isBareName(std::string_view text) {

@@ -37,9 +37,16 @@ PathParts splitPath(std::string_view text);
 /// The directory of a path by its text alone: that of "/name" is the root, that of a bare name is empty.
 std::string directoryOf(std::string_view path);
 
+/// Joins a directory, a file name and an extension (without its dot, may be empty).
+std::string MakeFilePath(std::string_view directory, std::string_view name, std::string_view extension = {});
+
+/// A directory as a list of directories has it: as platformPath gives it, without "/" at its end, but for the
+/// root.
+std::string asDirectoryEntry(std::string_view directory);
+
 /// What of a path stands behind a directory that it names, or that it lies below: empty, or from "/" on. By
-/// the text alone, both as platformPath gives them; an empty directory is the root. Only whole names count:
-/// "/boards/v12" does not lie below "/boards/v1".
+/// the text alone, both as asDirectoryEntry gives them; an empty directory is the root. Only whole names
+/// count: "/boards/v12" does not lie below "/boards/v1".
 std::optional<std::string_view> restBehind(std::string_view path, std::string_view directory);
 
 /// In bytes: a drive letter and its colon.
@@ -47,6 +54,8 @@ constexpr std::size_t kDriveLength = 2;
 /// True if the text begins with a drive letter and its colon, whatever follows.
 bool hasDrive(std::string_view path);
 
+/// True for a path from the root of this system.
+bool isRooted(std::string_view path);
 /// True for a path from the root, and for one with a drive letter or a server name, which is full elsewhere.
 bool isFull(std::string_view path);
 

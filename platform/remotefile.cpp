@@ -251,16 +251,6 @@ int TestPathKind(const std::string& path, PathKind kind) {
     return is ? 0 : 1;
 }
 
-std::string MakeFilePath(std::string_view directory, std::string_view name, std::string_view extension) {
-    std::string path(directory);
-    if (!path.empty() && !isSeparator(path.back()))
-        path += '/';
-    path += name;
-    if (!extension.empty())
-        path.append(1, '.').append(extension);
-    return path;
-}
-
 std::string expandHome(std::string path) {
     if (path.starts_with('~')) {
         const auto end = std::min(path.find_first_of(kSeparators), path.size());

@@ -56,9 +56,6 @@ enum class PathKind : int { directory = 2, file = 3 };
 /// 0 if the path is of that kind. A path with "*" or "?" never is.
 int TestPathKind(const std::string& path, PathKind kind);
 
-/// Joins a directory, a file name and an extension (without its dot, may be empty).
-std::string MakeFilePath(std::string_view directory, std::string_view name, std::string_view extension);
-
 /// The path with the home directory in place of a leading "~" or "~USER". That of a user who is not known
 /// stays. May take long where the users are known to a server only.
 std::string expandHome(std::string path);

@@ -60,7 +60,7 @@ SharedLibrary::SharedLibrary(const std::string& name, Lifetime lifetime) {
         return;
     const std::string path = platformPath(name);
     // The current directory may be a foreign project's. A drive letter is a relative name here, too.
-    if (!isBareName(path) && path.front() != '/')
+    if (!isBareName(path) && !isRooted(path))
         return;
     const int mode = lifetime == Lifetime::process ? kMode | RTLD_NODELETE : kMode;
     handle_ = open(path, mode, defect_);

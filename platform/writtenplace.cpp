@@ -23,12 +23,9 @@ std::optional<std::string> restBelow(const std::string& place, const std::string
     if (directory.empty())
         return std::nullopt;
     std::error_code error;
-    std::string whole = fs::canonical(fullPath(directory), error).string();
-    if (whole == "/")
-        whole.clear();
-    const bool isBelow =
-        !error && place.starts_with(whole) && place.size() > whole.size() && place[whole.size()] == '/';
-    return isBelow ? std::optional(place.substr(whole.size())) : std::nullopt;
+    const std::string whole = fs::canonical(fullPath(directory), error).string();
+    const auto rest = error ? std::nullopt : restBehind(place, whole);
+    return rest && !rest->empty() ? std::optional<std::string>(*rest) : std::nullopt;
 }
 
 } // namespace platform

@@ -2,6 +2,7 @@
 
 #include "platform/asciicase.h"
 #include "platform/installation.h"
+#include "platform/paths.h"
 #include "store/configurationhandle.h"
 #include "store/kinds.h"
 #include "store/numbers.h"
@@ -19,11 +20,6 @@ namespace {
 using Impl = iAppConfiguration::Impl;
 using Access = IOvConfigurationManager::Access;
 
-std::string withForwardSlashes(std::string path) {
-    std::ranges::replace(path, '\\', '/');
-    return path;
-}
-
 /// Whether the least specific directory lies inside the installation. The lower-cased name is what counts;
 /// where case distinguishes files, an installation whose path has a capital letter is known by its own
 /// spelling only.
@@ -34,10 +30,7 @@ bool liesInside(const std::string& directory, const std::string& home) {
 
 /// `RSR_HOME` as the list of directories has it.
 std::string installation() {
-    auto home = withForwardSlashes(platform::installationDirectory());
-    while (home.size() > 1 && home.back() == '/')
-        home.pop_back();
-    return home;
+    return platform::asDirectoryEntry(platform::installationDirectory());
 }
 
 bool findDirectories(Impl& store, const std::string& projectPath) {

@@ -65,9 +65,9 @@ IComponent* createComponent(const std::string& classId) {
 /// What the loader is asked for. A bare name is passed on as it is; a relative path counts from the
 /// catalogue's directory, and never from the current one, which may belong to a project of somebody else.
 std::string libraryFile(const std::string& name, const std::string& catalogueDirectory) {
-    if (platform::isBareName(name) || platform::platformPath(name).front() == '/')
+    if (platform::isBareName(name) || platform::isRooted(name))
         return name;
-    return catalogueDirectory + '/' + name;
+    return platform::MakeFilePath(catalogueDirectory, name);
 }
 
 } // namespace

@@ -12,7 +12,7 @@ namespace ovsettings {
 
 namespace {
 
-QString directoryOf(const QString& file) {
+QString existingDirectoryOf(const QString& file) {
     const std::string path = toUtf8(file);
     return toQString(platform::resolveExisting(platform::splitPath(path).directory).value_or(""));
 }
@@ -33,7 +33,7 @@ ListBoxFileEditor::ListBoxFileEditor(QWidget* parent) : ListBoxEditor(parent) {
 void ListBoxFileEditor::browse() {
     cancelEditing();
     const int row = currentRow() < 0 ? lineCount() - 1 : currentRow();
-    PlainFileDialog dialog(window(), tr("Select File"), directoryOf(line(row)), tr("All Files (*)"));
+    PlainFileDialog dialog(window(), tr("Select File"), existingDirectoryOf(line(row)), tr("All Files (*)"));
     dialog.setFileMode(QFileDialog::ExistingFile);
     if (dialog.exec() == QDialog::Accepted)
         enterText(row, dialog.selectedFiles().value(0));

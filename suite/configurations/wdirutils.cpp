@@ -11,14 +11,6 @@ namespace Orv::WdirUtils {
 
 namespace {
 
-std::string directoryEntry(std::string_view text) {
-    std::string directory(text);
-    std::replace(directory.begin(), directory.end(), '\\', '/');
-    while (directory.size() > 1 && directory.back() == '/')
-        directory.pop_back();
-    return directory;
-}
-
 std::vector<std::string> splitEntries(std::string_view list) {
     std::vector<std::string> entries;
     for (bool first = true;; first = false) {
@@ -26,7 +18,7 @@ std::vector<std::string> splitEntries(std::string_view list) {
         // An empty first entry stays: without it the next directory, which the site shares, would be written
         // to.
         if (first || end > 0)
-            entries.push_back(directoryEntry(list.substr(0, end)));
+            entries.push_back(platform::asDirectoryEntry(list.substr(0, end)));
         if (end == list.size())
             return entries;
         list.remove_prefix(end + 1);
@@ -57,10 +49,8 @@ private:
 
 /// Where the installation has its own settings; empty without an installation.
 std::string standardDirectory() {
-    const std::string home = directoryEntry(platform::installationDirectory());
-    if (home.empty())
-        return {};
-    return home == "/" ? "/standard" : home + "/standard";
+    const std::string home = platform::asDirectoryEntry(platform::installationDirectory());
+    return home.empty() ? std::string() : platform::MakeFilePath(home, "standard");
 }
 
 } // namespace

@@ -187,7 +187,7 @@ std::optional<Symbol> readSymbol(const CentralLibrary& library, std::string_view
     if (!home || name.empty() || !platform::isBareName(name))
         return std::nullopt;
     const std::string path =
-        platform::fullPath((library.fullPath(*home) + '/').append(name).append(kSymbolExtension));
+        platform::fullPath(platform::MakeFilePath(library.fullPath(*home), name).append(kSymbolExtension));
     std::string bytes;
     if (readTextFile(path, bytes, kLargestSymbol))
         return std::nullopt;

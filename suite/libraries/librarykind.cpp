@@ -17,7 +17,7 @@ using suite::kLibraryMarks;
 using suite::LibraryMark;
 
 bool has(const std::string& path, const char* name, PathKind kind, platform::RemoteQuestion& question) {
-    const std::string marked = platform::MakeFilePath(path, name, {});
+    const std::string marked = platform::MakeFilePath(path, name);
     if (!platform::IsRemotePath(path))
         return platform::TestPathKind(marked, kind) == 0;
     return question.probe(marked) == static_cast<int>(kind);
@@ -31,7 +31,7 @@ bool hasSymbolFiles(const std::string& path) {
     if (platform::IsRemotePath(path))
         return false;
     const auto directory =
-        platform::resolveExisting(platform::MakeFilePath(path, markOf(ZECContent::symbols).name, {}));
+        platform::resolveExisting(platform::MakeFilePath(path, markOf(ZECContent::symbols).name));
     if (!directory)
         return false;
     std::error_code error;

@@ -34,7 +34,7 @@ LibrarySymbolReader::GetProperties(const std::string& library, const std::string
     for (const Partition& partition : library_.partitions(PartitionType::symbols)) {
         std::error_code missing;
         if (!std::filesystem::exists(
-                library_.fullPath(partition) + '/' + name + std::string(kSymbolExtension), missing))
+                platform::MakeFilePath(library_.fullPath(partition), name).append(kSymbolExtension), missing))
             continue;
         if (auto symbol = readSymbol(library_, partition.name, name))
             return std::move(symbol->properties);

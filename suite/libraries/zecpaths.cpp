@@ -29,7 +29,7 @@ Place placeOf(const std::string& path) {
     if (path.empty() || path.size() > platform::kLongestPath || platform::IsRemotePath(path))
         return {};
     std::string directory = platform::fullPath(path);
-    if (!directory.starts_with('/'))
+    if (!platform::isRooted(directory))
         return {};
     std::string missing;
     for (;;) {

@@ -71,7 +71,7 @@ KeptFiles& keptFiles() {
 } // namespace
 
 File LocationMapFile::of(const std::string& directory) {
-    const auto path = platform::resolveExisting(directory + '/' + kFileName);
+    const auto path = platform::resolveExisting(platform::MakeFilePath(directory, kFileName));
     auto stamp = path ? platform::FileStamp::of(*path) : platform::FileStamp();
     if (!stamp.isOfFile())
         return nullptr;

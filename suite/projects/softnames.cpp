@@ -99,8 +99,8 @@ SoftNames::Definition SoftNames::find(std::string_view name) const {
     return {};
 }
 
-std::optional<std::string> SoftNames::directoryOf(const Definition& definition, References references,
-                                                  std::size_t longest) {
+std::optional<std::string> SoftNames::directoryBehind(const Definition& definition, References references,
+                                                      std::size_t longest) {
     const std::string_view value = definition.entry->value;
     if (value.size() > longest)
         return std::nullopt;
@@ -110,7 +110,7 @@ std::optional<std::string> SoftNames::directoryOf(const Definition& definition, 
         return directory;
     const std::string path = platform::expandHome(platform::platformPath(*directory));
     const bool isWhole = platform::isFull(path) || platform::IsRemotePath(path);
-    return normalDirectory(isWhole ? path : definition.file->directory() + '/' + path);
+    return normalDirectory(isWhole ? path : platform::MakeFilePath(definition.file->directory(), path));
 }
 
 SoftNames::Resolution SoftNames::resolve(std::string_view text, References references,
@@ -121,7 +121,7 @@ SoftNames::Resolution SoftNames::resolve(std::string_view text, References refer
         const Definition definition = find(std::string_view(path).substr(1, nameEnd - 1));
         if (!definition.entry || depth == kDeepest)
             return {};
-        auto directory = directoryOf(definition, references, longest);
+        auto directory = directoryBehind(definition, references, longest);
         if (!directory || directory->size() + path.size() - nameEnd > longest)
             return {std::nullopt, true};
         if (directory->empty() && nameEnd == path.size())
@@ -156,9 +156,7 @@ std::optional<std::string> SoftNames::softName(std::string_view path) const {
             if (!hard)
                 continue;
             const std::string directory = normalDirectory(*hard);
-            const bool above = target.starts_with(directory) &&
-                               (target.size() == directory.size() || target[directory.size()] == '/');
-            if (above && (!longest || directory.size() > length)) {
+            if (platform::restBehind(target, directory) && (!longest || directory.size() > length)) {
                 longest = &entry;
                 length = directory.size();
             }
@@ -197,7 +195,7 @@ std::string SoftNames::fullPathOfReal(std::string path) const {
     path = platform::expandHome(std::move(path));
     if (platform::isFull(path) || directory_.empty())
         return platform::fullPath(path);
-    const std::string inDirectory = directory_ + '/' + path;
+    const std::string inDirectory = platform::MakeFilePath(directory_, path);
     // A reference that stands for nothing says more as it is than behind the project's directory.
     if (path.starts_with('%') && !platform::resolveExisting(inDirectory))
         return path;

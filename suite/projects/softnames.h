@@ -64,9 +64,9 @@ private:
 
     /// @param longest bytes that the path may have.
     Resolution resolve(std::string_view text, References references, std::size_t longest) const;
-    /// @return nothing if it is too long.
-    static std::optional<std::string> directoryOf(const Definition& definition, References references,
-                                                  std::size_t longest);
+    /// What a name stands for by itself. @return nothing if it is too long.
+    static std::optional<std::string> directoryBehind(const Definition& definition, References references,
+                                                      std::size_t longest);
     Definition find(std::string_view name) const;
     /// Tells why a text with a soft name is not resolved.
     void tell(std::string_view text, const std::string& reason) const;

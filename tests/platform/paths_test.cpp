@@ -32,6 +32,25 @@ TEST(Paths, SplitAtTheLastSeparatorOfEitherKind) {
     }
 }
 
+TEST(Paths, LieBelowADirectoryByWholeNames) {
+    struct Row {
+        const char *path, *directory;
+        std::optional<std::string_view> rest;
+    };
+    const Row kRows[] = {
+        {"/boards/v12/a", "/boards/v1", std::nullopt},
+        {"/boards/v1/a", "/boards\\v1\\/", "/a"},
+        {"/boards/v1", "/boards/v1", ""},
+        {"/a", "\\", "/a"},
+        {"/a", "", "/a"},
+        {"a", "", std::nullopt},
+    };
+    for (const Row& row : kRows)
+        EXPECT_EQ(restBehind(row.path, asDirectoryEntry(row.directory)), row.rest) << row.path;
+    EXPECT_EQ(MakeFilePath("/", "a", "b"), "/a.b");
+    EXPECT_EQ(MakeFilePath("", "a"), "a");
+}
+
 TEST(Paths, AreFoundInTheirOwnSpellingFirstAndThenWithoutRegardToCase) {
     const testsupport::TemporaryDirectory root;
     for (const char* name : {"Libs/Parts.lib", "Libs/PARTS.LIB", "Other/x", "other/only"})

@@ -99,7 +99,7 @@ std::string installedSymbols() {
     std::string directory = machine.get(kLibrariesSection, kDefaultValue);
     if (directory.empty())
         return {};
-    if (!directory.ends_with('\\') && !directory.ends_with('/'))
+    if (!platform::isSeparator(directory.back()))
         directory += '\\';
     return directory + kSymbolsDirectory;
 }
@@ -119,7 +119,8 @@ std::optional<std::string> directoryOnDisk(const std::string& path) {
     return existing && platform::isDirectory(*existing) ? existing : std::nullopt;
 }
 
-std::string directoryOf(const std::string& path) {
+/// Where a library lies, which may be on a server.
+std::string directoryAround(const std::string& path) {
     const std::string full = platform::IsRemotePath(path) ? path : platform::fullPath(path);
     return std::string(platform::splitPath(full).directory);
 }
@@ -362,12 +363,12 @@ void CBrowseLibDlg::accept() {
             return;
     }
     path = withoutTrailingBlanks(path);
-    if (path.ends_with('\\') || path.ends_with('/'))
+    if (!path.empty() && platform::isSeparator(path.back()))
         path.pop_back();
 
     if (ui_->type->isEnabled() || remote)
         type_ = static_cast<int>(selectedType());
-    lastDirectory() = directoryOf(locationOf(path));
+    lastDirectory() = directoryAround(locationOf(path));
     // What was typed and not what it leads to, so that a soft name survives.
     path_ = typed;
     alias_ = alias;

@@ -74,21 +74,19 @@ std::string pathOnDisk(const std::string& path, std::string_view projectDirector
         return path;
     looked = platform::platformPath(platform::expandHome(std::move(looked)));
     if (!projectDirectory.empty() && !platform::isFull(looked))
-        looked = platform::platformPath(projectDirectory) + '/' + looked;
+        looked = platform::MakeFilePath(platform::platformPath(projectDirectory), looked);
     const auto existing = platform::resolveExisting(looked);
     return existing && platform::isDirectory(*existing) ? platform::fullPath(*existing) : path;
 }
 
-/// Only whole names count: "/boards/v12" does not lie in "/boards/v1".
-bool liesIn(std::string_view directory, const std::string& path) {
-    if (directory.empty() || !platform::platformPath(path).starts_with(platform::platformPath(directory)))
-        return false;
-    const std::string_view rest = std::string_view(path).substr(directory.size());
-    return rest.empty() || platform::isSeparator(rest.front());
-}
-
+/// What lies in the project's directory is stored relative to it, unless that is the root: all paths begin
+/// there.
 std::string storedLocation(const std::string& path, std::string_view projectDirectory) {
-    return liesIn(projectDirectory, path) ? "." + path.substr(projectDirectory.size()) : path;
+    if (platform::splitPath(projectDirectory).name.empty())
+        return path;
+    const std::string looked = platform::platformPath(path);
+    const auto rest = platform::restBehind(looked, platform::platformPath(projectDirectory));
+    return rest ? "." + path.substr(path.size() - rest->size()) : path;
 }
 
 } // namespace
