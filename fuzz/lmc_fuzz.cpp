@@ -3,8 +3,8 @@
 #include "fuzz/support.h"
 #include "platform/asciicase.h"
 #include "platform/profiledocument.h"
+#include "suite/files/numberedlist.h"
 #include "suite/libraries/centrallibrary.h"
-#include "suite/projects/numberedlist.h"
 
 using fuzz::require;
 using suite::CentralLibrary;

@@ -1,9 +1,9 @@
 // The reader of project files, and the edits of its lists.
 
 #include "fuzz/support.h"
+#include "suite/files/numberedlist.h"
 #include "suite/projectfile.h"
 #include "suite/projects/librarysection.h"
-#include "suite/projects/numberedlist.h"
 
 #include <algorithm>
 

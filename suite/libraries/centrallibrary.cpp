@@ -3,8 +3,8 @@
 #include "platform/asciicase.h"
 #include "platform/paths.h"
 #include "platform/profileview.h"
-#include "suite/projects/numberedlist.h"
-#include "suite/projects/textfile.h"
+#include "suite/files/numberedlist.h"
+#include "suite/files/textfile.h"
 
 #include <algorithm>
 #include <array>

@@ -3,7 +3,7 @@
 #include "orv/projectfiledata.h"
 #include "platform/asciicase.h"
 #include "platform/paths.h"
-#include "suite/projects/projectlog.h"
+#include "suite/files/projectlog.h"
 
 #include <sys/stat.h>
 

@@ -1,7 +1,7 @@
 #include "suite/bordersymbolsfile.h"
 
+#include "suite/files/numberedlist.h"
 #include "suite/projects/mergedfile.h"
-#include "suite/projects/numberedlist.h"
 
 #include <array>
 #include <optional>

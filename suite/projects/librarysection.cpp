@@ -1,6 +1,6 @@
 #include "suite/projects/librarysection.h"
 
-#include "suite/projects/numberedlist.h"
+#include "suite/files/numberedlist.h"
 #include "suite/projects/projectsections.h"
 
 #include <charconv>

@@ -4,8 +4,8 @@
 #include "platform/paths.h"
 #include "platform/profileview.h"
 #include "platform/trim.h"
-#include "suite/projects/projectlog.h"
-#include "suite/projects/textfile.h"
+#include "suite/files/projectlog.h"
+#include "suite/files/textfile.h"
 
 #include <algorithm>
 #include <deque>

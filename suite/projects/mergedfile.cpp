@@ -3,10 +3,10 @@
 #include "platform/asciicase.h"
 #include "platform/paths.h"
 #include "platform/profileview.h"
-#include "suite/projects/numberedlist.h"
+#include "suite/files/numberedlist.h"
+#include "suite/files/projectlog.h"
+#include "suite/files/textfile.h"
 #include "suite/projects/projectfiletext.h"
-#include "suite/projects/projectlog.h"
-#include "suite/projects/textfile.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,13 +1,13 @@
 #include "suite/openproject.h"
 
 #include "suite/bordersymbolsfile.h"
+#include "suite/files/projectlog.h"
 #include "suite/libraries/librarysymbolreader.h"
 #include "suite/projectdatafile.h"
 #include "suite/projectfile.h"
 #include "suite/projects/librarysection.h"
 #include "suite/projects/projectfiletext.h"
 #include "suite/projects/projectlibrarystate.h"
-#include "suite/projects/projectlog.h"
 #include "suite/specialcomponentsfile.h"
 #include "suite/symbollibs.h"
 

@@ -3,9 +3,9 @@
 #include "platform/asciicase.h"
 #include "platform/paths.h"
 #include "platform/trim.h"
-#include "suite/projects/numberedlist.h"
+#include "suite/files/numberedlist.h"
+#include "suite/files/projectlog.h"
 #include "suite/projects/projectfiletext.h"
-#include "suite/projects/projectlog.h"
 #include "suite/projects/projectsections.h"
 #include "suite/projects/softnames.h"
 

@@ -4,9 +4,9 @@
 #include "platform/atomicfile.h"
 #include "platform/paths.h"
 #include "platform/readfile.h"
-#include "suite/projects/projectlog.h"
+#include "suite/files/projectlog.h"
+#include "suite/files/textfile.h"
 #include "suite/projects/projectsections.h"
-#include "suite/projects/textfile.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -4,7 +4,7 @@
 #include "platform/fileerror.h"
 #include "platform/paths.h"
 #include "platform/remotefile.h"
-#include "suite/projects/projectlog.h"
+#include "suite/files/projectlog.h"
 #include "suite/wdirutils.h"
 
 #include <algorithm>

@@ -2,10 +2,10 @@
 
 #include "orv/projectfiledata.h"
 #include "platform/paths.h"
+#include "suite/files/projectlog.h"
+#include "suite/files/textfile.h"
 #include "suite/projects/librarysection.h"
-#include "suite/projects/projectlog.h"
 #include "suite/projects/softnames.h"
-#include "suite/projects/textfile.h"
 
 #include <vector>
 

@@ -1,4 +1,4 @@
-#include "suite/projects/projectlog.h"
+#include "suite/files/projectlog.h"
 
 namespace suite {
 

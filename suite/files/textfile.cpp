@@ -1,4 +1,4 @@
-#include "suite/projects/textfile.h"
+#include "suite/files/textfile.h"
 
 #include <cerrno>
 

@@ -1,4 +1,4 @@
-#include "suite/projects/numberedlist.h"
+#include "suite/files/numberedlist.h"
 
 #include "platform/asciicase.h"
 
