@@ -2,8 +2,8 @@
 
 #include "dialog/widgets/ownerdrawbutton.h"
 #include "tests/support/configuredpages.h"
+#include "tests/support/ink.h"
 
-#include <QtGui/QImage>
 #include <QtGui/QScreen>
 
 class DisplayPages : public ConfiguredPages {
@@ -24,15 +24,3 @@ protected:
         return pixel.toImage().pixelColor(0, 0);
     }
 };
-
-/// The smallest rectangle around all pixels that are not of this colour.
-inline QRect inkOf(const QImage& image, const QColor& paper) {
-    QRect ink;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (image.pixelColor(x, y) != paper)
-                ink |= QRect(x, y, 1, 1);
-        }
-    }
-    return ink;
-}

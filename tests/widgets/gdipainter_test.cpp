@@ -1,9 +1,12 @@
 #include "dialog/widgets/gdipainter.h"
 
-#include "tests/display/displaypages.h"
+#include "tests/support/ink.h"
 
 #include <QtGui/QFontMetrics>
 #include <QtGui/QPainter>
+#include <gtest/gtest.h>
+
+#include <functional>
 
 using ovsettings::GdiPainter;
 
