@@ -2,7 +2,7 @@
 // longer than any other command.
 
 #include "app/commands.h"
-#include "app/dialog/module.h"
+#include "app/dialogmodule.h"
 #include "app/outcome.h"
 #include "app/workspace.h"
 

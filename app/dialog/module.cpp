@@ -1,4 +1,4 @@
-#include "app/dialog/module.h"
+#include "app/dialogmodule.h"
 
 #include "app/dialog/dialog.h"
 #include "platform/printable.h"
