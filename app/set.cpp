@@ -103,19 +103,6 @@ bool changesAnything(const Property& present, Arguments values) {
     return false;
 }
 
-bool sameValues(const Property& one, std::span<const std::string> values) {
-    return std::ranges::equal(one.values, values);
-}
-
-// What the files say now, read the way the next start of the program will read them.
-std::vector<std::string> storedValues(const std::string& key) {
-    Orv::iAppConfiguration fresh;
-    Property property(key);
-    fresh.load();
-    fresh.getProperty(property);
-    return property.values;
-}
-
 void tellOfRounding(const Property& stored, Arguments values) {
     for (std::size_t field = 0; field < values.size(); ++field) {
         if (!sameMeaning(stored.kind, field, stored.values[field], values[field])) {
@@ -140,11 +127,9 @@ int store(Orv::iAppConfiguration& configuration, const Property& present, Argume
             refuse(message);
     });
     isKnown = false;
-    const bool saved = configuration.save();
-    const std::vector<std::string> stored = storedValues(present.name);
-    if (!saved || !sameValues(wanted, stored)) {
+    if (!configuration.save() || configuration.lastSaveFailed()) {
         return refuse(present.name + " could not be saved in " + configuration.workingDirectories().front() +
-                      "; it stays " + inQuotes(stored));
+                      "; it stays " + inQuotes(present.values));
     }
     tellOfRounding(wanted, values);
     return kDone;

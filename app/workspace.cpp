@@ -4,7 +4,6 @@
 #include "platform/homedirectory.h"
 
 #include <suite/configuration.h>
-#include <suite/projectfile.h>
 #include <suite/wdirutils.h>
 
 #include <algorithm>
@@ -190,13 +189,11 @@ bool openToRead(const Options& options, Orv::iAppConfiguration& configuration) {
 }
 
 ScopedErrorHandler::ScopedErrorHandler(std::function<void(const std::string& message)> handler) {
-    Orv::IOvConfigurationManager::Instance().SetErrorHandler(handler);
-    NProjectTools::CProjectFile::SetErrorHandler(std::move(handler));
+    Orv::IOvConfigurationManager::Instance().SetErrorHandler(std::move(handler));
 }
 
 ScopedErrorHandler::~ScopedErrorHandler() {
     Orv::IOvConfigurationManager::Instance().SetErrorHandler({});
-    NProjectTools::CProjectFile::SetErrorHandler({});
 }
 
 } // namespace app

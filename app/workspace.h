@@ -43,8 +43,7 @@ bool openConfiguration(const Options& options, Orv::iAppConfiguration& configura
 /// As openConfiguration; what only reads tells of the working directories that do not exist, too.
 bool openToRead(const Options& options, Orv::iAppConfiguration& configuration);
 
-/// Receives, until the end of its scope, what the reader and the writer of configuration files and the writer
-/// of project files have to complain about.
+/// Receives, until the end of its scope, whatever the libraries have to complain about.
 class ScopedErrorHandler {
 public:
     explicit ScopedErrorHandler(std::function<void(const std::string& message)> handler);

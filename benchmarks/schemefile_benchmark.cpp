@@ -48,12 +48,12 @@ public:
     }
 
     void scan() const {
-        std::string bytes;
-        if (platform::readFile(path_, bytes))
+        const auto bytes = platform::readFile(path_);
+        if (!bytes)
             throw std::runtime_error("the scheme file cannot be read");
         std::size_t lines = 0;
-        const char* at = bytes.data();
-        const char* const end = at + bytes.size();
+        const char* at = bytes->data();
+        const char* const end = at + bytes->size();
         while (const void* found = std::memchr(at, '\n', static_cast<std::size_t>(end - at))) {
             at = static_cast<const char*>(found) + 1;
             ++lines;

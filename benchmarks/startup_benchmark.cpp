@@ -45,7 +45,7 @@ public:
 
     void read() const {
         platform::ProfileFile file(path_);
-        bool whole = !file.load();
+        bool whole = static_cast<bool>(file.load());
         for (int i = 0; i < count_; ++i)
             whole = whole && !file.get(kSection, keyOf(i)).empty();
         check(whole);
@@ -56,13 +56,13 @@ public:
         bool whole = true;
         for (int i = 0; i < count_; ++i)
             whole = file.set(kSection, keyOf(i), pathOf(firstNumber + i)) && whole;
-        check(whole && !file.save());
+        check(whole && file.save());
     }
 
     std::string bytes() const {
-        std::string bytes;
-        check(!platform::readFile(path_, bytes));
-        return bytes;
+        auto bytes = platform::readFile(path_);
+        check(static_cast<bool>(bytes));
+        return std::move(*bytes);
     }
 
 private:

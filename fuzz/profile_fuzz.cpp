@@ -96,7 +96,7 @@ void checkEdit(const std::string& text, const Place& place, std::optional<std::s
 void checkFile(const fuzz::File& file, std::string_view text, const ProfileDocument& document) {
     file.write(text);
     platform::ProfileFile profile(file.path());
-    if (profile.load()) {
+    if (!profile.load()) {
         require(text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF"));
         require(profile.sectionNames().empty());
         return;
@@ -104,7 +104,7 @@ void checkFile(const fuzz::File& file, std::string_view text, const ProfileDocum
     require(profile.sectionNames() == document.sectionNames());
     for (const std::string& section : document.sectionNames())
         require(profile.keys(section) == document.keys(section));
-    require(!profile.save()); // without a change, so without a write
+    require(static_cast<bool>(profile.save())); // without a change, so without a write
 }
 
 } // namespace

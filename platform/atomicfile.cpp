@@ -99,16 +99,15 @@ AtomicFile::AtomicFile(std::string path)
       temporary_(neighbour(path_, kTemporary)) {
 }
 
-FileError AtomicFile::error(std::string operation, int code) const {
-    return {path_, std::move(operation), code};
+Error AtomicFile::error(const std::string& operation, int code) const {
+    return systemError(path_, operation, code);
 }
 
-std::optional<FileError> AtomicFile::lock(std::chrono::milliseconds timeout) {
+Result<> AtomicFile::lock(std::chrono::milliseconds timeout) {
     if (unfollowed_ != 0)
         return error("follow the link", unfollowed_);
-    auto failure = lock_.acquire(neighbour(path_, ".lock"), path_, timeout);
-    if (failure)
-        return failure;
+    if (auto locked = lock_.acquire(neighbour(path_, ".lock"), path_, timeout); !locked)
+        return locked;
     struct stat status;
     if (stat(path_.c_str(), &status) != 0) {
         // Without them the new file would be open to whom the old one was not.
@@ -117,10 +116,10 @@ std::optional<FileError> AtomicFile::lock(std::chrono::milliseconds timeout) {
     } else if (S_ISREG(status.st_mode)) {
         former_ = Attributes{status.st_mode & 07777, status.st_uid, status.st_gid};
     }
-    return std::nullopt;
+    return {};
 }
 
-std::optional<FileError> AtomicFile::write(std::string_view bytes) {
+Result<> AtomicFile::write(std::string_view bytes) {
     if (const int code = checkWritable())
         return error("write", code);
     if (const int code = writeTemporary(bytes))
@@ -132,7 +131,7 @@ std::optional<FileError> AtomicFile::write(std::string_view bytes) {
     const Descriptor& open = lock_.directory();
     if (const int code = open.valid() ? flushDirectory(open) : flushDirectory(directory_))
         return error("flush the directory", code);
-    return std::nullopt;
+    return {};
 }
 
 int AtomicFile::checkWritable() const {
@@ -212,7 +211,7 @@ int AtomicFile::adoptAttributes(int fd) const {
     return resultOf(fchmod(fd, mode));
 }
 
-std::optional<FileError> AtomicFile::moveAside(std::string_view suffix, std::string& newPath) {
+Result<> AtomicFile::moveAside(std::string_view suffix, std::string& newPath) {
     const int code = checkWritable();
     if (code != 0 && code != EISDIR)
         return error("move aside", code);
@@ -224,7 +223,7 @@ std::optional<FileError> AtomicFile::moveAside(std::string_view suffix, std::str
     if (rename(path_.c_str(), candidate.c_str()) != 0)
         return error("move aside", errno);
     newPath = candidate;
-    return std::nullopt;
+    return {};
 }
 
 void AtomicFile::moveBack(const std::string& newPath) const {
@@ -233,11 +232,11 @@ void AtomicFile::moveBack(const std::string& newPath) const {
         static_cast<void>(rename(newPath.c_str(), path_.c_str()));
 }
 
-std::optional<FileError> writeFileAtomically(const std::string& path, std::string_view bytes,
-                                             std::chrono::milliseconds timeout) {
+Result<> writeFileAtomically(const std::string& path, std::string_view bytes,
+                             std::chrono::milliseconds timeout) {
     AtomicFile file(path);
-    if (auto failure = file.lock(timeout))
-        return failure;
+    if (auto locked = file.lock(timeout); !locked)
+        return locked;
     return file.write(bytes);
 }
 

@@ -23,19 +23,19 @@ public:
     const std::string& path() const { return path_; }
 
     /// Takes the lock, which is held to the end of the object.
-    [[nodiscard]] std::optional<FileError> lock(std::chrono::milliseconds timeout = kLockTimeout);
+    Result<> lock(std::chrono::milliseconds timeout = kLockTimeout);
 
     /// Replaces the file by these bytes, under the lock. The new file has the mode of the old one, and its
     /// owner and group as far as the user may give them; it runs as another user or group only if the old one
     /// did so as a file of this user's own. A file that the user may not write to is refused,
     /// whatever its directory allows. After an error the old bytes stand, unless the error is that of the
     /// directory's flush.
-    [[nodiscard]] std::optional<FileError> write(std::string_view bytes);
+    Result<> write(std::string_view bytes);
 
     /// Renames what stands in the file's place to NAME.suffix, or NAME.suffix.2 and so on if that is taken. A
     /// write that follows still gives the new file the old one's mode.
     /// @param newPath receives the new path.
-    [[nodiscard]] std::optional<FileError> moveAside(std::string_view suffix, std::string& newPath);
+    Result<> moveAside(std::string_view suffix, std::string& newPath);
 
     /// Undoes moveAside.
     void moveBack(const std::string& newPath) const;
@@ -52,7 +52,7 @@ private:
     void removeOtherTemporaries() const;
     int writeTemporary(std::string_view bytes);
     int adoptAttributes(int fd) const;
-    FileError error(std::string operation, int code) const;
+    Error error(const std::string& operation, int code) const;
 
     int unfollowed_ = 0; ///< why the path's links could not be followed
     std::string path_;
@@ -63,7 +63,7 @@ private:
 };
 
 /// Takes the lock, writes and releases the lock.
-[[nodiscard]] std::optional<FileError> writeFileAtomically(const std::string& path, std::string_view bytes,
-                                                           std::chrono::milliseconds timeout = kLockTimeout);
+Result<> writeFileAtomically(const std::string& path, std::string_view bytes,
+                             std::chrono::milliseconds timeout = kLockTimeout);
 
 } // namespace platform

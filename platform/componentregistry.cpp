@@ -31,25 +31,25 @@ std::optional<std::string> parseClassId(std::string_view text) {
     return fits ? std::optional(id) : std::nullopt;
 }
 
-ComponentEntry findComponent(const std::string& home, const std::string& classId) {
+Result<std::string> findComponent(const std::string& home, const std::string& classId) {
     const std::string directory = MakeFilePath(home, "standard/components");
     const auto file = resolveExisting(MakeFilePath(directory, classId, "ini"));
     if (!file)
-        return {};
-    std::string bytes;
-    if (const auto error = readFile(*file, bytes))
-        return {{}, error->text()};
-    const std::string name = ProfileDocument(bytes).value("Component", "Library").value_or("");
+        return std::string();
+    const auto bytes = readFile(*file);
+    if (!bytes)
+        return bytes.error();
+    const std::string name = ProfileDocument(*bytes).value("Component", "Library").value_or("");
     if (name.empty())
-        return {{}, *file + ": names no library"};
+        return Error{*file, "names no library"};
     std::error_code error;
     const auto found = resolveExisting(MakeFilePath(directory, platformPath(name)));
     const auto library = std::filesystem::canonical(found.value_or(MakeFilePath(directory, name)), error);
     if (error)
-        return {{}, *file + ": " + name + ": " + error.message()};
+        return Error{*file, name + ": " + error.message()};
     if (!isBelow(library.string(), home))
-        return {{}, *file + ": " + name + " lies outside of the installation"};
-    return {library.string(), {}};
+        return Error{*file, name + " lies outside of the installation"};
+    return library.string();
 }
 
 } // namespace platform

@@ -48,12 +48,6 @@ private:
     bool isJoined_ = false;
 };
 
-/// A lock file, or why there is none.
-struct OpenedLock {
-    Descriptor file;
-    std::optional<FileError> failure;
-};
-
 // Opened before it is created: in a directory shared with a sticky bit, the system refuses to open another
 // user's file with the wish to create it. A lock needs no right to write, except on network file systems.
 int openExisting(const std::string& path) {
@@ -68,19 +62,19 @@ int create(const std::string& path, bool hasTarget) {
     return ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, hasTarget ? 0600 : 0622);
 }
 
-OpenedLock openLockFile(const std::string& path, const std::string& target) {
+Result<Descriptor> openLockFile(const std::string& path, const std::string& target) {
     for (;;) {
         int fd = openExisting(path);
         if (fd < 0 && errno == ENOENT) {
             const bool hasTarget = faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) == 0;
             if (!hasTarget && errno != ENOENT)
-                return {{}, FileError{target, "write", errno}};
+                return systemError(target, "write", errno);
             fd = create(path, hasTarget);
         }
         if (fd >= 0)
-            return {Descriptor(fd), std::nullopt};
+            return Descriptor(fd);
         if (errno != EEXIST)
-            return {{}, FileError{path, "open the lock file", errno}};
+            return systemError(path, "open the lock file", errno);
     }
 }
 
@@ -143,33 +137,33 @@ int lockUntil(int fd, Queue& queue, Clock::time_point deadline) {
 
 } // namespace
 
-std::optional<FileError> FileLock::acquire(const std::string& path, const std::string& target,
-                                           std::chrono::milliseconds timeout) {
+Result<> FileLock::acquire(const std::string& path, const std::string& target,
+                           std::chrono::milliseconds timeout) {
     const auto deadline = Clock::now() + timeout;
     Queue queue(path);
     for (;;) {
-        auto [file, failure] = openLockFile(path, target);
-        if (failure)
-            return failure;
-        admitWriters(file.get(), target);
-        if (const int code = lockUntil(file.get(), queue, deadline))
-            return FileError{path, "take the lock", code};
-        if (isStillTheFile(file.get(), path.c_str())) {
-            file_ = std::move(file);
+        auto file = openLockFile(path, target);
+        if (!file)
+            return file.error();
+        admitWriters(file->get(), target);
+        if (const int code = lockUntil(file->get(), queue, deadline))
+            return systemError(path, "take the lock", code);
+        if (isStillTheFile(file->get(), path.c_str())) {
+            file_ = std::move(*file);
             directory_ = queue.leave();
-            return std::nullopt;
+            return {};
         }
         if (Clock::now() >= deadline)
-            return FileError{path, "take the lock", ETIMEDOUT};
+            return systemError(path, "take the lock", ETIMEDOUT);
     }
 }
 
 std::chrono::milliseconds LockPatience::timeout() const {
-    return gaveUp_ && Clock::now() - *gaveUp_ < kLockTimeout ? std::chrono::milliseconds(0) : kLockTimeout;
+    return gaveUp_ && Clock::now() - *gaveUp_ < kLockTimeout ? std::chrono::milliseconds(0) : longest_;
 }
 
-void LockPatience::note(const std::optional<FileError>& failure) {
-    if (!failure || failure->code != ETIMEDOUT)
+void LockPatience::note(const Result<>& locked) {
+    if (locked.code() != ETIMEDOUT)
         gaveUp_.reset();
     else if (timeout() > std::chrono::milliseconds(0)) // an attempt that did not wait prolongs nothing
         gaveUp_ = Clock::now();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/descriptor.h"
-#include "platform/fileerror.h"
+#include "platform/result.h"
 
 #include <chrono>
 #include <optional>
@@ -23,8 +23,8 @@ public:
     /// @param target the file that the lock is for, which need not exist. Who may not write it makes no lock
     ///               file for it: those who may could not open that one.
     /// @return the error; the code is ETIMEDOUT if someone held the lock all the time.
-    [[nodiscard]] std::optional<FileError> acquire(const std::string& path, const std::string& target,
-                                                   std::chrono::milliseconds timeout = kLockTimeout);
+    Result<> acquire(const std::string& path, const std::string& target,
+                     std::chrono::milliseconds timeout = kLockTimeout);
     /// The directory of the lock file, open while the lock is held; invalid where it could not be opened.
     const Descriptor& directory() const { return directory_; }
 
@@ -37,12 +37,15 @@ private:
 /// at once do not wait again, each for its own.
 class LockPatience {
 public:
+    explicit LockPatience(std::chrono::milliseconds longest = kLockTimeout) : longest_(longest) {}
+
     /// How long to wait for the lock.
     std::chrono::milliseconds timeout() const;
     /// Takes note of how the attempt ended.
-    void note(const std::optional<FileError>& failure);
+    void note(const Result<>& locked);
 
 private:
+    std::chrono::milliseconds longest_;
     std::optional<std::chrono::steady_clock::time_point> gaveUp_;
 };
 

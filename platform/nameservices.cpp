@@ -27,10 +27,10 @@ void loadServices(std::istringstream words) {
 } // namespace
 
 void loadNameServices() {
-    std::string bytes;
-    if (readFile(kConfiguration, bytes))
+    const auto bytes = readFile(kConfiguration);
+    if (!bytes)
         return;
-    std::istringstream lines(bytes);
+    std::istringstream lines(*bytes);
     for (std::string line; std::getline(lines, line);) {
         std::istringstream words(line);
         std::string database;

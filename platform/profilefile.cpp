@@ -1,8 +1,7 @@
 #include "platform/profilefile.h"
 
-#include "platform/atomicfile.h"
+#include "platform/editfile.h"
 #include "platform/paths.h"
-#include "platform/readfile.h"
 
 #include <cerrno>
 #include <utility>
@@ -24,13 +23,11 @@ bool isUtf16(std::string_view bytes) {
     return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
 }
 
-std::optional<FileError> readIfThere(const std::string& path, std::string& bytes) {
-    auto failure = readFile(path, bytes);
-    if (failure && failure->code == ENOENT)
-        return std::nullopt;
-    if (!failure && isUtf16(bytes))
-        return FileError{path, "read", EILSEQ};
-    return failure;
+/// The text of a file that was found; a missing one has none.
+Result<std::string> textOf(const std::string& path, const Result<std::string>& found) {
+    if (found && isUtf16(*found))
+        return systemError(path, "read", EILSEQ);
+    return found.code() == ENOENT ? std::string() : found;
 }
 
 } // namespace
@@ -39,12 +36,12 @@ ProfileFile::ProfileFile(std::string path, std::size_t valueLimit)
     : path_(std::move(path)), valueLimit_(valueLimit), document_({}, valueLimit) {
 }
 
-std::optional<FileError> ProfileFile::load() {
+Result<> ProfileFile::load() {
     changes_.clear();
-    std::string bytes;
-    auto failure = readIfThere(placeOf(path_), bytes);
-    document_ = ProfileDocument(failure ? std::string_view() : bytes, valueLimit_);
-    return failure;
+    const std::string path = placeOf(path_);
+    const auto text = textOf(path, readFile(path));
+    document_ = ProfileDocument(text ? std::string_view(*text) : std::string_view(), valueLimit_);
+    return text ? Result() : text.error();
 }
 
 std::string ProfileFile::get(std::string_view section, std::string_view key, std::string_view missing) const {
@@ -59,36 +56,24 @@ bool ProfileFile::set(std::string_view section, std::string_view key, std::optio
     return true;
 }
 
-std::optional<FileError> ProfileFile::readChanged(const std::string& path, ProfileDocument& document,
-                                                  bool& differs) const {
-    std::string bytes;
-    if (auto failure = readIfThere(path, bytes))
-        return failure;
-    document = ProfileDocument(bytes, valueLimit_);
-    for (const Change& change : changes_)
-        document.set(change.section, change.key, change.value);
-    differs = document.text() != bytes;
-    return std::nullopt;
-}
-
-std::optional<FileError> ProfileFile::save(std::chrono::milliseconds timeout) {
+Result<> ProfileFile::save(std::chrono::milliseconds timeout) {
     const std::string path = placeOf(path_);
+    LockPatience patience(timeout);
     ProfileDocument document;
-    bool differs = false;
-    auto failure = readChanged(path, document, differs);
-    if (!failure && differs) {
-        AtomicFile file(path);
-        failure = file.lock(timeout);
-        if (!failure)
-            failure = readChanged(path, document, differs);
-        if (!failure && differs)
-            failure = file.write(document.text());
-    }
-    if (failure)
-        return failure;
+    const auto saved = editFile(path, patience, {}, [&](const Result<std::string>& found) -> Result<Edited> {
+        const auto text = textOf(path, found);
+        if (!text)
+            return text.error();
+        document = ProfileDocument(*text, valueLimit_);
+        for (const Change& change : changes_)
+            document.set(change.section, change.key, change.value);
+        return document.text() == *text ? Edited() : Edited{document.text()};
+    });
+    if (!saved)
+        return saved.error();
     document_ = std::move(document);
     changes_.clear();
-    return std::nullopt;
+    return {};
 }
 
 } // namespace platform

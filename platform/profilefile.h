@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/fileerror.h"
 #include "platform/filelock.h"
 #include "platform/profiledocument.h"
+#include "platform/result.h"
 
 #include <chrono>
 #include <cstddef>
@@ -28,7 +28,7 @@ public:
 
     /// Reads the file and forgets changes that were not saved. A missing file is an empty one; after an error
     /// there is nothing to ask for. A file in UTF-16 is refused with EILSEQ.
-    [[nodiscard]] std::optional<FileError> load();
+    Result<> load();
 
     std::vector<std::string> sectionNames() const { return document_.sectionNames(); }
     std::vector<std::string> keys(std::string_view section) const { return document_.keys(section); }
@@ -42,7 +42,7 @@ public:
     /// need not be writable. After an error the file has its old bytes, and the changes are still to be
     /// saved.
     /// @param timeout how long to wait while someone else holds the lock.
-    [[nodiscard]] std::optional<FileError> save(std::chrono::milliseconds timeout = kLockTimeout);
+    Result<> save(std::chrono::milliseconds timeout = kLockTimeout);
 
 private:
     struct Change {
@@ -50,11 +50,6 @@ private:
         std::string key;
         std::optional<std::string> value;
     };
-
-    /// Reads what is on disk now and makes the changes in it.
-    /// @param differs receives whether they change anything.
-    std::optional<FileError> readChanged(const std::string& path, ProfileDocument& document,
-                                         bool& differs) const;
 
     std::string path_;
     std::size_t valueLimit_;

@@ -59,24 +59,22 @@ int openForReading(const std::string& path) {
 
 } // namespace
 
-std::optional<FileError> readFile(const std::string& path, std::string& bytes, std::size_t limit) {
+Result<std::string> readFile(const std::string& path, std::size_t limit) {
     FileStamp stamp;
-    return readFile(path, bytes, limit, stamp);
+    return readFile(path, limit, stamp);
 }
 
-std::optional<FileError> readFile(const std::string& path, std::string& bytes, std::size_t limit,
-                                  FileStamp& stamp) {
-    bytes.clear();
+Result<std::string> readFile(const std::string& path, std::size_t limit, FileStamp& stamp) {
     const Descriptor file(openForReading(path));
     if (!file.valid())
-        return FileError{path, kRead, errno};
+        return systemError(path, kRead, errno);
+    std::string bytes;
     int code = checkReadable(file.get(), limit, stamp);
     if (code == 0)
         code = readAll(file.get(), stamp.size(), limit, bytes);
-    if (code == 0)
-        return std::nullopt;
-    bytes.clear();
-    return FileError{path, kRead, code, limit};
+    if (code != 0)
+        return systemError(path, kRead, code, limit);
+    return bytes;
 }
 
 bool opensForReading(const std::string& path) {

@@ -1,10 +1,9 @@
 #pragma once
 
-#include "platform/fileerror.h"
 #include "platform/filestamp.h"
+#include "platform/result.h"
 
 #include <cstddef>
-#include <optional>
 #include <string>
 
 namespace platform {
@@ -16,13 +15,11 @@ constexpr std::size_t kLargestDocument = 8u << 20;
 
 /// Reads a whole regular file. Anything else is refused, so that a pipe in place of a file makes nobody wait.
 /// @param limit the most bytes that are read; a larger file is refused.
-/// @return the error, with `bytes` empty; a missing file has the code ENOENT.
-[[nodiscard]] std::optional<FileError> readFile(const std::string& path, std::string& bytes,
-                                                std::size_t limit = kLargestFile);
+/// @return the bytes; the error of a missing file has the code ENOENT.
+Result<std::string> readFile(const std::string& path, std::size_t limit = kLargestFile);
 /// @param stamp one of the file that was taken just now, which spares asking for it again; otherwise it
 ///              receives that of the bytes.
-[[nodiscard]] std::optional<FileError> readFile(const std::string& path, std::string& bytes,
-                                                std::size_t limit, FileStamp& stamp);
+Result<std::string> readFile(const std::string& path, std::size_t limit, FileStamp& stamp);
 
 /// Whether a path names a regular file that may be read; its name is looked for as resolveExisting does.
 bool opensForReading(const std::string& path);

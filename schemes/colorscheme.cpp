@@ -38,13 +38,13 @@ const char* textOf(ColorSchemeError error) {
 
 ColorSchemes readColorSchemes(const std::string& path) {
     ColorSchemes result;
-    std::string bytes;
-    if (const auto error = platform::readFile(platform::resolveExisting(path).value_or(path), bytes)) {
+    const auto bytes = platform::readFile(platform::resolveExisting(path).value_or(path));
+    if (!bytes) {
         result.error = ColorSchemeError::unreadable;
-        result.reason = error->text();
+        result.reason = bytes.errorText();
         return result;
     }
-    ovsettings::SchemeReading reading = ovsettings::readSchemes(bytes);
+    ovsettings::SchemeReading reading = ovsettings::readSchemes(*bytes);
     result.schemes = std::move(reading.schemes);
     result.error = reading.error;
     result.line = reading.line;

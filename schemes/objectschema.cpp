@@ -100,15 +100,15 @@ CObjectSchema::CObjectSchema(std::function<void(const std::string& text)> tell) 
 
 bool CObjectSchema::read(const std::string& path) {
     const auto file = platform::resolveExisting(path);
-    std::string bytes;
     if (!file)
         return false;
-    if (const auto failure = platform::readFile(*file, bytes, platform::kLargestDocument)) {
-        if (failure->code != ENOENT)
-            error_ = failure->text();
+    const auto bytes = platform::readFile(*file, platform::kLargestDocument);
+    if (!bytes) {
+        if (bytes.code() != ENOENT)
+            error_ = bytes.errorText();
         return false;
     }
-    if (parse(bytes))
+    if (parse(*bytes))
         return true;
     error_ = *file + ": " + error_;
     return false;
@@ -152,7 +152,7 @@ const CObjectSchemaItem* CObjectSchema::item(std::string_view section, std::stri
     return found == items->second.end() ? nullptr : found->second;
 }
 
-std::optional<platform::FileError> CObjectSchema::write(const std::string& path) {
+platform::Result<> CObjectSchema::write(const std::string& path) {
     document_.reset(xmlNewDoc(xml(kXmlVersion)));
     xmlNode* root = xmlNewDocNode(document_.get(), nullptr, xml(kRoot), nullptr);
     xmlDocSetRootElement(document_.get(), root);
@@ -164,7 +164,7 @@ std::optional<platform::FileError> CObjectSchema::write(const std::string& path)
     writeSection(*schema, "ict", "ICT");
     const std::string bytes = bytesOf(*document_);
     if (bytes.empty())
-        return platform::FileError{path, "write", ENOMEM};
+        return platform::systemError(path, "write", ENOMEM);
     return platform::writeFileAtomically(platform::platformPath(path), bytes);
 }
 

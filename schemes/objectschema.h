@@ -1,13 +1,12 @@
 #pragma once
 
 #include "ovsettings/export.h"
-#include "platform/fileerror.h"
+#include "platform/result.h"
 #include "platform/xmldocument.h"
 
 #include <functional>
 #include <list>
 #include <map>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -41,7 +40,7 @@ public:
 
     /// Writes the items of the sections "OV" and "ICT", as "schematic" and "ict". After an error the file is
     /// what it was.
-    [[nodiscard]] std::optional<platform::FileError> write(const std::string& path);
+    platform::Result<> write(const std::string& path);
 
     /// True for the files in which earlier versions kept the colours of the printer.
     static bool isPrinterSchema(const xmlDoc& document);

@@ -360,11 +360,11 @@ bool CPrintingAccess::loadDefaults(const std::string& path) {
     if (path == defaultsPath_)
         return true;
     const auto file = platform::resolveExisting(path);
-    std::string text;
-    if (!file || platform::readFile(*file, text))
+    const auto text = platform::readFile(file.value_or(""));
+    if (!text)
         return false;
     auto defaults = shippedDefaults();
-    if (!readDefaults(text, defaults))
+    if (!readDefaults(*text, defaults))
         return false;
     defaults_ = std::move(defaults);
     defaultsPath_ = path;

@@ -101,7 +101,7 @@ void CPageManager::buildNode(CCategoryNode& node, unsigned parentKey, std::vecto
         buildNode(*child, key, built);
 }
 
-/// Asks for a page. What an add-in throws is told on standard error, and the add-in gives no page: its fault
+/// Asks for a page. What an add-in throws is told to the host, and the add-in gives no page: its fault
 /// must not cost the user all other pages. @return nothing if it threw.
 std::optional<CPageManager::Offer> CPageManager::ask(CPropertyPageSupplier& supplier,
                                                      const std::string& pageKey) {

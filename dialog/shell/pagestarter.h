@@ -20,7 +20,7 @@ public:
     CPageStarter(CPropertyPageFactory& factory, std::string pageKey);
     virtual ~CPageStarter();
 
-    /// @return the page with its window, hidden, or null; also null, and a line on standard error, if the
+    /// @return the page with its window, hidden, or null; also null, and a line to the host, if the
     ///         factory throws: what the user has on other pages is not to be lost over it.
     virtual CPropDialogTemplate* create(QWidget* parent);
 
@@ -41,7 +41,7 @@ public:
     Orv::CProjectConfiguration* const projectConfig;
 };
 
-/// Tells on standard error, from inside a handler, that an exception keeps a page away.
+/// Tells the host, from inside a handler, that an exception keeps a page away.
 void reportMissingPage(const std::string& pageKey);
 
 } // namespace ovsettings

@@ -1,12 +1,12 @@
 #include "dialog/shell/propertypagesupplier.h"
 
 #include "dialog/shell/internalpages.h"
+#include "dialog/shell/tellhost.h"
 #include "dialog/shell/toplevelfactory.h"
 #include "ovsettings/settingspagecomponent.h"
 #include "platform/componentregistry.h"
 #include "platform/installation.h"
 #include "platform/paths.h"
-#include "platform/printable.h"
 #include "platform/trim.h"
 
 #include <utility>
@@ -15,11 +15,11 @@ namespace ovsettings {
 
 namespace {
 
-/// Loads a library of an add-in. A library that is there and cannot be loaded is told on standard error.
+/// Loads a library of an add-in. A library that is there and cannot be loaded is told.
 platform::SharedLibrary load(const std::string& name) {
     platform::SharedLibrary library(name);
     if (!library.defect().empty())
-        platform::tell("OvSettings: " + library.defect());
+        tellHost("OvSettings: " + library.defect());
     return library;
 }
 
@@ -30,8 +30,8 @@ bool fitsThisVersion(const platform::SharedLibrary& library, const std::string& 
     const auto version = reinterpret_cast<Version>(library.symbol("ovsettingsInterfaceVersion"));
     const int built = version ? version() : kInterfaceVersion;
     if (built != kInterfaceVersion)
-        platform::tell("OvSettings: " + name + " was built for version " + std::to_string(built) +
-                       " of the add-in interface, this is version " + std::to_string(kInterfaceVersion));
+        tellHost("OvSettings: " + name + " was built for version " + std::to_string(built) +
+                 " of the add-in interface, this is version " + std::to_string(kInterfaceVersion));
     return built == kInterfaceVersion;
 }
 
@@ -48,14 +48,13 @@ std::string betweenBrackets(const std::string& text) {
 
 /// Loads a registered component. It stays to the end of the process.
 IComponent* createComponent(const std::string& classId) {
-    const platform::ComponentEntry entry =
-        platform::findComponent(platform::installationDirectory(), classId);
-    if (!entry.error.empty())
-        platform::tell("OvSettings: " + entry.error);
-    if (entry.library.empty())
+    const auto file = platform::findComponent(platform::installationDirectory(), classId);
+    if (!file)
+        tellHost("OvSettings: " + file.errorText());
+    if (!file || file->empty())
         return nullptr;
-    const platform::SharedLibrary library = load(entry.library);
-    if (library && !fitsThisVersion(library, entry.library))
+    const platform::SharedLibrary library = load(*file);
+    if (library && !fitsThisVersion(library, *file))
         return nullptr;
     using Create = IComponent* (*)(const char*);
     const auto create = reinterpret_cast<Create>(library.symbol("createComponent"));

@@ -1,10 +1,9 @@
 #include "dialog/shell/settingsxmlreader.h"
 
+#include "dialog/shell/tellhost.h"
 #include "dialog/widgets/messagebox.h"
 #include "platform/paths.h"
-#include "platform/printable.h"
 #include "platform/readfile.h"
-#include "suite/configuration.h"
 
 #include <QtWidgets/QApplication>
 #include <libxml/parser.h>
@@ -19,10 +18,9 @@ CSettingsXmlReader::CSettingsXmlReader(std::string path) : path_(std::move(path)
 CategoryNodes CSettingsXmlReader::read() const {
     xmlInitParser();
     Catalogue catalogue = readFile();
-    // The box says little; whoever maintains the file needs the place. A manager that does not know the call
-    // writes the line to standard error as it gets it.
+    // The box says little; whoever maintains the file needs the place.
     if (!catalogue.problem.empty())
-        Orv::IOvConfigurationManager::Instance().ReportError(platform::printable(catalogue.problem));
+        tellHost(catalogue.problem);
     if (catalogue.end == CatalogueEnd::noDocument)
         showMessage(QApplication::activeWindow(), QStringLiteral("File not found\n"));
     if (catalogue.end == CatalogueEnd::foreignElement)
@@ -33,12 +31,12 @@ CategoryNodes CSettingsXmlReader::read() const {
 Catalogue CSettingsXmlReader::readFile() const {
     Catalogue catalogue;
     const auto file = platform::resolveExisting(path_);
-    std::string bytes;
-    if (const auto failure = platform::readFile(file.value_or(path_), bytes)) {
-        catalogue.problem = failure->text();
+    const auto bytes = platform::readFile(file.value_or(path_));
+    if (!bytes) {
+        catalogue.problem = bytes.errorText();
         return catalogue;
     }
-    catalogue = readCatalogue(bytes);
+    catalogue = readCatalogue(*bytes);
     if (!catalogue.problem.empty())
         catalogue.problem.insert(0, path_ + ": ");
     return catalogue;

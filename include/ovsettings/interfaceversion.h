@@ -11,7 +11,7 @@ inline constexpr int kInterfaceVersion = 2;
 } // namespace ovsettings
 
 /// What an add-in was built against. It stands in each library that includes these headers, and the dialog
-/// asks for it: an add-in of another version is told on standard error and left out.
+/// asks for it: an add-in of another version is told as an error and left out.
 extern "C" [[gnu::used]] OVSETTINGS_API inline int ovsettingsInterfaceVersion() {
     return ovsettings::kInterfaceVersion;
 }

@@ -23,7 +23,7 @@ namespace ovsettings {
 /// Scheme, since the list of schemes must not lag behind the file.) A page that refuses something has already
 /// told the user; a true result means that the dialog may go on. What one of the operations below throws ends
 /// the dialog and reaches the host; but what is thrown while the page is made (buildTemplate, OnInitDialog,
-/// createWindow and the handing over of the configuration) is told on standard error, and the category has no
+/// createWindow and the handing over of the configuration) is told as an error, and the category has no
 /// page until it is selected again. Handlers of the page's own controls run in the toolkit's event loop and
 /// must not throw.
 class OVSETTINGS_API CPropDialogTemplate : public QWidget {

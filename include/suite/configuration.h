@@ -138,16 +138,16 @@ public:
     /// told.
     virtual bool ReleaseConfiguration(IOvConfiguration* configuration) = 0;
 
-    /// Sets who is told of damaged files and failed writes. An empty handler restores the standard error
-    /// stream. Any other is told, before this returns, of the damage that was found until now in files that
-    /// are still as they were.
+    /// Sets who is told whatever goes wrong, damaged files and failed writes say. An empty handler restores
+    /// the standard error stream. Any other is told, before this returns, of the damage that was found until
+    /// now in files that are still as they were.
     virtual void SetErrorHandler(ErrorHandler handler) = 0;
 
     /// The path of what a directory's configuration is kept in, whether it is there or not: who watches the
     /// configuration watches this. The directory itself, if a manager does not say.
     virtual std::string FileOf(const std::string& directory) const { return directory; }
-    /// Tells what is wrong with another file of the installation, the dialog's catalogue say: on the standard
-    /// error stream, and to the error handler if one is set. By default on the stream alone.
+    /// Tells what is wrong with another part of the installation, the dialog's catalogue say: the error
+    /// handler or, if none is set, the standard error stream. By default the stream.
     /// @param message one line that names the file and the cause.
     virtual void ReportError(const std::string& message) { std::fputs((message + "\n").c_str(), stderr); }
 };

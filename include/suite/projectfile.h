@@ -26,8 +26,8 @@ public:
     /// Why the last openProjectFile failed, path included; empty after success.
     const std::string& lastError() const;
 
-    /// Told of each change that could not be written, as one line with path and cause; an empty handler means
-    /// standard error.
+    /// As IOvConfigurationManager::SetErrorHandler, whose handler this is: the one of the two that was set
+    /// last is told.
     using ErrorHandler = std::function<void(const std::string& message)>;
     static void SetErrorHandler(ErrorHandler handler);
 

@@ -42,10 +42,10 @@ private:
 QString loadLibrary(suite::CentralLibrary& library, const std::string& indexPath) {
     if (indexPath.empty())
         return SymbolChooser::tr("The project has no central library.");
-    const auto error = library.load(indexPath);
-    return error ? SymbolChooser::tr("The central library is not available: %1")
-                       .arg(QString::fromStdString(*error))
-                 : QString();
+    const auto loaded = library.load(indexPath);
+    return loaded ? QString()
+                  : SymbolChooser::tr("The central library is not available: %1")
+                        .arg(QString::fromStdString(loaded.errorText()));
 }
 
 } // namespace

@@ -1,8 +1,8 @@
 #include "suite/configurations/configurationfile.h"
 
-#include "platform/atomicfile.h"
-#include "platform/readfile.h"
+#include "platform/editfile.h"
 #include "suite/configurations/xmltext.h"
+#include "suite/files/errorlog.h"
 
 #include <algorithm>
 #include <atomic>
@@ -10,15 +10,14 @@
 
 namespace suite {
 
+using platform::Error;
+using platform::Result;
+
 namespace {
 
-constexpr std::string_view kDamaged = "damaged";
+constexpr const char* kDamaged = "damaged";
 // Well inside the parser's own limit of 10 million bytes, beyond which it would call the file damaged.
 constexpr std::size_t kLongestText = 4u << 20;
-
-std::string located(const std::string& path, const Problem& problem) {
-    return path + ":" + (problem.line > 0 ? std::to_string(problem.line) + ":" : "") + " " + problem.text;
-}
 
 void mergeName(std::vector<std::string>& names, const std::string& name, bool present) {
     const auto known = std::find(names.begin(), names.end(), name);
@@ -56,119 +55,95 @@ std::uint64_t nextRevision() {
 
 } // namespace
 
-ConfigurationFile::ConfigurationFile(std::string path, ErrorLog& log) : path_(std::move(path)), log_(log) {
-}
-
 void ConfigurationFile::read(std::optional<Contents> known) {
     if (known)
         bytes_ = std::move(known->bytes);
     if (known && known->stamp.isSettled())
         stamp_ = platform::FileStamp::of(path_);
-    std::optional<ConfigurationDocument> document;
-    const bool isSettled = stamp_.isOfFile() && stamp_ == known->stamp;
-    state_ = isSettled ? FileState::unchanged : readFile(bytes_, document, stamp_, complaint_);
+    Reading now{FileState::unchanged};
+    if (!stamp_.isOfFile() || stamp_ != known->stamp) {
+        auto found = platform::readFile(path_, platform::kLargestDocument, stamp_);
+        now = reading(found);
+        bytes_ = found ? std::move(*found) : std::string();
+    }
+    state_ = now.state;
+    complaint_ = std::move(now.complaint);
     if (state_ == FileState::unchanged) {
         state_ = FileState::read;
-        document = std::move(known->document);
+        now.document = std::move(known->document);
         revision_ = known->revision;
     } else if (state_ == FileState::read) {
         revision_ = nextRevision();
     }
-    if (document)
-        document_ = std::move(*document);
-    document_.setReporter(
-        [this](const Problem& problem) { log_.reportOnce(path_, located(path_, problem)); });
+    if (now.document)
+        document_ = std::move(*now.document);
+    document_.setReporter([this](const Problem& problem) { errorLog().reportOnce(at(problem)); });
 }
 
 bool ConfigurationFile::isWhole() const {
-    if (complaint_.empty())
-        return true;
-    log_.reportOnce(path_, complaint_);
-    return false;
+    if (complaint_)
+        errorLog().reportOnce(*complaint_);
+    return !complaint_;
 }
 
-ConfigurationFile::FileState ConfigurationFile::readFile(std::string& bytes,
-                                                         std::optional<ConfigurationDocument>& document,
-                                                         platform::FileStamp& stamp,
-                                                         std::string& complaint) const {
-    std::string now;
-    if (const auto failure = platform::readFile(path_, now, platform::kLargestDocument, stamp)) {
-        bytes.clear();
-        if (failure->code == ENOENT)
-            return FileState::missing;
-        complaint = failure->text();
-        // One that is too large may be whole all the same.
-        return failure->code == EISDIR ? FileState::damaged : FileState::unreadable;
-    }
-    if (!now.empty() && now == bytes)
-        return FileState::unchanged;
-    bytes = std::move(now);
+ConfigurationFile::Reading ConfigurationFile::reading(const Result<std::string>& found) const {
+    if (found.code() == ENOENT)
+        return {FileState::missing};
+    // One that is too large may be whole all the same.
+    if (!found)
+        return {found.code() == EISDIR ? FileState::damaged : FileState::unreadable, {}, found.error()};
+    if (!found->empty() && *found == bytes_)
+        return {FileState::unchanged};
     Problem problem;
-    document = ConfigurationDocument::parse(bytes, problem);
+    auto document = ConfigurationDocument::parse(*found, problem);
     if (document)
-        return FileState::read;
-    complaint = located(path_, problem);
-    return FileState::damaged;
+        return {FileState::read, std::move(document)};
+    return {FileState::damaged, {}, at(problem)};
 }
 
-bool ConfigurationFile::failed(const std::string& message) const {
-    log_.report(message);
-    return false;
+Result<bool> ConfigurationFile::save(platform::LockPatience& patience) {
+    auto written = hasEdits() ? writeEdits(patience) : false;
+    if (!written)
+        errorLog().report(written.error());
+    return written && refused_ ? *refused_ : std::move(written);
 }
 
-bool ConfigurationFile::save(platform::LockPatience& patience) {
-    if (keyEdits_.empty() && groupEdits_.empty() && attributeEdits_.empty())
-        return !wasRefused_;
-    platform::AtomicFile file(path_);
-    const auto busy = file.lock(patience.timeout());
-    patience.note(busy);
-    if (busy)
-        return failed(busy->text());
-
-    std::string bytes = bytes_;
+Result<bool> ConfigurationFile::writeEdits(platform::LockPatience& patience) {
     std::optional<ConfigurationDocument> current;
-    platform::FileStamp stamp;
-    std::string complaint;
-    FileState state = readFile(bytes, current, stamp, complaint);
-    // What cannot be read may be whole, and is not replaced by what was known of it.
-    if (state == FileState::unreadable)
-        return failed(complaint);
-    if (state == FileState::damaged)
-        log_.reportOnce(path_, complaint);
-    if (state == FileState::unchanged)
-        state = state_;
-    else if (state == FileState::missing)
-        current.emplace();
-    // A file that was damaged meanwhile has nothing better to offer than what was read before.
-    ConfigurationDocument& document = current ? *current : document_;
-    applyEdits(document);
-    const std::string text = document.serialise();
-    if (text.empty())
-        return failed(path_ + ": cannot write: out of memory");
-    if (text.size() > platform::kLargestDocument)
-        return failed(platform::FileError{path_, "write", EFBIG, platform::kLargestDocument}.text());
-
-    std::string aside;
-    if (state == FileState::damaged) {
-        if (const auto failure = file.moveAside(kDamaged, aside))
-            return failed(failure->text());
-    }
-    if (const auto failure = file.write(text)) {
-        if (!aside.empty())
-            file.moveBack(aside);
-        return failed(failure->text());
-    }
-    if (!aside.empty())
-        log_.report(path_ + ": the damaged file is kept as " + aside);
+    const auto edit = [&](const Result<std::string>& found) -> Result<platform::Edited> {
+        Reading now = reading(found);
+        // What cannot be read may be whole, and is not replaced by what was known of it.
+        if (now.state == FileState::unreadable)
+            return *now.complaint;
+        if (now.state == FileState::damaged)
+            errorLog().reportOnce(*now.complaint);
+        if (now.state == FileState::missing)
+            now.document.emplace();
+        current = std::move(now.document);
+        // A file that was damaged meanwhile has nothing better to offer than what was read before.
+        ConfigurationDocument& document = current ? *current : document_;
+        applyEdits(document);
+        std::string text = document.serialise();
+        if (text.empty())
+            return Error{path_, "cannot write: out of memory"};
+        const FileState state = now.state == FileState::unchanged ? state_ : now.state;
+        return platform::Edited{std::move(text), state == FileState::damaged ? kDamaged : ""};
+    };
+    auto edited =
+        platform::editFile(path_, patience, {.limit = platform::kLargestDocument, .looksFirst = false}, edit);
+    if (!edited)
+        return edited.error();
+    if (!edited->former.empty())
+        errorLog().report(Error{path_, "the damaged file is kept as " + edited->former});
     state_ = FileState::read;
-    bytes_ = text;
+    bytes_ = std::move(edited->bytes);
     stamp_ = {};
     if (current) {
         // What others wrote meanwhile is in it, too.
         document_ = std::move(*current);
         revision_ = nextRevision();
     }
-    return !wasRefused_;
+    return edited->isWritten;
 }
 
 std::optional<ConfigurationFile::Contents> ConfigurationFile::takeContents() {
@@ -277,7 +252,7 @@ Orv::LockNote ConfigurationFile::groupLockNote(const std::string& path, const st
 }
 
 bool ConfigurationFile::readAll(const EntryReader& reader) const {
-    if (!keyEdits_.empty() || !groupEdits_.empty() || !attributeEdits_.empty())
+    if (hasEdits())
         return false;
     document_.readAll(reader);
     return true;
@@ -352,16 +327,17 @@ bool ConfigurationFile::canBeNamed(std::initializer_list<std::string_view> names
         return name.size() <= kLongestText && xml::isCarried(name);
     };
     return std::all_of(names.begin(), names.end(), isName) ||
-           refused(path_ + ": cannot write: a name is too long, or holds control characters or no UTF-8");
+           refused("cannot write: a name is too long, or holds control characters or no UTF-8");
 }
 
 bool ConfigurationFile::canBeText(const std::string& text) {
-    return text.size() <= kLongestText || refused(path_ + ": cannot write: a text is too long");
+    return text.size() <= kLongestText || refused("cannot write: a text is too long");
 }
 
-bool ConfigurationFile::refused(const std::string& message) {
-    wasRefused_ = true;
-    return failed(message);
+bool ConfigurationFile::refused(const std::string& cause) {
+    refused_ = Error{path_, cause};
+    errorLog().report(*refused_);
+    return false;
 }
 
 /// @param isSaid whether the file, as it was read, says so already.

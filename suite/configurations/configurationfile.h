@@ -2,9 +2,9 @@
 
 #include "platform/filelock.h"
 #include "platform/filestamp.h"
+#include "platform/result.h"
 #include "suite/configuration.h"
 #include "suite/configurations/document.h"
-#include "suite/configurations/errorlog.h"
 
 #include <cstdint>
 #include <map>
@@ -31,7 +31,7 @@ public:
     };
 
     /// @param path where `orvane.xml` is, or would be.
-    ConfigurationFile(std::string path, ErrorLog& log);
+    explicit ConfigurationFile(std::string path) : path_(std::move(path)) {}
 
     const std::string& path() const { return path_; }
 
@@ -46,9 +46,10 @@ public:
     bool isWhole() const;
 
     /// Writes the changes, if there are any. They are applied to the file as it is by then, so what others
-    /// changed meanwhile stays. @return false, after a report, if that failed.
+    /// changed meanwhile stays.
     /// @param patience with the file's lock.
-    bool save(platform::LockPatience& patience);
+    /// @return whether anything had to be written; after a report, why not all could be.
+    platform::Result<bool> save(platform::LockPatience& patience);
 
     /// After a save that succeeded: the file as it is by now. Nothing if there is none, or if it has flaws,
     /// which are to be found again, and in their new places, whenever it is read.
@@ -112,10 +113,16 @@ private:
     /// One that cannot be read may be as good as ever the next time.
     enum class FileState { missing, read, unchanged, damaged, unreadable };
 
-    /// @param stamp     as platform::readFile has it.
-    /// @param complaint receives what is wrong with a file that is damaged or cannot be read.
-    FileState readFile(std::string& bytes, std::optional<ConfigurationDocument>& document,
-                       platform::FileStamp& stamp, std::string& complaint) const;
+    /// What was found in the place of the file.
+    struct Reading {
+        FileState state;
+        std::optional<ConfigurationDocument> document = {};
+        std::optional<platform::Error> complaint = {}; ///< if it is damaged or unreadable
+    };
+
+    bool hasEdits() const { return !keyEdits_.empty() || !groupEdits_.empty() || !attributeEdits_.empty(); }
+    Reading reading(const platform::Result<std::string>& found) const;
+    platform::Error at(const Problem& problem) const { return {path_, problem.text, problem.line}; }
     void noteKey(const std::string& path, const std::string& key, KeyEdit edit, bool isSaid);
     bool saysOfKey(const std::string& path, const std::string& key,
                    const std::optional<KeyState>& state) const;
@@ -126,23 +133,22 @@ private:
     /// Refused texts are reported, and make the save fail when all else is written.
     bool canBeNamed(std::initializer_list<std::string_view> names);
     bool canBeText(const std::string& text);
-    bool refused(const std::string& message);
+    bool refused(const std::string& cause);
     void noteAttribute(GroupName group, const std::string& name, AttributeEdit edit, bool isSaid);
     void applyEdits(ConfigurationDocument& document) const;
-    bool failed(const std::string& message) const;
+    platform::Result<bool> writeEdits(platform::LockPatience& patience);
 
     std::string path_;
-    ErrorLog& log_;
     std::string bytes_; ///< of the file when it was read
     platform::FileStamp stamp_;
-    std::string complaint_; ///< about what was read
+    std::optional<platform::Error> complaint_; ///< about what was read
     FileState state_ = FileState::missing;
     ConfigurationDocument document_;
     KeyEdits keyEdits_;
     GroupEdits groupEdits_;
     AttributeEdits attributeEdits_; ///< of no group that has an edit
     std::uint64_t revision_ = 0;
-    bool wasRefused_ = false; ///< something was to be written that no file can hold
+    std::optional<platform::Error> refused_; ///< what was to be written last that no file can hold
 };
 
 } // namespace suite

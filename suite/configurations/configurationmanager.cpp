@@ -1,6 +1,7 @@
 #include "suite/configurations/configurationmanager.h"
 
 #include "platform/paths.h"
+#include "suite/files/errorlog.h"
 
 #include <algorithm>
 #include <utility>
@@ -40,7 +41,7 @@ Orv::IOvConfiguration* ConfigurationManager::GetConfiguration(const std::string&
 }
 
 std::unique_ptr<ConfigurationFile> ConfigurationManager::readAt(const std::string& path) {
-    auto configuration = std::make_unique<ConfigurationFile>(path, log_);
+    auto configuration = std::make_unique<ConfigurationFile>(path);
     configuration->read(takeKept(path));
     return configuration;
 }
@@ -51,9 +52,9 @@ bool ConfigurationManager::ReleaseConfiguration(Orv::IOvConfiguration* configura
     if (!owned)
         return true;
     auto patience = patienceWith(owned->path());
-    const bool isSaved = owned->save(patience);
+    const auto saved = owned->save(patience);
     setPatience(owned->path(), patience);
-    if (!isSaved)
+    if (!saved)
         return false;
     keep(owned->takeContents());
     return true;
@@ -90,7 +91,7 @@ void ConfigurationManager::keep(std::optional<ConfigurationFile::Contents> conte
 }
 
 void ConfigurationManager::SetErrorHandler(ErrorHandler handler) {
-    log_.setHandler(std::move(handler));
+    errorLog().setHandler(std::move(handler));
 }
 
 std::string ConfigurationManager::FileOf(const std::string& directory) const {
@@ -98,7 +99,7 @@ std::string ConfigurationManager::FileOf(const std::string& directory) const {
 }
 
 void ConfigurationManager::ReportError(const std::string& message) {
-    log_.announce(message);
+    errorLog().report(message);
 }
 
 } // namespace suite

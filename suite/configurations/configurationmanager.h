@@ -2,7 +2,6 @@
 
 #include "suite/configuration.h"
 #include "suite/configurations/configurationfile.h"
-#include "suite/configurations/errorlog.h"
 
 #include <list>
 #include <map>
@@ -29,7 +28,6 @@ private:
     std::optional<ConfigurationFile::Contents> takeKept(const std::string& path);
     void keep(std::optional<ConfigurationFile::Contents> contents);
 
-    ErrorLog log_;
     std::mutex mutex_;
     std::map<std::string, platform::LockPatience> patience_; ///< by path
     /// The files that were released last, the latest first. A program loads the same levels for each project

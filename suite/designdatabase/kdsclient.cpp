@@ -1,6 +1,6 @@
 #include "suite/kdsclient.h"
 
-#include "platform/fileerror.h"
+#include "platform/error.h"
 #include "platform/paths.h"
 
 #include <array>

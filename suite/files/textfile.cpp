@@ -1,17 +1,17 @@
 #include "suite/files/textfile.h"
 
-#include <cerrno>
+#include <utility>
 
 namespace suite {
 
-std::optional<TextFileError> readTextFile(const std::string& path, std::string& bytes, std::size_t limit) {
-    if (const auto failure = platform::readFile(path, bytes, limit))
-        return TextFileError{failure->code == ENOENT, failure->text()};
-    if (bytes.find('\0') == std::string::npos && !bytes.starts_with("\xFF\xFE") &&
-        !bytes.starts_with("\xFE\xFF"))
-        return std::nullopt;
-    bytes.clear();
-    return TextFileError{false, path + ": cannot read: it is no text file"};
+platform::Result<std::string> asText(const std::string& path, platform::Result<std::string> found) {
+    const bool isText = !found || (found->find('\0') == std::string::npos &&
+                                   !found->starts_with("\xFF\xFE") && !found->starts_with("\xFE\xFF"));
+    return isText ? std::move(found) : platform::Error{path, "cannot read: it is no text file"};
+}
+
+platform::Result<std::string> readTextFile(const std::string& path, std::size_t limit) {
+    return asText(path, platform::readFile(path, limit));
 }
 
 } // namespace suite

@@ -3,19 +3,15 @@
 #include "platform/readfile.h"
 
 #include <cstddef>
-#include <optional>
 #include <string>
 
 namespace suite {
 
-struct TextFileError {
-    bool missing = false;
-    std::string text; ///< one line with path and cause
-};
+/// What was found in a file, unless it is no text of single bytes, but a program say, or a file in UTF-16.
+platform::Result<std::string> asText(const std::string& path, platform::Result<std::string> found);
 
-/// Reads a text file. What is no text of single bytes, such as a program or a file in UTF-16, is refused,
-/// and so is one of more than `limit` bytes.
-[[nodiscard]] std::optional<TextFileError> readTextFile(const std::string& path, std::string& bytes,
-                                                        std::size_t limit = platform::kLargestFile);
+/// Reads a text file, as asText and platform::readFile have it.
+platform::Result<std::string> readTextFile(const std::string& path,
+                                           std::size_t limit = platform::kLargestFile);
 
 } // namespace suite

@@ -111,18 +111,18 @@ const std::vector<Value>& listOf(const std::map<Key, std::vector<Value>>& lists,
 
 } // namespace
 
-std::optional<std::string> CentralLibrary::load(const std::string& indexPath) {
+platform::Result<> CentralLibrary::load(const std::string& indexPath) {
     *this = {};
     if (indexPath.empty())
-        return "no central library is named";
+        return platform::Error{.cause = "no central library is named"};
     const std::string path = platform::fullPath(indexPath);
-    std::string bytes;
-    if (const auto error = readTextFile(path, bytes))
-        return error->text;
-    if (!parse(bytes))
-        return path + ": cannot read: it is no index of a central library";
+    const auto bytes = readTextFile(path);
+    if (!bytes)
+        return bytes.error();
+    if (!parse(*bytes))
+        return platform::Error{path, "cannot read: it is no index of a central library"};
     directory_ = platform::directoryOf(path);
-    return std::nullopt;
+    return {};
 }
 
 bool CentralLibrary::parse(std::string_view text) {
@@ -188,10 +188,10 @@ std::optional<Symbol> readSymbol(const CentralLibrary& library, std::string_view
         return std::nullopt;
     const std::string path =
         platform::fullPath(platform::MakeFilePath(library.fullPath(*home), name).append(kSymbolExtension));
-    std::string bytes;
-    if (readTextFile(path, bytes, kLargestSymbol))
+    const auto bytes = readTextFile(path, kLargestSymbol);
+    if (!bytes)
         return std::nullopt;
-    const ProfileView content(bytes);
+    const ProfileView content(*bytes);
     if (!isSymbol(content))
         return std::nullopt;
     Symbol symbol{std::string(content.value(kSymbolSection, "Name")),

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/result.h"
 #include "suite/export.h"
 
 #include <cstddef>
@@ -45,8 +46,8 @@ enum class SpecialSymbolKind {
 /// of every file of ini kind do.
 class OVSUITE_API CentralLibrary {
 public:
-    /// Reads an index. @return why it cannot be read, with the library empty, or nothing.
-    std::optional<std::string> load(const std::string& indexPath);
+    /// Reads an index. After an error the library is empty.
+    platform::Result<> load(const std::string& indexPath);
     /// Reads the text of an index. @return false, with the library empty, if it is none.
     bool parse(std::string_view text);
 

@@ -24,7 +24,7 @@ bool CLibServer::Init() {
 
 bool CLibServer::Load(const std::string& libraryPath, int) {
     impl_->path = libraryPath;
-    return !impl_->library.load(libraryPath);
+    return static_cast<bool>(impl_->library.load(libraryPath));
 }
 
 namespace {

@@ -3,9 +3,7 @@
 #include "orv/projectfiledata.h"
 #include "platform/asciicase.h"
 #include "platform/paths.h"
-#include "suite/files/projectlog.h"
-
-#include <sys/stat.h>
+#include "suite/files/errorlog.h"
 
 #include <algorithm>
 #include <array>
@@ -42,26 +40,16 @@ LibrarySymbolReader::GetProperties(const std::string& library, const std::string
     return {};
 }
 
-LibrarySymbolReader::FileState LibrarySymbolReader::stateOf(const std::string& path) {
-    struct stat status;
-    if (path.empty() || stat(path.c_str(), &status) != 0)
-        return {};
-    return {static_cast<long long>(status.st_dev), static_cast<long long>(status.st_ino),
-            static_cast<long long>(status.st_size), static_cast<long long>(status.st_mtim.tv_sec),
-            static_cast<long long>(status.st_mtim.tv_nsec)};
-}
-
 void LibrarySymbolReader::update() {
     const std::string named = project_.GetCentralLibraryPath(1);
     std::string path = named.empty() ? named : platform::fullPath(named);
-    FileState state = stateOf(path);
-    if (path == path_ && state == state_)
+    const auto stamp = platform::FileStamp::of(path);
+    if (path == path_ && stamp == stamp_ && (stamp_.isSettled() || !stamp_.isOfFile()))
         return;
     path_ = std::move(path);
-    state_ = std::move(state);
-    const auto error = library_.load(path_);
-    if (error && !state_.empty())
-        projectLog().report(*error);
+    stamp_ = stamp;
+    if (const auto loaded = library_.load(path_); !loaded && stamp_.isOfFile())
+        errorLog().reportOnce(loaded.error());
 }
 
 bool PropertyFilter::Counts(const std::string& propertyName) {

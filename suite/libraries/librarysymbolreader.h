@@ -1,6 +1,7 @@
 #pragma once
 
 #include "orv/symbolreader.h"
+#include "platform/filestamp.h"
 #include "suite/libraries/centrallibrary.h"
 
 #include <string>
@@ -25,15 +26,11 @@ public:
                                                                    const std::string& name) override;
 
 private:
-    /// What tells a state of a file from another one.
-    using FileState = std::vector<long long>;
-
-    static FileState stateOf(const std::string& path);
     void update();
 
     Orv::IProjectFileData& project_;
     std::string path_;
-    FileState state_;
+    platform::FileStamp stamp_;
     CentralLibrary library_;
 };
 

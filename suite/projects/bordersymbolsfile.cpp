@@ -4,7 +4,6 @@
 #include "suite/projects/mergedfile.h"
 
 #include <array>
-#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -35,18 +34,19 @@ struct CBorderSymbolsFile::Impl {
     std::vector<Entry> storedProperties;
     std::string saveError;
 
-    std::optional<std::string> store(platform::ProfileDocument& content, bool isOrigin) const {
+    platform::Result<> store(platform::ProfileDocument& content, bool isOrigin) const {
         const std::vector<Entry> none;
-        if (auto unheld =
-                suite::storeEntries(content, kTable, isOrigin ? storedTable : none, entriesOf(table)))
-            return unheld;
+        if (auto held = suite::storeEntries(content, kTable, isOrigin ? storedTable : none, entriesOf(table));
+            !held)
+            return held;
         if (!isOrigin || properties != storedProperties) {
-            if (auto unheld =
-                    suite::storeEntries(content, kProperties, isOrigin ? storedProperties : none, properties))
-                return unheld;
+            if (auto held =
+                    suite::storeEntries(content, kProperties, isOrigin ? storedProperties : none, properties);
+                !held)
+                return held;
             suite::orderEntries(content, kProperties, properties);
         }
-        return isOrigin ? std::nullopt : suite::storeList(content, kAvailable, kAvailableList, names);
+        return isOrigin ? platform::Result() : suite::storeList(content, kAvailable, kAvailableList, names);
     }
 };
 
@@ -74,7 +74,7 @@ void CBorderSymbolsFile::Save(const std::string& path) {
     const auto store = [this](platform::ProfileDocument& content, bool isOrigin) {
         return impl_->store(content, isOrigin);
     };
-    impl_->saveError = impl_->file.save(path, kSections, store).value_or("");
+    impl_->saveError = impl_->file.save(path, kSections, store).errorText();
     if (impl_->saveError.empty()) {
         impl_->storedTable = entriesOf(impl_->table);
         impl_->storedProperties = impl_->properties;

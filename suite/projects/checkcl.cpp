@@ -10,9 +10,9 @@ namespace NOrvUtils {
 // An index may have a hundred thousand symbols, and is looked at whenever the page is left.
 bool COrvCheckCL::CheckCLFlowVersion(const std::string& path) {
     const auto file = platform::resolveExisting(path);
-    std::string bytes;
-    return file && !platform::readFile(*file, bytes) &&
-           platform::ProfileView(bytes).value("CentralLibrary", "Release") == suite::kCentralLibraryRelease;
+    const auto bytes = platform::readFile(file.value_or(""));
+    return bytes &&
+           platform::ProfileView(*bytes).value("CentralLibrary", "Release") == suite::kCentralLibraryRelease;
 }
 
 } // namespace NOrvUtils

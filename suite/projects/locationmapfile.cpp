@@ -4,10 +4,11 @@
 #include "platform/paths.h"
 #include "platform/profileview.h"
 #include "platform/trim.h"
-#include "suite/files/projectlog.h"
+#include "suite/files/errorlog.h"
 #include "suite/files/textfile.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <deque>
 #include <mutex>
 #include <optional>
@@ -78,19 +79,18 @@ File LocationMapFile::of(const std::string& directory) {
     const auto known = keptFiles().find(*path, directory);
     if (known && known->stamp.isSettled() && known->stamp == stamp)
         return known->file;
-    std::string bytes;
-    if (const auto error = readTextFile(*path, bytes, platform::kLargestDocument)) {
-        if (!error->missing)
-            projectLog().reportOnce(*path, error->text);
+    auto bytes = readTextFile(*path, platform::kLargestDocument);
+    if (!bytes) {
+        if (bytes.code() != ENOENT)
+            errorLog().reportOnce(bytes.error());
         return nullptr;
     }
-    File file = known && known->file->text() == bytes
+    File file = known && known->file->text() == *bytes
                     ? known->file
-                    : std::make_shared<const LocationMapFile>(std::move(bytes), *path, directory);
+                    : std::make_shared<const LocationMapFile>(std::move(*bytes), *path, directory);
     keptFiles().keep({file, stamp});
     if (const int line = file->firstBadLine())
-        projectLog().reportOnce(*path, *path + ":" + std::to_string(line) +
-                                           ": passed over: a line is \"$NAME DIRECTORY\"");
+        errorLog().reportOnce({*path, "passed over: a line is \"$NAME DIRECTORY\"", line});
     return file;
 }
 

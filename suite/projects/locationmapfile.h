@@ -21,7 +21,7 @@ public:
     LocationMapFile& operator=(const LocationMapFile&) = delete;
 
     /// The file of a directory, or null if it has none that can be read; then, and where a line is passed
-    /// over, the project log is told. A file that is as it was when it was read last is not read anew.
+    /// over, the error log is told. A file that is as it was when it was read last is not read anew.
     static std::shared_ptr<const LocationMapFile> of(const std::string& directory);
 
     struct Entry {

@@ -3,12 +3,13 @@
 #include "platform/asciicase.h"
 #include "platform/paths.h"
 #include "platform/profileview.h"
+#include "suite/files/errorlog.h"
 #include "suite/files/numberedlist.h"
-#include "suite/files/projectlog.h"
 #include "suite/files/textfile.h"
 #include "suite/projects/projectfiletext.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <iterator>
 #include <map>
 #include <set>
@@ -16,7 +17,9 @@
 
 namespace suite {
 
+using platform::Error;
 using platform::ProfileDocument;
+using platform::Result;
 
 namespace {
 
@@ -32,9 +35,9 @@ std::string shown(std::string_view text) {
     return '"' + line + (text.size() > kMostShown ? "...\"" : "\"");
 }
 
-std::string unstorable(std::string_view section, std::string_view text) {
-    return "cannot store " + shown(text) + " in the section " + std::string(section) +
-           ": a line of the file cannot hold it";
+Error unstorable(std::string_view section, std::string_view text) {
+    return {.cause = "cannot store " + shown(text) + " in the section " + std::string(section) +
+                     ": a line of the file cannot hold it"};
 }
 
 std::optional<std::string> findRepeated(std::span<const Entry> entries) {
@@ -61,61 +64,61 @@ bool mayBeOfKind(const ProfileDocument& content, MergedFile::Sections sections) 
 
 std::optional<ProfileDocument> MergedFile::reload(const std::string& path) {
     const std::string full = path.empty() ? path : platform::fullPath(path);
-    std::string bytes;
-    if (const auto error = path.empty() ? std::nullopt : readTextFile(full, bytes, kLargestDataFile)) {
-        if (!error->missing)
-            projectLog().report(error->text);
+    const auto bytes = path.empty() ? Result<std::string>() : readTextFile(full, kLargestDataFile);
+    if (!bytes) {
+        if (bytes.code() != ENOENT)
+            errorLog().report(bytes.error());
         return std::nullopt;
     }
     // The pages load a file anew at each commit: what could not be saved waits, unless there is news.
-    if (unsaved_ && full == origin_ && bytes == bytes_)
+    if (unsaved_ && full == origin_ && *bytes == bytes_)
         return std::nullopt;
     unsaved_ = false;
     origin_ = full;
-    bytes_ = bytes;
-    return ProfileDocument(bytes);
+    bytes_ = *bytes;
+    return ProfileDocument(bytes_);
 }
 
-std::optional<std::string> MergedFile::save(const std::string& path, Sections sections, const Edit& edit) {
-    auto error = trySave(path, sections, edit);
-    if (error)
-        projectLog().report(*error);
-    return error;
+Result<> MergedFile::save(const std::string& path, Sections sections, const Edit& edit) {
+    auto saved = trySave(path, sections, edit);
+    if (!saved)
+        errorLog().report(saved.error());
+    return saved;
 }
 
-std::optional<std::string> MergedFile::trySave(const std::string& path, Sections sections, const Edit& edit) {
+Result<> MergedFile::trySave(const std::string& path, Sections sections, const Edit& edit) {
     if (path.empty())
-        return "cannot save: no file is named";
+        return Error{.cause = "cannot save: no file is named"};
     ProjectFileText document;
     document.openForChanges(path);
     const std::string& full = document.path();
     if (full.size() > platform::kLongestPath || !platform::isDirectory(platform::directoryOf(full)))
-        return full + ": cannot save: its directory is not there";
-    std::optional<std::string> unheld;
+        return Error{full, "cannot save: its directory is not there"};
+    Result<> held;
     std::string written;
-    auto error = document.tryChange([&](ProfileDocument& content) {
+    auto saved = document.tryChange([&](ProfileDocument& content) {
         // In a file without a line there is nothing to lose, and everything to write.
         const std::string former = content.text();
         const bool hasContent = !former.empty();
         const bool isOfKind = mayBeOfKind(content, sections);
-        unheld = hasContent && !platform::isSameOnDisk(full, origin_)
-                     ? "cannot save: its former content has not been read"
-                     : edit(content, hasContent);
-        if (unheld)
+        held = hasContent && !platform::isSameOnDisk(full, origin_)
+                   ? Error{.cause = "cannot save: its former content has not been read"}
+                   : edit(content, hasContent);
+        if (!held)
             return false;
         written = content.text();
         if (!isOfKind && written != former)
-            unheld = "cannot save: it holds something else: it has no section such as [" +
-                     std::string(sections.front()) + "]";
-        return !unheld;
+            held = Error{.cause = "cannot save: it holds something else: it has no section such as [" +
+                                  std::string(sections.front()) + "]"};
+        return static_cast<bool>(held);
     });
     // What the file cannot hold does not wait: it would be in the way of every later save.
-    unsaved_ = error && !unheld;
-    if (error)
-        return unheld ? full + ": " + *unheld : std::move(error);
+    unsaved_ = !saved && held;
+    if (!saved)
+        return held ? std::move(saved) : Error{full, held.error().cause};
     origin_ = full;
     bytes_ = written;
-    return std::nullopt;
+    return {};
 }
 
 std::vector<Entry> readEntries(const ProfileDocument& content, std::string_view section) {
@@ -140,10 +143,11 @@ std::vector<Entry> withoutFormerSpellings(std::vector<Entry> entries, std::span<
     return entries;
 }
 
-std::optional<std::string> storeEntries(ProfileDocument& content, std::string_view section,
-                                        std::span<const Entry> former, std::span<const Entry> present) {
+Result<> storeEntries(ProfileDocument& content, std::string_view section, std::span<const Entry> former,
+                      std::span<const Entry> present) {
     if (const auto name = findRepeated(present))
-        return "cannot store " + shown(*name) + " in the section " + std::string(section) + " twice";
+        return Error{.cause = "cannot store " + shown(*name) + " in the section " + std::string(section) +
+                              " twice"};
     const std::map<std::string, std::string> before(former.begin(), former.end());
     const std::map<std::string, std::string> after(present.begin(), present.end());
     for (const auto& [name, value] : before) {
@@ -171,7 +175,7 @@ std::optional<std::string> storeEntries(ProfileDocument& content, std::string_vi
     const auto lost = std::ranges::find_if(changed, [&](const Entry& e) { return !readable.contains(e); });
     if (lost != changed.end())
         return unstorable(section, lost->first);
-    return std::nullopt;
+    return {};
 }
 
 void orderEntries(ProfileDocument& content, std::string_view section, std::span<const Entry> entries) {
@@ -195,14 +199,14 @@ void orderEntries(ProfileDocument& content, std::string_view section, std::span<
         content.set(section, name, value);
 }
 
-std::optional<std::string> storeList(ProfileDocument& content, std::string_view section,
-                                     std::string_view name, std::span<const std::string> texts) {
+Result<> storeList(ProfileDocument& content, std::string_view section, std::string_view name,
+                   std::span<const std::string> texts) {
     for (std::size_t i = 0; i < texts.size(); ++i) {
         if (!content.set(section, numberedKey(name, i), texts[i]))
             return unstorable(section, texts[i]);
     }
     deleteEntriesFrom(content, section, name, texts.size());
-    return std::nullopt;
+    return {};
 }
 
 } // namespace suite

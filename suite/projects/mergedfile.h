@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/profiledocument.h"
+#include "platform/result.h"
 
 #include <functional>
 #include <optional>
@@ -17,15 +18,15 @@ namespace suite {
 class MergedFile {
 public:
     /// Reads another file; an empty path means no file and no content.
-    /// @return nothing if the former content stays: the file cannot be read, of which the project log is told
+    /// @return nothing if the former content stays: the file cannot be read, of which the error log is told
     ///         unless the file is missing; or a save of this content failed, and the file is as it was.
     std::optional<platform::ProfileDocument> reload(const std::string& path);
 
     /// Writes the content into the file as it is on disk.
     /// @param isOrigin whether this is the file that the content came from, so that only what was changed
     ///                 since has to be written. Otherwise the file is empty.
-    /// @return what the file cannot hold, or nothing.
-    using Edit = std::function<std::optional<std::string>(platform::ProfileDocument& content, bool isOrigin)>;
+    /// @return what the file cannot hold.
+    using Edit = std::function<platform::Result<>(platform::ProfileDocument& content, bool isOrigin)>;
 
     /// The names of sections that files of one kind may have.
     using Sections = std::span<const std::string_view>;
@@ -34,11 +35,11 @@ public:
     /// that has content and was not read is not written: nobody has seen what it would lose. Nor is one whose
     /// content has none of the sections: a project may name any file as one of its own, also one that other
     /// programs run.
-    /// @return why it failed, in one line; then the file is as it was, and the project log was told.
-    std::optional<std::string> save(const std::string& path, Sections sections, const Edit& edit);
+    /// After an error the file is as it was, and the error log was told.
+    platform::Result<> save(const std::string& path, Sections sections, const Edit& edit);
 
 private:
-    std::optional<std::string> trySave(const std::string& path, Sections sections, const Edit& edit);
+    platform::Result<> trySave(const std::string& path, Sections sections, const Edit& edit);
 
     std::string origin_;   ///< the file that has the content, once read or saved
     std::string bytes_;    ///< what that file held then
@@ -57,18 +58,16 @@ std::vector<Entry> withoutFormerSpellings(std::vector<Entry> entries, std::span<
 
 /// Lays what differs between former and present entries onto a section: those that went are deleted, those
 /// that are new or have another value are set.
-/// @return what the file cannot hold, or nothing.
-[[nodiscard]] std::optional<std::string> storeEntries(platform::ProfileDocument& content,
-                                                      std::string_view section, std::span<const Entry> former,
-                                                      std::span<const Entry> present);
+/// @return what the file cannot hold.
+platform::Result<> storeEntries(platform::ProfileDocument& content, std::string_view section,
+                                std::span<const Entry> former, std::span<const Entry> present);
 
 /// Puts those of the entries that a section holds into their order there.
 void orderEntries(platform::ProfileDocument& content, std::string_view section,
                   std::span<const Entry> entries);
 
-/// Replaces a list. @return what the file cannot hold, or nothing.
-[[nodiscard]] std::optional<std::string> storeList(platform::ProfileDocument& content,
-                                                   std::string_view section, std::string_view name,
-                                                   std::span<const std::string> texts);
+/// Replaces a list. @return what the file cannot hold.
+platform::Result<> storeList(platform::ProfileDocument& content, std::string_view section,
+                             std::string_view name, std::span<const std::string> texts);
 
 } // namespace suite

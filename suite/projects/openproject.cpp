@@ -1,7 +1,7 @@
 #include "suite/openproject.h"
 
 #include "suite/bordersymbolsfile.h"
-#include "suite/files/projectlog.h"
+#include "suite/files/errorlog.h"
 #include "suite/libraries/librarysymbolreader.h"
 #include "suite/projectdatafile.h"
 #include "suite/projectfile.h"
@@ -78,8 +78,8 @@ bool COpenProject::saveLibraries() {
     for (const ISymbolLibrary* library : impl_->libraries.GetLibList())
         entries.push_back({library->GetAlias(), library->GetLocation(), library->GetType()});
     suite::ProjectFileText document;
-    if (const auto error = document.open(impl_->file.GetFilePath())) {
-        suite::projectLog().report(*error);
+    if (const auto opened = document.open(impl_->file.GetFilePath()); !opened) {
+        suite::errorLog().report(opened.error());
         return false;
     }
     return document.change(

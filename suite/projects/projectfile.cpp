@@ -3,8 +3,8 @@
 #include "platform/asciicase.h"
 #include "platform/paths.h"
 #include "platform/trim.h"
+#include "suite/files/errorlog.h"
 #include "suite/files/numberedlist.h"
-#include "suite/files/projectlog.h"
 #include "suite/projects/projectfiletext.h"
 #include "suite/projects/projectsections.h"
 #include "suite/projects/softnames.h"
@@ -111,7 +111,7 @@ CProjectFile::CProjectFile() : impl_(std::make_unique<Impl>()) {
 CProjectFile::~CProjectFile() = default;
 
 bool CProjectFile::openProjectFile(const std::string& path) {
-    impl_->lastError = impl_->document.open(path).value_or("");
+    impl_->lastError = impl_->document.open(path).errorText();
     return impl_->lastError.empty();
 }
 
@@ -124,7 +124,7 @@ const std::string& CProjectFile::lastError() const {
 }
 
 void CProjectFile::SetErrorHandler(ErrorHandler handler) {
-    suite::projectLog().setHandler(std::move(handler));
+    suite::errorLog().setHandler(std::move(handler));
 }
 
 std::string CProjectFile::GetFilePath() {

@@ -1,10 +1,9 @@
 #include "suite/projects/projectfiletext.h"
 
 #include "platform/asciicase.h"
-#include "platform/atomicfile.h"
 #include "platform/paths.h"
 #include "platform/readfile.h"
-#include "suite/files/projectlog.h"
+#include "suite/files/errorlog.h"
 #include "suite/files/textfile.h"
 #include "suite/projects/projectsections.h"
 
@@ -17,7 +16,10 @@
 
 namespace suite {
 
+using platform::Edited;
+using platform::Error;
 using platform::ProfileDocument;
+using platform::Result;
 
 namespace {
 
@@ -29,18 +31,18 @@ bool mayBeProject(const ProfileDocument& content) {
 
 } // namespace
 
-std::optional<std::string> ProjectFileText::open(const std::string& path) {
+Result<> ProjectFileText::open(const std::string& path) {
     close();
     if (path.empty())
-        return "no project file is named";
+        return Error{.cause = "no project file is named"};
     const std::string full = platform::fullPath(path);
-    std::string bytes;
-    if (const auto error = readTextFile(full, bytes, platform::kLargestDocument))
-        return error->text;
+    const auto bytes = readTextFile(full, platform::kLargestDocument);
+    if (!bytes)
+        return bytes.error();
     path_ = full;
-    content_ = ProfileDocument(bytes);
-    bytes_ = std::move(bytes);
-    return std::nullopt;
+    content_ = ProfileDocument(*bytes);
+    bytes_ = *bytes;
+    return {};
 }
 
 void ProjectFileText::openForChanges(const std::string& path) {
@@ -54,9 +56,10 @@ void ProjectFileText::close() {
 }
 
 const ProfileDocument& ProjectFileText::content() {
-    std::string bytes;
-    if (!path_.empty() && !readTextFile(path_, bytes, platform::kLargestDocument))
-        take(bytes);
+    if (path_.empty())
+        return content_;
+    if (const auto bytes = readTextFile(path_, platform::kLargestDocument))
+        take(*bytes);
     return content_;
 }
 
@@ -68,73 +71,41 @@ void ProjectFileText::take(const std::string& bytes) {
 }
 
 bool ProjectFileText::change(const Edit& edit) {
-    const auto error = tryChange(edit);
-    if (error)
-        projectLog().report(*error);
-    return !error;
+    const auto changed = tryChange(edit);
+    if (!changed)
+        errorLog().report(changed.error());
+    return static_cast<bool>(changed);
 }
 
-std::optional<std::string> ProjectFileText::read(Bytes& bytes) const {
-    std::string present;
-    const auto error = readTextFile(path_, present, platform::kLargestDocument);
-    if (error && !(mayCreate_ && error->missing))
-        return error->text;
-    bytes.reset();
-    if (!error)
-        bytes = std::move(present);
-    return std::nullopt;
-}
-
-std::optional<std::string> ProjectFileText::lay(const Edit& edit, const Bytes& before) {
-    take(before.value_or(""));
+Result<Edited> ProjectFileText::lay(const Edit& edit, const std::string& before) {
+    take(before);
     std::error_code unknown;
     if (!mayCreate_ && std::filesystem::is_symlink(path_, unknown) && !mayBeProject(content_))
-        return path_ + ": cannot store a project value: the link leads to something that is no project";
+        return Error{path_, "cannot store a project value: the link leads to something that is no project"};
     if (!edit(content_)) {
         content_ = ProfileDocument(bytes_);
-        return path_ + ": cannot store a name or value that a line of the file cannot hold";
+        return Error{path_, "cannot store a name or value that a line of the file cannot hold"};
     }
     bytes_ = content_.text();
-    return std::nullopt;
+    return Edited{bytes_};
 }
 
-std::optional<std::string> ProjectFileText::write(const Edit& edit, Bytes& before) {
-    platform::AtomicFile file(path_);
-    const auto failure = file.lock(patience_.timeout());
-    patience_.note(failure);
-    if (failure)
-        return failure->text();
-    Bytes now;
-    if (auto error = read(now))
-        return error;
-    if (now != before) {
-        before = std::move(now);
-        if (auto error = lay(edit, before))
-            return error;
-    }
-    if (bytes_.size() > platform::kLargestDocument)
-        return platform::FileError{path_, "write", EFBIG, platform::kLargestDocument}.text();
-    if (bytes_ != before) {
-        if (const auto failed = file.write(bytes_))
-            return failed->text();
-    }
-    return std::nullopt;
-}
-
-std::optional<std::string> ProjectFileText::tryChange(const Edit& edit) {
+Result<> ProjectFileText::tryChange(const Edit& edit) {
     if (path_.empty())
-        return "cannot store a project value: no project is open";
-    Bytes before;
-    if (auto error = read(before))
-        return error;
-    if (auto error = lay(edit, before))
-        return error;
-    if (bytes_ == before)
-        return std::nullopt;
-    auto error = write(edit, before);
-    if (error)
-        take(before.value_or(""));
-    return error;
+        return Error{.cause = "cannot store a project value: no project is open"};
+    std::string before = bytes_;
+    const auto changed = platform::editFile(path_, patience_, {.limit = platform::kLargestDocument},
+                                            [&](const Result<std::string>& found) -> Result<Edited> {
+                                                const auto text = asText(path_, found);
+                                                if (!text && !(mayCreate_ && text.code() == ENOENT))
+                                                    return text.error();
+                                                before = text ? *text : std::string();
+                                                return lay(edit, before);
+                                            });
+    if (changed)
+        return {};
+    take(before);
+    return changed.error();
 }
 
 } // namespace suite

@@ -1,10 +1,9 @@
 #pragma once
 
-#include "platform/filelock.h"
+#include "platform/editfile.h"
 #include "platform/profiledocument.h"
 
 #include <functional>
-#include <optional>
 #include <string>
 
 namespace suite {
@@ -13,8 +12,8 @@ namespace suite {
 /// its bytes have changed, and replaced as a whole, under its lock, by each change.
 class ProjectFileText {
 public:
-    /// @return why the file cannot be opened, path included; then none is open.
-    [[nodiscard]] std::optional<std::string> open(const std::string& path);
+    /// Without success none is open.
+    platform::Result<> open(const std::string& path);
     /// Names a file for changes alone: it is not read before the first of them, which makes it if it is
     /// missing.
     void openForChanges(const std::string& path);
@@ -32,22 +31,14 @@ public:
     /// Makes the change in the file as it is on disk, so that what other programs wrote there stays. It is
     /// made once, twice or not at all, so it must depend on the content alone. A file that says the same
     /// already is not written.
-    /// @return false, with the file as it was, if the change cannot be made; the project log is told.
+    /// @return false, with the file as it was, if the change cannot be made; the error log is told.
     bool change(const Edit& edit);
-    /// As change. @return why the change cannot be made, path included; the project log is not told.
-    [[nodiscard]] std::optional<std::string> tryChange(const Edit& edit);
+    /// As change, and the error log is not told.
+    platform::Result<> tryChange(const Edit& edit);
 
 private:
-    /// Of a file; a missing one has none, and differs from every text.
-    using Bytes = std::optional<std::string>;
-
-    // As tryChange, those that return a text.
-    std::optional<std::string> read(Bytes& bytes) const;
     /// Makes the change in the content of these bytes. Without success the content is theirs.
-    std::optional<std::string> lay(const Edit& edit, const Bytes& before);
-    /// Writes the content, which was changed from these bytes; it is changed anew if by now the file has
-    /// others, which are then given back.
-    std::optional<std::string> write(const Edit& edit, Bytes& before);
+    platform::Result<platform::Edited> lay(const Edit& edit, const std::string& before);
     /// Parses bytes, unless they are those parsed last.
     void take(const std::string& bytes);
 

@@ -1,10 +1,10 @@
 #include "suite/projects/softnames.h"
 
 #include "platform/environmentreferences.h"
-#include "platform/fileerror.h"
+#include "platform/error.h"
 #include "platform/paths.h"
 #include "platform/remotefile.h"
-#include "suite/files/projectlog.h"
+#include "suite/files/errorlog.h"
 #include "suite/wdirutils.h"
 
 #include <algorithm>
@@ -206,15 +206,13 @@ void SoftNames::tell(std::string_view text, const std::string& reason) const {
     const std::string_view name = text.substr(0, text.find_first_of(platform::kSeparators));
     const Definition definition = find(name.substr(1));
     if (definition.file && !definition.file->path().empty() && definition.file->mayComplain())
-        projectLog().reportOnce(definition.file->path(), definition.file->path() + ": " +
-                                                             std::string(name.substr(0, kMostShown)) +
-                                                             " is not resolved: " + reason);
+        errorLog().reportOnce({definition.file->path(),
+                               std::string(name.substr(0, kMostShown)) + " is not resolved: " + reason});
 }
 
 void SoftNames::tell(const std::string& reason) const {
     if (!directory_.empty())
-        projectLog().reportOnce(directory_,
-                                directory_ + ": a path of the project is not resolved: " + reason);
+        errorLog().reportOnce({directory_, "a path of the project is not resolved: " + reason});
 }
 
 } // namespace suite

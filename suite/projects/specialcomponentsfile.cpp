@@ -4,7 +4,6 @@
 #include "suite/projects/mergedfile.h"
 
 #include <array>
-#include <optional>
 #include <string_view>
 
 namespace NProjectTools {
@@ -36,15 +35,15 @@ struct CSpecialComponentsFile::Impl {
     std::vector<std::string> nobodys;
     std::string saveError;
 
-    std::optional<std::string> store(platform::ProfileDocument& content, bool isOrigin) const {
+    platform::Result<> store(platform::ProfileDocument& content, bool isOrigin) const {
         const Categories former = isOrigin ? stored : Categories();
         for (std::size_t i = 0; i < kSections.size(); ++i) {
             if (categories[i] == former[i])
                 continue;
-            if (auto unheld = suite::storeList(content, kSections[i], kList, categories[i]))
-                return unheld;
+            if (auto held = suite::storeList(content, kSections[i], kList, categories[i]); !held)
+                return held;
         }
-        return std::nullopt;
+        return {};
     }
 };
 
@@ -64,7 +63,7 @@ void CSpecialComponentsFile::Save(const std::string& path) {
     const auto store = [this](platform::ProfileDocument& content, bool isOrigin) {
         return impl_->store(content, isOrigin);
     };
-    impl_->saveError = impl_->file.save(path, kSections, store).value_or("");
+    impl_->saveError = impl_->file.save(path, kSections, store).errorText();
     if (impl_->saveError.empty())
         impl_->stored = impl_->categories;
 }

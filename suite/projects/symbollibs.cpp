@@ -2,11 +2,12 @@
 
 #include "orv/projectfiledata.h"
 #include "platform/paths.h"
-#include "suite/files/projectlog.h"
+#include "suite/files/errorlog.h"
 #include "suite/files/textfile.h"
 #include "suite/projects/librarysection.h"
 #include "suite/projects/softnames.h"
 
+#include <cerrno>
 #include <vector>
 
 namespace NProjectTools {
@@ -63,15 +64,15 @@ bool CSymbolLibs::Load(const std::string& path, const Progress& progress) {
     if (path.empty())
         return false;
     const std::string full = platform::fullPath(path);
-    std::string bytes;
-    if (const auto error = suite::readTextFile(full, bytes, platform::kLargestDocument)) {
-        if (!error->missing)
-            suite::projectLog().reportOnce(full, error->text);
+    const auto bytes = suite::readTextFile(full, platform::kLargestDocument);
+    if (!bytes) {
+        if (bytes.code() != ENOENT)
+            suite::errorLog().reportOnce(bytes.error());
         return false;
     }
     const auto map = suite::SoftNames::ofProject(full);
     platform::RememberedDirectories directories;
-    std::vector<suite::LibraryEntry> entries = suite::readLibraries(platform::ProfileView(bytes));
+    std::vector<suite::LibraryEntry> entries = suite::readLibraries(platform::ProfileView(*bytes));
     std::list<SymbolLibrary> loaded;
     for (suite::LibraryEntry& entry : entries) {
         if (progress && !progress(loaded.size(), entries.size()))

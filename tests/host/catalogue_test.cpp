@@ -19,9 +19,8 @@ struct CatalogueCase {
     const char* what;
     std::string file; ///< whole text of settings.xml
     std::string tree;
-    const char* box = nullptr; ///< the text of the one that comes
-    const char* told =
-        nullptr; ///< what the host's handler and standard error get behind the path, to begin with
+    const char* box = nullptr;  ///< the text of the one that comes
+    const char* told = nullptr; ///< what the host's handler gets behind the path, to begin with
 };
 
 const char* const kNotFound = "File not found\n";
@@ -108,7 +107,7 @@ TEST_F(Catalogue, IsReadByItsRulesAndLosesNothingThatWasReadBefore) {
         });
         EXPECT_EQ(told.empty(), !c.told);
         EXPECT_TRUE(!c.told || told.starts_with(path + ": " + c.told)) << told;
-        EXPECT_EQ(testing::internal::GetCapturedStderr(), told);
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
         EXPECT_EQ(boxes_, c.box ? std::vector<std::string>{c.box} : std::vector<std::string>());
     }
     Orv::IOvConfigurationManager::Instance().SetErrorHandler({});

@@ -145,16 +145,14 @@ TEST(ReadFile, WhatIsTooLargeIsToldWithTheLimit) {
     const testsupport::TemporaryDirectory root;
     const std::string file = root / "file";
     testsupport::writeFile(file, "");
-    std::string bytes;
     for (const auto& [limit, words] :
          {std::pair(kLargestDocument, "8 MiB"), std::pair(kLargestFile, "64 MiB"),
           std::pair(std::size_t{1000}, "1000 bytes")}) {
         std::filesystem::resize_file(file, limit);
-        EXPECT_FALSE(readFile(file, bytes, limit));
+        EXPECT_TRUE(readFile(file, limit));
         std::filesystem::resize_file(file, limit + 1);
-        const auto failure = readFile(file, bytes, limit);
-        ASSERT_TRUE(failure);
-        EXPECT_EQ(failure->text(), file + ": cannot read: File too large (the limit is " + words + ")");
+        EXPECT_EQ(readFile(file, limit).errorText(),
+                  file + ": cannot read: File too large (the limit is " + words + ")");
     }
 }
 
@@ -163,16 +161,12 @@ TEST(ReadFile, TakesRegularFilesOnlyAndNamesTheCause) {
     const std::string text(100'000, 'x');
     testsupport::writeFile(root / "file", text);
     ASSERT_EQ(mkfifo((root / "pipe").c_str(), 0600), 0);
-    std::string bytes;
-    EXPECT_FALSE(readFile(root / "file", bytes));
-    EXPECT_EQ(bytes, text);
+    EXPECT_EQ(*readFile(root / "file"), text);
     const std::pair<const char*, int> kRows[] = {{"", EISDIR}, {"pipe", EINVAL}, {"missing", ENOENT}};
     for (const auto& [name, code] : kRows) {
-        const auto failure = readFile(root / name, bytes);
-        ASSERT_TRUE(failure) << name;
-        EXPECT_EQ(failure->code, code) << failure->text();
-        EXPECT_TRUE(bytes.empty());
-        EXPECT_TRUE(testsupport::contains(failure->text(), (root / name).string() + ": cannot read: "));
+        const auto read = readFile(root / name);
+        EXPECT_EQ(read.code(), code) << name;
+        EXPECT_TRUE(testsupport::contains(read.errorText(), (root / name).string() + ": cannot read: "));
     }
 }
 

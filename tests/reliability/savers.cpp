@@ -70,12 +70,12 @@ class ProfileSaver : public Saver {
 public:
     explicit ProfileSaver(const std::string& path) : file_(path) {}
 
-    bool load() override { return !file_.load(); }
+    bool load() override { return static_cast<bool>(file_.load()); }
     std::string value(const std::string& key) override { return file_.get(kSection, key); }
     Outcome save(const std::string& key, const std::string& value) override {
         file_.set(kSection, key, value);
-        const auto failure = file_.save();
-        return {!failure, failure ? failure->text() : std::string()};
+        const auto saved = file_.save();
+        return {static_cast<bool>(saved), saved.errorText()};
     }
 
 private:

@@ -36,7 +36,7 @@ TEST_F(ObjectSchema, WritesTheFileToTheLetter) {
     schema.addItem("OV", {"ARC", "0xff00", "0xffffff"});
     schema.addItem("OV", {"LABEL", "0x2", "0x2"});
     schema.addItem("ICT", {"TEXT", "0x3", "0x4"});
-    ASSERT_FALSE(schema.write(path_));
+    ASSERT_TRUE(schema.write(path_));
     EXPECT_EQ(readFile(path_), R"(<?xml version="1.0"?>
 <Schema_file version="1.2">
   <schema>
@@ -61,8 +61,8 @@ TEST_F(ObjectSchema, AWriteThatFailsLeavesTheOldFileWhole) {
     EXPECT_EQ(runUnprivileged([this] {
                   CObjectSchema schema;
                   schema.addItem("OV", {"ARC", "0x1", "0x1"});
-                  const auto failure = schema.write(path_);
-                  return failure && failure->path == path_ && failure->code == EACCES ? 0 : 1;
+                  const auto written = schema.write(path_);
+                  return written.code() == EACCES && written.error().path == path_ ? 0 : 1;
               }),
               0);
     EXPECT_EQ(readFile(path_), "old");

@@ -73,7 +73,7 @@ TEST_F(CentralLibrary, TheIndexIsReadInItsOrder) {
     fs::create_directory(directory / "symbols/logic/d.sym");
 
     suite::CentralLibrary library;
-    ASSERT_EQ(library.load(directory.path().string() + "\\parts.lmc"), std::nullopt);
+    ASSERT_TRUE(library.load(directory.path().string() + "\\parts.lmc"));
     EXPECT_EQ(library.directory(), directory.path());
     const auto& partitions = library.partitions(PartitionType::symbols);
     ASSERT_EQ(partitions.size(), 2u);
@@ -99,17 +99,17 @@ TEST_F(CentralLibrary, WhatIsNoIndexOrSymbolIsRefused) {
     writeFile(directory / "good.lmc", "[Partitions.Symbols]\np=.\n");
     for (const std::string& text :
          {std::string(), std::string("[Symbol]\n"), std::string("[Centr"), kBinary}) {
-        ASSERT_EQ(library.load((directory / "good.lmc").string()), std::nullopt);
+        ASSERT_TRUE(library.load((directory / "good.lmc").string()));
         writeFile(directory / "bad.lmc", text);
-        const auto error = library.load((directory / "bad.lmc").string());
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->find((directory / "bad.lmc").string()), 0u) << *error;
+        const auto loaded = library.load((directory / "bad.lmc").string());
+        ASSERT_FALSE(loaded);
+        EXPECT_EQ(loaded.error().path, (directory / "bad.lmc").string());
         EXPECT_TRUE(library.partitions(PartitionType::symbols).empty());
     }
-    EXPECT_TRUE(library.load(""));
-    EXPECT_TRUE(library.load(directory.path().string()));
+    EXPECT_FALSE(library.load(""));
+    EXPECT_FALSE(library.load(directory.path().string()));
 
-    ASSERT_EQ(library.load((directory / "good.lmc").string()), std::nullopt);
+    ASSERT_TRUE(library.load((directory / "good.lmc").string()));
     fs::create_directory(directory / "sub");
     writeFile(directory / "sub/S.sym", "[Symbol]\n");
     writeFile(directory / "binary.sym", kBinary);

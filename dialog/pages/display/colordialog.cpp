@@ -201,7 +201,7 @@ void CColorDialog::exportScheme() {
     if (dialog.exec() != QDialog::Accepted)
         return;
     const std::string path = toUtf8(dialog.selectedFiles().value(0));
-    if (platform::writeFileAtomically(path, schemeText(schemeToExport(path))))
+    if (!platform::writeFileAtomically(path, schemeText(schemeToExport(path))))
         showMessage(this, tr("Unable to create file %1").arg(toQString(path)));
 }
 

@@ -344,8 +344,8 @@ void CObjectColorDialog::saveScheme() {
     addSection(schema, kSchematicMode, *grid(kSchematicMode));
     addSection(schema, kIctMode, *grid(kIctMode));
     // A path that could not be written is none that the user wants to begin with next time.
-    if (const auto failure = schema.write(path)) {
-        showMessage(this, tr("The scheme is not saved.\n%1").arg(toQString(failure->text())));
+    if (const auto written = schema.write(path); !written) {
+        showMessage(this, tr("The scheme is not saved.\n%1").arg(toQString(written.errorText())));
         return;
     }
     addRecentScheme(*appConfig_, path);

@@ -94,7 +94,7 @@ std::string& lastDirectory() {
 std::string installedSymbols() {
     const std::string home = platform::installationDirectory();
     platform::ProfileFile machine(home + kMachineFile, kValueLimit);
-    if (home.empty() || machine.load())
+    if (home.empty() || !machine.load())
         return {};
     std::string directory = machine.get(kLibrariesSection, kDefaultValue);
     if (directory.empty())

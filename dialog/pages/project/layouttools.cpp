@@ -51,7 +51,7 @@ void LayoutTools::read() {
     platform::ProfileFile file(fileName(), kBufferSize - 1);
     tools_.clear();
     offered_.clear();
-    if (file.load()) // a file that cannot be read offers no tools, as one that is not there
+    if (!file.load()) // a file that cannot be read offers no tools, as one that is not there
         return;
     for (const std::string& key : toolKeys(file)) {
         const LayoutTool& tool = tools_[key] = readTool(file, key);

@@ -26,7 +26,7 @@ void ScriptsIni::setUp(const std::string& fileName, unsigned prefixId) {
 
 void ScriptsIni::read(std::vector<std::string>& list) {
     platform::ProfileFile file(fileName_);
-    readable_ = hasDirectory() && !file.load();
+    readable_ = hasDirectory() && file.load();
     list.clear();
     count_ = 0;
     std::string value;
@@ -44,7 +44,7 @@ bool ScriptsIni::write(const std::vector<std::string>& list, std::chrono::millis
     if (!readable_)
         return false;
     platform::ProfileFile file(fileName_);
-    bool written = !file.load();
+    bool written = static_cast<bool>(file.load());
     count_ = std::max(count_, static_cast<int>(list.size()));
     for (int index = 0; index < count_; ++index) {
         std::optional<std::string_view> value;
@@ -54,12 +54,10 @@ bool ScriptsIni::write(const std::vector<std::string>& list, std::chrono::millis
         if (!file.set(kSection, key(index), value))
             written = false;
     }
-    if (const auto failure = file.save(patience)) {
-        written = false;
-        if (failure->code == ETIMEDOUT)
-            patience = std::chrono::milliseconds::zero();
-    }
-    return written;
+    const auto saved = file.save(patience);
+    if (saved.code() == ETIMEDOUT)
+        patience = std::chrono::milliseconds::zero();
+    return written && saved;
 }
 
 /// Without a user's directory the name is that of a file in the root of the file system, which is nobody's.

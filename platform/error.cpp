@@ -1,18 +1,25 @@
-#include "platform/fileerror.h"
+#include "platform/error.h"
 
 #include <array>
 #include <cerrno>
 #include <system_error>
+#include <utility>
 
 namespace platform {
 
-std::string FileError::text() const {
+std::string Error::text() const {
+    if (path.empty())
+        return cause;
+    return path + ":" + (line > 0 ? std::to_string(line) + ":" : "") + " " + cause;
+}
+
+Error systemError(std::string path, const std::string& operation, int code, std::size_t limit) {
     // The system's own words for a time-out speak of a connection.
     const std::string cause =
         code == ETIMEDOUT ? "another program holds it" : std::generic_category().message(code);
     const std::string exceeded =
         code == EFBIG && limit > 0 ? " (the limit is " + sizeText(limit) + ")" : std::string();
-    return path + ": cannot " + operation + ": " + cause + exceeded;
+    return {std::move(path), "cannot " + operation + ": " + cause + exceeded, 0, code};
 }
 
 std::string sizeText(std::size_t bytes) {

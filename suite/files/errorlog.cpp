@@ -1,4 +1,4 @@
-#include "suite/configurations/errorlog.h"
+#include "suite/files/errorlog.h"
 
 #include "platform/printable.h"
 
@@ -19,43 +19,43 @@ void ErrorLog::setHandler(Handler handler) {
 }
 
 void ErrorLog::report(const std::string& message) {
-    if (const Handler told = handler())
+    Handler told;
+    {
+        const std::lock_guard guard(mutex_);
+        told = handler_;
+    }
+    if (told)
         told(message);
     else
         platform::tell(message);
 }
 
-void ErrorLog::announce(const std::string& message) {
-    platform::tell(message);
-    if (const Handler told = handler())
-        told(message);
-}
-
-ErrorLog::Handler ErrorLog::handler() {
+std::set<std::string> ErrorLog::standingComplaints() {
     const std::lock_guard guard(mutex_);
-    return handler_;
-}
-
-std::vector<std::string> ErrorLog::standingComplaints() {
-    const std::lock_guard guard(mutex_);
-    std::vector<std::string> messages;
+    std::set<std::string> messages;
     for (const auto& [path, known] : complaints_) {
         if (known.stamp.isOfFile() && known.stamp == FileStamp::of(path))
-            messages.insert(messages.end(), known.messages.begin(), known.messages.end());
+            messages.insert(known.messages.begin(), known.messages.end());
     }
     return messages;
 }
 
-void ErrorLog::reportOnce(const std::string& path, const std::string& message) {
+void ErrorLog::reportOnce(const platform::Error& error) {
+    const std::string message = error.text();
     {
         const std::lock_guard guard(mutex_);
-        Complaints& known = complaints_[path];
-        if (const auto stamp = FileStamp::of(path); stamp != known.stamp)
+        Complaints& known = complaints_[error.path];
+        if (const auto stamp = FileStamp::of(error.path); stamp != known.stamp)
             known = {stamp, {}};
         if (!known.messages.insert(message).second)
             return;
     }
     report(message);
+}
+
+ErrorLog& errorLog() {
+    static ErrorLog log;
+    return log;
 }
 
 } // namespace suite

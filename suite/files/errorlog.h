@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/error.h"
 #include "platform/filestamp.h"
 #include "suite/configuration.h"
 
@@ -7,11 +8,10 @@
 #include <mutex>
 #include <set>
 #include <string>
-#include <vector>
 
 namespace suite {
 
-/// Tells the host, or else the standard error stream, what is wrong with configuration files.
+/// Tells the host, or else the standard error stream, what is wrong with a file.
 class ErrorLog {
 public:
     using Handler = Orv::IOvConfigurationManager::ErrorHandler;
@@ -20,13 +20,12 @@ public:
     /// before, of files that are as they were.
     void setHandler(Handler handler);
 
+    void report(const platform::Error& error) { report(error.text()); }
     void report(const std::string& message);
-    /// To the standard error stream, and to the handler if there is one.
-    void announce(const std::string& message);
 
     /// For a complaint about what a file holds: said once for each state of the file, however often it is
     /// read.
-    void reportOnce(const std::string& path, const std::string& message);
+    void reportOnce(const platform::Error& error);
 
 private:
     struct Complaints {
@@ -34,12 +33,14 @@ private:
         std::set<std::string> messages;
     };
 
-    Handler handler();
-    std::vector<std::string> standingComplaints();
+    std::set<std::string> standingComplaints();
 
     std::mutex mutex_;
     Handler handler_;
     std::map<std::string, Complaints> complaints_; ///< by path
 };
+
+/// The one there is: what every handler of a host is set in, whatever call it was given to.
+ErrorLog& errorLog();
 
 } // namespace suite
