@@ -36,24 +36,38 @@ const Form* formOf(std::string_view text) {
 
 } // namespace
 
+std::size_t utf8Character(std::string_view text, char32_t& character) {
+    const Form* form = text.empty() ? nullptr : formOf(text);
+    if (!form)
+        return 0;
+    const auto lead = static_cast<unsigned char>(text.front());
+    character = form->length == 1 ? lead : lead & (0x7fU >> form->length);
+    for (std::size_t i = 1; i < form->length; ++i) {
+        const auto byte = static_cast<unsigned char>(text[i]);
+        if ((byte & 0xc0) != 0x80)
+            return 0;
+        character = character << 6 | (byte & 0x3fU);
+    }
+    return form->length;
+}
+
 bool isUtf8Of(std::string_view text, bool (*accepts)(char32_t character)) {
     while (!text.empty()) {
-        const Form* form = formOf(text);
-        if (!form)
+        char32_t character = 0;
+        const std::size_t length = utf8Character(text, character);
+        if (length == 0 || !accepts(character))
             return false;
-        const auto lead = static_cast<unsigned char>(text.front());
-        char32_t character = form->length == 1 ? lead : lead & (0x7fU >> form->length);
-        for (std::size_t i = 1; i < form->length; ++i) {
-            const auto byte = static_cast<unsigned char>(text[i]);
-            if ((byte & 0xc0) != 0x80)
-                return false;
-            character = character << 6 | (byte & 0x3fU);
-        }
-        if (!accepts(character))
-            return false;
-        text.remove_prefix(form->length);
+        text.remove_prefix(length);
     }
     return true;
+}
+
+void appendUtf8(std::string& text, char32_t character) {
+    constexpr unsigned char kLeads[] = {0x00, 0xc0, 0xe0, 0xf0};
+    const int following = character < 0x80 ? 0 : character < 0x800 ? 1 : character < 0x10000 ? 2 : 3;
+    text += static_cast<char>(kLeads[following] | character >> (6 * following));
+    for (int i = following - 1; i >= 0; --i)
+        text += static_cast<char>(0x80 | (character >> (6 * i) & 0x3f));
 }
 
 } // namespace platform

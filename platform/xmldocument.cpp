@@ -1,188 +1,104 @@
 #include "platform/xmldocument.h"
 
-#include <libxml/SAX2.h>
-#include <libxml/encoding.h>
-#include <libxml/parser.h>
+#include "platform/xmlencoding.h"
 
 #include <algorithm>
-#include <climits>
-#include <cstddef>
+#include <new>
 
 namespace platform {
 
 namespace {
 
-constexpr int kMostAttributes = 1000;
+constexpr unsigned kExact =
+    pugi::parse_cdata | pugi::parse_escapes | pugi::parse_eol | pugi::parse_wconv_attribute;
+/// Remarks and instructions show where a text is in several pieces.
+constexpr unsigned kUsual =
+    kExact | pugi::parse_ws_pcdata_single | pugi::parse_embed_pcdata | pugi::parse_comments | pugi::parse_pi;
 
-struct Passage {
-    std::string_view begin;
-    std::string_view end;
-};
-/// What may hold anything, tags and quotes included.
-constexpr Passage kPassages[] = {{"<!--", "-->"}, {"<![CDATA[", "]]>"}, {"<?", "?>"}};
-
-/// Where the passage that begins at a place ends, or that place if none begins there.
-std::size_t endOfPassage(std::string_view bytes, std::size_t begin) {
-    for (const Passage& passage : kPassages) {
-        if (bytes.substr(begin).starts_with(passage.begin)) {
-            const auto end = bytes.find(passage.end, begin + passage.begin.size());
-            return end == std::string_view::npos ? bytes.size() : end + passage.end.size();
-        }
-    }
-    return begin;
+void load(pugi::xml_document& tree, std::string_view text, unsigned options) {
+    // What was scanned is well-formed, so that nothing fails but the allocation.
+    if (!tree.load_buffer(text.data(), text.size(), options, pugi::encoding_utf8))
+        throw std::bad_alloc();
 }
 
-/// Where a tag ends, or a declaration of the document's type begins its inner part; counts the attributes.
-std::size_t endOfTag(std::string_view bytes, std::size_t begin, int& attributes) {
-    const bool isDeclaration = bytes.substr(begin).starts_with("<!");
-    char quote = '\0';
-    for (std::size_t at = begin + 1; at < bytes.size(); ++at) {
-        const char c = bytes[at];
-        if (quote != '\0')
-            quote = c == quote ? '\0' : quote;
-        else if (c == '"' || c == '\'')
-            quote = c;
-        else if (c == '>' || (c == '[' && isDeclaration))
-            return at + 1;
-        else
-            attributes += c == '=';
-    }
-    return bytes.size();
+bool isBlank(std::string_view text) {
+    return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
 }
 
-struct BufferRelease {
-    void operator()(xmlBuffer* buffer) const { xmlBufferFree(buffer); }
-};
-using Buffer = std::unique_ptr<xmlBuffer, BufferRelease>;
-
-std::string declaredEncoding(std::string_view bytes) {
-    const auto declaration = bytes.substr(0, bytes.find('>'));
-    const auto word = declaration.find("encoding");
-    const auto open = declaration.find_first_of("\"'", word);
-    if (!declaration.starts_with("<?xml") || word == std::string_view::npos || open == std::string_view::npos)
-        return {};
-    const auto name = declaration.substr(open + 1);
-    return std::string(name.substr(0, name.find_first_of("\"'")));
-}
-
-/// How the parser is going to decode the text; null where a tag is made of the bytes that it is made of in
-/// ASCII.
-xmlCharEncodingHandler* decoderOf(std::string_view bytes) {
-    const auto* begin = reinterpret_cast<const xmlChar*>(bytes.data());
-    const auto detected =
-        xmlDetectCharEncoding(begin, static_cast<int>(std::min<std::size_t>(bytes.size(), 4)));
-    if (detected == XML_CHAR_ENCODING_NONE || detected == XML_CHAR_ENCODING_UTF8) {
-        const auto name = declaredEncoding(bytes);
-        const auto known = xmlParseCharEncoding(name.c_str());
-        return name.empty() || known == XML_CHAR_ENCODING_UTF8 || known == XML_CHAR_ENCODING_8859_1
-                   ? nullptr
-                   : xmlFindCharEncodingHandler(name.c_str());
-    }
-    return xmlGetCharEncodingHandler(detected);
-}
-
-/// As much of a text as can be decoded.
-Buffer decoded(xmlCharEncodingHandler& decoder, std::string_view bytes) {
-    const XmlSilence silence;
-    const Buffer input(xmlBufferCreateStatic(const_cast<char*>(bytes.data()), bytes.size()));
-    Buffer output(xmlBufferCreate());
-    if (!input || !output)
-        return nullptr;
-    while (xmlBufferLength(input.get()) > 0) {
-        const int before = xmlBufferLength(input.get());
-        if (xmlCharEncInFunc(&decoder, output.get(), input.get()) < 0 ||
-            xmlBufferLength(input.get()) == before)
-            break;
-    }
-    return output;
-}
-
-long lineOfCrowdedTag(std::string_view bytes) {
-    for (auto at = bytes.find('<'); at != std::string_view::npos; at = bytes.find('<', at)) {
-        if (const auto end = endOfPassage(bytes, at); end != at) {
-            at = end;
-            continue;
-        }
-        int attributes = 0;
-        const auto end = endOfTag(bytes, at, attributes);
-        if (attributes > kMostAttributes)
-            return std::count(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(at), '\n') + 1;
-        at = end;
-    }
-    return 0;
-}
-
-/// Attributes that are declared once count at every element, without standing there.
-void refuseAttributeDeclaration(void* context, const xmlChar*, const xmlChar*, int, int, const xmlChar*,
-                                xmlEnumeration* words) {
-    auto* parser = static_cast<xmlParserCtxt*>(context);
-    xmlFreeEnumeration(words);
-    *static_cast<long*>(parser->_private) = xmlSAX2GetLineNumber(parser);
-    xmlStopParser(parser);
-}
-
-constexpr int kSafety = XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING;
-
-using Context = std::unique_ptr<xmlParserCtxt, decltype(&xmlFreeParserCtxt)>;
-
-std::string reasonOf(const xmlError* error) {
-    if (!error || !error->message)
-        return "not well-formed";
-    // The library's messages end in a line break, and some go on with a dump of bytes.
-    const std::string_view message = error->message;
-    return "line " + std::to_string(error->line) + ": " + std::string(message.substr(0, message.find('\n')));
-}
-
-void ignoreError(void*, xmlErrorPtr) {
+bool isText(pugi::xml_node node) {
+    return node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata;
 }
 
 } // namespace
 
-XmlSilence::XmlSilence() : handler_(xmlStructuredError), context_(xmlStructuredErrorContext) {
-    xmlSetStructuredErrorFunc(nullptr, &ignoreError);
+std::optional<XmlDocument> XmlDocument::parse(std::string bytes, XmlProblem& problem) {
+    auto found = toUtf8(bytes);
+    if (!found)
+        found = scanXml(bytes);
+    if (!found)
+        return XmlDocument(std::move(bytes));
+    problem = std::move(*found);
+    return std::nullopt;
 }
 
-XmlSilence::~XmlSilence() {
-    xmlSetStructuredErrorFunc(context_, handler_);
+pugi::xml_node XmlDocument::root() const {
+    if (!tree_ && !text_.empty()) {
+        tree_ = std::make_unique<pugi::xml_document>();
+        load(*tree_, text_, kUsual);
+    }
+    return tree_ ? tree_->document_element() : pugi::xml_node();
 }
 
-long lineOfCrowdedElement(std::string_view bytes) {
-    auto* decoder = decoderOf(bytes);
-    if (!decoder)
-        return lineOfCrowdedTag(bytes);
-    const Buffer text = decoded(*decoder, bytes);
-    xmlCharEncCloseFunc(decoder);
-    if (!text)
-        return 1;
-    return lineOfCrowdedTag({reinterpret_cast<const char*>(xmlBufferContent(text.get())),
-                             static_cast<std::size_t>(xmlBufferLength(text.get()))});
+long XmlDocument::lineOf(pugi::xml_node element) const {
+    const auto offset = static_cast<std::size_t>(element.offset_debug());
+    if (offset < place_.offset)
+        place_ = {};
+    const auto at = [this](std::size_t place) {
+        return text_.begin() + static_cast<std::ptrdiff_t>(place);
+    };
+    place_ = {offset, place_.line + std::count(at(place_.offset), at(offset), '\n')};
+    return place_.line;
 }
 
-XmlDocument parseXml(std::string_view bytes, int layout, std::string* reason) {
-    if (const long line = lineOfCrowdedElement(bytes)) {
-        if (reason)
-            *reason = "line " + std::to_string(line) + ": too many attributes";
-        return {};
+XmlExtent XmlDocument::extentOf(pugi::xml_node element) const {
+    return extentAt(static_cast<std::size_t>(element.offset_debug()));
+}
+
+XmlExtent XmlDocument::extentAt(std::size_t name) const {
+    if (extents_.empty())
+        scanXml(text_, &extents_);
+    return *std::ranges::lower_bound(extents_, name, {}, &XmlExtent::name);
+}
+
+std::string located(const XmlProblem& problem) {
+    return "line " + std::to_string(problem.line) + ": " + problem.text;
+}
+
+std::optional<std::string_view> attributeOf(pugi::xml_node element, const char* name) {
+    if (const auto found = element.attribute(name))
+        return found.value();
+    return std::nullopt;
+}
+
+std::string_view elementText(const XmlDocument& document, pugi::xml_node element, std::string& storage) {
+    if (!element.first_child())
+        return element.value();
+    const XmlExtent extent = document.extentOf(element);
+    pugi::xml_document exact;
+    load(exact, std::string_view(document.text()).substr(extent.name - 1, extent.end - extent.name + 1),
+         kExact | pugi::parse_ws_pcdata);
+    storage.clear();
+    for (const pugi::xml_node child : exact.document_element()) {
+        if (isText(child))
+            storage += child.value();
     }
-    const XmlSilence silence;
-    const Context context(xmlNewParserCtxt(), &xmlFreeParserCtxt);
-    XmlDocument document;
-    long refusedLine = 0;
-    if (context && bytes.size() <= INT_MAX) {
-        context->_private = &refusedLine;
-        context->sax->attributeDecl = &refuseAttributeDeclaration;
-        document.reset(xmlCtxtReadMemory(context.get(), bytes.data(), static_cast<int>(bytes.size()), nullptr,
-                                         nullptr, kSafety | layout));
-    }
-    if (refusedLine != 0)
-        document.reset();
-    if (!document && reason) {
-        if (refusedLine != 0)
-            *reason = "line " + std::to_string(refusedLine) + ": attribute declarations are not allowed";
-        else
-            *reason = context ? reasonOf(xmlCtxtGetLastError(context.get())) : "out of memory";
-    }
-    return document;
+    return storage;
+}
+
+bool hasOwnText(pugi::xml_node element) {
+    return !isBlank(element.value()) || std::ranges::any_of(element, [](pugi::xml_node child) {
+        return isText(child) && !isBlank(child.value());
+    });
 }
 
 } // namespace platform

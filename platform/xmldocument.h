@@ -1,43 +1,67 @@
 #pragma once
 
-#include <libxml/tree.h>
-#include <libxml/xmlerror.h>
+#include "platform/xmlscanner.h"
 
+#include <pugixml.hpp>
+
+#include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace platform {
 
-struct XmlDocumentRelease {
-    void operator()(xmlDoc* document) const { xmlFreeDoc(document); }
-};
-using XmlDocument = std::unique_ptr<xmlDoc, XmlDocumentRelease>;
-
-/// While one lives, the library prints nothing of what this thread parses: some errors of encodings go past
-/// the handlers of a parser.
-class XmlSilence {
+/// A file of XML: its text and the tree of it. Nothing is fetched for it, and nothing that it defines is
+/// replaced.
+///
+/// In the tree the first text of an element is the element's own value; texts of blanks are nodes only where
+/// there is nothing else in an element. elementText() knows all of them.
+class XmlDocument {
 public:
-    XmlSilence();
-    ~XmlSilence();
-    XmlSilence(const XmlSilence&) = delete;
-    XmlSilence& operator=(const XmlSilence&) = delete;
+    /// Without an element.
+    XmlDocument() = default;
+    /// @param text one that is well-formed, UTF-8 and strict; parse() takes others.
+    explicit XmlDocument(std::string text) : text_(std::move(text)) {}
+
+    /// @param bytes of a file, in any of the encodings that are read.
+    /// @return nothing, with `problem` filled in, if they are no XML.
+    static std::optional<XmlDocument> parse(std::string bytes, XmlProblem& problem);
+
+    /// In UTF-8; the bytes of the file, if these are.
+    const std::string& text() const { return text_; }
+    /// Null only where there is no text. Views of names and texts are good as long as the document.
+    pugi::xml_node root() const;
+    /// From 1. Fast for nodes that are asked for in their order.
+    long lineOf(pugi::xml_node element) const;
+    XmlExtent extentOf(pugi::xml_node element) const;
+    /// Of an element whose name begins at a place.
+    XmlExtent extentAt(std::size_t name) const;
 
 private:
-    xmlStructuredErrorFunc handler_;
-    void* context_;
+    struct Place {
+        std::size_t offset = 0;
+        long line = 1;
+    };
+
+    std::string text_;
+    mutable std::unique_ptr<pugi::xml_document> tree_;
+    mutable std::vector<XmlExtent> extents_;
+    mutable Place place_; ///< that was asked for last
 };
 
-/// The line, from 1, of an element with more attributes than any file of ours has; 0 if there is none. The
-/// parser compares each attribute of an element with all the others, so that a small file could keep it busy
-/// for hours.
-long lineOfCrowdedElement(std::string_view bytes);
+/// As a message has it: "line 7: cause".
+std::string located(const XmlProblem& problem);
 
-/// Parses a file from a stranger: nothing is fetched, no entity is replaced by its content, nothing is
-/// printed, and the parser's own limits on depth and size stand.
-/// @param layout further options of the parser, on blanks and sections: XML_PARSE_NOBLANKS,
-///               XML_PARSE_NOCDATA.
-/// @param reason receives the line and what is wrong there, if it is not null and there is no document.
-XmlDocument parseXml(std::string_view bytes, int layout = 0, std::string* reason = nullptr);
+/// A view into the tree; nothing if there is no such attribute.
+std::optional<std::string_view> attributeOf(pugi::xml_node element, const char* name);
+
+/// The text of an element itself, without that of its children, every blank of it. It is a view into the tree
+/// where it stands there in one piece, or else into `storage`.
+std::string_view elementText(const XmlDocument& document, pugi::xml_node element, std::string& storage);
+
+/// True if an element holds text outside of its child elements that is not blank.
+bool hasOwnText(pugi::xml_node element);
 
 } // namespace platform

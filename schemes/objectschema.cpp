@@ -5,8 +5,6 @@
 #include "platform/paths.h"
 #include "platform/readfile.h"
 
-#include <libxml/parser.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <utility>
@@ -15,7 +13,7 @@ namespace ovsettings {
 
 namespace {
 
-constexpr const char* kXmlVersion = "1.0";
+constexpr const char* kDeclaration = "<?xml version=\"1.0\"?>\n";
 constexpr const char* kRoot = "Schema_file";
 constexpr const char* kVersion = "1.2";
 constexpr const char* kSchema = "schema";
@@ -36,61 +34,15 @@ constexpr ItemAttribute kItemAttributes[] = {
 /// Objects whose one colour stands in the attribute "text".
 constexpr std::string_view kTextItems[] = {"LABEL", "TEXT"};
 
-const xmlChar* xml(const char* text) {
-    return reinterpret_cast<const xmlChar*>(text);
-}
-
-std::string_view view(const xmlChar* text) {
-    return text ? reinterpret_cast<const char*>(text) : "";
-}
-
-/// The first element from a node on, itself or a sibling.
-const xmlNode* elementFrom(const xmlNode* node) {
-    while (node && node->type != XML_ELEMENT_NODE)
-        node = node->next;
-    return node;
-}
-
-/// References to entities are left out.
-std::string valueOf(const xmlAttr& attribute) {
-    std::string value;
-    for (const xmlNode* piece = attribute.children; piece; piece = piece->next) {
-        if (piece->type == XML_TEXT_NODE)
-            value += view(piece->content);
-    }
-    return value;
-}
-
-CObjectSchemaItem itemFrom(const xmlNode& element) {
+CObjectSchemaItem itemFrom(pugi::xml_node element) {
     CObjectSchemaItem item;
-    for (const xmlAttr* attribute = element.properties; attribute; attribute = attribute->next) {
-        const auto known = std::ranges::find(kItemAttributes, view(attribute->name), &ItemAttribute::name);
+    for (const pugi::xml_attribute attribute : element.attributes()) {
+        const auto known =
+            std::ranges::find(kItemAttributes, std::string_view(attribute.name()), &ItemAttribute::name);
         if (known != std::end(kItemAttributes))
-            item.*known->field = valueOf(*attribute);
+            item.*known->field = attribute.value();
     }
     return item;
-}
-
-bool hasAttribute(const xmlNode& element, std::string_view name, std::string_view value) {
-    for (const xmlAttr* attribute = element.properties; attribute; attribute = attribute->next) {
-        if (view(attribute->name) == name)
-            return valueOf(*attribute) == value;
-    }
-    return false;
-}
-
-void setAttribute(xmlNode& element, const char* name, const std::string& value) {
-    xmlSetProp(&element, xml(name), xml(value.c_str()));
-}
-
-std::string bytesOf(xmlDoc& document) {
-    xmlChar* bytes = nullptr;
-    int size = 0;
-    constexpr int kFormatted = 1;
-    xmlDocDumpFormatMemory(&document, &bytes, &size, kFormatted);
-    std::string text(view(bytes));
-    xmlFree(bytes);
-    return text;
 }
 
 } // namespace
@@ -102,40 +54,43 @@ bool CObjectSchema::read(const std::string& path) {
     const auto file = platform::resolveExisting(path);
     if (!file)
         return false;
-    const auto bytes = platform::readFile(*file, platform::kLargestDocument);
+    auto bytes = platform::readFile(*file, platform::kLargestDocument);
     if (!bytes) {
         if (bytes.code() != ENOENT)
             error_ = bytes.errorText();
         return false;
     }
-    if (parse(*bytes))
+    if (parse(std::move(*bytes)))
         return true;
     error_ = *file + ": " + error_;
     return false;
 }
 
-bool CObjectSchema::parse(std::string_view bytes) {
-    xmlInitParser();
-    document_ = platform::parseXml(bytes, XML_PARSE_NOBLANKS, &error_);
-    if (!document_)
+bool CObjectSchema::parse(std::string bytes) {
+    platform::XmlProblem problem;
+    const auto document = platform::XmlDocument::parse(std::move(bytes), problem);
+    if (!document) {
+        error_ = platform::located(problem);
         return false;
-    const xmlNode* root = xmlDocGetRootElement(document_.get());
+    }
     int told = 0;
-    for (const xmlNode* child = elementFrom(root ? root->children : nullptr); child;
-         child = elementFrom(child->next)) {
-        if (view(child->name) == kSchema)
-            readSchema(*child);
+    for (const pugi::xml_node child : document->root()) {
+        if (child.type() != pugi::node_element)
+            continue;
+        if (std::string_view(child.name()) == kSchema)
+            readSchema(child);
         else if (tell_ && told++ < kMostTold)
             tell_("Error during XML parsing\n");
     }
     return true;
 }
 
-void CObjectSchema::readSchema(const xmlNode& schema) {
-    for (const xmlNode* section = elementFrom(schema.children); section;
-         section = elementFrom(section->next)) {
-        for (const xmlNode* item = elementFrom(section->children); item; item = elementFrom(item->next))
-            addItem(std::string(view(section->name)), itemFrom(*item));
+void CObjectSchema::readSchema(pugi::xml_node schema) {
+    for (const pugi::xml_node section : schema) {
+        for (const pugi::xml_node item : section) {
+            if (item.type() == pugi::node_element)
+                addItem(section.name(), itemFrom(item));
+        }
     }
 }
 
@@ -153,38 +108,33 @@ const CObjectSchemaItem* CObjectSchema::item(std::string_view section, std::stri
 }
 
 platform::Result<> CObjectSchema::write(const std::string& path) {
-    document_.reset(xmlNewDoc(xml(kXmlVersion)));
-    xmlNode* root = xmlNewDocNode(document_.get(), nullptr, xml(kRoot), nullptr);
-    xmlDocSetRootElement(document_.get(), root);
-    setAttribute(*root, "version", kVersion);
-    xmlNode* schema = xmlNewChild(root, nullptr, xml(kSchema), nullptr);
     // The words of the page for its grids are not those of the file. That is meant for users, who have files
     // with these words.
-    writeSection(*schema, "schematic", "OV");
-    writeSection(*schema, "ict", "ICT");
-    const std::string bytes = bytesOf(*document_);
-    if (bytes.empty())
-        return platform::systemError(path, "write", ENOMEM);
-    return platform::writeFileAtomically(platform::platformPath(path), bytes);
+    const platform::XmlElement schema{
+        kSchema, {}, {}, {writtenSection("schematic", "OV"), writtenSection("ict", "ICT")}};
+    std::string bytes = kDeclaration;
+    print(platform::XmlElement{kRoot, {{"version", kVersion}}, {}, {schema}}, "\n", bytes);
+    return platform::writeFileAtomically(platform::platformPath(path), bytes + '\n');
 }
 
-void CObjectSchema::writeSection(xmlNode& schema, const char* element, std::string_view section) {
-    xmlNode* node = xmlNewChild(&schema, nullptr, xml(element), nullptr);
+platform::XmlElement CObjectSchema::writtenSection(const char* element, std::string_view section) {
+    platform::XmlElement written{element};
     const bool hasTextColors = section == "ICT";
     for (const auto& [name, item] : sections_[std::string(section)]) {
-        xmlNode* written = xmlNewChild(node, nullptr, xml("item"), nullptr);
-        setAttribute(*written, "name", name);
         const bool isText = !hasTextColors && std::ranges::find(kTextItems, name) != std::end(kTextItems);
-        setAttribute(*written, isText ? "text" : "color", item->color);
+        auto& added = written.children.emplace_back(
+            platform::XmlElement{"item", {{"name", name}, {isText ? "text" : "color", item->color}}});
         if (hasTextColors)
-            setAttribute(*written, "text", item->text);
+            added.attributes.emplace_back("text", item->text);
     }
+    return written;
 }
 
-bool CObjectSchema::isPrinterSchema(const xmlDoc& document) {
-    const xmlNode* root = elementFrom(document.children);
-    return root && view(root->name) == "Color_schema_file" && hasAttribute(*root, "name", "printer.ovc") &&
-           hasAttribute(*root, "version", "1.0");
+bool CObjectSchema::isPrinterSchema(const platform::XmlDocument& document) {
+    const pugi::xml_node root = document.root();
+    return std::string_view(root.name()) == "Color_schema_file" &&
+           platform::attributeOf(root, "name") == "printer.ovc" &&
+           platform::attributeOf(root, "version") == "1.0";
 }
 
 std::string schemaItemName(std::string_view caption) {

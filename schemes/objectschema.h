@@ -3,6 +3,7 @@
 #include "ovsettings/export.h"
 #include "platform/result.h"
 #include "platform/xmldocument.h"
+#include "platform/xmlelement.h"
 
 #include <functional>
 #include <list>
@@ -29,7 +30,7 @@ public:
     /// @return false if it is no document. error() says why, and is empty if there is no such file.
     bool read(const std::string& path);
     /// As read, from the bytes of a file.
-    bool parse(std::string_view bytes);
+    bool parse(std::string bytes);
     const std::string& error() const { return error_; }
 
     /// @param section the element's name in a file that was read, "schematic" or "ict"; "OV" or "ICT" in a
@@ -43,15 +44,14 @@ public:
     platform::Result<> write(const std::string& path);
 
     /// True for the files in which earlier versions kept the colours of the printer.
-    static bool isPrinterSchema(const xmlDoc& document);
+    static bool isPrinterSchema(const platform::XmlDocument& document);
 
 private:
     using Items = std::map<std::string, const CObjectSchemaItem*, std::less<>>;
 
-    void readSchema(const xmlNode& schema);
-    void writeSection(xmlNode& schema, const char* element, std::string_view section);
+    void readSchema(pugi::xml_node schema);
+    platform::XmlElement writtenSection(const char* element, std::string_view section);
 
-    platform::XmlDocument document_;
     std::map<std::string, Items, std::less<>> sections_;
     std::list<CObjectSchemaItem> items_;
     std::function<void(const std::string& text)> tell_;

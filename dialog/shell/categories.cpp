@@ -3,6 +3,7 @@
 #include "platform/xmldocument.h"
 
 #include <cstddef>
+#include <utility>
 
 namespace ovsettings {
 
@@ -19,10 +20,6 @@ constexpr ValueElement kValueElements[] = {
     {"localization", &CCategoryNode::localization},
 };
 
-std::string_view nameOf(const xmlNode& node) {
-    return reinterpret_cast<const char*>(node.name);
-}
-
 const ValueElement* valueElement(std::string_view name) {
     for (const ValueElement& element : kValueElements) {
         if (element.name == name)
@@ -32,54 +29,56 @@ const ValueElement* valueElement(std::string_view name) {
 }
 
 /// The text of a value element: the content of its first child, which must be a text.
-const char* textOf(const xmlNode& element) {
-    const xmlNode* child = element.children;
-    return child && child->type == XML_TEXT_NODE ? reinterpret_cast<const char*>(child->content) : nullptr;
+const char* textOf(pugi::xml_node element) {
+    return *element.value() == '\0' ? nullptr : element.value();
 }
 
-/// The parser limits how deep elements are nested, but a category that failed stays open, so that each one
+/// Files are limited in how deep elements are nested, but a category that failed stays open, so that each one
 /// behind it would stand a level deeper: this limits the levels.
 constexpr std::size_t kDeepest = 255;
 
 /// Turns elements into categories. It keeps the chain of the categories that are open, the innermost last.
 class Reader {
 public:
-    explicit Reader(Catalogue& catalogue) : catalogue_(catalogue) {}
+    Reader(Catalogue& catalogue, const platform::XmlDocument& document)
+        : catalogue_(catalogue), document_(document) {}
 
-    CatalogueEnd readRoot(const xmlNode& root) {
-        for (const xmlNode* child = root.children; child; child = child->next) {
-            if (child->type != XML_ELEMENT_NODE)
+    CatalogueEnd read() {
+        for (const pugi::xml_node child : document_.root()) {
+            if (child.type() != pugi::node_element)
                 continue;
-            if (nameOf(*child) != "dialog") {
-                note(*child, "the element " + std::string(nameOf(*child)) + " is no category");
+            const std::string_view name = child.name();
+            if (name != "dialog") {
+                note(child, "the element " + std::string(name) + " is no category");
                 return CatalogueEnd::foreignElement;
             }
-            if (!readDialog(*child))
+            if (!readDialog(child))
                 return CatalogueEnd::incomplete;
         }
         return CatalogueEnd::whole;
     }
 
 private:
-    bool readDialog(const xmlNode& dialog) {
+    bool readDialog(pugi::xml_node dialog) {
         CCategoryNode* const parent = open_.empty() ? nullptr : open_.back();
         CCategoryNode* node = nullptr;
-        for (const xmlNode* child = dialog.children; child; child = child->next) {
-            if (child->type != XML_ELEMENT_NODE)
+        for (const pugi::xml_node child : dialog) {
+            if (child.type() != pugi::node_element)
                 continue;
-            const ValueElement* value = valueElement(nameOf(*child));
-            const bool isNested = nameOf(*child) == "dialog";
+            const std::string_view name = child.name();
+            const ValueElement* value = valueElement(name);
+            const bool isNested = name == "dialog";
             if (!value && !isNested)
                 continue;
-            if (!node && !(node = openCategory(parent, *child)))
+            if (!node && !(node = openCategory(parent, child)))
                 return false;
             if (isNested) {
-                readDialog(*child); // a failure in it does not fail this one
+                readDialog(child); // a failure in it does not fail this one
                 continue;
             }
-            const char* text = textOf(*child);
+            const char* text = textOf(child);
             if (!text) {
-                note(*child, "the element " + std::string(nameOf(*child)) + " has no text");
+                note(child, "the element " + std::string(name) + " has no text");
                 return false; // the category stays open
             }
             node->*(value->field) = text;
@@ -93,7 +92,7 @@ private:
     }
 
     /// Null, and a note, where categories are nested too deeply.
-    CCategoryNode* openCategory(CCategoryNode* parent, const xmlNode& place) {
+    CCategoryNode* openCategory(CCategoryNode* parent, pugi::xml_node place) {
         if (open_.size() == kDeepest) {
             note(place, "categories are nested too deeply");
             return nullptr;
@@ -105,29 +104,26 @@ private:
         return open_.back();
     }
 
-    void note(const xmlNode& place, const std::string& cause) {
+    void note(pugi::xml_node place, const std::string& cause) {
         if (catalogue_.problem.empty())
-            catalogue_.problem = "line " + std::to_string(xmlGetLineNo(&place)) + ": " + cause;
+            catalogue_.problem = platform::located({document_.lineOf(place), cause});
     }
 
     Catalogue& catalogue_;
+    const platform::XmlDocument& document_;
     std::vector<CCategoryNode*> open_;
 };
 
 } // namespace
 
-Catalogue readCatalogue(std::string_view bytes) {
+Catalogue readCatalogue(std::string bytes) {
     Catalogue catalogue;
-    const platform::XmlDocument document = platform::parseXml(bytes, 0, &catalogue.problem);
-    if (!document)
-        return catalogue;
-    if (const xmlNode* root = xmlDocGetRootElement(document.get())) {
-        catalogue.end = Reader(catalogue).readRoot(*root);
-    } else {
-        catalogue.end = CatalogueEnd::noRoot;
-        catalogue.problem = "there is no element";
-    }
-    // The parser itself is left as it is: host and suite use the same one.
+    platform::XmlProblem problem;
+    const auto document = platform::XmlDocument::parse(std::move(bytes), problem);
+    if (document)
+        catalogue.end = Reader(catalogue, *document).read();
+    else
+        catalogue.problem = platform::located(problem);
     return catalogue;
 }
 

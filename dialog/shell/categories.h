@@ -2,7 +2,6 @@
 
 #include <memory>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace ovsettings {
@@ -24,7 +23,6 @@ using CategoryNodes = std::vector<std::unique_ptr<CCategoryNode>>;
 /// How the reading of a catalogue ended.
 enum class CatalogueEnd {
     noDocument,     ///< nothing was read: no well-formed text
-    noRoot,         ///< nothing was read
     foreignElement, ///< at one that is no category and stands among the top-level ones
     incomplete,     ///< at a category without the text of one of its elements
     whole,
@@ -38,6 +36,6 @@ struct Catalogue {
 };
 
 /// @param bytes of the file.
-Catalogue readCatalogue(std::string_view bytes);
+Catalogue readCatalogue(std::string bytes);
 
 } // namespace ovsettings

@@ -6,7 +6,6 @@
 #include "platform/readfile.h"
 
 #include <QtWidgets/QApplication>
-#include <libxml/parser.h>
 
 #include <utility>
 
@@ -16,7 +15,6 @@ CSettingsXmlReader::CSettingsXmlReader(std::string path) : path_(std::move(path)
 }
 
 CategoryNodes CSettingsXmlReader::read() const {
-    xmlInitParser();
     Catalogue catalogue = readFile();
     // The box says little; whoever maintains the file needs the place.
     if (!catalogue.problem.empty())

@@ -1,7 +1,7 @@
 #include "suite/configurations/configurationfile.h"
 
 #include "platform/editfile.h"
-#include "suite/configurations/xmltext.h"
+#include "platform/xmlscanner.h"
 #include "suite/files/errorlog.h"
 
 #include <algorithm>
@@ -16,7 +16,7 @@ using platform::Result;
 namespace {
 
 constexpr const char* kDamaged = "damaged";
-// Well inside the parser's own limit of 10 million bytes, beyond which it would call the file damaged.
+// Well inside the largest file.
 constexpr std::size_t kLongestText = 4u << 20;
 
 void mergeName(std::vector<std::string>& names, const std::string& name, bool present) {
@@ -98,7 +98,7 @@ ConfigurationFile::Reading ConfigurationFile::reading(const Result<std::string>&
     auto document = ConfigurationDocument::parse(*found, problem);
     if (document)
         return {FileState::read, std::move(document)};
-    return {FileState::damaged, {}, at(problem)};
+    return {problem.isForeign ? FileState::unreadable : FileState::damaged, {}, at(problem)};
 }
 
 Result<bool> ConfigurationFile::save(platform::LockPatience& patience) {
@@ -324,7 +324,7 @@ bool ConfigurationFile::readList(const std::string& path, const std::string& key
 // Names stand in XML attributes, where nothing can be encoded. The product's own names are plain words.
 bool ConfigurationFile::canBeNamed(std::initializer_list<std::string_view> names) {
     const auto isName = [](std::string_view name) {
-        return name.size() <= kLongestText && xml::isCarried(name);
+        return name.size() <= kLongestText && platform::isXmlText(name);
     };
     return std::all_of(names.begin(), names.end(), isName) ||
            refused("cannot write: a name is too long, or holds control characters or no UTF-8");

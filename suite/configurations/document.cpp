@@ -1,34 +1,18 @@
 #include "suite/configurations/document.h"
 
+#include "platform/base64.h"
 #include "platform/trim.h"
-#include "platform/xmldocument.h"
-#include "suite/configurations/xmlprinter.h"
-#include "suite/configurations/xmltext.h"
-
-#include <libxml/SAX2.h>
-#include <libxml/parser.h>
+#include "suite/configurations/documentwords.h"
 
 #include <algorithm>
-#include <climits>
+#include <forward_list>
 
 namespace suite {
 
-namespace {
+using namespace words;
+using platform::attributeOf;
 
-constexpr const char* kRoot = "configuration";
-constexpr const char* kSection = "section";
-constexpr const char* kPath = "path";
-constexpr const char* kValue = "value";
-constexpr const char* kList = "list";
-constexpr const char* kItem = "item";
-constexpr const char* kGroup = "group";
-constexpr const char* kType = "type";
-constexpr const char* kAttribute = "attribute";
-constexpr const char* kName = "name";
-constexpr const char* kLocked = "locked";
-constexpr const char* kEmpty = "empty";
-constexpr const char* kReason = "reason";
-constexpr const char* kContact = "contact";
+namespace {
 
 struct FlagWord {
     std::string_view word;
@@ -36,21 +20,6 @@ struct FlagWord {
 };
 constexpr FlagWord kFlagWords[] = {{"yes", true}, {"true", true},   {"1", true},
                                    {"no", false}, {"false", false}, {"0", false}};
-
-/// Whether a text that the library writes in an encoding is one that it reads again. That holds for those
-/// that it brings along. Some others it reads only; and without a name it writes all beyond ASCII as numbers.
-bool isWellWritten(const xmlChar* encoding) {
-    switch (xmlParseCharEncoding(reinterpret_cast<const char*>(encoding))) {
-    case XML_CHAR_ENCODING_UTF8:
-    case XML_CHAR_ENCODING_UTF16LE:
-    case XML_CHAR_ENCODING_UTF16BE:
-    case XML_CHAR_ENCODING_8859_1:
-    case XML_CHAR_ENCODING_ASCII:
-        return true;
-    default:
-        return false;
-    }
-}
 
 std::optional<bool> flagOf(std::string_view word) {
     for (const FlagWord& known : kFlagWords) {
@@ -60,123 +29,34 @@ std::optional<bool> flagOf(std::string_view word) {
     return std::nullopt;
 }
 
+bool isNamed(pugi::xml_node element, std::string_view name) {
+    return element.name() == name;
+}
+
 /// The key that an element belongs to, and its own name in a group.
-std::string keyOf(const xmlNode* element) {
-    const auto own = xml::attribute(element, kName);
-    const bool isPart = xml::isElement(element, kItem) || xml::isElement(element, kAttribute);
-    const std::string part(own.value_or(""));
-    if (!isPart || !element->parent)
+std::string keyOf(pugi::xml_node element) {
+    std::string part = element.attribute(kName).value();
+    if (!isNamed(element, kItem) && !isNamed(element, kAttribute))
         return part;
-    const std::string key(xml::attribute(element->parent, kName).value_or(""));
+    std::string key = element.parent().attribute(kName).value();
     return part.empty() ? key : key + ' ' + part;
 }
 
-/// The first attribute of that name in a group; null if there is none.
-xmlNode* attributeOf(const xmlNode* group, std::string_view name) {
-    xmlNode* item = group ? xml::firstChild(group, kAttribute) : nullptr;
-    while (item && xml::attribute(item, kName) != name)
-        item = xml::nextSibling(item, kAttribute);
-    return item;
-}
+/// The words on a part, or else on what it is in, up to the section; as views into the tree.
+struct NoteView {
+    std::string_view reason;
+    std::string_view contact;
 
-/// The attributes of the same name behind one.
-void removeOthers(const xmlNode* item, std::string_view name) {
-    for (xmlNode* other = xml::nextSibling(item, kAttribute); other;) {
-        xmlNode* next = xml::nextSibling(other, kAttribute);
-        if (xml::attribute(other, kName) == name)
-            xml::removeElement(other);
-        other = next;
-    }
-}
-
-/// The words on a part, or else on what it is in, up to the section.
-Orv::LockNote noteFrom(const xmlNode* part) {
-    Orv::LockNote note;
-    for (const xmlNode* element = part; element && !xml::isElement(element, kRoot);
-         element = element->parent) {
-        if (note.reason.empty())
-            note.reason = xml::attribute(element, kReason).value_or("");
-        if (note.contact.empty())
-            note.contact = xml::attribute(element, kContact).value_or("");
-    }
-    return note;
-}
-
-// Reads a file from a stranger: nothing is fetched, and nothing is defined that could grow when it is
-// referred to.
-class Parser {
-public:
-    explicit Parser(Problem& problem) : problem_(problem), context_(xmlNewParserCtxt()) {
-        if (!context_)
-            return;
-        context_->_private = this;
-        context_->sax->serror = [](void* context, xmlErrorPtr error) {
-            of(context).note(*error);
-        };
-        context_->sax->entityDecl = [](void* context, const xmlChar*, int, const xmlChar*, const xmlChar*,
-                                       xmlChar*) {
-            of(context).refuse("entity declarations are not allowed");
-        };
-        // What is declared once counts at every element, and so may be far more than stands in the file.
-        context_->sax->attributeDecl = [](void* context, const xmlChar*, const xmlChar*, int, int,
-                                          const xmlChar*, xmlEnumeration* words) {
-            xmlFreeEnumeration(words);
-            of(context).refuse("attribute declarations are not allowed");
-        };
-        // A host may have asked the library to drop blanks; here they are part of a value, and the file's
-        // layout.
-        context_->keepBlanks = 1;
-        context_->sax->ignorableWhitespace = context_->sax->characters;
-    }
-    ~Parser() { xmlFreeParserCtxt(context_); }
-    Parser(const Parser&) = delete;
-    Parser& operator=(const Parser&) = delete;
-
-    xmlDoc* parse(std::string_view bytes) {
-        constexpr int kOptions = XML_PARSE_NONET | XML_PARSE_BIG_LINES;
-        if (!context_ || bytes.size() > INT_MAX) {
-            problem_ = {0, "too large"};
-            return nullptr;
+    explicit NoteView(pugi::xml_node part) {
+        for (auto element = part; element && element.parent().parent(); element = element.parent()) {
+            if (reason.empty())
+                reason = element.attribute(kReason).value();
+            if (contact.empty())
+                contact = element.attribute(kContact).value();
         }
-        if (const long line = platform::lineOfCrowdedElement(bytes)) {
-            problem_ = {line, "too many attributes"};
-            return nullptr;
-        }
-        const platform::XmlSilence silence;
-        xmlDoc* tree = xmlCtxtReadMemory(context_, bytes.data(), static_cast<int>(bytes.size()), nullptr,
-                                         nullptr, kOptions);
-        if (tree && refused_) {
-            xmlFreeDoc(tree);
-            return nullptr;
-        }
-        if (!tree && problem_.text.empty())
-            problem_ = {0, "not well-formed"};
-        return tree;
     }
 
-private:
-    static Parser& of(void* context) {
-        return *static_cast<Parser*>(static_cast<xmlParserCtxt*>(context)->_private);
-    }
-
-    void note(const xmlError& error) {
-        if (!problem_.text.empty() || error.level < XML_ERR_FATAL || !error.message)
-            return;
-        // The library's messages end in a line break, and some go on with a dump of bytes.
-        const std::string_view message = error.message;
-        problem_ = {error.line, std::string(message.substr(0, message.find('\n')))};
-    }
-
-    void refuse(const char* reason) {
-        if (!refused_ && problem_.text.empty())
-            problem_ = {xmlSAX2GetLineNumber(context_), reason};
-        refused_ = true;
-        xmlStopParser(context_);
-    }
-
-    Problem& problem_;
-    xmlParserCtxt* context_;
-    bool refused_ = false;
+    Orv::LockNote note() const { return {std::string(reason), std::string(contact)}; }
 };
 
 } // namespace
@@ -185,25 +65,20 @@ std::string_view sectionPath(std::string_view path) {
     return platform::trimEnd(path, "/");
 }
 
-std::size_t ConfigurationDocument::NameHash::operator()(const Name& name) const {
-    const std::hash<std::string_view> hash;
-    return name.first.empty() ? hash(name.second) : hash(name.first) * 31 + hash(name.second);
-}
-
-ConfigurationDocument::ConfigurationDocument() : tree_(xmlNewDoc(nullptr)) {
-    xmlDocSetRootElement(tree_.get(), xmlNewDocNode(tree_.get(), nullptr, BAD_CAST kRoot, nullptr));
-}
-
-std::optional<ConfigurationDocument> ConfigurationDocument::parse(std::string_view bytes, Problem& problem) {
+std::optional<ConfigurationDocument> ConfigurationDocument::parse(std::string bytes, Problem& problem) {
     problem = {};
     ConfigurationDocument document;
-    document.tree_.reset(Parser(problem).parse(bytes));
-    if (!document.tree_)
+    auto xml = platform::XmlDocument::parse(std::move(bytes), problem);
+    if (!xml)
         return std::nullopt;
-    const xmlNode* root = xmlDocGetRootElement(document.tree_.get());
-    if (!xml::isElement(root, kRoot)) {
-        problem = {xmlGetLineNo(root),
-                   "the root element is <" + std::string(xml::view(root->name)) + ">, not <" + kRoot + ">"};
+    document.xml_ = std::move(*xml);
+    const pugi::xml_node root = document.xml_.root();
+    if (!isNamed(root, kRoot)) {
+        problem = {document.xml_.lineOf(root), std::string("the root element is <")
+                                                   .append(root.name())
+                                                   .append(">, not <")
+                                                   .append(kRoot)
+                                                   .append(">")};
         return std::nullopt;
     }
     return document;
@@ -213,24 +88,25 @@ bool ConfigurationDocument::readKey(const std::string& path, const std::string& 
                                     std::vector<std::uint8_t>& locks) const {
     values.clear();
     locks.clear();
-    const xmlNode* entry = find(path, {{}, key});
+    const pugi::xml_node entry = find(path, {}, key);
     if (!entry)
         return false;
+    std::string storage;
     const bool locked = isLocked(entry);
-    if (xml::isElement(entry, kValue)) {
-        readText(entry, values.emplace_back());
+    if (isNamed(entry, kValue)) {
+        values.emplace_back(textOf(entry, storage));
         locks.push_back(locked);
         return true;
     }
-    for (const xmlNode* item = xml::firstChild(entry, kItem); item; item = xml::nextSibling(item, kItem)) {
-        readText(item, values.emplace_back());
+    for (const pugi::xml_node item : entry.children(kItem)) {
+        values.emplace_back(textOf(item, storage));
         locks.push_back(isLocked(item) || locked);
     }
     return true;
 }
 
 bool ConfigurationDocument::isKeyLocked(const std::string& path, const std::string& key) const {
-    const xmlNode* entry = find(path, {{}, key});
+    const pugi::xml_node entry = find(path, {}, key);
     return entry && isLocked(entry);
 }
 
@@ -239,77 +115,146 @@ bool ConfigurationDocument::readGroup(const std::string& path, const std::string
                                       std::map<std::string, int>& locks, bool& groupLocked) const {
     attributes.clear();
     locks.clear();
-    const xmlNode* group = find(path, {type, key});
+    const pugi::xml_node group = find(path, type, key);
     if (!group)
         return false;
     groupLocked = isLocked(group) || groupLocked;
-    for (const xmlNode* item = xml::firstChild(group, kAttribute); item;
-         item = xml::nextSibling(item, kAttribute)) {
-        const auto name = xml::attribute(item, kName);
-        if (!name) {
-            report(item, "<attribute> without a name in " + key + " is passed over");
+    NameTable names;
+    std::string storage;
+    for (const pugi::xml_node item : group.children(kAttribute)) {
+        const auto part = readAttribute(names, 0, item, storage);
+        if (!part)
             continue;
-        }
-        const std::string attribute(*name);
-        if (attributes.contains(attribute) || locks.contains(attribute)) {
-            report(item, keyOf(item) + " is given twice, the first counts");
-            continue;
-        }
-        std::string text;
-        readText(item, text);
-        const bool locked = isLocked(item);
-        if (locked)
-            locks.emplace(attribute, 1);
-        // An attribute can be locked without being set; an empty text that is meant needs a word.
-        if (!locked || !text.empty() || xml::attribute(item, kEmpty))
-            attributes.emplace(attribute, std::move(text));
+        if (part->isLocked)
+            locks.emplace(part->name, 1);
+        if (part->hasText)
+            attributes.emplace(part->name, part->text);
     }
     return true;
 }
 
-void ConfigurationDocument::readAll(const std::function<void(const Orv::ConfigurationEntry&)>& reader) const {
-    std::vector<Orv::LockNote> notes;
-    std::vector<Orv::ConfigurationPart> parts;
-    for (const auto& [path, section] : index()) {
-        for (const auto& [name, element] : section.entries) {
-            const std::string key(name.second);
-            const std::string type(name.first);
-            notes.clear();
-            parts.clear();
-            Values values;
-            std::vector<std::uint8_t> locks;
-            Attributes attributes;
-            std::map<std::string, int> attributeLocks;
-            bool isLocked = isKeyLocked(std::string(path), key);
-            if (type.empty()) {
-                readKey(std::string(path), key, values, locks);
-                notes.reserve(values.size());
-                for (std::size_t i = 0; i < values.size(); ++i) {
-                    notes.push_back(locks[i] != 0 ? keyLockNote(std::string(path), key, i) : Orv::LockNote());
-                    parts.push_back({{}, values[i], true, locks[i] != 0, notes[i].reason, notes[i].contact});
-                }
-            } else {
-                isLocked = false;
-                readGroup(std::string(path), type, key, attributes, attributeLocks, isLocked);
-                for (const auto& [attribute, text] : attributes)
-                    parts.push_back({attribute, text, true, isLocked || attributeLocks.contains(attribute)});
-                for (const auto& [attribute, lock] : attributeLocks) {
-                    if (!attributes.contains(attribute))
-                        parts.push_back({attribute, {}, false, true});
-                }
-                notes.reserve(parts.size());
-                for (auto& part : parts) {
-                    notes.push_back(part.isLocked ? attributeLockNote(std::string(path), type, key,
-                                                                      std::string(part.name))
-                                                  : Orv::LockNote());
-                    part.reason = notes.back().reason;
-                    part.contact = notes.back().contact;
-                }
-            }
-            const auto words = noteFrom(element);
-            reader({path, name.first, name.second, parts, isLocked, words.reason, words.contact});
-        }
+/// @return nothing, after a report, for one that does not count.
+std::optional<Orv::ConfigurationPart> ConfigurationDocument::readAttribute(NameTable& names,
+                                                                           std::uint32_t scope,
+                                                                           pugi::xml_node item,
+                                                                           std::string& storage) const {
+    const auto name = attributeOf(item, kName);
+    if (!name) {
+        report(item, "<attribute> without a name in " + keyOf(item) + " is passed over");
+        return std::nullopt;
     }
+    if (!names.insert({scope, {}, *name}).isNew) {
+        report(item, keyOf(item) + " is given twice, the first counts");
+        return std::nullopt;
+    }
+    const std::string_view text = textOf(item, storage);
+    const bool locked = isLocked(item);
+    // An attribute can be locked without being set; an empty text that is meant needs a word.
+    const bool hasText = !locked || !text.empty() || item.attribute(kEmpty);
+    return Orv::ConfigurationPart{*name, text, hasText, locked};
+}
+
+template <typename Visitor>
+void ConfigurationDocument::visit(NameTable& names, Visitor& visitor) const {
+    for (const pugi::xml_node section : xml_.root().children(kSection)) {
+        const auto path = attributeOf(section, kPath);
+        if (!path) {
+            report(section, "<section> without a path is passed over");
+            continue;
+        }
+        const std::string_view name = sectionPath(*path);
+        const std::uint32_t scope = names.insert({0, {}, name}).number;
+        visitor.section(name, scope, section);
+        for (const pugi::xml_node element : section)
+            visitEntry(names, scope, element, visitor);
+    }
+}
+
+template <typename Visitor>
+void ConfigurationDocument::visitEntry(NameTable& names, std::uint32_t scope, pugi::xml_node element,
+                                       Visitor& visitor) const {
+    const std::string_view kind = element.name();
+    const bool isGroup = kind == kGroup;
+    if (!isGroup && kind != kValue && kind != kList)
+        return;
+    const auto key = attributeOf(element, kName);
+    const auto type = isGroup ? attributeOf(element, kType) : std::string_view();
+    if (!key || !type || (isGroup && type->empty())) {
+        report(element,
+               std::string("<").append(kind) + "> without a " + (key ? "type" : "name") + " is passed over");
+        return;
+    }
+    if (kind != kValue && platform::hasOwnText(element))
+        report(element, "text in <" + std::string(kind) + "> " + std::string(*key) +
+                            " means nothing outside of <" + (isGroup ? kAttribute : kItem) + ">");
+    const auto [number, isNew] = names.insert({scope, *type, *key});
+    if (isNew) {
+        visitor.entry(*type, *key, number, element);
+    } else {
+        report(element, std::string(*key) + " is given twice, the first counts");
+        visitor.duplicate(number, element);
+    }
+}
+
+/// Tells a reader of entries as they are visited.
+class ConfigurationDocument::Teller {
+public:
+    Teller(const ConfigurationDocument& document, NameTable& names, const EntryReader& reader)
+        : document_(document), names_(names), reader_(reader) {}
+
+    void section(std::string_view path, std::uint32_t, pugi::xml_node) { path_ = path; }
+    void duplicate(std::uint32_t, pugi::xml_node) {}
+
+    void entry(std::string_view type, std::string_view key, std::uint32_t number, pugi::xml_node element) {
+        parts_.clear();
+        texts_.clear();
+        isLocked_ = document_.isLocked(element);
+        if (!type.empty()) {
+            for (const pugi::xml_node item : element.children(kAttribute)) {
+                if (const auto part = document_.readAttribute(names_, number, item, storage_))
+                    add(*part, item);
+            }
+        } else if (isNamed(element, kValue)) {
+            add({{}, document_.textOf(element, storage_)}, element);
+        } else {
+            for (const pugi::xml_node item : element.children(kItem)) {
+                const std::string_view text = document_.textOf(item, storage_);
+                add({{}, text, true, document_.isLocked(item)}, item);
+            }
+        }
+        const NoteView note(isLocked_ ? element : pugi::xml_node());
+        reader_({path_, type, key, parts_, isLocked_, note.reason, note.contact});
+    }
+
+private:
+    void add(Orv::ConfigurationPart part, pugi::xml_node element) {
+        part.isLocked = part.isLocked || isLocked_;
+        if (part.isLocked) {
+            const NoteView note(element);
+            part.reason = note.reason;
+            part.contact = note.contact;
+        }
+        if (!part.text.empty() && part.text.data() == storage_.data())
+            part.text = texts_.emplace_front(storage_);
+        parts_.push_back(part);
+    }
+
+    const ConfigurationDocument& document_;
+    NameTable& names_;
+    const EntryReader& reader_;
+    std::string_view path_;
+    bool isLocked_ = false;
+    std::vector<Orv::ConfigurationPart> parts_;
+    std::string storage_;
+    std::forward_list<std::string> texts_; ///< that stand in no piece in the tree
+};
+
+void ConfigurationDocument::readAll(const EntryReader& reader) const {
+    if (!edits_.empty())
+        applyEdits();
+    NameTable names;
+    Teller teller(*this, names, reader);
+    visit(names, teller);
 }
 
 ConfigurationDocument::Values ConfigurationDocument::keys(const std::string& path) const {
@@ -322,107 +267,24 @@ ConfigurationDocument::Values ConfigurationDocument::groups(const std::string& p
 }
 
 ConfigurationDocument::Values ConfigurationDocument::names(const std::string& path,
-                                                           std::string_view type) const {
+                                                           const std::string& type) const {
+    if (!edits_.empty())
+        applyEdits();
     Values found;
-    const Section* here = section(path);
-    if (!here)
-        return found;
-    for (const xmlNode* element : here->elements) {
-        for (const xmlNode* entry = xml::firstChild(element); entry; entry = xml::nextSibling(entry)) {
-            const Name name{type, xml::attribute(entry, kName).value_or("")};
-            const auto known = here->entries.find(name);
-            if (known != here->entries.end() && known->second == entry)
-                found.emplace_back(name.second);
+    const std::string_view wanted = sectionPath(path);
+    const std::uint32_t scope = index().names.find({0, {}, wanted});
+    for (const pugi::xml_node section : xml_.root().children(kSection)) {
+        const auto here = attributeOf(section, kPath);
+        if (!here || sectionPath(*here) != wanted)
+            continue;
+        for (const pugi::xml_node entry : section) {
+            const std::string_view name = entry.attribute(kName).value();
+            const std::uint32_t number = index().names.find({scope, type, name});
+            if (number != 0 && index().elements[number - 1] == entry)
+                found.emplace_back(name);
         }
     }
     return found;
-}
-
-void ConfigurationDocument::writeValue(const std::string& path, const std::string& key,
-                                       const std::string& value) {
-    xmlNode* entry = obtain(path, {}, key, kValue);
-    while (xmlNode* item = xml::firstChild(entry, kItem))
-        xml::removeElement(item);
-    xml::writeText(entry, value);
-}
-
-void ConfigurationDocument::writeList(const std::string& path, const std::string& key, const Values& values) {
-    xmlNode* entry = obtain(path, {}, key, kList);
-    xmlNode* item = xml::firstChild(entry, kItem);
-    if (!item)
-        xml::writeText(entry, {});
-    for (const std::string& value : values) {
-        xml::writeText(item ? item : xml::appendElement(entry, kItem), value);
-        item = item ? xml::nextSibling(item, kItem) : nullptr;
-    }
-    while (item) {
-        xmlNode* next = xml::nextSibling(item, kItem);
-        xml::removeElement(item);
-        item = next;
-    }
-}
-
-void ConfigurationDocument::removeKey(const std::string& path, const std::string& key) {
-    remove(path, {{}, key});
-}
-
-void ConfigurationDocument::writeGroup(const std::string& path, const std::string& type,
-                                       const std::string& key, const Attributes& attributes) {
-    xmlNode* group = obtain(path, type, key, kGroup);
-    xml::removeAttribute(group, kLocked);
-    Attributes missing = attributes;
-    for (xmlNode* item = xml::firstChild(group, kAttribute); item;) {
-        xmlNode* next = xml::nextSibling(item, kAttribute);
-        const auto wanted = missing.extract(std::string(xml::attribute(item, kName).value_or("")));
-        if (wanted) {
-            xml::removeAttribute(item, kLocked);
-            xml::removeAttribute(item, kEmpty);
-            xml::writeText(item, wanted.mapped());
-        } else {
-            xml::removeElement(item);
-        }
-        item = next;
-    }
-    for (const auto& [name, text] : missing) {
-        xmlNode* item = xml::appendElement(group, kAttribute);
-        xml::setAttribute(item, kName, name);
-        xml::writeText(item, text);
-    }
-}
-
-void ConfigurationDocument::removeGroup(const std::string& path, const std::string& type,
-                                        const std::string& key) {
-    remove(path, {type, key});
-}
-
-void ConfigurationDocument::writeAttribute(const std::string& path, const std::string& type,
-                                           const std::string& key, const std::string& name,
-                                           const std::string& text) {
-    xmlNode* group = obtain(path, type, key, kGroup);
-    xmlNode* item = attributeOf(group, name);
-    if (!item) {
-        item = xml::appendElement(group, kAttribute);
-        xml::setAttribute(item, kName, name);
-    }
-    removeOthers(item, name);
-    xml::writeText(item, text);
-    // Without a word, an empty text that is locked would be no text.
-    if (text.empty() && isLocked(item))
-        xml::setAttribute(item, kEmpty, "yes");
-    else
-        xml::removeAttribute(item, kEmpty);
-}
-
-void ConfigurationDocument::removeAttribute(const std::string& path, const std::string& type,
-                                            const std::string& key, const std::string& name) {
-    xmlNode* item = findAttribute(path, type, key, name);
-    if (!item)
-        return;
-    xmlNode* group = item->parent;
-    removeOthers(item, name);
-    xml::removeElement(item);
-    if (!isLocked(group) && !xml::hasContent(group))
-        remove(path, {type, key});
 }
 
 bool ConfigurationDocument::canWithdrawKey(const std::string& path, const std::string& key,
@@ -436,164 +298,99 @@ bool ConfigurationDocument::canWithdrawKey(const std::string& path, const std::s
 bool ConfigurationDocument::canWithdrawAttribute(const std::string& path, const std::string& type,
                                                  const std::string& key, const std::string& name,
                                                  const std::string* ifSays) const {
-    const xmlNode* item = findAttribute(path, type, key, name);
-    if (!item || isLocked(item) || isLocked(item->parent))
+    const pugi::xml_node item = findAttribute(path, type, key, name);
+    if (!item || isLocked(item) || isLocked(item.parent()))
         return false;
-    std::string text;
-    readText(item, text);
-    return !ifSays || text == *ifSays;
+    std::string storage;
+    return !ifSays || textOf(item, storage) == *ifSays;
 }
 
 Orv::LockNote ConfigurationDocument::keyLockNote(const std::string& path, const std::string& key,
                                                  std::size_t item) const {
-    const xmlNode* entry = find(path, {{}, key});
-    const xmlNode* part = entry ? xml::firstChild(entry, kItem) : nullptr;
+    const pugi::xml_node entry = find(path, {}, key);
+    pugi::xml_node part = entry.child(kItem);
     for (std::size_t i = 0; part && i < item; ++i)
-        part = xml::nextSibling(part, kItem);
-    return noteFrom(part ? part : entry);
+        part = part.next_sibling(kItem);
+    return NoteView(part ? part : entry).note();
 }
 
 Orv::LockNote ConfigurationDocument::attributeLockNote(const std::string& path, const std::string& type,
                                                        const std::string& key,
                                                        const std::string& name) const {
-    const xmlNode* item = findAttribute(path, type, key, name);
-    return noteFrom(item ? item : find(path, {type, key}));
+    const pugi::xml_node item = findAttribute(path, type, key, name);
+    return NoteView(item ? item : find(path, type, key)).note();
 }
 
-std::string ConfigurationDocument::serialise() const {
-    if (!isWellWritten(tree_->encoding)) {
-        xmlFree(const_cast<xmlChar*>(tree_->encoding));
-        tree_->encoding = xmlStrdup(BAD_CAST "UTF-8");
+struct ConfigurationDocument::Indexer {
+    std::vector<pugi::xml_node>& elements;
+    std::vector<std::pair<std::uint32_t, pugi::xml_node>>& duplicates;
+
+    void section(std::string_view, std::uint32_t number, pugi::xml_node element) { put(number, element); }
+    void entry(std::string_view, std::string_view, std::uint32_t number, pugi::xml_node element) {
+        put(number, element);
     }
-    return xml::print(*tree_);
-}
+    void duplicate(std::uint32_t number, pugi::xml_node element) { duplicates.emplace_back(number, element); }
+
+    void put(std::uint32_t number, pugi::xml_node element) {
+        elements.resize(std::max<std::size_t>(elements.size(), number));
+        elements[number - 1] = element;
+    }
+};
 
 const ConfigurationDocument::Index& ConfigurationDocument::index() const {
-    if (!indexed_) {
-        indexed_ = true;
-        const xmlNode* root = xmlDocGetRootElement(tree_.get());
-        for (xmlNode* element = xml::firstChild(root, kSection); element;
-             element = xml::nextSibling(element, kSection))
-            indexSection(element);
+    if (!index_) {
+        Index& index = index_.emplace();
+        Indexer indexer{index.elements, index.duplicates};
+        visit(index.names, indexer);
     }
-    return index_;
+    return *index_;
 }
 
-void ConfigurationDocument::indexSection(xmlNode* element) const {
-    const auto path = xml::attribute(element, kPath);
-    if (!path) {
-        report(element, "<section> without a path is passed over");
-        return;
+pugi::xml_node ConfigurationDocument::find(const std::string& path, const std::string& type,
+                                           const std::string& key, const std::string* attribute) const {
+    const Edit* pending = pendingEdit(path, type, key);
+    if (pending &&
+        !(attribute && pending->kind == Edit::Kind::attributes && !pending->attributes.contains(*attribute)))
+        applyEdits();
+    const NameTable& names = index().names;
+    const std::uint32_t scope = names.find({0, {}, sectionPath(path)});
+    const std::uint32_t number = scope == 0 ? 0 : names.find({scope, type, key});
+    return number == 0 ? pugi::xml_node() : index().elements[number - 1];
+}
+
+pugi::xml_node ConfigurationDocument::findAttribute(const std::string& path, const std::string& type,
+                                                    const std::string& key, const std::string& name) const {
+    for (const pugi::xml_node item : find(path, type, key, &name).children(kAttribute)) {
+        if (attributeOf(item, kName) == name)
+            return item;
     }
-    Section& section = index_[sectionPath(*path)];
-    section.elements.push_back(element);
-    for (xmlNode* entry = xml::firstChild(element); entry; entry = xml::nextSibling(entry))
-        indexEntry(section, entry);
+    return {};
 }
 
-void ConfigurationDocument::indexEntry(Section& section, xmlNode* element) const {
-    const std::string_view kind = xml::view(element->name);
-    const bool isGroup = kind == kGroup;
-    if (!isGroup && kind != kValue && kind != kList)
-        return;
-    const auto key = xml::attribute(element, kName);
-    const auto type = isGroup ? xml::attribute(element, kType) : std::string_view();
-    if (!key || !type || (isGroup && type->empty())) {
-        report(element,
-               std::string("<").append(kind) + "> without a " + (key ? "type" : "name") + " is passed over");
-        return;
-    }
-    if (kind != kValue && xml::hasOwnText(element))
-        report(element, "text in <" + std::string(kind) + "> " + std::string(*key) +
-                            " means nothing outside of <" + (isGroup ? kAttribute : kItem) + ">");
-    const Name name{*type, *key};
-    if (!section.entries.try_emplace(name, element).second) {
-        report(element, std::string(*key) + " is given twice, the first counts");
-        section.duplicates.emplace_back(name, element);
-    }
+bool ConfigurationDocument::readText(pugi::xml_node element, std::string& storage,
+                                     std::string_view& text) const {
+    text = platform::elementText(xml_, element, storage);
+    const auto encoding = attributeOf(element, kEncoding);
+    if (!encoding)
+        return true;
+    auto decoded = *encoding == kBase64 ? platform::fromBase64(text) : std::nullopt;
+    if (!decoded)
+        return false;
+    storage = std::move(*decoded);
+    text = storage;
+    return true;
 }
 
-const ConfigurationDocument::Section* ConfigurationDocument::section(std::string_view path) const {
-    if (!recent_.isKnown || recent_.path != path) {
-        const auto found = index().find(sectionPath(path));
-        recent_.path = path;
-        recent_.section = found == index_.end() ? nullptr : &found->second;
-        recent_.isKnown = true;
-    }
-    return recent_.section;
-}
-
-const xmlNode* ConfigurationDocument::find(std::string_view path, const Name& name) const {
-    const Section* here = section(path);
-    if (!here)
-        return nullptr;
-    const auto found = here->entries.find(name);
-    return found == here->entries.end() ? nullptr : found->second;
-}
-
-xmlNode* ConfigurationDocument::findAttribute(const std::string& path, const std::string& type,
-                                              const std::string& key, const std::string& name) const {
-    return attributeOf(find(path, {type, key}), name);
-}
-
-ConfigurationDocument::Section& ConfigurationDocument::obtainSection(const std::string& path) {
-    const auto known = index().find(sectionPath(path));
-    if (known != index_.end())
-        return index_.at(known->first);
-    recent_ = {};
-    xmlNode* element = xml::appendElement(xmlDocGetRootElement(tree_.get()), kSection);
-    xml::setAttribute(element, kPath, std::string(sectionPath(path)));
-    Section& section = index_[*xml::attribute(element, kPath)];
-    section.elements.push_back(element);
-    return section;
-}
-
-xmlNode* ConfigurationDocument::obtain(const std::string& path, const std::string& type,
-                                       const std::string& key, const char* element) {
-    Section& section = obtainSection(path);
-    const auto known = section.entries.find({type, key});
-    if (known != section.entries.end()) {
-        removeDuplicates(section, {type, key});
-        if (!xml::isElement(known->second, element))
-            xmlNodeSetName(known->second, BAD_CAST element);
-        return known->second;
-    }
-    xmlNode* entry = xml::appendElement(section.elements.back(), element);
-    if (!type.empty())
-        xml::setAttribute(entry, kType, type);
-    xml::setAttribute(entry, kName, key);
-    section.entries.emplace(Name{xml::attribute(entry, kType).value_or(""), *xml::attribute(entry, kName)},
-                            entry);
-    return entry;
-}
-
-void ConfigurationDocument::remove(const std::string& path, const Name& name) {
-    static_cast<void>(index());
-    const auto here = index_.find(sectionPath(path));
-    if (here == index_.end())
-        return;
-    removeDuplicates(here->second, name);
-    if (const auto entry = here->second.entries.extract(name))
-        xml::removeElement(entry.mapped());
-}
-
-void ConfigurationDocument::removeDuplicates(Section& section, const Name& name) {
-    std::erase_if(section.duplicates, [&](const auto& duplicate) {
-        const bool isMeant = duplicate.first == name;
-        if (isMeant)
-            xml::removeElement(duplicate.second);
-        return isMeant;
-    });
-}
-
-void ConfigurationDocument::readText(const xmlNode* element, std::string& text) const {
-    if (!xml::readText(element, text))
+std::string_view ConfigurationDocument::textOf(pugi::xml_node element, std::string& storage) const {
+    std::string_view text;
+    if (!readText(element, storage, text))
         report(element,
                keyOf(element) + ": the text is not in the encoding that is named, it is taken as it stands");
+    return text;
 }
 
-bool ConfigurationDocument::isLocked(const xmlNode* element) const {
-    const auto word = xml::attribute(element, kLocked);
+bool ConfigurationDocument::isLocked(pugi::xml_node element) const {
+    const auto word = attributeOf(element, kLocked);
     if (!word)
         return false;
     const auto flag = flagOf(*word);
@@ -604,10 +401,10 @@ bool ConfigurationDocument::isLocked(const xmlNode* element) const {
     return flag.value_or(true);
 }
 
-void ConfigurationDocument::report(const xmlNode* element, std::string text) const {
+void ConfigurationDocument::report(pugi::xml_node element, std::string text) const {
     flawed_ = true;
     if (reporter_)
-        reporter_({xmlGetLineNo(element), std::move(text)});
+        reporter_({xml_.lineOf(element), std::move(text)});
 }
 
 } // namespace suite

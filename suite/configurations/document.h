@@ -1,46 +1,42 @@
 #pragma once
 
 #include "orv/locknote.h"
+#include "platform/xmldocument.h"
 #include "suite/configuration.h"
-
-#include <libxml/tree.h>
+#include "suite/configurations/nametable.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <tuple>
 #include <utility>
 #include <vector>
 
 namespace suite {
 
-/// A place in a configuration file and what is wrong there.
-struct Problem {
-    long line = 0; ///< from 1; 0 if it concerns the file as a whole
-    std::string text;
-};
+using Problem = platform::XmlProblem;
 
-/// The contents of one configuration file, `orvane.xml`. Everything that an edit does not concern is kept:
-/// comments, unknown elements and attributes, order and indentation.
+/// The contents of one configuration file, `orvane.xml`. Everything that an edit does not concern is kept to
+/// the byte. Edits are collected, and laid onto the text when someone asks for it, or for what they concern.
 ///
 /// Of several elements with the same key the first counts; an edit removes the others.
 class ConfigurationDocument {
 public:
     using Attributes = std::map<std::string, std::string>;
     using Values = std::vector<std::string>;
+    using EntryReader = Orv::IOvConfiguration::EntryReader;
     /// Told of every part of the file that cannot be taken as it stands, each time it is met.
     using Reporter = std::function<void(const Problem&)>;
 
     /// Does not say anything: what a missing file amounts to.
-    ConfigurationDocument();
+    ConfigurationDocument() = default;
 
     /// @return nothing, with `problem` filled in, if the bytes are no configuration.
-    static std::optional<ConfigurationDocument> parse(std::string_view bytes, Problem& problem);
+    static std::optional<ConfigurationDocument> parse(std::string bytes, Problem& problem);
 
     void setReporter(Reporter reporter) { reporter_ = std::move(reporter); }
 
@@ -50,11 +46,11 @@ public:
     bool readGroup(const std::string& path, const std::string& type, const std::string& key,
                    Attributes& attributes, std::map<std::string, int>& locks, bool& groupLocked) const;
     /// Whether there is a value or list, or a group, of that name.
-    bool hasKey(std::string_view path, std::string_view key) const {
-        return find(path, {{}, key}) != nullptr;
+    bool hasKey(const std::string& path, const std::string& key) const {
+        return !find(path, {}, key).empty();
     }
-    bool hasGroup(std::string_view path, std::string_view type, std::string_view key) const {
-        return find(path, {type, key}) != nullptr;
+    bool hasGroup(const std::string& path, const std::string& type, const std::string& key) const {
+        return !find(path, type, key).empty();
     }
     /// True if a value or list is locked as a whole.
     bool isKeyLocked(const std::string& path, const std::string& key) const;
@@ -64,7 +60,7 @@ public:
     Orv::LockNote attributeLockNote(const std::string& path, const std::string& type, const std::string& key,
                                     const std::string& name) const;
     /// All that the file says, as IOvConfiguration::readAll tells it.
-    void readAll(const std::function<void(const Orv::ConfigurationEntry&)>& reader) const;
+    void readAll(const EntryReader& reader) const;
     Values keys(const std::string& path) const;
     Values groups(const std::string& path, const std::string& type) const;
 
@@ -88,59 +84,67 @@ public:
     void removeAttribute(const std::string& path, const std::string& type, const std::string& key,
                          const std::string& name);
 
-    /// The text of the file. Empty if it could not be produced, which takes a lack of memory.
-    std::string serialise() const;
+    /// The text of the file, in UTF-8.
+    const std::string& serialise() const;
 
     /// True once a part of the file could not be taken as it stands.
     bool isFlawed() const { return flawed_; }
 
 private:
-    // Type word and name; the type word of values and lists is empty. All views are into the tree.
-    using Name = std::pair<std::string_view, std::string_view>;
-    struct NameHash {
-        std::size_t operator()(const Name& name) const;
+    using EntryName = std::tuple<std::string, std::string, std::string>; // section path, type word, key
+
+    /// The entries by the numbers of their names; that of a section has its last element.
+    struct Index {
+        NameTable names;
+        std::vector<pugi::xml_node> elements;
+        std::vector<std::pair<std::uint32_t, pugi::xml_node>> duplicates;
     };
-    struct Section {
-        std::vector<xmlNode*> elements;
-        std::unordered_map<Name, xmlNode*, NameHash> entries;
-        std::vector<std::pair<Name, xmlNode*>> duplicates;
+    /// What an entry is to be. A group that is there keeps what `attributes` does not name.
+    struct Edit {
+        enum class Kind { removed, value, list, group, attributes };
+
+        std::size_t turn; ///< of all edits
+        Kind kind;
+        Values values = {};
+        std::map<std::string, std::optional<std::string>> attributes = {};
     };
-    using Index = std::unordered_map<std::string_view, Section>;
-    /// The section that was asked for last, null if there is none: keys are asked for section by section.
-    struct Recent {
-        std::string path;
-        const Section* section = nullptr;
-        bool isKnown = false;
-    };
-    struct FreeTree {
-        void operator()(xmlDoc* tree) const { xmlFreeDoc(tree); }
-    };
+    class Writer;
+
+    /// Tells a visitor of each section, of each entry that counts, and of the others with its name.
+    template <typename Visitor>
+    void visit(NameTable& names, Visitor& visitor) const;
+    template <typename Visitor>
+    void visitEntry(NameTable& names, std::uint32_t scope, pugi::xml_node element, Visitor& visitor) const;
+    struct Indexer;
+    class Teller;
 
     const Index& index() const;
-    void indexSection(xmlNode* element) const;
-    void indexEntry(Section& section, xmlNode* element) const;
-    const Section* section(std::string_view path) const;
-    const xmlNode* find(std::string_view path, const Name& name) const;
-    Values names(const std::string& path, std::string_view type) const;
+    /// @param attribute where it is not null, only that one of the group is of interest.
+    pugi::xml_node find(const std::string& path, const std::string& type, const std::string& key,
+                        const std::string* attribute = nullptr) const;
+    pugi::xml_node findAttribute(const std::string& path, const std::string& type, const std::string& key,
+                                 const std::string& name) const;
+    Values names(const std::string& path, const std::string& type) const;
 
-    Section& obtainSection(const std::string& path);
-    xmlNode* obtain(const std::string& path, const std::string& type, const std::string& key,
-                    const char* element);
-    void remove(const std::string& path, const Name& name);
-    void removeDuplicates(Section& section, const Name& name);
+    std::optional<Orv::ConfigurationPart> readAttribute(NameTable& names, std::uint32_t scope,
+                                                        pugi::xml_node item, std::string& storage) const;
 
-    xmlNode* findAttribute(const std::string& path, const std::string& type, const std::string& key,
-                           const std::string& name) const;
+    const Edit* pendingEdit(const std::string& path, const std::string& type, const std::string& key) const;
+    void editAttribute(const std::string& path, const std::string& type, const std::string& key,
+                       const std::string& name, std::optional<std::string> text);
+    Edit& edit(const std::string& path, const std::string& type, const std::string& key, Edit::Kind kind);
+    void applyEdits() const;
 
-    void readText(const xmlNode* element, std::string& text) const;
-    bool isLocked(const xmlNode* element) const;
-    void report(const xmlNode* element, std::string text) const;
+    /// @return false if the encoding is unknown or the text not valid in it; the text is then as it stands.
+    bool readText(pugi::xml_node element, std::string& storage, std::string_view& text) const;
+    std::string_view textOf(pugi::xml_node element, std::string& storage) const;
+    bool isLocked(pugi::xml_node element) const;
+    void report(pugi::xml_node element, std::string text) const;
 
-    std::unique_ptr<xmlDoc, FreeTree> tree_;
+    mutable platform::XmlDocument xml_;
     Reporter reporter_;
-    mutable Index index_;
-    mutable Recent recent_;
-    mutable bool indexed_ = false;
+    mutable std::optional<Index> index_;
+    mutable std::map<EntryName, Edit> edits_;
     mutable bool flawed_ = false;
 };
 

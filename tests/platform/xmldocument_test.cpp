@@ -1,10 +1,19 @@
-#include "platform/xmldocument.h"
+#include "platform/xmleditor.h"
 
 #include <gtest/gtest.h>
 
-using platform::lineOfCrowdedElement;
+using platform::XmlDocument;
 
 namespace {
+
+using namespace std::string_literals;
+
+std::string repeated(const std::string& piece, int times) {
+    std::string text;
+    for (int i = 0; i < times; ++i)
+        text += piece;
+    return text;
+}
 
 std::string attributes(int count) {
     std::string text;
@@ -13,39 +22,113 @@ std::string attributes(int count) {
     return text;
 }
 
-std::string inUtf16(const std::string& text) {
-    std::string wide = "\xff\xfe";
-    for (const char c : text)
-        wide += {c, '\0'};
-    return wide;
-}
+struct Row {
+    const char* what;
+    std::string bytes;
+    const char* problem = ""; ///< none where it is read
+};
 
 } // namespace
 
-TEST(XmlDocument, AnElementOfManyAttributesIsFoundWhereverItHides) {
-    const std::string crowded = "<a" + attributes(2000) + "/>";
-    const struct {
-        const char* what;
-        std::string bytes;
-        long line;
-    } rows[] = {
-        {"few", "<a" + attributes(500) + "/>", 0},
-        {"plain", "\n" + crowded, 2},
-        {"in a comment only", "<!-- " + crowded + " --><a/>", 0},
-        {"behind a quote in a type's comment", "<!DOCTYPE a [<!-- it's -->]>\n" + crowded, 2},
-        {"behind a type with a quoted bracket", "<!DOCTYPE a SYSTEM \"[\">\n" + crowded, 2},
-        {"of two bytes a letter, behind a comment", inUtf16("<!-- it's -->\n" + crowded), 2},
-        {"in an encoding without the signs of a tag",
-         "<?xml version='1.0' encoding='UTF-7'?>\n+ADw-a" + attributes(2000) + "/+AD4-", 2},
-        {"in an encoding that nobody knows", "<?xml version='1.0' encoding='none'?>\n" + crowded, 2},
+TEST(XmlDocument, RefusesWithLineAndCauseWhatIsNoXmlOrNoneOfOurs) {
+    const Row rows[] = {
+        {"nothing", "", "line 1: there is no element"},
+        {"remarks only", "<!-- a -->\n", "line 2: the file ends too early"},
+        {"two roots", "<a/>\n<b/>", "line 2: there is more than one root element"},
+        {"text before", "\n x<a/>", "line 2: text stands beside the root element"},
+        {"text behind", "<a/>\nx", "line 2: text stands beside the root element"},
+        {"a section beside", "<a/><![CDATA[x]]>", "line 1: a tag is not well-formed"},
+        {"an end tag only", "</a>", "line 1: an end tag has no start tag"},
+        {"a NUL behind", "<a/>\n\0<!"s, "line 2: a control character, or none of XML, stands in the file"},
+        {"a NUL in a text", "<a>\0</a>"s, "line 1: a control character, or none of XML, stands in the file"},
+        {"a control character", "<a>\n\x1b</a>",
+         "line 2: a control character, or none of XML, stands in the file"},
+        {"one in a comment", "<a><!--\n\x01--></a>",
+         "line 2: a control character, or none of XML, stands in the file"},
+        {"one in an attribute", "<a b='\x7f\x02'/>",
+         "line 1: a control character, or none of XML, stands in the file"},
+        {"a character beyond", "<a>\xef\xbf\xbf</a>",
+         "line 1: a control character, or none of XML, stands in the file"},
+        {"a reference to a control character", "<a>&#8;</a>", "line 1: a reference is to no character"},
+        {"a reference to a surrogate", "<a b='&#xD800;'/>", "line 1: a reference is to no character"},
+        {"a reference that overflows", "<a>&#4294967361;</a>", "line 1: a reference is to no character"},
+        {"a reference without a number", "<a>&#x;</a>", "line 1: a reference is to no character"},
+        {"a reference without an end", "<a>&lt </a>", "line 1: an & begins no reference"},
+        {"an unknown entity", "<a>\n&nbsp;</a>", "line 2: the entity nbsp is not known"},
+        {"Latin letters", "<a>\xe9</a>", "line 1: a byte is no UTF-8"},
+        {"a surrogate", "<a><![CDATA[\xed\xa0\x80]]></a>", "line 1: a byte is no UTF-8"},
+        {"a name of none", "<a\xc3/>", "line 1: a byte is no UTF-8"},
+        {"an entity", "<!DOCTYPE a [\n<!-- <!ENTITY -->]><a/>",
+         "line 2: entity declarations are not allowed"},
+        {"an attribute that is declared", "<!DOCTYPE a SYSTEM '[' [\n<!ATTLIST a b (c|d) \"c\">]><a/>",
+         "line 2: attribute declarations are not allowed"},
+        {"an element that is declared", "<!DOCTYPE a [<!ELEMENT a ANY>]><a/>",
+         "line 1: a document type with an inner part is not allowed"},
+        {"a document type behind", "<a/><!DOCTYPE a>", "line 1: a document type stands in a wrong place"},
+        {"a < in an attribute", "<a b='<'/>", "line 1: a < stands in an attribute"},
+        {"an attribute twice", "<a b='1'\nc='2' b='3'/>", "line 2: an attribute is given twice"},
+        {"one of many twice", "<a" + attributes(500) + " a77=''/>", "line 1: an attribute is given twice"},
+        {"attributes side by side", "<a b=''c=''/>", "line 1: a tag is not well-formed"},
+        {"no quotes", "<a b=c/>", "line 1: an attribute has no value in quotes"},
+        {"a declaration inside", "<a>\n<?xml version='1.0'?></a>",
+         "line 2: a declaration stands elsewhere than at the start"},
+        {"one behind a blank", "\n<?XML version='1.0'?><a/>",
+         "line 2: a declaration stands elsewhere than at the start"},
+        {"a declaration without a version", "<?xml encoding='UTF-8'?><a/>",
+         "line 1: the declaration at the start is not well-formed"},
+        {"tags that cross", "<a>\n<b></a></b>", "line 2: the end of <b> is missing"},
+        {"a longer end", "<a></ab>", "line 1: the end of <a> is missing"},
+        {"the end of a section in a text", "<a>]]></a>", "line 1: ]]> stands in a text"},
+        {"hyphens in a comment", "<!-- -- --><a/>", "line 1: two hyphens stand in a comment"},
+        {"a comment without an end", "<a>\n<!-- \n", "line 2: a comment is not ended"},
+        {"an end in a tag", "<a>\n<b c='", "line 2: the file ends inside of <a>"},
+        {"an end in a text", "<a>\nb", "line 2: the file ends inside of <a>"},
+        {"too deep", repeated("<a>", 256) + repeated("</a>", 256), "line 1: elements are nested too deeply"},
+        {"too crowded", "\n<a" + attributes(1001) + "/>", "line 2: too many attributes"},
+        {"half a letter", "\xff\xfe<\0a\0/\0>"s, "line 1: something is no UTF-16"},
+        {"half a pair", "\xfe\xff\0<\0a\0\n\xd8\0\0/\0>"s, "line 2: something is no UTF-16"},
+        {"another encoding", "<?xml version='1.0' encoding='KOI8-R'?><a/>",
+         "line 1: the encoding KOI8-R is not read, but UTF-8, UTF-16 and ISO-8859-1 are"},
+
+        {"deep", repeated("<a>", 255) + repeated("</a>", 255)},
+        {"crowded", "<a" + attributes(1000) + "/>"},
+        {"whatever may stand there", "\xef\xbb\xbf<?xml version=\"1.1\" encoding='utf-8' standalone='no' "
+                                     "?><!-- - --><!DOCTYPE a PUBLIC \"x>\" "
+                                     "'y'><?p ? ]]> -- <?><a\t\xc3\xa9 = '>\"' b=\"'\n\" ><![CDATA[<&]] "
+                                     "]]>&#x10FFFF;&apos;></a ><?q?>\n"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(lineOfCrowdedElement(row.bytes), row.line) << row.what;
+    for (const Row& row : rows) {
+        platform::XmlProblem problem;
+        const bool isRead = XmlDocument::parse(row.bytes, problem).has_value();
+        EXPECT_EQ(isRead ? "" : located(problem), row.problem) << row.what;
+    }
 }
 
-TEST(XmlDocument, DeclaredAttributesAreRefused) {
-    std::string reason;
-    EXPECT_FALSE(platform::parseXml("<!DOCTYPE a [\n<!ATTLIST a b (c|d) \"c\">]><a/>", 0, &reason));
-    EXPECT_EQ(reason, "line 2: attribute declarations are not allowed");
-    EXPECT_TRUE(platform::parseXml("<!DOCTYPE a [<!ENTITY b 'c'>]><a/>", 0, &reason)) << reason;
+TEST(XmlDocument, GivesTextsToTheByteAndLinesAndEnds) {
+    platform::XmlProblem problem;
+    const auto document = XmlDocument::parse("<r>\r\n<v a='x\r\n\ty&#10;'> 1\r\n2\r3&#13; </v>\n<v> <!-- a\n "
+                                             "--> <![CDATA[<\r\n]]><w>no</w>&gt; </v><v>"
+                                             " </v>\n<v/></r>",
+                                             problem);
+    ASSERT_TRUE(document) << located(problem);
+    const struct {
+        std::string text;
+        long line;
+        std::string whole;
+    } rows[] = {
+        {" 1\n2\n3\r ", 2, "v a='x\r\n\ty&#10;'> 1\r\n2\r3&#13; </v>"},
+        {"  <\n> ", 5, "v> <!-- a\n --> <![CDATA[<\r\n]]><w>no</w>&gt; </v>"},
+        {" ", 7, "v> </v>"},
+        {"", 8, "v/>"},
+    };
+    pugi::xml_node element = document->root().child("v");
+    EXPECT_EQ(platform::attributeOf(element, "a"), "x  y\n");
+    for (const auto& row : rows) {
+        std::string storage;
+        EXPECT_EQ(elementText(*document, element, storage), row.text);
+        EXPECT_EQ(document->lineOf(element), row.line) << row.whole;
+        const auto extent = document->extentOf(element);
+        EXPECT_EQ(document->text().substr(extent.name, extent.end - extent.name), row.whole);
+        element = element.next_sibling("v");
+    }
 }

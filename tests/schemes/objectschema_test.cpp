@@ -117,6 +117,8 @@ TEST_F(ObjectSchema, RefusesWhatIsNoDocumentAndSaysWhy) {
         {"entities that grow",
          "<!DOCTYPE a [<!ENTITY b \"" + std::string(1000, 'x') + "\"><!ENTITY c \"" +
              "&b;&b;&b;&b;&b;&b;&b;&b;\"><!ENTITY d \"&c;&c;&c;&c;\">]><a c=\"&d;&e;\"/>"},
+        {"an entity from outside",
+         "<!DOCTYPE a [<!ENTITY e SYSTEM \"file://" + secret + "\">]><a><schema><ict>&e;</ict></schema></a>"},
         {"an element of many attributes", "<a><schema>" + crowdedElement(100'000) + "</schema></a>"},
         {"a long attribute", "<a><schema b=\"" + std::string(11'000'000, 'x') + "\"/></a>"},
     };
@@ -130,15 +132,9 @@ TEST_F(ObjectSchema, RefusesWhatIsNoDocumentAndSaysWhy) {
     }
     for (std::size_t length = 0; length < document.size(); ++length) {
         CObjectSchema schema;
-        EXPECT_FALSE(schema.parse(std::string_view(document).substr(0, length))) << length;
+        EXPECT_FALSE(schema.parse(document.substr(0, length))) << length;
         EXPECT_EQ(schema.item("ict", "NET"), nullptr);
     }
-
-    CObjectSchema outside;
-    ASSERT_TRUE(outside.parse("<!DOCTYPE a [<!ENTITY e SYSTEM \"file://" + secret +
-                              "\"><!ENTITY f \"0x1\">]><a><schema><ict>&e;<item name=\"A\" color=\"&f;\"/>" +
-                              "</ict></schema></a>"));
-    EXPECT_EQ(outside.item("ict", "A")->color, "") << "no entity is expanded";
 }
 
 TEST_F(ObjectSchema, TellsAMissingFileFromOneThatCannotBeRead) {

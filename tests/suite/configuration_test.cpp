@@ -148,6 +148,14 @@ std::string framed(const std::string& content) {
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<configuration>\n" + content + "</configuration>\n";
 }
 
+/// With its mark.
+std::string inUtf16(const std::string& text) {
+    std::string wide = "\xff\xfe";
+    for (const char16_t unit : QString::fromStdString(text).toStdU16String())
+        wide += {static_cast<char>(unit & 0xff), static_cast<char>(unit >> 8)};
+    return wide;
+}
+
 TEST_F(ConfigurationFile, KeepsWhatAnEditDoesNotConcern) {
     const EditCase kCases[] = {
         {"a new file", std::nullopt,
@@ -275,17 +283,34 @@ TEST_F(ConfigurationFile, KeepsWhatAnEditDoesNotConcern) {
          "<configuration><section path=\"Orvane/SETTINGS\"><value "
          "name=\"A\">\xe9</value></section></configuration>\n",
          [](IOvConfiguration& c) { c.writeValue(kPath, "B", "é€"); },
-         "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n"
-         "<configuration><section path=\"Orvane/SETTINGS\"><value name=\"A\">\xe9</value>\n"
-         "  <value name=\"B\">\xe9&#8364;</value>\n"
+         "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+         "<configuration><section path=\"Orvane/SETTINGS\"><value name=\"A\">é</value>\n"
+         "  <value name=\"B\">é€</value>\n"
          "</section></configuration>\n"},
-        // What is written in such an encoding would be damaged.
-        {"a file in an encoding for mail",
-         "<?xml version=\"1.0\" encoding=\"UTF-7\"?>\n<configuration>\n<section path=\"Orvane/SETTINGS\">\n"
-         "<value name=\"A\">+AOk-</value>\n</section>\n</configuration>\n",
+        {"a file of two bytes a letter, with the other kind of line ends",
+         inUtf16("<?xml version='1.0' encoding='UTF-16'?>\r\n<configuration>\r\n<!-- € 𝄞 -->\r\n"
+                 "<section path='Orvane/SETTINGS'/>\r\n</configuration>\r\n"),
          [](IOvConfiguration& c) { c.writeValue(kPath, "C", "1"); },
-         "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<configuration>\n<section path=\"Orvane/SETTINGS\">\n"
-         "<value name=\"A\">\xc3\xa9</value>\n<value name=\"C\">1</value>\n</section>\n</configuration>\n"},
+         "<?xml version='1.0' encoding='UTF-8'?>\r\n<configuration>\r\n<!-- € 𝄞 -->\r\n"
+         "<section path='Orvane/SETTINGS'>\r\n  <value name=\"C\">1</value>\r\n</section>\r\n"
+         "</configuration>\r\n"},
+        {"what somebody has laid out by hand",
+         framed("<section  note = 'a&#x20;b'\tpath='Orvane/SETTINGS' >\n\n<value locked='no'\n   name = 'A' >"
+                "1<!-- why -->2<?who me?></value  >\n<value name='B'/>\n"
+                "<list name='L'><!-- l --><item >a</item><item>b</item></list><group type='t' name='G'\n/>\n"
+                "<value name='E' encoding = 'base64' >AQ==</value >\n</section >\n"),
+         [](IOvConfiguration& c) {
+             c.writeValue(kPath, "A", "<&>\r");
+             c.writeValue(kPath, "B", "\x01");
+             c.writeValue(kPath, "L", "v");
+             c.writeGroup(kPath, "t", "G", {{"X", "1"}});
+             c.writeValue(kPath, "E", "");
+         },
+         framed("<section  note = 'a&#x20;b'\tpath='Orvane/SETTINGS' >\n\n<value locked='no'\n   name = 'A' >"
+                "&lt;&amp;&gt;&#13;<!-- why --><?who me?></value  >\n"
+                "<value name='B' encoding=\"base64\">AQ==</value>\n"
+                "<value name='L'>v<!-- l --></value><group type='t' name='G'>\n"
+                "  <attribute name=\"X\">1</attribute>\n</group>\n<value name='E' />\n</section >\n")},
     };
     for (const EditCase& row : kCases) {
         fs::remove(file());
@@ -465,7 +490,7 @@ TEST_F(ConfigurationFile, SingleAttributesComeAndGoAlsoInAHostsConfigurationOfWh
             GroupsOnly ofGroups(real);
             steps(ofTheHost ? ofGroups : real);
         }));
-        EXPECT_EQ(contains(readFile(file()), "\"KEPT\" locked"), !ofTheHost);
+        EXPECT_EQ(contains(readFile(file()), "'KEPT' locked"), !ofTheHost);
     }
 }
 
@@ -614,9 +639,7 @@ TEST_F(ConfigurationFile, DamagedFilesAreReportedOnceAndKeptAside) {
         {"wrong root", "\n<config/>", ":2: the root element is <config>, not <configuration>"},
         {"not XML at all", "GRID_HR = 254000\n", ":1: "},
         {"not in its encoding", "<configuration>\n\n<!-- \xff -->\n</configuration>", ":3: "},
-        {"unknown encoding", "<?xml version='1.0' encoding='EBCDIC-XX'?><configuration/>", ":1: "},
-        {"wrong bytes in a rare encoding", "<?xml version='1.0' encoding='UTF-7'?><s>\xff\xfe+\xff", ""},
-        {"half of UTF-16", std::string("\xff\xfe<\0c\0o", 7), ""},
+        {"half of UTF-16", std::string("\xff\xfe<\0c\0o", 7), ":1: "},
         {"growing entities", laughs, ":1: entity declarations are not allowed"},
         {"a file of the system",
          "<!DOCTYPE configuration [\n<!ENTITY x SYSTEM "
@@ -643,6 +666,28 @@ TEST_F(ConfigurationFile, DamagedFilesAreReportedOnceAndKeptAside) {
         fs::remove(file().string() + ".damaged");
     }
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST_F(ConfigurationFile, OneInAnotherEncodingIsRefusedByItsNameAndLeftAlone) {
+    using namespace std::string_literals;
+    const std::pair<std::string, const char*> kRows[] = {
+        {"<?xml version='1.0' encoding='windows-1252'?><configuration/>", "windows-1252"},
+        {"<?xml version='1.0' encoding='UTF-16'?><configuration/>", "UTF-16 without its mark"},
+        {"<\0c\0o\0"s, "UTF-16 without its mark"},
+        {"\xff\xfe\0\0<\0\0\0"s, "UTF-32"},
+    };
+    for (const auto& [bytes, encoding] : kRows) {
+        writeFile(file(), bytes);
+        messages_.clear();
+        EXPECT_EQ(open(Access::read), nullptr) << encoding;
+        EXPECT_FALSE(edit([](IOvConfiguration& c) { c.writeValue(kPath, "A", "1"); })) << encoding;
+        EXPECT_EQ(readFile(file()), bytes);
+        ASSERT_EQ(messages_.size(), 2u) << "of the reading and of the save";
+        for (const std::string& message : messages_)
+            EXPECT_EQ(message, file().string() + ":1: the encoding " + encoding +
+                                   " is not read, but UTF-8, UTF-16 and ISO-8859-1 are");
+    }
+    EXPECT_EQ(entriesInDirectory(), 2u) << "the file and its lock file";
 }
 
 TEST_F(ConfigurationFile, MissingAndMisplacedThingsHaveTheirOwnAnswers) {
