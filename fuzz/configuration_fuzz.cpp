@@ -1,9 +1,9 @@
-// The reader of configuration files: what is read survives writing, and an edit changes nothing else.
+// The reader of configuration files: what is read survives writing, an edit changes nothing else, and our
+// scanner sees the elements that the parser sees.
 
 #include "fuzz/support.h"
 #include "platform/xmldocument.h"
 #include "suite/configurations/document.h"
-#include "suite/configurations/xmlprinter.h"
 
 #include <algorithm>
 
@@ -51,24 +51,48 @@ std::vector<Answer> answers(const ConfigurationDocument& document) {
     return all;
 }
 
-/// The library's own printer, which ours takes the place of.
-std::string dumped(xmlDoc& tree) {
-    xmlChar* bytes = nullptr;
-    int size = 0;
-    xmlDocDumpMemory(&tree, &bytes, &size);
-    const std::string text(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(size));
-    xmlFree(bytes);
-    return text;
+using Extents = std::vector<platform::XmlExtent>;
+
+/// Whether an element and those in it are the next ones of the scanner's, each inside of the one around it.
+void requireSameElements(const std::string& text, pugi::xml_node element, const Extents& extents,
+                         std::size_t& next) {
+    require(next < extents.size());
+    const platform::XmlExtent& extent = extents[next++];
+    const std::string_view name = element.name();
+    require(static_cast<std::size_t>(element.offset_debug()) == extent.name);
+    require(text.compare(extent.name - 1, name.size() + 1, '<' + std::string(name)) == 0);
+    require(text[extent.content - 1] == '>' && text[extent.end - 1] == '>');
+    const bool isOneTag = text[extent.end - 2] == '/' && extent.content == extent.end;
+    require(isOneTag || text.compare(extent.endTag, name.size() + 2, "</" + std::string(name)) == 0);
+    std::size_t behind = extent.content;
+    for (const pugi::xml_node child : element) {
+        if (child.type() != pugi::node_element)
+            continue;
+        const platform::XmlExtent inner = extents[next];
+        require(inner.name > behind && inner.end <= extent.endTag);
+        behind = inner.end;
+        requireSameElements(text, child, extents, next);
+    }
 }
 
-/// With the encoding that is written where a file names none.
-void requireSamePrint(std::string_view text) {
-    const platform::XmlDocument tree = platform::parseXml(text);
-    if (!tree)
-        return;
-    if (!tree->encoding)
-        tree->encoding = xmlStrdup(BAD_CAST "UTF-8");
-    require(suite::xml::print(*tree) == dumped(*tree));
+void requireSameElements(const std::string& text) {
+    Extents extents;
+    require(!platform::scanXml(text, &extents));
+    pugi::xml_document tree;
+    require(tree.load_buffer(text.data(), text.size(), pugi::parse_full, pugi::encoding_utf8));
+    std::size_t next = 0;
+    requireSameElements(text, tree.document_element(), extents, next);
+    require(next == extents.size());
+}
+
+/// How much of the shorter of two texts is in the longer one, but for one piece that was put into it.
+std::size_t kept(std::string_view a, std::string_view b) {
+    const std::size_t shorter = std::min(a.size(), b.size());
+    const auto begin =
+        static_cast<std::size_t>(std::mismatch(a.begin(), a.end(), b.begin(), b.end()).first - a.begin());
+    const auto end = static_cast<std::size_t>(
+        std::mismatch(a.rbegin(), a.rend(), b.rbegin(), b.rend()).first - a.rbegin());
+    return std::min(shorter, begin + end);
 }
 
 ConfigurationDocument reparsed(const ConfigurationDocument& document) {
@@ -76,7 +100,7 @@ ConfigurationDocument reparsed(const ConfigurationDocument& document) {
     Problem problem;
     auto again = ConfigurationDocument::parse(text, problem);
     require(again.has_value());
-    requireSamePrint(text);
+    requireSameElements(text);
     return std::move(*again);
 }
 
@@ -89,18 +113,62 @@ void requireOthersUnchanged(std::vector<Answer> before, std::vector<Answer> afte
     require(before == after);
 }
 
+/// Gives every entry another form, all at once.
+void editAll(ConfigurationDocument& document, const std::string& value) {
+    const ConfigurationDocument::Values items{value, "", value};
+    const ConfigurationDocument::Attributes attributes{{"a", value}, {"b", ""}};
+    const auto forEach = [&document](const auto& onKey, const auto& onGroup) {
+        const ConfigurationDocument asked = reparsed(document);
+        for (const std::string path : kPaths) {
+            for (const std::string& key : asked.keys(path))
+                onKey(path, key);
+            for (const std::string type : kTypes) {
+                for (const std::string& key : asked.groups(path, type))
+                    onGroup(path, type, key);
+            }
+        }
+    };
+    ConfigurationDocument::Values values;
+    std::vector<std::uint8_t> locks;
+    ConfigurationDocument::Attributes found;
+    std::map<std::string, int> foundLocks;
+    bool isLocked = false;
+    forEach([&](const auto& path, const auto& key) { document.writeList(path, key, items); },
+            [&](const auto& path, const auto& type, const auto& key) {
+                document.writeGroup(path, type, key, attributes);
+            });
+    forEach(
+        [&](const auto& path, const auto& key) {
+            require(document.readKey(path, key, values, locks) && values == items);
+            document.writeValue(path, key, value);
+        },
+        [&](const auto& path, const auto& type, const auto& key) {
+            require(document.readGroup(path, type, key, found, foundLocks, isLocked) && found == attributes);
+            document.writeAttribute(path, type, key, "c", value);
+            document.removeAttribute(path, type, key, "a");
+        });
+    forEach(
+        [&](const auto& path, const auto& key) {
+            require(document.readKey(path, key, values, locks) &&
+                    values == ConfigurationDocument::Values{value});
+        },
+        [&](const auto& path, const auto& type, const auto& key) {
+            require(document.readGroup(path, type, key, found, foundLocks, isLocked));
+            require(found == ConfigurationDocument::Attributes{{"b", ""}, {"c", value}});
+        });
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view text = fuzz::textOf(data, size);
     Problem problem;
-    auto document = ConfigurationDocument::parse(text, problem);
+    auto document = ConfigurationDocument::parse(std::string(text), problem);
     require(document.has_value() == problem.text.empty());
     if (!document) {
         require(problem.line >= 0 && problem.line <= std::ranges::count(text, '\n') + 1);
         return 0;
     }
-    requireSamePrint(text);
     bool isTold = false;
     document->setReporter([&isTold](const Problem& told) { isTold = told.line > 0 && !told.text.empty(); });
     const std::vector<Answer> before = answers(*document);
@@ -109,15 +177,23 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     const std::string path = kPaths[0];
     const std::string value(text.substr(size - std::min(size, kLongestEdit)));
+    const bool isNew = !document->hasKey(path, kEdited);
+    const std::string whole = document->serialise();
     document->writeValue(path, kEdited, value);
     ConfigurationDocument::Values values;
     std::vector<std::uint8_t> locks;
     const ConfigurationDocument edited = reparsed(*document);
     require(edited.readKey(path, kEdited, values, locks) && values == ConfigurationDocument::Values{value});
     requireOthersUnchanged(before, answers(edited), path + '#' + kEdited);
+    // A section that was one tag gets another end.
+    constexpr std::size_t kTagEnd = 2;
+    require(!isNew || kept(whole, edited.serialise()) + kTagEnd >= whole.size());
 
     document->removeKey(path, kEdited);
     require(!document->hasKey(path, kEdited));
     requireOthersUnchanged(before, answers(*document), path + '#' + kEdited);
+    require(kept(document->serialise(), edited.serialise()) == document->serialise().size());
+
+    editAll(*document, value);
     return 0;
 }

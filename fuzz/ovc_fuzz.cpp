@@ -14,7 +14,7 @@ constexpr int kMostTold = 10;
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     int told = 0;
     ovsettings::CObjectSchema schema([&told](const std::string&) { ++told; });
-    const bool isDocument = schema.parse(fuzz::textOf(data, size));
+    const bool isDocument = schema.parse(std::string(fuzz::textOf(data, size)));
     require(isDocument == schema.error().empty());
     require(told <= kMostTold && (isDocument || told == 0));
     for (const char* name : {"Net", "Annotation", "Unplaced component"}) {
@@ -23,7 +23,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                 require(isDocument && item->name == ovsettings::schemaItemName(name));
         }
     }
-    if (const auto document = platform::parseXml(fuzz::textOf(data, size)))
+    platform::XmlProblem problem;
+    if (const auto document = platform::XmlDocument::parse(std::string(fuzz::textOf(data, size)), problem))
         ovsettings::CObjectSchema::isPrinterSchema(*document);
     return 0;
 }
