@@ -41,9 +41,8 @@ CMappingGrid::~CMappingGrid() = default;
 void CMappingGrid::offerPalette() {
     std::vector<std::string> texts;
     Orv::getValues(*appConfig_, "SCREEN", texts);
-    std::vector<int> palette;
-    for (const std::string& text : texts)
-        palette.push_back(Orv::colorFromText(text));
+    std::vector<int> palette(texts.size());
+    std::ranges::transform(texts, palette.begin(), Orv::colorFromText);
     colorButton_->setPalette(std::move(palette));
 }
 

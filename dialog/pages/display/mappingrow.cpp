@@ -295,7 +295,7 @@ bool CMappingRow::opens(int column, int& value, std::size_t field) {
     return false;
 }
 
-void CMappingRow::showCell(int column, GridCellStyle style, const QString& text) {
+void CMappingRow::showCell(int column, const GridCellStyle& style, const QString& text) {
     grid_.setCellStyle(row_, column, style);
     grid_.setCellText(row_, column, text);
 }

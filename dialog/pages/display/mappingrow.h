@@ -141,7 +141,7 @@ protected:
 private:
     /// True if the field is there to be shown; otherwise its cell is closed, and so is `value`.
     bool opens(int column, int& value, std::size_t field);
-    void showCell(int column, GridCellStyle style, const QString& text);
+    void showCell(int column, const GridCellStyle& style, const QString& text);
     /// A locked cell is grey, keeps what it shows, and says who locks it.
     void showField(int column, GridCellStyle style, std::size_t field, const QString& text);
     void readColor(int column, int& color, std::size_t field);
