@@ -27,6 +27,11 @@ OVSETTINGS_API void getValues(const iAppConfiguration& appConfig, const std::str
 /// Makes the property hold this one field. On a property of several fields this drops the others.
 OVSETTINGS_API void setValue(iAppConfiguration& appConfig, const std::string& key, const std::string& value);
 
+/// A flag as it is stored.
+constexpr const char* flagText(bool on) {
+    return on ? "1" : "0";
+}
+
 /// Replaces one field; an index outside the property does nothing.
 OVSETTINGS_API void setValueAt(iAppConfiguration& appConfig, std::size_t index, const std::string& key,
                                const std::string& value);

@@ -88,11 +88,11 @@ std::vector<QWidget*> FlagBinding::controls() const {
 }
 
 std::string FlagBinding::shownFor(const std::string& text) const {
-    return flagText(text == "1");
+    return Orv::flagText(text == "1");
 }
 
 std::optional<std::string> FlagBinding::text() const {
-    return flagText(box_.isChecked());
+    return Orv::flagText(box_.isChecked());
 }
 
 ChoiceBinding::ChoiceBinding(std::string key, QGroupBox& group, std::vector<ChoiceButton> buttons,

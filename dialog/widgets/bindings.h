@@ -20,11 +20,6 @@ namespace ovsettings {
 
 class CDecimalSpinCtrl;
 
-/// A flag as it is stored.
-constexpr const char* flagText(bool on) {
-    return on ? "1" : "0";
-}
-
 /// Joins one control to one key of the application configuration: shows the value, disables the control where
 /// the key is locked, says whether the user changed it, and writes it back. The control must outlive the
 /// calls.

@@ -47,7 +47,7 @@ void showFlag(QCheckBox& box, const Orv::iAppConfiguration& appConfig, const std
 }
 
 const char* textOf(const QCheckBox& box) {
-    return box.isChecked() ? "1" : "0";
+    return Orv::flagText(box.isChecked());
 }
 
 } // namespace
@@ -123,7 +123,7 @@ bool CDisplayDialog::onApply() {
     if (!appConfig_) // opened without a configuration: there is nothing to store
         return true;
     const bool common = ui_->commonProperties->isChecked();
-    Orv::setValueAt(*appConfig_, kVisible, "ATTRIBUTE", common ? "1" : "0");
+    Orv::setValueAt(*appConfig_, kVisible, "ATTRIBUTE", Orv::flagText(common));
     Orv::setValue(*appConfig_, "PNUMSON", common ? textOf(*ui_->pinNumbers) : "0");
     Orv::setValue(*appConfig_, "RNUMSON", common ? textOf(*ui_->referenceDesignators) : "0");
     Orv::setValueAt(*appConfig_, kVisible, "LABEL", textOf(*ui_->names));

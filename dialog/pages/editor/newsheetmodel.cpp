@@ -1,6 +1,5 @@
 #include "dialog/pages/editor/newsheetmodel.h"
 
-#include "dialog/widgets/bindings.h"
 #include "store/appcfg.h"
 #include "store/numbers.h"
 #include "store/unitglue.h"
@@ -88,10 +87,10 @@ void NewSheetModel::store(Orv::iAppConfiguration& appConfig) {
     // gives his sheets no size that he never chose.
     if (selected_ >= 0)
         Orv::setValue(appConfig, kSizeKey, Orv::integerToText(std::min(selected_, kFirstBorder)));
-    Orv::setValue(appConfig, kOrientationKey, flagText(orientation_ == Orientation::portrait));
-    Orv::setValue(appConfig, kAddBorderKey, flagText(addsBorder_));
-    Orv::setValue(appConfig, kEnableBordersKey, flagText(enablesBorders_));
-    Orv::setValue(appConfig, kFirstBorderKey, flagText(enablesBorders_ && usesFirstBorder_));
+    Orv::setValue(appConfig, kOrientationKey, Orv::flagText(orientation_ == Orientation::portrait));
+    Orv::setValue(appConfig, kAddBorderKey, Orv::flagText(addsBorder_));
+    Orv::setValue(appConfig, kEnableBordersKey, Orv::flagText(enablesBorders_));
+    Orv::setValue(appConfig, kFirstBorderKey, Orv::flagText(enablesBorders_ && usesFirstBorder_));
     keep(appConfig);
 }
 

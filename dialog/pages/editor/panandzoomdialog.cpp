@@ -236,7 +236,7 @@ CPanAndZoomDialog::Flags CPanAndZoomDialog::allFlags() const {
 
 void CPanAndZoomDialog::store(const Flags& flags) {
     for (const Flag& flag : flags)
-        Orv::setValue(*appConfig_, flag.key, flagText(flag.on));
+        Orv::setValue(*appConfig_, flag.key, Orv::flagText(flag.on));
 }
 
 } // namespace ovsettings
