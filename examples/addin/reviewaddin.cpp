@@ -19,9 +19,9 @@ constexpr char kPage[] = "Review"; // the page's key in the catalogue, and its n
 constexpr char kSection[] = "ReviewAddin";
 constexpr char kReviewer[] = "Reviewer";
 
-class CReviewPage : public ovsettings::CPropDialogTemplateEx {
+class ReviewPage : public ovsettings::CPropDialogTemplateEx {
 public:
-    explicit CReviewPage(QWidget* parent) : CPropDialogTemplateEx(1, parent) { name = kPage; }
+    explicit ReviewPage(QWidget* parent) : CPropDialogTemplateEx(1, parent) { name = kPage; }
 
     void setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) override {
         project_ = projectConfig ? projectConfig->projectFile : nullptr;
@@ -71,7 +71,7 @@ public:
 
 class Factory : public ovsettings::CFactoryEx {
 public:
-    Factory() { addPage<CReviewPage>(kPage); }
+    Factory() { addPage<ReviewPage>(kPage); }
     Orv::IUpdater* getUpdater() override { return &updater_; }
 
 private:

@@ -15,9 +15,9 @@ namespace {
 constexpr char kClassId[] = "{6D1F0C52-8E5B-4C57-9A3E-2B7D54E0A911}";
 constexpr char kPage[] = "Unit in use";
 
-class CUnitPage : public ovsettings::CPropDialogTemplateEx {
+class UnitPage : public ovsettings::CPropDialogTemplateEx {
 public:
-    explicit CUnitPage(QWidget* parent) : CPropDialogTemplateEx(2, parent) { name = kPage; }
+    explicit UnitPage(QWidget* parent) : CPropDialogTemplateEx(2, parent) { name = kPage; }
 
     void setAppConfiguration(Orv::iAppConfiguration* appConfig) override { appConfig_ = appConfig; }
 
@@ -44,7 +44,7 @@ private:
 
 class Component : public ovsettings::IComponent, public ovsettings::ISettingsPageComponent {
 public:
-    Component() { factory_.addPage<CUnitPage>(kPage); }
+    Component() { factory_.addPage<UnitPage>(kPage); }
 
     void* QueryInterface(const char* interfaceId) override {
         const bool isMine = std::strcmp(interfaceId, ISettingsPageComponent::kInterfaceId) == 0;

@@ -201,7 +201,7 @@ TEST_F(FontPage, WritesAScaleFactorAsItStandsIfItBeginsWithAPositiveNumber) {
     CFontDialog& page = open<CFontDialog>();
     EXPECT_TRUE(page.onApply());
     EXPECT_EQ(stored("SCALEFACTOR"), Texts{noUtf8}) << "left alone";
-    auto& factor = *find<ovsettings::CScaleFactorEdit>(window_, "Scale factor");
+    auto& factor = *find<ovsettings::ScaleFactorEdit>(window_, "Scale factor");
     const std::pair<const char*, const char*> rows[] = {
         {"1.5", "1.5"}, {"0", "1.5"},   {"-1", "1.5"},      {"wide", "1.5"},
         {"", "1.5"},    {"1,5", "1,5"}, {"1e-50", "1e-50"}, {" 2x", " 2x"},

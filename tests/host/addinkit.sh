@@ -40,6 +40,6 @@ cat >"$work/home/standard/settings.xml" <<END
 END
 "$work/prefix/bin/orvane-settings" --home "$work/home" --wdir "$work/user;$work/home/standard" \
     --project "$work/home/samples/motorcontroller/motorcontroller.prj" tour "$work/tour"
-for page in CReviewPage CUnitPage; do
+for page in ReviewPage UnitPage; do
     grep -q "$page" "$work/tour/summary.txt" || { echo "no $page:"; cat "$work/tour/summary.txt"; exit 1; }
 done

@@ -18,21 +18,21 @@ constexpr int kShownDigits = 10;
 
 } // namespace
 
-CScaleFactorEdit::CScaleFactorEdit(QWidget* parent) : QAbstractSpinBox(parent) {
+ScaleFactorEdit::ScaleFactorEdit(QWidget* parent) : QAbstractSpinBox(parent) {
     setFocusPolicy(Qt::StrongFocus);
     setKeyboardTracking(false);
 }
 
-void CScaleFactorEdit::setText(const QString& text) {
+void ScaleFactorEdit::setText(const QString& text) {
     lineEdit()->setText(text);
 }
 
-QSize CScaleFactorEdit::sizeHint() const {
+QSize ScaleFactorEdit::sizeHint() const {
     const int digits = fontMetrics().horizontalAdvance(QString(kShownDigits, QLatin1Char('0')));
     return QAbstractSpinBox::sizeHint() + QSize(digits, 0);
 }
 
-void CScaleFactorEdit::stepBy(int steps) {
+void ScaleFactorEdit::stepBy(int steps) {
     const float present = Orv::floatFromText(toUtf8(text()));
     const float stepped = present + static_cast<float>(steps) * kStep;
     // A factor beyond the arrows' limits was typed, and does not jump back to them.
@@ -42,7 +42,7 @@ void CScaleFactorEdit::stepBy(int steps) {
     selectAll();
 }
 
-QAbstractSpinBox::StepEnabled CScaleFactorEdit::stepEnabled() const {
+QAbstractSpinBox::StepEnabled ScaleFactorEdit::stepEnabled() const {
     return isReadOnly() ? StepNone : StepUpEnabled | StepDownEnabled;
 }
 

@@ -6,11 +6,11 @@ namespace ovsettings {
 
 /// A text field for a factor with arrows that step it. Any text may be typed and stays as it is; only the
 /// arrows write a number, in the form in which it is stored.
-class CScaleFactorEdit : public QAbstractSpinBox {
+class ScaleFactorEdit : public QAbstractSpinBox {
     Q_OBJECT
 
 public:
-    explicit CScaleFactorEdit(QWidget* parent = nullptr);
+    explicit ScaleFactorEdit(QWidget* parent = nullptr);
 
     void setText(const QString& text);
 
