@@ -15,7 +15,7 @@
 namespace {
 
 constexpr char kAliases[] = "OV_LIBRARY_ALIASES";
-constexpr char kBlank[] = " ";
+constexpr char kSpace[] = " ";
 
 /// The spelling in which two locations are compared.
 std::string comparable(std::string_view text) {
@@ -53,8 +53,8 @@ std::string ZECFindAlias(const std::string& path) {
         const auto equals = entry.find('=');
         if (equals == std::string_view::npos)
             continue;
-        const std::string name(platform::trim(entry.substr(0, equals), kBlank));
-        const std::string_view location = platform::trim(entry.substr(equals + 1), kBlank);
+        const std::string name(platform::trim(entry.substr(0, equals), kSpace));
+        const std::string_view location = platform::trim(entry.substr(equals + 1), kSpace);
         const bool counts = ZECIsValidAlias(name) && !location.empty();
         if (counts && isSameLocation(comparable(location), wanted))
             return name;

@@ -19,7 +19,6 @@ namespace suite {
 namespace {
 
 constexpr char kFileName[] = "location.map";
-constexpr std::string_view kBlanks = " \t\r\n";
 /// A project's and those of a list of working directories.
 constexpr std::size_t kMostKept = 16;
 
@@ -101,7 +100,7 @@ LocationMapFile::LocationMapFile(std::string text, std::string path, std::string
         rest.remove_prefix(platform::kByteOrderMark.size());
     for (int number = 1; !rest.empty(); ++number) {
         const auto size = std::min(rest.find('\n'), rest.size() - 1) + 1;
-        const bool understood = addLine(platform::trim(rest.substr(0, size), kBlanks));
+        const bool understood = addLine(platform::trim(rest.substr(0, size), platform::kLineBlanks));
         if (!understood && firstBadLine_ == 0)
             firstBadLine_ = number;
         rest.remove_prefix(size);
@@ -113,9 +112,9 @@ bool LocationMapFile::addLine(std::string_view line) {
         return true;
     const auto nameEnd = std::min(line.find_first_of(" \t="), line.size());
     const std::string_view name = line.substr(0, nameEnd);
-    std::string_view value = platform::trim(line.substr(nameEnd), kBlanks);
+    std::string_view value = platform::trim(line.substr(nameEnd), platform::kLineBlanks);
     if (value.starts_with('='))
-        value = platform::trim(value.substr(1), kBlanks);
+        value = platform::trim(value.substr(1), platform::kLineBlanks);
     value = unquoted(value);
     if (name.size() <= 1 || name.front() != '$' || !platform::isBareName(name) || value.empty())
         return false;

@@ -3,6 +3,7 @@
 #include "platform/asciicase.h"
 #include "platform/paths.h"
 #include "platform/profileview.h"
+#include "platform/trim.h"
 #include "suite/files/errorlog.h"
 #include "suite/files/numberedlist.h"
 #include "suite/files/textfile.h"
@@ -51,12 +52,11 @@ std::optional<std::string> findRepeated(std::span<const Entry> entries) {
 
 /// Whether a content may be that of a file with such sections: it has one of them, or nothing.
 bool mayBeOfKind(const ProfileDocument& content, MergedFile::Sections sections) {
-    constexpr std::string_view kBlank = " \t\r\n";
     const std::string text = content.text();
     const std::size_t start =
         text.starts_with(platform::kByteOrderMark) ? platform::kByteOrderMark.size() : 0;
     const std::vector<std::string> names = content.sectionNames();
-    return text.find_first_not_of(kBlank, start) == std::string::npos ||
+    return text.find_first_not_of(platform::kLineBlanks, start) == std::string::npos ||
            std::ranges::find_first_of(names, sections, platform::equalsWithoutCase) != names.end();
 }
 
