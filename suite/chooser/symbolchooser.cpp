@@ -100,7 +100,30 @@ SymbolChooser::SymbolChooser(Content content, QWidget* owner)
     resize(wanted.boundedTo(screen()->availableSize() * 0.9));
 }
 
+// In the order in which Tab goes through them.
 void SymbolChooser::createControls() {
+    QLayout* filters = createFilters();
+    createProblemLine();
+    auto* splitter = new QSplitter(this);
+    splitter->addWidget(createList());
+    splitter->addWidget(preview_ = new SymbolPreview(this));
+    splitter->setChildrenCollapsible(false);
+    splitter->setStretchFactor(0, 1);
+    splitter->setStretchFactor(1, 1);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    ok_ = buttons->button(QDialogButtonBox::Ok);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(filters);
+    layout->addWidget(problemLine_);
+    layout->addWidget(splitter, 1);
+    layout->addWidget(buttons);
+    filter_->setFocus();
+}
+
+QLayout* SymbolChooser::createFilters() {
     filter_ = new QLineEdit(this);
     filter_->setClearButtonEnabled(true);
     filter_->setMinimumWidth(fontMetrics().averageCharWidth() * 18);
@@ -112,6 +135,16 @@ void SymbolChooser::createControls() {
     category_->setFocusPolicy(Qt::StrongFocus);
     category_->installEventFilter(this);
 
+    auto* layout = new QHBoxLayout;
+    layout->addWidget(makeCaption(tr("&Filter:"), filter_, this));
+    layout->addWidget(filter_, 1);
+    layout->addSpacing(style()->pixelMetric(QStyle::PM_LayoutHorizontalSpacing));
+    layout->addWidget(makeCaption(tr("C&ategory:"), category_, this));
+    layout->addWidget(category_, 1);
+    return layout;
+}
+
+void SymbolChooser::createProblemLine() {
     problemLine_ = new QWidget(this);
     auto* sign = new QLabel(problemLine_);
     const int extent = style()->pixelMetric(QStyle::PM_SmallIconSize);
@@ -122,6 +155,13 @@ void SymbolChooser::createControls() {
     problem_->setWordWrap(true);
     problem_->setAccessibleName(tr("Problem"));
 
+    auto* layout = new QHBoxLayout(problemLine_);
+    layout->setContentsMargins({});
+    layout->addWidget(sign, 0, Qt::AlignTop);
+    layout->addWidget(problem_, 1);
+}
+
+QWidget* SymbolChooser::createList() {
     // A table asks nothing of the rows that are out of sight; a list view lays out each of them at every key.
     list_ = new QTableView(this);
     list_->setModel(model_);
@@ -138,45 +178,17 @@ void SymbolChooser::createControls() {
     list_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     list_->installEventFilter(this);
-    auto* listPart = new QWidget(this);
-    count_ = new QLabel(listPart);
+    auto* part = new QWidget(this);
+    count_ = new QLabel(part);
     count_->setTextFormat(Qt::PlainText);
     count_->setWordWrap(true);
 
-    preview_ = new SymbolPreview(this);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    ok_ = buttons->button(QDialogButtonBox::Ok);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-
-    auto* top = new QHBoxLayout;
-    top->addWidget(makeCaption(tr("&Filter:"), filter_, this));
-    top->addWidget(filter_, 1);
-    top->addSpacing(style()->pixelMetric(QStyle::PM_LayoutHorizontalSpacing));
-    top->addWidget(makeCaption(tr("C&ategory:"), category_, this));
-    top->addWidget(category_, 1);
-    auto* problemLayout = new QHBoxLayout(problemLine_);
-    problemLayout->setContentsMargins({});
-    problemLayout->addWidget(sign, 0, Qt::AlignTop);
-    problemLayout->addWidget(problem_, 1);
-    auto* listLayout = new QVBoxLayout(listPart);
-    listLayout->setContentsMargins({});
-    listLayout->addWidget(makeCaption(tr("&Symbols:"), list_, listPart));
-    listLayout->addWidget(list_);
-    listLayout->addWidget(count_);
-    auto* splitter = new QSplitter(this);
-    splitter->addWidget(listPart);
-    splitter->addWidget(preview_);
-    splitter->setChildrenCollapsible(false);
-    splitter->setStretchFactor(0, 1);
-    splitter->setStretchFactor(1, 1);
-    auto* layout = new QVBoxLayout(this);
-    layout->addLayout(top);
-    layout->addWidget(problemLine_);
-    layout->addWidget(splitter, 1);
-    layout->addWidget(buttons);
-
-    filter_->setFocus();
+    auto* layout = new QVBoxLayout(part);
+    layout->setContentsMargins({});
+    layout->addWidget(makeCaption(tr("&Symbols:"), list_, part));
+    layout->addWidget(list_);
+    layout->addWidget(count_);
+    return part;
 }
 
 void SymbolChooser::fillCategories(const QString& title) {

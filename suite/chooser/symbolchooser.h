@@ -13,6 +13,7 @@
 class QComboBox;
 class QKeyEvent;
 class QLabel;
+class QLayout;
 class QLineEdit;
 class QPushButton;
 class QTableView;
@@ -50,6 +51,9 @@ private:
     };
 
     void createControls();
+    QLayout* createFilters();
+    void createProblemLine();
+    QWidget* createList();
     void fillCategories(const QString& title);
     void showCategory();
     void listPartitions();
