@@ -15,22 +15,14 @@ namespace fs = std::filesystem;
 using testing::Test;
 using namespace testsupport;
 
-constexpr const char* kSite = R"(<?xml version="1.0"?>
-<configuration>
-  <section path="Orvane/SETTINGS">
-    <value name="ROUTE" locked="yes">1</value>
-    <value name="SHEETSIZE">6</value>
-    <list name="PROPERTIES_TOOLTIP" locked="yes"><item>REFDES</item><item>VALUE</item></list>
-  </section>
-  <section path="Orvane/OBJECTS">
-    <group type="object" name="NET"><attribute name="COLOR" locked="yes">0x00c000</attribute></group>
-  </section>
-</configuration>
-)";
-
 class Commands : public Test {
 protected:
-    Commands() { writeFile(installation.site() / "orvane.xml", kSite); }
+    Commands() {
+        writeLevel(installation.site(),
+                   setting("ROUTE", "1", true) + setting("SHEETSIZE", "6") +
+                       list("Orvane/SETTINGS", "PROPERTIES_TOOLTIP", {"REFDES", "VALUE"}, 2) +
+                       object("NET", attribute("COLOR", "0x00c000", true)));
+    }
 
     fs::path userFile() const { return installation.user() / "orvane.xml"; }
 
@@ -221,9 +213,8 @@ TEST_F(Commands, NoTerminalObeysWhatAFileOrANameSaysAndAPipeGetsItAsItIs) {
     const std::string acting = "\x1b[2J\x9b\u009b\u202e\nEND\x7f";
     const std::string shown = "?[2J????END?";
     const auto base64 = QByteArray::fromStdString(acting).toBase64().toStdString();
-    writeFile(userFile(), R"(<configuration><section path="Orvane/SETTINGS"><value name="LANGUAGE" )"
-                          R"(encoding="base64">)" +
-                              base64 + "</value></section></configuration>");
+    writeLevel(installation.user(),
+               section("Orvane/SETTINGS", "<value name='LANGUAGE' encoding='base64'>" + base64 + "</value>"));
     writeFile(installation.home() / "odd.scm", "SCHEME " + acting.substr(0, acting.find('\n')) + "\n");
     const std::string odd = (installation.user() / acting).string();
     const std::string levels =

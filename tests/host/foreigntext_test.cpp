@@ -5,6 +5,7 @@
 #include "ovsettings/updatehost.h"
 #include "suite/openproject.h"
 #include "tests/host/hostdialog.h"
+#include "tests/support/configurationtext.h"
 
 #include <QtWidgets/QTreeWidgetItemIterator>
 
@@ -25,14 +26,12 @@ protected:
         for (const ovsettings::PageReport& page : ovsettings::kPageReports)
             dialogs += entry(page.pageKey, "internal");
         catalogue(dialogs + entry("designs", "projects"));
-        const std::string note =
-            " reason=\"" + asXml(kActingText) + "\" contact=\"" + asXml(kActingText) + "\">";
-        writeFile(directory_ / "orvane.xml",
-                  "<configuration><section path='Orvane/SETTINGS'" + note +
-                      "<value name='GRID_HR' locked='yes'>254000</value><value name='GRID_HR'/>"
-                      "<value name='BOXSIZE_HR' locked='yes'>254000</value></section>"
-                      "<section path='Orvane/OBJECTS'" +
-                      note + "<group type='object' name='NET' locked='yes'/></section></configuration>");
+        const LockNotes notes{asXml(kActingText), asXml(kActingText)};
+        writeLevel(directory_, section("Orvane/SETTINGS",
+                                       settingValue("GRID_HR", "254000", true) + settingValue("GRID_HR", "") +
+                                           settingValue("BOXSIZE_HR", "254000", true),
+                                       notes) +
+                                   object("NET", "", true, notes));
         writeFile(installation_.user() / "scripts.ini", "[PlanDraw]\nForm#0=" + kActingText + "\n");
         openProject();
         testing::internal::CaptureStderr();

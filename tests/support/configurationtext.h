@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,18 +12,31 @@ namespace testsupport {
 
 // The texts of configuration files, in parts that stand behind one another.
 
+/// Why a section's locks are there, and whom to ask.
+struct LockNotes {
+    std::string reason;
+    std::string contact;
+};
+
 /// One `<section>` of a configuration file.
-inline std::string section(const std::string& path, const std::string& content) {
-    return "<section path=\"" + path + "\">" + content + "</section>";
+inline std::string section(const std::string& path, const std::string& content,
+                           const std::optional<LockNotes>& notes = std::nullopt) {
+    const std::string marks =
+        notes ? " reason=\"" + notes->reason + "\" contact=\"" + notes->contact + "\"" : "";
+    return "<section path=\"" + path + "\"" + marks + ">" + content + "</section>";
 }
 
 inline std::string lockMark(bool locked) {
     return locked ? " locked=\"yes\"" : "";
 }
 
+/// One `<value>` of a section.
+inline std::string settingValue(const std::string& key, const std::string& text, bool locked = false) {
+    return "<value name=\"" + key + "\"" + lockMark(locked) + ">" + text + "</value>";
+}
+
 inline std::string setting(const std::string& key, const std::string& text, bool locked = false) {
-    return section("Orvane/SETTINGS",
-                   "<value name=\"" + key + "\"" + lockMark(locked) + ">" + text + "</value>");
+    return section("Orvane/SETTINGS", settingValue(key, text, locked));
 }
 
 /// @param lockedItems how many of the items, from the first, are locked.
@@ -39,9 +53,12 @@ inline std::string attribute(const std::string& name, const std::string& text, b
 }
 
 /// The group of an object.
-inline std::string object(const std::string& key, const std::string& attributes, bool locked = false) {
-    return section("Orvane/OBJECTS", "<group type=\"object\" name=\"" + key + "\"" + lockMark(locked) + ">" +
-                                         attributes + "</group>");
+inline std::string object(const std::string& key, const std::string& attributes, bool locked = false,
+                          const std::optional<LockNotes>& notes = std::nullopt) {
+    return section("Orvane/OBJECTS",
+                   "<group type=\"object\" name=\"" + key + "\"" + lockMark(locked) + ">" + attributes +
+                       "</group>",
+                   notes);
 }
 
 /// The file of a level, with these sections.
