@@ -14,6 +14,8 @@ namespace {
 
 int runFromModule(const char* name, const Options& options, Arguments arguments) {
     const std::string file = (moduleDirectory() / DialogModule::kFile).string();
+    // Not by platform/sharedlibrary, which says nothing of a file that is missing: which one is, the user is
+    // to know.
     void* module = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
     const auto command = reinterpret_cast<DialogModule::Command>(module ? dlsym(module, name) : nullptr);
     if (!command)

@@ -5,8 +5,9 @@
 
 namespace Orv {
 
-/// The resolutions in force. The session's is `low` until the library has started; the configuration's and
-/// the exchange's begin as `high`, the legacy one is always `low`.
+/// The resolutions in force. The session's is `high` from the loading of the dialog's library on, and `low`
+/// before it, and so all along in a program that has the store alone; the configuration's and the exchange's
+/// begin as `high`, the legacy one is always `low`.
 OVSETTINGS_API void setSessionResolution(Metrics::Resolution resolution);
 OVSETTINGS_API Metrics::Resolution sessionResolution();
 OVSETTINGS_API void setConfigResolution(Metrics::Resolution resolution);
