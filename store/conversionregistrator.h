@@ -4,6 +4,7 @@
 
 #include <span>
 
+// The name is a given one. NOLINTNEXTLINE(bugprone-reserved-identifier)
 namespace Orv::Metrics::_UTImpl {
 
 /// Is told of each design object whose lengths are to be converted.

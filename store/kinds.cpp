@@ -79,6 +79,7 @@ void cutInto(std::string_view joined, std::vector<Text>& fields) {
 const KindTraits& kindTraits(int kind) {
     static const auto traits = [] {
         std::vector<KindTraits> all;
+        all.reserve(std::size(kKindRows));
         for (const auto& row : kKindRows)
             all.push_back({row.storage, row.cache, std::string(row.path), std::string(row.typeWord),
                            namesOf(row.fieldList)});

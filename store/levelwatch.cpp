@@ -9,6 +9,7 @@ namespace {
 
 std::vector<std::string> filesOf(const std::vector<std::string>& directories) {
     std::vector<std::string> files;
+    files.reserve(directories.size());
     for (const auto& directory : directories)
         files.push_back(IOvConfigurationManager::Instance().FileOf(directory));
     return files;

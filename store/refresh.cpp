@@ -34,6 +34,7 @@ void noteDifferences(const Level& before, const Level& now, Rows& rows) {
 /// Reads all levels anew. One that cannot be read keeps what it said.
 std::vector<Level> rereadLevels(const std::vector<Level>& levels) {
     std::vector<Level> now;
+    now.reserve(levels.size());
     for (const auto& level : levels)
         now.push_back(readLevel(level.directory(), level).value_or(level));
     return now;
