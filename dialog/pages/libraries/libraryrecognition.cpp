@@ -141,7 +141,7 @@ std::string baseDirectory(const std::string& projectDirectory) {
 std::string libraryLocation(const std::string& path, const std::string& base) {
     if (path.empty() || path.size() > platform::kLongestPath || platform::IsRemotePath(path))
         return path;
-    const std::string full = platform::expandHome(platform::platformPath(path));
+    std::string full = platform::expandHome(platform::platformPath(path));
     if (platform::isFull(full) || platform::hasDrive(full))
         return full;
     return platform::withoutDots((std::filesystem::path(platform::platformPath(base)) / full).string());
