@@ -32,7 +32,8 @@ std::optional<std::string> parseClassId(std::string_view text) {
 }
 
 Result<std::string> findComponent(const std::string& home, const std::string& classId) {
-    const std::string directory = MakeFilePath(home, "standard/components");
+    // Not by MakeFilePath: where there is no installation, the current directory is none either.
+    const std::string directory = home + "/standard/components";
     const auto file = resolveExisting(MakeFilePath(directory, classId, "ini"));
     if (!file)
         return std::string();
