@@ -80,7 +80,6 @@ int run(const app::CommandLine& line) {
     // What is set may be any text.
     if (const auto objection = app::misplacedOption(line.arguments); objection && line.command != "set")
         return app::misuse(*objection);
-    const app::ScopedErrorHandler handler([](const std::string& message) { platform::tell(message); });
     const int status = command->run(line.options, line.arguments);
     if (!std::cout.flush())
         return app::refuse("the output cannot be written");

@@ -159,8 +159,8 @@ int runSet(const Options& options, Arguments arguments) {
         return kDone;
     if (const auto objection = objectionToEmptiness(present, values))
         return refuse(*objection);
-    if (const auto obstacle = prepareToSave(configuration))
-        return refuse(*obstacle);
+    if (const auto ready = prepareToSave(configuration); !ready)
+        return refuse(ready.errorText());
     tellMissingDirectories(configuration);
     return store(configuration, present, values);
 }

@@ -15,6 +15,8 @@
 namespace app {
 
 namespace fs = std::filesystem;
+using platform::Error;
+using platform::Result;
 
 namespace {
 
@@ -110,7 +112,7 @@ std::string installation() {
     return path;
 }
 
-std::optional<std::string> setUpEnvironment(const Options& options) {
+Result<> setUpEnvironment(const Options& options) {
     if (options.home)
         setenv("RSR_HOME", options.home->c_str(), 1);
     else if (!std::getenv("RSR_HOME"))
@@ -121,20 +123,20 @@ std::optional<std::string> setUpEnvironment(const Options& options) {
     } else if (!std::getenv("WDIR")) {
         const std::string home = installation();
         if (auto objection = objectionToSemicolon("the user's directory", userDirectory().string()))
-            return objection;
+            return Error{.cause = *std::move(objection)};
         if (auto objection = objectionToSemicolon("the installation", home))
-            return objection;
+            return Error{.cause = *std::move(objection)};
         setenv("WDIR", defaultWorkingDirectories(home).c_str(), 1);
     }
-    return std::nullopt;
+    return {};
 }
 
-std::optional<std::string> loadConfiguration(Orv::iAppConfiguration& configuration) {
+Result<> loadConfiguration(Orv::iAppConfiguration& configuration) {
     if (const std::string home = installation(); !home.empty() && !isDirectory(home))
-        return "there is no installation: RSR_HOME names " + home + ", which is no directory";
+        return Error{.cause = "there is no installation: RSR_HOME names " + home + ", which is no directory"};
     if (configuration.load())
-        return std::nullopt;
-    return "the configuration cannot be loaded: " + reasonOfFailedLoad();
+        return {};
+    return Error{.cause = "the configuration cannot be loaded: " + reasonOfFailedLoad()};
 }
 
 std::vector<std::string> missingDirectories(const Orv::iAppConfiguration& configuration) {
@@ -152,33 +154,33 @@ void tellMissingDirectories(const Orv::iAppConfiguration& configuration) {
         refuse(line);
 }
 
-std::optional<std::string> prepareToSave(Orv::iAppConfiguration& configuration) {
+Result<> prepareToSave(Orv::iAppConfiguration& configuration) {
     const std::vector<std::string> directories = configuration.workingDirectories();
     if (directories.empty())
-        return std::nullopt;
+        return {};
     const std::string& user = directories.front();
     if (user.empty())
-        return "the first entry of WDIR is empty, so there is no user's directory to save in";
+        return Error{.cause = "the first entry of WDIR is empty, so there is no user's directory to save in"};
     if (user == userDirectory().string()) {
         std::error_code error;
         const bool isNew = fs::create_directories(user, error);
         if (error)
-            return "the user's directory " + user + " cannot be made: " + error.message();
+            return Error{.cause = "the user's directory " + user + " cannot be made: " + error.message()};
         if (isNew)
             configuration.load();
     }
     if (!isDirectory(user))
-        return "the user's directory " + user + " does not exist, so nothing could be saved";
-    return std::nullopt;
+        return Error{.cause = "the user's directory " + user + " does not exist, so nothing could be saved"};
+    return {};
 }
 
 bool openConfiguration(const Options& options, Orv::iAppConfiguration& configuration) {
-    std::optional<std::string> failure = setUpEnvironment(options);
-    if (!failure)
-        failure = loadConfiguration(configuration);
-    if (failure)
-        refuse(*failure);
-    return !failure;
+    auto ready = setUpEnvironment(options);
+    if (ready)
+        ready = loadConfiguration(configuration);
+    if (!ready)
+        refuse(ready.errorText());
+    return static_cast<bool>(ready);
 }
 
 bool openToRead(const Options& options, Orv::iAppConfiguration& configuration) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/options.h"
+#include "platform/result.h"
 
 #include <orv/appconfiguration.h>
 
@@ -15,8 +16,7 @@ namespace app {
 
 /// Puts `RSR_HOME` and `WDIR` into the environment of the process: from the options, else from the
 /// environment, else the sample installation, with the user's directory of the platform before it.
-/// @return why that cannot be, or nothing.
-std::optional<std::string> setUpEnvironment(const Options& options);
+platform::Result<> setUpEnvironment(const Options& options);
 
 /// Where the program's own modules are.
 std::filesystem::path moduleDirectory();
@@ -24,8 +24,7 @@ std::filesystem::path moduleDirectory();
 /// `RSR_HOME` as the store reads it, with forward slashes and none at its end; empty if it is not set.
 std::string installation();
 
-/// Loads the configuration. @return why that failed, or nothing.
-std::optional<std::string> loadConfiguration(Orv::iAppConfiguration& configuration);
+platform::Result<> loadConfiguration(Orv::iAppConfiguration& configuration);
 
 /// A line for each working directory that does not exist, but for the user's directory of the platform, which
 /// is made when it is needed.
@@ -35,8 +34,8 @@ void tellMissingDirectories(const Orv::iAppConfiguration& configuration);
 
 /// Makes the user's directory of the platform if it is to be saved in and missing; the configuration is then
 /// loaded anew, so that it knows that nothing is there.
-/// @return why nothing could be saved, as far as it can be told before trying, or nothing.
-std::optional<std::string> prepareToSave(Orv::iAppConfiguration& configuration);
+/// @return why nothing could be saved, as far as it can be told before trying.
+platform::Result<> prepareToSave(Orv::iAppConfiguration& configuration);
 
 /// setUpEnvironment and loadConfiguration. A failure is told. @return true if the configuration is loaded.
 bool openConfiguration(const Options& options, Orv::iAppConfiguration& configuration);

@@ -211,7 +211,7 @@ int AtomicFile::adoptAttributes(int fd) const {
     return resultOf(fchmod(fd, mode));
 }
 
-Result<> AtomicFile::moveAside(std::string_view suffix, std::string& newPath) {
+Result<std::string> AtomicFile::moveAside(std::string_view suffix) {
     const int code = checkWritable();
     if (code != 0 && code != EISDIR)
         return error("move aside", code);
@@ -222,8 +222,7 @@ Result<> AtomicFile::moveAside(std::string_view suffix, std::string& newPath) {
         candidate = plain + "." + std::to_string(number);
     if (rename(path_.c_str(), candidate.c_str()) != 0)
         return error("move aside", errno);
-    newPath = candidate;
-    return {};
+    return candidate;
 }
 
 void AtomicFile::moveBack(const std::string& newPath) const {

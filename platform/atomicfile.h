@@ -34,8 +34,8 @@ public:
 
     /// Renames what stands in the file's place to NAME.suffix, or NAME.suffix.2 and so on if that is taken. A
     /// write that follows still gives the new file the old one's mode.
-    /// @param newPath receives the new path.
-    Result<> moveAside(std::string_view suffix, std::string& newPath);
+    /// @return the new path.
+    Result<std::string> moveAside(std::string_view suffix);
 
     /// Undoes moveAside.
     void moveBack(const std::string& newPath) const;

@@ -23,8 +23,10 @@ bool areSame(const Result<std::string>& one, const Result<std::string>& other) {
 Result<FileEdited> replace(AtomicFile& file, Edited edited) {
     FileEdited done{.isWritten = true};
     if (!edited.suffixOfFormer.empty()) {
-        if (const auto moved = file.moveAside(edited.suffixOfFormer, done.former); !moved)
+        auto moved = file.moveAside(edited.suffixOfFormer);
+        if (!moved)
             return moved.error();
+        done.former = std::move(*moved);
     }
     if (const auto written = file.write(*edited.bytes); !written) {
         if (!done.former.empty())

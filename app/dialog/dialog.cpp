@@ -155,8 +155,8 @@ void openDialog(Orv::iAppConfiguration& configuration, Project& project, const O
 int runDialog(const Options& options, Arguments) {
     if (!hasScreen())
         return refuse("there is no screen to open the dialog on; the command tour works without one");
-    if (const auto failure = setUpEnvironment(options))
-        return refuse(*failure);
+    if (const auto ready = setUpEnvironment(options); !ready)
+        return refuse(ready.errorText());
     int argumentCount = 1;
     std::string name = "orvane-settings";
     char* arguments[] = {name.data(), nullptr};
@@ -165,14 +165,14 @@ int runDialog(const Options& options, Arguments) {
         QApplication::setStyle("Fusion");
 
     Orv::iAppConfiguration configuration;
-    if (const auto failure = loadConfiguration(configuration))
-        return refuse(*failure);
-    if (const auto obstacle = prepareToSave(configuration))
-        return refuse(*obstacle);
+    if (const auto loaded = loadConfiguration(configuration); !loaded)
+        return refuse(loaded.errorText());
+    if (const auto ready = prepareToSave(configuration); !ready)
+        return refuse(ready.errorText());
     tellMissingDirectories(configuration);
     Project project;
-    if (const auto failure = project.open(options))
-        return refuse(*failure);
+    if (const auto opened = project.open(options); !opened)
+        return refuse(opened.errorText());
     openDialog(configuration, project, options, std::cout);
     return kDone;
 }

@@ -8,18 +8,18 @@ namespace app {
 Project::Project() = default;
 Project::~Project() = default;
 
-std::optional<std::string> Project::open(const Options& options) {
+platform::Result<> Project::open(const Options& options) {
     if (!options.project)
-        return std::nullopt;
+        return {};
     std::string reason;
     opened_ = NProjectTools::COpenProject::open(*options.project, reason);
     if (opened_) {
         opened_->configuration().topLevelProvider = options.netlist
                                                         ? toplevelsettings::getNetlistTopLevelProvider()
                                                         : toplevelsettings::getTopLevelSettingsProvider();
-        return std::nullopt;
+        return {};
     }
-    return "the project cannot be opened: " + reason;
+    return platform::Error{.cause = "the project cannot be opened: " + reason};
 }
 
 Orv::CProjectConfiguration& Project::configuration() {

@@ -1,12 +1,11 @@
 #pragma once
 
 #include "app/options.h"
+#include "platform/result.h"
 
 #include <orv/projectconfiguration.h>
 
 #include <memory>
-#include <optional>
-#include <string>
 
 namespace NProjectTools {
 class COpenProject;
@@ -22,8 +21,8 @@ public:
     Project(const Project&) = delete;
     Project& operator=(const Project&) = delete;
 
-    /// Opens what the options name. @return why that failed, or nothing.
-    std::optional<std::string> open(const Options& options);
+    /// Opens what the options name.
+    platform::Result<> open(const Options& options);
     Orv::CProjectConfiguration& configuration();
     /// Writes the library list into the project file if the dialog has changed it. What cannot be written is
     /// told to the error handler, and tried again the next time.

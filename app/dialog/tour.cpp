@@ -198,8 +198,8 @@ int runTour(const Options& options, Arguments arguments) {
     fs::create_directories(tour.directory, error);
     if (error)
         return refuse(tour.directory.string() + " cannot be made: " + error.message());
-    if (const auto failure = setUpEnvironment(options))
-        return refuse(*failure);
+    if (const auto ready = setUpEnvironment(options); !ready)
+        return refuse(ready.errorText());
     const QTemporaryDir copy;
     if (!copy.isValid())
         return refuse("no temporary directory: " + copy.errorString().toStdString());
@@ -216,13 +216,13 @@ int runTour(const Options& options, Arguments arguments) {
         QApplication::setPalette(darkPalette());
 
     Orv::iAppConfiguration configuration;
-    const auto failure = loadConfiguration(configuration);
-    if (failure || !copied)
-        return refuse(failure.value_or("the working directories are not usable"));
+    const auto loaded = loadConfiguration(configuration);
+    if (!loaded || !copied)
+        return refuse(loaded ? "the working directories are not usable" : loaded.errorText());
     tellMissingDirectories(configuration);
     Project project;
-    if (const auto reason = project.open(options))
-        return refuse(*reason);
+    if (const auto opened = project.open(options); !opened)
+        return refuse(opened.errorText());
     const StartPage start(configuration, options);
     // A dialog may change the current directory while it is up.
     TourGuide guide(fs::absolute(tour.directory), tour.size);

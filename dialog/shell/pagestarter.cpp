@@ -1,7 +1,7 @@
 #include "dialog/shell/pagestarter.h"
 
-#include "dialog/shell/tellhost.h"
 #include "ovsettings/propertypagefactory.h"
+#include "suite/configuration.h"
 
 #include <exception>
 #include <utility>
@@ -41,7 +41,7 @@ void reportMissingPage(const std::string& pageKey) {
         cause = failure.what();
     } catch (...) {
     }
-    tellHost("OvSettings: no page " + pageKey + ": " + cause);
+    Orv::IOvConfigurationManager::Instance().ReportError("OvSettings: no page " + pageKey + ": " + cause);
 }
 
 } // namespace ovsettings

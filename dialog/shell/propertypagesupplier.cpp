@@ -1,13 +1,13 @@
 #include "dialog/shell/propertypagesupplier.h"
 
 #include "dialog/shell/internalpages.h"
-#include "dialog/shell/tellhost.h"
 #include "dialog/shell/toplevelfactory.h"
 #include "ovsettings/settingspagecomponent.h"
 #include "platform/componentregistry.h"
 #include "platform/installation.h"
 #include "platform/paths.h"
 #include "platform/trim.h"
+#include "suite/configuration.h"
 
 #include <utility>
 
@@ -15,11 +15,15 @@ namespace ovsettings {
 
 namespace {
 
+void tell(const std::string& trouble) {
+    Orv::IOvConfigurationManager::Instance().ReportError("OvSettings: " + trouble);
+}
+
 /// Loads a library of an add-in. A library that is there and cannot be loaded is told.
 platform::SharedLibrary load(const std::string& name) {
     platform::SharedLibrary library(name);
     if (!library.defect().empty())
-        tellHost("OvSettings: " + library.defect());
+        tell(library.defect());
     return library;
 }
 
@@ -30,8 +34,8 @@ bool fitsThisVersion(const platform::SharedLibrary& library, const std::string& 
     const auto version = reinterpret_cast<Version>(library.symbol("ovsettingsInterfaceVersion"));
     const int built = version ? version() : kInterfaceVersion;
     if (built != kInterfaceVersion)
-        tellHost("OvSettings: " + name + " was built for version " + std::to_string(built) +
-                 " of the add-in interface, this is version " + std::to_string(kInterfaceVersion));
+        tell(name + " was built for version " + std::to_string(built) +
+             " of the add-in interface, this is version " + std::to_string(kInterfaceVersion));
     return built == kInterfaceVersion;
 }
 
@@ -50,7 +54,7 @@ std::string betweenBrackets(const std::string& text) {
 IComponent* createComponent(const std::string& classId) {
     const auto file = platform::findComponent(platform::installationDirectory(), classId);
     if (!file)
-        tellHost("OvSettings: " + file.errorText());
+        tell(file.errorText());
     if (!file || file->empty())
         return nullptr;
     const platform::SharedLibrary library = load(*file);

@@ -1,9 +1,9 @@
 #include "dialog/shell/settingsxmlreader.h"
 
-#include "dialog/shell/tellhost.h"
 #include "dialog/widgets/messagebox.h"
 #include "platform/paths.h"
 #include "platform/readfile.h"
+#include "suite/configuration.h"
 
 #include <QtWidgets/QApplication>
 
@@ -18,7 +18,7 @@ CategoryNodes CSettingsXmlReader::read() const {
     Catalogue catalogue = readFile();
     // The box says little; whoever maintains the file needs the place.
     if (!catalogue.problem.empty())
-        tellHost(catalogue.problem);
+        Orv::IOvConfigurationManager::Instance().ReportError(catalogue.problem);
     if (catalogue.end == CatalogueEnd::noDocument)
         showMessage(QApplication::activeWindow(), QStringLiteral("File not found\n"));
     if (catalogue.end == CatalogueEnd::foreignElement)

@@ -1,6 +1,7 @@
 #include "suite/configurations/configurationmanager.h"
 
 #include "platform/paths.h"
+#include "platform/printable.h"
 #include "suite/files/errorlog.h"
 
 #include <algorithm>
@@ -99,7 +100,7 @@ std::string ConfigurationManager::FileOf(const std::string& directory) const {
 }
 
 void ConfigurationManager::ReportError(const std::string& message) {
-    errorLog().report(message);
+    errorLog().report(platform::printable(message)); // a file may have had a say in it
 }
 
 } // namespace suite

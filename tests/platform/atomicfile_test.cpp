@@ -231,10 +231,10 @@ TEST(AtomicFile, MovedAsideFilesNeverTakeEachOthersPlace) {
         writeFile(root / "file", bytes);
         chmod((root / "file").c_str(), 0600);
         AtomicFile file(root / "file");
-        std::string aside;
         ASSERT_TRUE(file.lock());
-        ASSERT_TRUE(file.moveAside("damaged", aside));
-        EXPECT_EQ(readFile(aside), bytes);
+        const auto aside = file.moveAside("damaged");
+        ASSERT_TRUE(aside);
+        EXPECT_EQ(readFile(*aside), bytes);
         ASSERT_TRUE(file.write("new"));
         EXPECT_EQ(modeOf(root / "file"), 0600u);
     }
