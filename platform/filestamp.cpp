@@ -18,23 +18,16 @@ auto parts(const struct stat& status) {
 
 } // namespace
 
-// The time of the change of its state is the one that no program sets.
-FileStamp::FileStamp(const struct stat& status)
-    : status_(status), isOfFile_(true), isSettled_(status.st_ctim.tv_sec + kCoarsestClock < time(nullptr)) {
-}
-
 FileStamp FileStamp::of(const std::string& path) {
-    struct stat status;
-    return stat(path.c_str(), &status) == 0 ? FileStamp(status) : FileStamp();
-}
-
-FileStamp FileStamp::of(int descriptor) {
-    struct stat status;
-    return fstat(descriptor, &status) == 0 ? FileStamp(status) : FileStamp();
+    FileStamp stamp;
+    stamp.code_ = stat(path.c_str(), &stamp.status_) == 0 ? 0 : errno;
+    // The time of the change of its state is the one that no program sets.
+    stamp.isSettled_ = stamp.isOfFile() && stamp.status_.st_ctim.tv_sec + kCoarsestClock < time(nullptr);
+    return stamp;
 }
 
 bool operator==(const FileStamp& one, const FileStamp& other) {
-    return one.isOfFile_ == other.isOfFile_ && parts(one.status_) == parts(other.status_);
+    return one.isOfFile() == other.isOfFile() && parts(one.status_) == parts(other.status_);
 }
 
 } // namespace platform

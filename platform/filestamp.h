@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include <cerrno>
 #include <cstddef>
 #include <string>
 
@@ -12,11 +13,11 @@ class FileStamp {
 public:
     FileStamp() = default; ///< of no file
 
-    /// @return that of no file, with `errno` set, where the system does not tell.
     static FileStamp of(const std::string& path);
-    static FileStamp of(int descriptor);
 
-    bool isOfFile() const { return isOfFile_; }
+    bool isOfFile() const { return code_ == 0; }
+    /// An `errno` value, why there is no file to tell of; 0 if there is one.
+    int code() const { return code_; }
     /// Whether whatever changes the file after this stamp was taken makes another stamp. A file that has only
     /// just been changed can be changed again within the same tick of its file system's clock: who has read
     /// it then has to read it again. So a stamp is taken before the bytes are read that it is to stand for.
@@ -24,14 +25,13 @@ public:
 
     std::size_t size() const { return static_cast<std::size_t>(status_.st_size); }
     mode_t mode() const { return status_.st_mode; }
+    uid_t owner() const { return status_.st_uid; }
 
     friend bool operator==(const FileStamp& one, const FileStamp& other);
 
 private:
-    explicit FileStamp(const struct stat& status);
-
     struct stat status_ = {};
-    bool isOfFile_ = false;
+    int code_ = ENOENT;
     bool isSettled_ = false;
 };
 

@@ -4,6 +4,7 @@
 #include "platform/paths.h"
 
 #include <fcntl.h>
+#include <sys/auxv.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -14,12 +15,9 @@ namespace {
 
 constexpr const char* kRead = "read";
 
-/// @param stamp taken of the open file, unless there is one.
-int checkReadable(int fd, std::size_t limit, FileStamp& stamp) {
+int checkReadable(const FileStamp& stamp, std::size_t limit) {
     if (!stamp.isOfFile())
-        stamp = FileStamp::of(fd);
-    if (!stamp.isOfFile())
-        return errno;
+        return stamp.code();
     if (S_ISDIR(stamp.mode()))
         return EISDIR;
     if (!S_ISREG(stamp.mode()))
@@ -51,28 +49,26 @@ int readAll(int fd, std::size_t expected, std::size_t limit, std::string& bytes)
 
 /// Without a mark of the reading in the file's times, which the next flush would have to carry to the disk.
 /// Only the owner may leave that out.
-int openForReading(const std::string& path) {
+Descriptor openForReading(const std::string& path, const FileStamp& stamp) {
     constexpr int kFlags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
-    const int fd = ::open(path.c_str(), kFlags | O_NOATIME);
-    return fd < 0 && errno == EPERM ? ::open(path.c_str(), kFlags) : fd;
+    // As the program began: to ask who it runs as by now takes a call, too.
+    const bool isOwn = stamp.owner() == getauxval(AT_EUID);
+    const int fd = ::open(path.c_str(), isOwn ? kFlags | O_NOATIME : kFlags);
+    return Descriptor(fd < 0 && errno == EPERM && isOwn ? ::open(path.c_str(), kFlags) : fd);
 }
 
 } // namespace
 
 Result<std::string> readFile(const std::string& path, std::size_t limit) {
-    FileStamp stamp;
-    return readFile(path, limit, stamp);
+    return readFile(path, limit, FileStamp::of(path));
 }
 
-Result<std::string> readFile(const std::string& path, std::size_t limit, FileStamp& stamp) {
-    const Descriptor file(openForReading(path));
-    if (!file.valid())
-        return systemError(path, kRead, errno);
+Result<std::string> readFile(const std::string& path, std::size_t limit, const FileStamp& stamp) {
+    if (const int code = checkReadable(stamp, limit))
+        return systemError(path, kRead, code, limit);
+    const Descriptor file = openForReading(path, stamp);
     std::string bytes;
-    int code = checkReadable(file.get(), limit, stamp);
-    if (code == 0)
-        code = readAll(file.get(), stamp.size(), limit, bytes);
-    if (code != 0)
+    if (const int code = file.valid() ? readAll(file.get(), stamp.size(), limit, bytes) : errno)
         return systemError(path, kRead, code, limit);
     return bytes;
 }
@@ -81,10 +77,9 @@ bool opensForReading(const std::string& path) {
     const auto existing = resolveExisting(path);
     if (!existing)
         return false;
-    const Descriptor file(openForReading(*existing));
-    FileStamp stamp;
-    const int code = file.valid() ? checkReadable(file.get(), kLargestFile, stamp) : errno;
-    return code == 0 || code == EFBIG;
+    const auto stamp = FileStamp::of(*existing);
+    const int code = checkReadable(stamp, kLargestFile);
+    return (code == 0 || code == EFBIG) && openForReading(*existing, stamp).valid();
 }
 
 } // namespace platform

@@ -17,9 +17,8 @@ constexpr std::size_t kLargestDocument = 8u << 20;
 /// @param limit the most bytes that are read; a larger file is refused.
 /// @return the bytes; the error of a missing file has the code ENOENT.
 Result<std::string> readFile(const std::string& path, std::size_t limit = kLargestFile);
-/// @param stamp one of the file that was taken just now, which spares asking for it again; otherwise it
-///              receives that of the bytes.
-Result<std::string> readFile(const std::string& path, std::size_t limit, FileStamp& stamp);
+/// @param stamp of the file, taken just now.
+Result<std::string> readFile(const std::string& path, std::size_t limit, const FileStamp& stamp);
 
 /// Whether a path names a regular file that may be read; its name is looked for as resolveExisting does.
 bool opensForReading(const std::string& path);

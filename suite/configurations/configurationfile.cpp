@@ -58,10 +58,9 @@ std::uint64_t nextRevision() {
 void ConfigurationFile::read(std::optional<Contents> known) {
     if (known)
         bytes_ = std::move(known->bytes);
-    if (known && known->stamp.isSettled())
-        stamp_ = platform::FileStamp::of(path_);
+    stamp_ = platform::FileStamp::of(path_);
     Reading now{FileState::unchanged};
-    if (!stamp_.isOfFile() || stamp_ != known->stamp) {
+    if (!known || !known->stamp.isSettled() || stamp_ != known->stamp) {
         auto found = platform::readFile(path_, platform::kLargestDocument, stamp_);
         now = reading(found);
         bytes_ = found ? std::move(*found) : std::string();
