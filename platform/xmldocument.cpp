@@ -31,8 +31,8 @@ bool isText(pugi::xml_node node) {
 
 } // namespace
 
-std::optional<XmlDocument> XmlDocument::parse(std::string bytes, XmlProblem& problem) {
-    auto found = toUtf8(bytes);
+std::optional<XmlDocument> XmlDocument::parse(std::string bytes, XmlProblem& problem, std::string* foreign) {
+    auto found = toUtf8(bytes, foreign);
     if (!found)
         found = scanXml(bytes);
     if (!found)
@@ -68,6 +68,11 @@ XmlExtent XmlDocument::extentAt(std::size_t name) const {
     if (extents_.empty())
         scanXml(text_, &extents_);
     return *std::ranges::lower_bound(extents_, name, {}, &XmlExtent::name);
+}
+
+void XmlDocument::shrink() {
+    tree_.reset();
+    extents_ = {};
 }
 
 std::string located(const XmlProblem& problem) {

@@ -27,7 +27,9 @@ public:
 
     /// @param bytes of a file, in any of the encodings that are read.
     /// @return nothing, with `problem` filled in, if they are no XML.
-    static std::optional<XmlDocument> parse(std::string bytes, XmlProblem& problem);
+    /// @param foreign receives the bytes of a file that is not in UTF-8, if it is not null.
+    static std::optional<XmlDocument> parse(std::string bytes, XmlProblem& problem,
+                                            std::string* foreign = nullptr);
 
     /// In UTF-8; the bytes of the file, if these are.
     const std::string& text() const { return text_; }
@@ -38,6 +40,9 @@ public:
     XmlExtent extentOf(pugi::xml_node element) const;
     /// Of an element whose name begins at a place.
     XmlExtent extentAt(std::size_t name) const;
+
+    /// Frees what can be made anew from the text when it is asked for; elements are then no longer good.
+    void shrink();
 
 private:
     struct Place {

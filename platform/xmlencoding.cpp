@@ -42,7 +42,7 @@ bool matches(std::string_view bytes, std::string_view pattern) {
            std::ranges::equal(bytes.substr(0, pattern.size()), pattern, isSame);
 }
 
-XmlProblem foreign(std::string_view encoding) {
+XmlProblem refused(std::string_view encoding) {
     return {1, "the encoding " + std::string(encoding) + " is not read, but UTF-8, UTF-16 and ISO-8859-1 are",
             true};
 }
@@ -103,10 +103,10 @@ void declareUtf8(std::string& text) {
 
 } // namespace
 
-std::optional<XmlProblem> toUtf8(std::string& bytes) {
+std::optional<XmlProblem> toUtf8(std::string& bytes, std::string* foreign) {
     for (const ForeignBegin& begin : kForeignBegins) {
         if (matches(bytes, begin.bytes))
-            return foreign(begin.encoding);
+            return refused(begin.encoding);
     }
     std::string text;
     const auto* wide =
@@ -119,14 +119,16 @@ std::optional<XmlProblem> toUtf8(std::string& bytes) {
     const bool isMarked = isWide || bytes.starts_with(kUtf8Mark);
     const bool isLatin = encoding == "ISO-8859-1";
     if (!encoding.empty() && encoding != kUtf8 && !isLatin && !(isMarked && encoding.starts_with("UTF-16")))
-        return foreign(encoding.starts_with("UTF-16") ? encoding + " without its mark"
+        return refused(encoding.starts_with("UTF-16") ? encoding + " without its mark"
                                                       : std::string(declared));
     if (isLatin && !isMarked)
         text = fromLatin(bytes);
     else if (!isWide)
         return std::nullopt;
     declareUtf8(text);
-    bytes = std::move(text);
+    bytes.swap(text);
+    if (foreign)
+        *foreign = std::move(text);
     return std::nullopt;
 }
 

@@ -56,15 +56,11 @@ std::uint64_t nextRevision() {
 } // namespace
 
 void ConfigurationFile::read(std::optional<Contents> known) {
-    if (known)
-        bytes_ = std::move(known->bytes);
     stamp_ = platform::FileStamp::of(path_);
     Reading now{FileState::unchanged};
-    if (!known || !known->stamp.isSettled() || stamp_ != known->stamp) {
-        auto found = platform::readFile(path_, platform::kLargestDocument, stamp_);
-        now = reading(found);
-        bytes_ = found ? std::move(*found) : std::string();
-    }
+    if (!known || !known->stamp.isSettled() || stamp_ != known->stamp)
+        now = reading(platform::readFile(path_, platform::kLargestDocument, stamp_),
+                      known ? &known->document : nullptr);
     state_ = now.state;
     complaint_ = std::move(now.complaint);
     if (state_ == FileState::unchanged) {
@@ -85,16 +81,17 @@ bool ConfigurationFile::isWhole() const {
     return !complaint_;
 }
 
-ConfigurationFile::Reading ConfigurationFile::reading(const Result<std::string>& found) const {
+ConfigurationFile::Reading ConfigurationFile::reading(Result<std::string> found,
+                                                      const ConfigurationDocument* known) const {
     if (found.code() == ENOENT)
         return {FileState::missing};
     // One that is too large may be whole all the same.
     if (!found)
         return {found.code() == EISDIR ? FileState::damaged : FileState::unreadable, {}, found.error()};
-    if (!found->empty() && *found == bytes_)
+    if (known && *found == known->bytes())
         return {FileState::unchanged};
     Problem problem;
-    auto document = ConfigurationDocument::parse(*found, problem);
+    auto document = ConfigurationDocument::parse(std::move(*found), problem);
     if (document)
         return {FileState::read, std::move(document)};
     return {problem.isForeign ? FileState::unreadable : FileState::damaged, {}, at(problem)};
@@ -110,7 +107,7 @@ Result<bool> ConfigurationFile::save(platform::LockPatience& patience) {
 Result<bool> ConfigurationFile::writeEdits(platform::LockPatience& patience) {
     std::optional<ConfigurationDocument> current;
     const auto edit = [&](const Result<std::string>& found) -> Result<platform::Edited> {
-        Reading now = reading(found);
+        Reading now = reading(found, state_ == FileState::read ? &document_ : nullptr);
         // What cannot be read may be whole, and is not replaced by what was known of it.
         if (now.state == FileState::unreadable)
             return *now.complaint;
@@ -122,11 +119,8 @@ Result<bool> ConfigurationFile::writeEdits(platform::LockPatience& patience) {
         // A file that was damaged meanwhile has nothing better to offer than what was read before.
         ConfigurationDocument& document = current ? *current : document_;
         applyEdits(document);
-        std::string text = document.serialise();
-        if (text.empty())
-            return Error{path_, "cannot write: out of memory"};
         const FileState state = now.state == FileState::unchanged ? state_ : now.state;
-        return platform::Edited{std::move(text), state == FileState::damaged ? kDamaged : ""};
+        return platform::Edited{document.serialise(), state == FileState::damaged ? kDamaged : ""};
     };
     auto edited =
         platform::editFile(path_, patience, {.limit = platform::kLargestDocument, .looksFirst = false}, edit);
@@ -135,7 +129,6 @@ Result<bool> ConfigurationFile::writeEdits(platform::LockPatience& patience) {
     if (!edited->former.empty())
         errorLog().report(Error{path_, "the damaged file is kept as " + edited->former});
     state_ = FileState::read;
-    bytes_ = std::move(edited->bytes);
     stamp_ = {};
     if (current) {
         // What others wrote meanwhile is in it, too.
@@ -149,7 +142,8 @@ std::optional<ConfigurationFile::Contents> ConfigurationFile::takeContents() {
     if (state_ != FileState::read || document_.isFlawed())
         return std::nullopt;
     document_.setReporter({});
-    return Contents{std::move(path_), std::move(bytes_), std::move(document_), revision_, stamp_};
+    document_.shrink();
+    return Contents{std::move(path_), std::move(document_), revision_, stamp_};
 }
 
 void ConfigurationFile::applyEdits(ConfigurationDocument& document) const {

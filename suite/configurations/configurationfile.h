@@ -24,7 +24,6 @@ public:
     /// A file and what it amounts to.
     struct Contents {
         std::string path;
-        std::string bytes;
         ConfigurationDocument document;
         std::uint64_t revision;
         platform::FileStamp stamp; ///< from before the bytes were read; of no file if they were written
@@ -121,7 +120,8 @@ private:
     };
 
     bool hasEdits() const { return !keyEdits_.empty() || !groupEdits_.empty() || !attributeEdits_.empty(); }
-    Reading reading(const platform::Result<std::string>& found) const;
+    /// @param known what the file said when it was read last, if it did.
+    Reading reading(platform::Result<std::string> found, const ConfigurationDocument* known) const;
     platform::Error at(const Problem& problem) const { return {path_, problem.text, problem.line}; }
     void noteKey(const std::string& path, const std::string& key, KeyEdit edit, bool isSaid);
     bool saysOfKey(const std::string& path, const std::string& key,
@@ -139,7 +139,6 @@ private:
     platform::Result<bool> writeEdits(platform::LockPatience& patience);
 
     std::string path_;
-    std::string bytes_; ///< of the file when it was read
     platform::FileStamp stamp_;
     std::optional<platform::Error> complaint_; ///< about what was read
     FileState state_ = FileState::missing;

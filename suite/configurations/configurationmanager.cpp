@@ -82,7 +82,7 @@ std::optional<ConfigurationFile::Contents> ConfigurationManager::takeKept(const 
 }
 
 void ConfigurationManager::keep(std::optional<ConfigurationFile::Contents> contents) {
-    if (!contents || contents->bytes.size() > kLargestKept)
+    if (!contents || contents->document.bytes().size() > kLargestKept)
         return;
     const std::lock_guard guard(mutex_);
     std::erase_if(kept_, [&contents](const auto& other) { return other.path == contents->path; });

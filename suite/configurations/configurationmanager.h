@@ -32,7 +32,7 @@ private:
     std::map<std::string, platform::LockPatience> patience_; ///< by path
     /// The files that were released last, the latest first. A program loads the same levels for each project
     /// and for each report, and saves the user's at each page of a dialog; most files are then the same as
-    /// before, byte by byte, and their trees serve again.
+    /// before, byte by byte, and are not looked through again.
     std::list<ConfigurationFile::Contents> kept_;
 };
 

@@ -68,7 +68,7 @@ std::string_view sectionPath(std::string_view path) {
 std::optional<ConfigurationDocument> ConfigurationDocument::parse(std::string bytes, Problem& problem) {
     problem = {};
     ConfigurationDocument document;
-    auto xml = platform::XmlDocument::parse(std::move(bytes), problem);
+    auto xml = platform::XmlDocument::parse(std::move(bytes), problem, &document.foreign_);
     if (!xml)
         return std::nullopt;
     document.xml_ = std::move(*xml);
@@ -119,7 +119,7 @@ bool ConfigurationDocument::readGroup(const std::string& path, const std::string
     if (!group)
         return false;
     groupLocked = isLocked(group) || groupLocked;
-    NameTable names;
+    NameTable names(0);
     std::string storage;
     for (const pugi::xml_node item : group.children(kAttribute)) {
         const auto part = readAttribute(names, 0, item, storage);
@@ -252,7 +252,7 @@ private:
 void ConfigurationDocument::readAll(const EntryReader& reader) const {
     if (!edits_.empty())
         applyEdits();
-    NameTable names;
+    NameTable names(expectedNames());
     Teller teller(*this, names, reader);
     visit(names, teller);
 }
@@ -337,9 +337,15 @@ struct ConfigurationDocument::Indexer {
     }
 };
 
+/// A guess: an entry on a line of its own takes about as many bytes.
+std::size_t ConfigurationDocument::expectedNames() const {
+    constexpr std::size_t kUsualEntry = 48;
+    return xml_.text().size() / kUsualEntry;
+}
+
 const ConfigurationDocument::Index& ConfigurationDocument::index() const {
     if (!index_) {
-        Index& index = index_.emplace();
+        Index& index = index_.emplace(Index{NameTable(expectedNames()), {}, {}});
         Indexer indexer{index.elements, index.duplicates};
         visit(index.names, indexer);
     }
@@ -399,6 +405,11 @@ bool ConfigurationDocument::isLocked(pugi::xml_node element) const {
                             "\" is neither yes nor no, it is taken as yes");
     // A mistyped word was meant to lock; letting users through would be the worse mistake.
     return flag.value_or(true);
+}
+
+void ConfigurationDocument::shrink() {
+    index_.reset();
+    xml_.shrink();
 }
 
 void ConfigurationDocument::report(pugi::xml_node element, std::string text) const {

@@ -86,6 +86,11 @@ public:
 
     /// The text of the file, in UTF-8.
     const std::string& serialise() const;
+    /// The file as it was parsed, or as it was serialised last.
+    const std::string& bytes() const { return foreign_.empty() ? xml_.text() : foreign_; }
+
+    /// Frees what can be made anew from the text: a tree takes at least twenty times as much as a small file.
+    void shrink();
 
     /// True once a part of the file could not be taken as it stands.
     bool isFlawed() const { return flawed_; }
@@ -118,6 +123,7 @@ private:
     struct Indexer;
     class Teller;
 
+    std::size_t expectedNames() const;
     const Index& index() const;
     /// @param attribute where it is not null, only that one of the group is of interest.
     pugi::xml_node find(const std::string& path, const std::string& type, const std::string& key,
@@ -142,6 +148,7 @@ private:
     void report(pugi::xml_node element, std::string text) const;
 
     mutable platform::XmlDocument xml_;
+    mutable std::string foreign_; ///< the bytes of a file that is not in UTF-8
     Reporter reporter_;
     mutable std::optional<Index> index_;
     mutable std::map<EntryName, Edit> edits_;

@@ -312,6 +312,7 @@ void ConfigurationDocument::applyEdits() const {
     for (const auto* edit : inTurn)
         writer.apply(edit->first, edit->second);
     xml_ = platform::XmlDocument(writer.text());
+    foreign_.clear();
     edits_.clear();
     index_.reset();
 }

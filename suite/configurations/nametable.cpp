@@ -1,6 +1,7 @@
 #include "suite/configurations/nametable.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 #include <random>
 
@@ -8,7 +9,7 @@ namespace suite {
 
 namespace {
 
-constexpr std::size_t kFewest = 64;
+constexpr std::size_t kFewest = 16;
 
 /// Nobody outside of the process can make names that share a hash: a file of such would keep us busy for
 /// hours.
@@ -47,6 +48,10 @@ std::uint32_t hashOf(const NameTable::Name& name) {
 
 } // namespace
 
+NameTable::NameTable(std::size_t expected) : slots_(std::bit_ceil(2 * std::max(expected, kFewest))) {
+    names_.reserve(expected);
+}
+
 NameTable::Inserted NameTable::insert(const Name& name) {
     if (2 * (names_.size() + 1) > slots_.size())
         grow();
@@ -60,7 +65,7 @@ NameTable::Inserted NameTable::insert(const Name& name) {
 }
 
 std::uint32_t NameTable::find(const Name& name) const {
-    return slots_.empty() ? 0 : slots_[slotOf(name, hashOf(name))].number;
+    return slots_[slotOf(name, hashOf(name))].number;
 }
 
 std::size_t NameTable::slotOf(const Name& name, std::uint32_t hash) const {
@@ -71,7 +76,7 @@ std::size_t NameTable::slotOf(const Name& name, std::uint32_t hash) const {
 }
 
 void NameTable::grow() {
-    std::vector<Slot> old(std::max(kFewest, 2 * slots_.size()));
+    std::vector<Slot> old(2 * slots_.size());
     old.swap(slots_);
     for (const Slot& slot : old) {
         if (slot.number == 0)

@@ -19,6 +19,9 @@ public:
         bool operator==(const Name&) const = default;
     };
 
+    /// @param expected how many names there may be; any number fits in.
+    explicit NameTable(std::size_t expected);
+
     /// The numbers of a table go from 1 up, by the order of the first insertions.
     struct Inserted {
         std::uint32_t number;
@@ -27,7 +30,6 @@ public:
     Inserted insert(const Name& name);
     /// 0 if there is none.
     std::uint32_t find(const Name& name) const;
-    std::size_t size() const { return names_.size(); }
 
 private:
     struct Slot {

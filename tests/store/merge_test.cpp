@@ -20,7 +20,7 @@ std::string layer(const std::string& key, const std::string& attributes) {
 }
 
 std::string emptied(const std::string& path) {
-    return "<section path=\"" + path + "\"/>";
+    return section(path, {});
 }
 
 /// Without the layout of what was added.

@@ -1,3 +1,4 @@
+#include "platform/paths.h"
 #include "platform/remotefile.h"
 
 #include "suite/zec.h"
