@@ -9,8 +9,8 @@
 namespace platform {
 
 constexpr std::size_t kLargestFile = 64u << 20; ///< in bytes; what is larger is no file of ours
-/// Of a file of which each byte may take a hundred once it is read: a configuration, a project, a location
-/// map.
+/// Of a file of which each byte may take a hundred once it is read: a configuration, a project and what it
+/// names, a location map.
 constexpr std::size_t kLargestDocument = 8u << 20;
 
 /// Reads a whole regular file. Anything else is refused, so that a pipe in place of a file makes nobody wait.

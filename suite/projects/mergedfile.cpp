@@ -24,9 +24,6 @@ using platform::Result;
 
 namespace {
 
-/// In bytes. Lists of symbols are small; what is larger is no such file, and would take much more memory.
-constexpr std::size_t kLargestDataFile = 8u << 20;
-
 /// A text as a message of one line can show it.
 std::string shown(std::string_view text) {
     constexpr std::size_t kMostShown = 60;
@@ -64,7 +61,7 @@ bool mayBeOfKind(const ProfileDocument& content, MergedFile::Sections sections) 
 
 std::optional<ProfileDocument> MergedFile::reload(const std::string& path) {
     const std::string full = path.empty() ? path : platform::fullPath(path);
-    const auto bytes = path.empty() ? Result<std::string>() : readTextFile(full, kLargestDataFile);
+    const auto bytes = path.empty() ? Result<std::string>() : readTextFile(full, platform::kLargestDocument);
     if (!bytes) {
         if (bytes.code() != ENOENT)
             errorLog().report(bytes.error());
