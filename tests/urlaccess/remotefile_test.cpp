@@ -1,6 +1,7 @@
 #include "platform/paths.h"
 #include "platform/remotefile.h"
 
+#include "platform/paths.h"
 #include "suite/zec.h"
 #include "tests/support/childprocess.h"
 #include "tests/urlaccess/httpserver.h"
