@@ -1,4 +1,3 @@
-#include "platform/paths.h"
 #include "platform/remotefile.h"
 
 #include "platform/paths.h"
