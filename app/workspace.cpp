@@ -2,6 +2,8 @@
 
 #include "app/outcome.h"
 #include "platform/homedirectory.h"
+#include "platform/installation.h"
+#include "platform/paths.h"
 
 #include <suite/configuration.h>
 #include <suite/wdirutils.h>
@@ -104,12 +106,7 @@ fs::path moduleDirectory() {
 }
 
 std::string installation() {
-    const char* home = nonEmptyVariable("RSR_HOME");
-    std::string path = home ? home : "";
-    std::ranges::replace(path, '\\', '/');
-    while (path.size() > 1 && path.back() == '/')
-        path.pop_back();
-    return path;
+    return platform::asDirectoryEntry(platform::installationDirectory());
 }
 
 Result<> setUpEnvironment(const Options& options) {
