@@ -169,25 +169,25 @@ std::optional<Statement> StatementReader::readGroup(std::size_t row) {
     return statement;
 }
 
-std::optional<Level> readLevel(const std::string& directory, Level former) {
+const Level* readLevel(const std::string& directory, const Level* known, Level& read) {
     const auto configuration = openConfiguration(directory, IOvConfigurationManager::Access::read);
     if (!configuration)
-        return std::nullopt;
-    if (former.isOfRevision(configuration->revision()) && former.directory() == directory)
-        return former;
-    Level level(directory, true, configuration->revision());
-    const bool isTold = configuration->readAll([&level](const ConfigurationEntry& entry) {
+        return nullptr;
+    if (known && known->isOfRevision(configuration->revision()) && known->directory() == directory)
+        return known;
+    read = Level(directory, true, configuration->revision());
+    const bool isTold = configuration->readAll([&read](const ConfigurationEntry& entry) {
         if (const auto row = rowOf(entry))
-            level.add(statementOf(*row, entry));
+            read.add(statementOf(*row, entry));
     });
     if (isTold)
-        return level;
+        return &read;
     StatementReader reader(*configuration);
     for (std::size_t row = 0; row < catalogue().size(); ++row) {
         if (auto statement = reader.read(row))
-            level.add(std::move(*statement));
+            read.add(std::move(*statement));
     }
-    return level;
+    return &read;
 }
 
 } // namespace Orv

@@ -86,8 +86,11 @@ private:
     std::map<std::string, int> attributeLocks_;
 };
 
-/// Reads a whole level. @return nothing where the directory yields no configuration.
-/// @param former the level as it was read before; it serves again while its configuration says the same.
-std::optional<Level> readLevel(const std::string& directory, Level former = {});
+/// Reads a whole level.
+/// @param known the level as it was read before, or null; it serves again while its configuration says the
+/// same.
+/// @param read  receives the level otherwise.
+/// @return one of the two; null where the directory yields no configuration.
+const Level* readLevel(const std::string& directory, const Level* known, Level& read);
 
 } // namespace Orv

@@ -64,7 +64,11 @@ std::vector<Level> readLevels(const std::vector<std::string>& directories, std::
     std::vector<Level> levels(directories.size());
     for (std::size_t place = directories.size(); place-- > 0;) {
         const auto& directory = directories[place];
-        levels[place] = readLevel(directory, std::move(former[place])).value_or(Level(directory, false, 0));
+        const auto* level = readLevel(directory, &former[place], levels[place]);
+        if (!level)
+            levels[place] = Level(directory, false, 0);
+        else if (level == &former[place])
+            levels[place] = std::move(former[place]);
     }
     return levels;
 }

@@ -35,8 +35,10 @@ void noteDifferences(const Level& before, const Level& now, Rows& rows) {
 std::vector<Level> rereadLevels(const std::vector<Level>& levels) {
     std::vector<Level> now;
     now.reserve(levels.size());
-    for (const auto& level : levels)
-        now.push_back(readLevel(level.directory(), level).value_or(level));
+    for (const auto& level : levels) {
+        if (readLevel(level.directory(), &level, now.emplace_back()) != &now.back())
+            now.back() = level;
+    }
     return now;
 }
 

@@ -239,6 +239,8 @@ private:
         const bool* hasGraphics = nullptr;
     };
 
+    friend class ConfigurationReporter;
+
     std::unique_ptr<Impl> impl_;
     const TypedValues* typed_; ///< a part of it
 };
