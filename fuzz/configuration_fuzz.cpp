@@ -117,6 +117,7 @@ void requireOthersUnchanged(std::vector<Answer> before, std::vector<Answer> afte
 void editAll(ConfigurationDocument& document, const std::string& value) {
     const ConfigurationDocument::Values items{value, "", value};
     const ConfigurationDocument::Attributes attributes{{"a", value}, {"b", ""}};
+    const ConfigurationDocument::Values none;
     const auto forEach = [&document](const auto& onKey, const auto& onGroup) {
         const ConfigurationDocument asked = reparsed(document);
         for (const std::string path : kPaths) {
@@ -147,6 +148,18 @@ void editAll(ConfigurationDocument& document, const std::string& value) {
             document.writeAttribute(path, type, key, "c", value);
             document.removeAttribute(path, type, key, "a");
         });
+    const auto nothing = [](const auto&, const auto&, const auto&) {
+    };
+    forEach(
+        [&](const auto& path, const auto& key) {
+            require(document.readKey(path, key, values, locks) &&
+                    values == ConfigurationDocument::Values{value});
+            document.writeList(path, key, none);
+        },
+        nothing);
+    forEach([&](const auto& path, const auto& key) { document.writeList(path, key, items); }, nothing);
+    forEach([&](const auto& path, const auto& key) { document.writeValue(path, key, ""); }, nothing);
+    forEach([&](const auto& path, const auto& key) { document.writeValue(path, key, value); }, nothing);
     forEach(
         [&](const auto& path, const auto& key) {
             require(document.readKey(path, key, values, locks) &&

@@ -2,6 +2,7 @@
 
 #include <time.h>
 
+#include <algorithm>
 #include <tuple>
 
 namespace platform {
@@ -21,8 +22,10 @@ auto parts(const struct stat& status) {
 FileStamp FileStamp::of(const std::string& path) {
     FileStamp stamp;
     stamp.code_ = stat(path.c_str(), &stamp.status_) == 0 ? 0 : errno;
-    // The time of the change of its state is the one that no program sets.
-    stamp.isSettled_ = stamp.isOfFile() && stamp.status_.st_ctim.tv_sec + kCoarsestClock < time(nullptr);
+    // The time of the change of its state is the one that no program sets; but some file systems have another
+    // time in its place.
+    const time_t latest = std::max(stamp.status_.st_ctim.tv_sec, stamp.status_.st_mtim.tv_sec);
+    stamp.isSettled_ = stamp.isOfFile() && latest + kCoarsestClock < time(nullptr);
     return stamp;
 }
 

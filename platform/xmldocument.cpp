@@ -21,6 +21,13 @@ void load(pugi::xml_document& tree, std::string_view text, unsigned options) {
         throw std::bad_alloc();
 }
 
+/// The element by itself, with all blanks and remarks.
+void loadExactly(pugi::xml_document& tree, const XmlDocument& document, pugi::xml_node element) {
+    const XmlExtent extent = document.extentOf(element);
+    load(tree, std::string_view(document.text()).substr(extent.name - 1, extent.end - extent.name + 1),
+         kExact | pugi::parse_ws_pcdata | pugi::parse_comments | pugi::parse_pi);
+}
+
 bool isBlank(std::string_view text) {
     return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
 }
@@ -85,13 +92,21 @@ std::optional<std::string_view> attributeOf(pugi::xml_node element, const char* 
     return std::nullopt;
 }
 
+const char* firstText(const XmlDocument& document, pugi::xml_node element, std::string& storage) {
+    if (!element.first_child())
+        return *element.value() == '\0' ? nullptr : element.value();
+    pugi::xml_document exact;
+    loadExactly(exact, document, element);
+    const pugi::xml_node first = exact.document_element().first_child();
+    storage = first.value();
+    return first.type() == pugi::node_pcdata ? storage.c_str() : nullptr;
+}
+
 std::string_view elementText(const XmlDocument& document, pugi::xml_node element, std::string& storage) {
     if (!element.first_child())
         return element.value();
-    const XmlExtent extent = document.extentOf(element);
     pugi::xml_document exact;
-    load(exact, std::string_view(document.text()).substr(extent.name - 1, extent.end - extent.name + 1),
-         kExact | pugi::parse_ws_pcdata);
+    loadExactly(exact, document, element);
     storage.clear();
     for (const pugi::xml_node child : exact.document_element()) {
         if (isText(child))

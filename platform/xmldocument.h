@@ -62,6 +62,11 @@ std::string located(const XmlProblem& problem);
 /// A view into the tree; nothing if there is no such attribute.
 std::optional<std::string_view> attributeOf(pugi::xml_node element, const char* name);
 
+/// The text that an element begins with, every blank of it; null if it begins with something else, a section
+/// of characters included.
+/// It is a view into the tree, or else into `storage`.
+const char* firstText(const XmlDocument& document, pugi::xml_node element, std::string& storage);
+
 /// The text of an element itself, without that of its children, every blank of it. It is a view into the tree
 /// where it stands there in one piece, or else into `storage`.
 std::string_view elementText(const XmlDocument& document, pugi::xml_node element, std::string& storage);

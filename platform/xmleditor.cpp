@@ -1,6 +1,7 @@
 #include "platform/xmleditor.h"
 
 #include <algorithm>
+#include <cassert>
 #include <cstddef>
 
 namespace platform {
@@ -80,6 +81,7 @@ std::string XmlEditor::text() const {
     after.reserve(before.size() + before.size() / 8);
     std::size_t done = 0;
     for (const Splice& splice : splices) {
+        assert(done <= splice.begin && splice.begin <= splice.end);
         after.append(before, done, splice.begin - done).append(splice.text);
         done = splice.end;
     }
@@ -95,7 +97,7 @@ void XmlEditor::splice(const Change& change, Splices& splices) const {
     const std::size_t nameSize = std::string_view(change.element.name()).size();
     if (!change.name.empty()) {
         splices.push_back({extent.name, extent.name + nameSize, change.name});
-        if (!isOneTag(extent))
+        if (!isOneTag(extent) && !becomesOneTag(change))
             splices.push_back({extent.endTag + 2, extent.endTag + 2 + nameSize, change.name});
     }
     spliceAttributes(change, extent, splices);
@@ -138,14 +140,16 @@ void XmlEditor::spliceAttributes(const Change& change, const XmlExtent& extent, 
 void XmlEditor::spliceContent(const Change& change, const XmlExtent& extent, Splices& splices) const {
     const std::string& text = document_.text();
     const std::string name = change.name.empty() ? change.element.name() : change.name;
+    if (!isOneTag(extent) && becomesOneTag(change)) {
+        splices.push_back({extent.content - 1, extent.end, "/>"});
+        return;
+    }
     if (isOneTag(extent) || change.content) {
         std::string content = change.content.value_or("") + printed(change);
         if (!change.appended.empty())
             content += indentationOf(change.element);
         if (isOneTag(extent) && !content.empty())
             splices.push_back({endOfAttributes(text, extent), extent.end, '>' + content + "</" + name + '>'});
-        else if (!isOneTag(extent) && content.empty())
-            splices.push_back({extent.content - 1, extent.end, "/>"});
         else if (!isOneTag(extent))
             splices.push_back({extent.content, extent.endTag, content});
         return;

@@ -41,6 +41,9 @@ private:
         std::vector<std::pair<std::string, std::optional<std::string>>> attributes = {};
         std::vector<XmlElement> appended = {};
     };
+    static bool becomesOneTag(const Change& change) {
+        return change.content && change.content->empty() && change.appended.empty();
+    }
     /// What takes the place of a piece of the text.
     struct Splice {
         std::size_t begin;

@@ -23,6 +23,8 @@ struct ForeignBegin {
 constexpr ForeignBegin kForeignBegins[] = {
     {"\xff\xfe\0\0"sv, "UTF-32"},
     {"\0\0\xfe\xff"sv, "UTF-32"},
+    {"<\0\0\0"sv, "UTF-32 without its mark"},
+    {"\0\0\0<"sv, "UTF-32 without its mark"},
     {"<\0?\0"sv, "UTF-16 without its mark"},
     {"\0<\0?"sv, "UTF-16 without its mark"},
     {"\x4c\x6f\xa7\x94"sv, "EBCDIC"},
@@ -123,8 +125,10 @@ std::optional<XmlProblem> toUtf8(std::string& bytes, std::string* foreign) {
                                                       : std::string(declared));
     if (isLatin && !isMarked)
         text = fromLatin(bytes);
-    else if (!isWide)
+    else if (!isWide && (encoding.empty() || encoding == kUtf8))
         return std::nullopt;
+    else if (!isWide)
+        text = bytes; // its mark counts, and not what it declares
     declareUtf8(text);
     bytes.swap(text);
     if (foreign)

@@ -4,9 +4,11 @@
 #include "platform/atomicfile.h"
 #include "platform/paths.h"
 #include "platform/readfile.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <utility>
 
 namespace ovsettings {
@@ -43,6 +45,23 @@ CObjectSchemaItem itemFrom(pugi::xml_node element) {
             item.*known->field = attribute.value();
     }
     return item;
+}
+
+/// Readers of these files need not know of encodings: letters beyond ASCII are written by their numbers.
+std::string inAscii(std::string_view text) {
+    std::string written;
+    for (char32_t character = 0; !text.empty();) {
+        const std::size_t size = platform::utf8Character(text, character);
+        if (size == 1) {
+            written += text.front();
+        } else {
+            char number[16];
+            std::snprintf(number, sizeof number, "&#x%X;", static_cast<unsigned>(character));
+            written += number;
+        }
+        text.remove_prefix(std::max<std::size_t>(size, 1));
+    }
+    return written;
 }
 
 } // namespace
@@ -114,7 +133,9 @@ platform::Result<> CObjectSchema::write(const std::string& path) {
         kSchema, {}, {}, {writtenSection("schematic", "OV"), writtenSection("ict", "ICT")}};
     std::string bytes = kDeclaration;
     print(platform::XmlElement{kRoot, {{"version", kVersion}}, {}, {schema}}, "\n", bytes);
-    return platform::writeFileAtomically(platform::platformPath(path), bytes + '\n');
+    if (!platform::isXmlText(bytes))
+        return platform::Error{path, "cannot write: a name or a colour holds control characters or no UTF-8"};
+    return platform::writeFileAtomically(platform::platformPath(path), inAscii(bytes) + '\n');
 }
 
 platform::XmlElement CObjectSchema::writtenSection(const char* element, std::string_view section) {

@@ -46,7 +46,7 @@ public:
     std::vector<std::size_t> pendingRows() const;
 
     void settle(std::size_t row);
-    /// Ascending. They are settled no more.
+    /// By row. They are settled no more.
     std::vector<bool> takeSettled();
 
 private:

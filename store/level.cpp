@@ -47,8 +47,10 @@ void take(const ConfigurationPart& part, std::size_t field, Statement& statement
 
 void takeItems(const ConfigurationEntry& entry, Statement& statement) {
     statement.fields.resize(entry.parts.size());
-    for (std::size_t item = 0; item < entry.parts.size(); ++item)
+    for (std::size_t item = 0; item < entry.parts.size(); ++item) {
         take(entry.parts[item], item, statement);
+        statement.fields[item].text = entry.parts[item].text; // of what has no text, an empty one
+    }
 }
 
 /// The words of a lock of the whole stand at each field, those that are not mentioned included.
@@ -177,7 +179,7 @@ const Level* readLevel(const std::string& directory, const Level* known, Level& 
         return known;
     read = Level(directory, true, configuration->revision());
     const bool isTold = configuration->readAll([&read](const ConfigurationEntry& entry) {
-        if (const auto row = rowOf(entry))
+        if (const auto row = rowOf(entry); row && !read.find(*row))
             read.add(statementOf(*row, entry));
     });
     if (isTold)

@@ -28,11 +28,6 @@ const ValueElement* valueElement(std::string_view name) {
     return nullptr;
 }
 
-/// The text of a value element: the content of its first child, which must be a text.
-const char* textOf(pugi::xml_node element) {
-    return *element.value() == '\0' ? nullptr : element.value();
-}
-
 /// Files are limited in how deep elements are nested, but a category that failed stays open, so that each one
 /// behind it would stand a level deeper: this limits the levels.
 constexpr std::size_t kDeepest = 255;
@@ -76,7 +71,7 @@ private:
                 readDialog(child); // a failure in it does not fail this one
                 continue;
             }
-            const char* text = textOf(child);
+            const char* text = platform::firstText(document_, child, storage_);
             if (!text) {
                 note(child, "the element " + std::string(name) + " has no text");
                 return false; // the category stays open
@@ -112,6 +107,7 @@ private:
     Catalogue& catalogue_;
     const platform::XmlDocument& document_;
     std::vector<CCategoryNode*> open_;
+    std::string storage_;
 };
 
 } // namespace

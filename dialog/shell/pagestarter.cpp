@@ -1,6 +1,7 @@
 #include "dialog/shell/pagestarter.h"
 
 #include "ovsettings/propertypagefactory.h"
+#include "platform/printable.h"
 #include "suite/configuration.h"
 
 #include <exception>
@@ -41,7 +42,8 @@ void reportMissingPage(const std::string& pageKey) {
         cause = failure.what();
     } catch (...) {
     }
-    Orv::IOvConfigurationManager::Instance().ReportError("OvSettings: no page " + pageKey + ": " + cause);
+    Orv::IOvConfigurationManager::Instance().ReportError(
+        platform::printable("OvSettings: no page " + pageKey + ": " + cause));
 }
 
 } // namespace ovsettings

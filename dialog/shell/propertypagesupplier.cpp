@@ -6,6 +6,7 @@
 #include "platform/componentregistry.h"
 #include "platform/installation.h"
 #include "platform/paths.h"
+#include "platform/printable.h"
 #include "platform/trim.h"
 #include "suite/configuration.h"
 
@@ -16,7 +17,7 @@ namespace ovsettings {
 namespace {
 
 void tell(const std::string& trouble) {
-    Orv::IOvConfigurationManager::Instance().ReportError("OvSettings: " + trouble);
+    Orv::IOvConfigurationManager::Instance().ReportError(platform::printable("OvSettings: " + trouble));
 }
 
 /// Loads a library of an add-in. A library that is there and cannot be loaded is told.

@@ -2,6 +2,7 @@
 
 #include "dialog/widgets/messagebox.h"
 #include "platform/paths.h"
+#include "platform/printable.h"
 #include "platform/readfile.h"
 #include "suite/configuration.h"
 
@@ -18,7 +19,7 @@ CategoryNodes CSettingsXmlReader::read() const {
     Catalogue catalogue = readFile();
     // The box says little; whoever maintains the file needs the place.
     if (!catalogue.problem.empty())
-        Orv::IOvConfigurationManager::Instance().ReportError(catalogue.problem);
+        Orv::IOvConfigurationManager::Instance().ReportError(platform::printable(catalogue.problem));
     if (catalogue.end == CatalogueEnd::noDocument)
         showMessage(QApplication::activeWindow(), QStringLiteral("File not found\n"));
     if (catalogue.end == CatalogueEnd::foreignElement)

@@ -29,8 +29,8 @@ struct OVSETTINGS_API RefreshResult {
         dropped; ///< unsaved changes that were given up, since somebody locked the field meanwhile
 };
 
-/// The application configuration: an ordered table of 255 named properties, each with its values, its
-/// defaults and a lock for each field.
+/// The application configuration: an ordered table of named properties, 255 as shipped, each with its values,
+/// its defaults and a lock for each field.
 ///
 /// Every value is text (UTF-8, numbers with "." whatever the locale). Numbers and object graphics are also
 /// kept in typed caches, which getNumber and getGraphics read without an allocation at the cost of one hashed
@@ -105,7 +105,7 @@ public:
     /// itself.
     static iAppConfiguration& instance();
 
-    /// Discards the table, registers the 255 properties with their defaults, and reads the configurations of
+    /// Discards the table, registers the properties with their defaults, and reads the configurations of
     /// all working directories, from the installation to the user.
     /// @return false if `RSR_HOME` or the working directories are unusable; the table then holds the
     /// defaults.

@@ -119,8 +119,14 @@ Result<bool> ConfigurationFile::writeEdits(platform::LockPatience& patience) {
         // A file that was damaged meanwhile has nothing better to offer than what was read before.
         ConfigurationDocument& document = current ? *current : document_;
         applyEdits(document);
+        if (document.saysNothing())
+            return platform::Edited{};
+        document.serialise();
+        // The file is all that the user has: what could not be read again is not written.
+        if (const auto fault = platform::scanXml(document.bytes()); fault && !document.isForeign())
+            return Error{path_, "cannot write: the changes make no XML: " + fault->text, fault->line};
         const FileState state = now.state == FileState::unchanged ? state_ : now.state;
-        return platform::Edited{document.serialise(), state == FileState::damaged ? kDamaged : ""};
+        return platform::Edited{document.bytes(), state == FileState::damaged ? kDamaged : ""};
     };
     auto edited =
         platform::editFile(path_, patience, {.limit = platform::kLargestDocument, .looksFirst = false}, edit);

@@ -2,6 +2,7 @@
 
 #include "suite/configuration.h"
 #include "suite/configurations/configurationfile.h"
+#include "suite/files/errorlog.h"
 
 #include <list>
 #include <map>
@@ -17,6 +18,9 @@ class ConfigurationManager final : public Orv::IOvConfigurationManager {
 public:
     Orv::IOvConfiguration* GetConfiguration(const std::string& directory, Access access) override;
     bool ReleaseConfiguration(Orv::IOvConfiguration* configuration) override;
+    /// The log is there before it, and so outlives it: hosts release configurations as they end.
+    ConfigurationManager() { errorLog(); }
+
     void SetErrorHandler(ErrorHandler handler) override;
     std::string FileOf(const std::string& directory) const override;
     void ReportError(const std::string& message) override;

@@ -89,6 +89,11 @@ public:
     /// The file as it was parsed, or as it was serialised last.
     const std::string& bytes() const { return foreign_.empty() ? xml_.text() : foreign_; }
 
+    /// Whether that is in another encoding than UTF-8.
+    bool isForeign() const { return !foreign_.empty(); }
+    /// Whether there is no file, and no change that would make one.
+    bool saysNothing() const { return edits_.empty() && xml_.text().empty(); }
+
     /// Frees what can be made anew from the text: a tree takes at least twenty times as much as a small file.
     void shrink();
 

@@ -278,6 +278,21 @@ TEST_F(ConfigurationFile, KeepsWhatAnEditDoesNotConcern) {
     <value name="C">4</value>
   </section>
 )")},
+        {"an entry of the other kind that says nothing",
+         framed("<section path=\"Orvane/SETTINGS\"><list name=\"L\"><item>a</item></list>\n"
+                "<value name=\"V\" locked=\"no\">abc</value><value name=\"W\">1</value></section>\n"),
+         [](IOvConfiguration& c) {
+             c.writeValue(kPath, "L", "");
+             c.writeList(kPath, "V", {});
+         },
+         framed("<section path=\"Orvane/SETTINGS\"><value name=\"L\"/>\n"
+                "<list name=\"V\" locked=\"no\"/><value name=\"W\">1</value></section>\n")},
+        {"a false name of the encoding",
+         "\xef\xbb\xbf<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n<configuration><!-- é -->\n"
+         "<section path=\"Orvane/SETTINGS\"><value name=\"A\">1</value></section></configuration>\n",
+         [](IOvConfiguration& c) { c.writeValue(kPath, "A", "2"); },
+         "\xef\xbb\xbf<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<configuration><!-- é -->\n"
+         "<section path=\"Orvane/SETTINGS\"><value name=\"A\">2</value></section></configuration>\n"},
         {"a file on one line, in another encoding",
          "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n"
          "<configuration><section path=\"Orvane/SETTINGS\"><value "
@@ -675,6 +690,7 @@ TEST_F(ConfigurationFile, OneInAnotherEncodingIsRefusedByItsNameAndLeftAlone) {
         {"<?xml version='1.0' encoding='UTF-16'?><configuration/>", "UTF-16 without its mark"},
         {"<\0c\0o\0"s, "UTF-16 without its mark"},
         {"\xff\xfe\0\0<\0\0\0"s, "UTF-32"},
+        {"<\0\0\0c\0\0\0"s, "UTF-32 without its mark"},
     };
     for (const auto& [bytes, encoding] : kRows) {
         writeFile(file(), bytes);
