@@ -1,8 +1,7 @@
 #include "platform/filestamp.h"
 
-#include <time.h>
-
 #include <algorithm>
+#include <ctime>
 #include <tuple>
 
 namespace platform {

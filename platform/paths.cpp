@@ -164,7 +164,7 @@ std::optional<std::string> exactPath(std::string_view text) {
 }
 
 std::optional<std::string> resolveExisting(std::string_view text) {
-    const auto path = exactPath(text);
+    auto path = exactPath(text);
     if (!path || nameExists(*path))
         return path;
     std::string resolved = path->substr(0, sizeOfExactPart(*path));

@@ -79,16 +79,16 @@ void PathWatch::watchAnew() {
     int walks = 0;
     for (auto now = trails(); now != wanted && walks < kMostWalks; now = trails(), ++walks) {
         wanted = now;
-        watch(std::move(now));
+        watch(now);
     }
 }
 
-void PathWatch::watch(Names wanted) {
+void PathWatch::watch(const Names& wanted) {
     std::map<int, std::set<std::string>> now;
-    for (auto& [directory, names] : wanted) {
+    for (const auto& [directory, names] : wanted) {
         const int watch = inotify_add_watch(notifier_.get(), directory.c_str(), kEvents);
         if (watch >= 0)
-            now[watch].merge(names);
+            now[watch].insert(names.begin(), names.end());
     }
     for (const auto& [watch, names] : names_) {
         if (!now.contains(watch))

@@ -32,7 +32,7 @@ private:
     static void addTrail(const std::string& path, Names& names);
     Names trails() const;
     void watchAnew();
-    void watch(Names wanted);
+    void watch(const Names& wanted);
     bool concerns(int watch, const std::string& name) const;
 
     const std::vector<std::string> paths_;

@@ -50,7 +50,7 @@ void restoreLevel(const Level& level, IOvConfiguration& configuration) {
     }
 }
 
-void settle(iAppConfiguration::Impl& store, std::vector<Transferred> rows) {
+void settle(iAppConfiguration::Impl& store, std::vector<Transferred>&& rows) {
     for (auto& [row, statement, refused] : rows) {
         const auto values = store.lookAtPrinted(row).property.values;
         const auto* change = store.changes.find(row);

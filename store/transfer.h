@@ -24,6 +24,6 @@ std::vector<Transferred> writeChanges(iAppConfiguration::Impl& store, IOvConfigu
 void restoreLevel(const Level& level, IOvConfiguration& configuration);
 
 /// Notes that these rows are in the file.
-void settle(iAppConfiguration::Impl& store, std::vector<Transferred> rows);
+void settle(iAppConfiguration::Impl& store, std::vector<Transferred>&& rows);
 
 } // namespace Orv

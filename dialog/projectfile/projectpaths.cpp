@@ -41,7 +41,7 @@ std::string ResolvePagePath(std::string text, Orv::IProjectFileData& projectFile
     return buffer.data();
 }
 
-bool IsFileLocationValid(std::string projectPath, std::string filePath) {
+bool IsFileLocationValid(const std::string& projectPath, std::string filePath) {
     InitLocationMap(projectPath.c_str(), 0);
     filePath = hardNameOf(filePath);
     if (filePath.starts_with('$'))

@@ -18,7 +18,7 @@ std::string projectDirectory(const Orv::CProjectConfiguration& project);
 std::string ResolvePagePath(std::string text, Orv::IProjectFileData& projectFile);
 
 /// Whether a file may lie where a path says: its directory exists. The file itself need not.
-bool IsFileLocationValid(std::string projectPath, std::string filePath);
+bool IsFileLocationValid(const std::string& projectPath, std::string filePath);
 
 /// Turns a soft name into a real path; any other text, and a soft name without a mapping, stays.
 std::string hardNameOf(const std::string& name);

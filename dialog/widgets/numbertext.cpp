@@ -5,9 +5,8 @@
 #include <charconv>
 #include <clocale>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
-#include <locale.h>
-#include <stdlib.h>
 
 namespace ovsettings {
 

@@ -228,7 +228,7 @@ private:
             return result;
         sqlite3_bind_int64(statement.get(), 1, id_);
         for (bool isRow = true; isRow;) {
-            const Result result = step(*database_, *statement, isRow);
+            Result result = step(*database_, *statement, isRow);
             if (const std::string excess = extent.excess(); !excess.empty())
                 refuse(*database_, excess);
             if (!result)

@@ -3,19 +3,21 @@
 #include "platform/printable.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace suite {
 
 using platform::FileStamp;
 
 void ErrorLog::setHandler(Handler handler) {
+    const Handler told = handler;
     {
         const std::lock_guard guard(mutex_);
-        handler_ = handler;
+        handler_ = std::move(handler);
     }
     // A program loads before it has a window to show anything in.
-    if (handler)
-        std::ranges::for_each(standingComplaints(), handler);
+    if (told)
+        std::ranges::for_each(standingComplaints(), told);
 }
 
 void ErrorLog::report(const std::string& message) {

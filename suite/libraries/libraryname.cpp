@@ -53,7 +53,7 @@ std::string ZECFindAlias(const std::string& path) {
         const auto equals = entry.find('=');
         if (equals == std::string_view::npos)
             continue;
-        const std::string name(platform::trim(entry.substr(0, equals), kSpace));
+        std::string name(platform::trim(entry.substr(0, equals), kSpace));
         const std::string_view location = platform::trim(entry.substr(equals + 1), kSpace);
         const bool counts = ZECIsValidAlias(name) && !location.empty();
         if (counts && isSameLocation(comparable(location), wanted))

@@ -60,11 +60,11 @@ struct CProjectFile::Impl {
     std::string info(std::string_view key) { return text(kDesignInfo, key); }
 
     std::string path(std::string_view key, int full) {
-        const std::string stored = info(key);
+        std::string stored = info(key);
         if (!full || stored.empty())
             return stored;
         const auto map = suite::SoftNames::ofProject(document.path());
-        const std::string found = map.fullPath(stored);
+        std::string found = map.fullPath(stored);
         const auto trimmed = platform::trim(stored, " \t");
         if (trimmed.size() == stored.size() || platform::resolveExisting(found))
             return found;

@@ -171,7 +171,7 @@ std::optional<std::string> SoftNames::realPath(std::string_view text) const {
     const auto expanded = platform::tryExpandEnvironmentReferences(text);
     if (!expanded)
         tell(tooLongToExpand());
-    const auto path = hardName(expanded.value_or(std::string(text)));
+    auto path = hardName(expanded.value_or(std::string(text)));
     if (!path || !platform::IsRemotePath(*path) || expanded == text)
         return path;
     const auto unexpanded = hardName(text);
