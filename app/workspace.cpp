@@ -41,7 +41,7 @@ const char* nonEmptyVariable(const char* name) {
     return value && *value ? value : nullptr;
 }
 
-// As the base directory specification of the desktops has it, which ignores a relative path.
+// Where desktops look for a user's settings; a relative path does not count there.
 fs::path userDirectory() {
     const char* config = nonEmptyVariable("XDG_CONFIG_HOME");
     if (config && *config == '/')
