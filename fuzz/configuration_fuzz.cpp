@@ -1,15 +1,16 @@
 // The reader of configuration files: what is read survives writing, an edit changes nothing else, and our
-// scanner sees the elements that the parser sees.
+// tree is that of a parser of others.
 
 #include "fuzz/support.h"
-#include "platform/xmldocument.h"
+#include "platform/xmltree.h"
 #include "suite/configurations/document.h"
+
+#include <pugixml.hpp>
 
 #include <algorithm>
 
 using fuzz::require;
 using suite::ConfigurationDocument;
-using suite::Problem;
 
 namespace {
 
@@ -51,38 +52,53 @@ std::vector<Answer> answers(const ConfigurationDocument& document) {
     return all;
 }
 
-using Extents = std::vector<platform::XmlExtent>;
-
-/// Whether an element and those in it are the next ones of the scanner's, each inside of the one around it.
-void requireSameElements(const std::string& text, pugi::xml_node element, const Extents& extents,
-                         std::size_t& next) {
-    require(next < extents.size());
-    const platform::XmlExtent& extent = extents[next++];
-    const std::string_view name = element.name();
-    require(static_cast<std::size_t>(element.offset_debug()) == extent.name);
-    require(text.compare(extent.name - 1, name.size() + 1, '<' + std::string(name)) == 0);
-    require(text[extent.content - 1] == '>' && text[extent.end - 1] == '>');
-    const bool isOneTag = text[extent.end - 2] == '/' && extent.content == extent.end;
-    require(isOneTag || text.compare(extent.endTag, name.size() + 2, "</" + std::string(name)) == 0);
-    std::size_t behind = extent.content;
+std::string textOf(pugi::xml_node element) {
+    std::string text;
     for (const pugi::xml_node child : element) {
+        if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata)
+            text += child.value();
+    }
+    return text;
+}
+
+/// Whether an element, and what is in it, is the same, and stands inside of the one around it.
+void requireSame(const platform::XmlTree& tree, platform::XmlNode ours, pugi::xml_node theirs) {
+    require(ours.name() == theirs.name());
+    const auto& extent = ours.extent();
+    require(static_cast<std::size_t>(theirs.offset_debug()) == extent.name);
+    const std::string& text = tree.text();
+    const std::string name(ours.name());
+    require(text.compare(extent.name - 1, name.size() + 1, '<' + name) == 0);
+    require(text[extent.content - 1] == '>' && text[extent.end - 1] == '>');
+    require(extent.isOneTag() || text.compare(extent.endTag, name.size() + 2, "</" + name) == 0);
+    std::string storage;
+    require(ours.text(storage) == textOf(theirs));
+    require(static_cast<std::size_t>(std::distance(theirs.attributes_begin(), theirs.attributes_end())) ==
+            ours.attributes().size());
+    for (const pugi::xml_attribute attribute : theirs.attributes())
+        require(ours.attribute(attribute.name()) == attribute.value());
+    std::uint32_t behind = extent.content;
+    platform::XmlNode next = ours.child({});
+    for (const pugi::xml_node child : theirs) {
         if (child.type() != pugi::node_element)
             continue;
-        const platform::XmlExtent inner = extents[next];
-        require(inner.name > behind && inner.end <= extent.endTag);
-        behind = inner.end;
-        requireSameElements(text, child, extents, next);
+        require(next && next.parent() == ours && next.extent().name > behind &&
+                next.extent().end <= extent.endTag);
+        behind = next.extent().end;
+        requireSame(tree, next, child);
+        next = next.next();
     }
+    require(!next);
 }
 
 void requireSameElements(const std::string& text) {
-    Extents extents;
-    require(!platform::scanXml(text, &extents));
-    pugi::xml_document tree;
-    require(tree.load_buffer(text.data(), text.size(), pugi::parse_full, pugi::encoding_utf8));
-    std::size_t next = 0;
-    requireSameElements(text, tree.document_element(), extents, next);
-    require(next == extents.size());
+    const auto tree = platform::XmlTree::parse(text);
+    require(bool(tree));
+    pugi::xml_document theirs;
+    constexpr unsigned kExact = pugi::parse_cdata | pugi::parse_escapes | pugi::parse_eol |
+                                pugi::parse_wconv_attribute | pugi::parse_ws_pcdata;
+    require(theirs.load_buffer(text.data(), text.size(), kExact, pugi::encoding_utf8));
+    requireSame(*tree, tree->root(), theirs.document_element());
 }
 
 /// How much of the shorter of two texts is in the longer one, but for one piece that was put into it.
@@ -96,11 +112,10 @@ std::size_t kept(std::string_view a, std::string_view b) {
 }
 
 ConfigurationDocument reparsed(const ConfigurationDocument& document) {
-    const std::string text = document.serialise();
-    Problem problem;
-    auto again = ConfigurationDocument::parse(text, problem);
-    require(again.has_value());
-    requireSameElements(text);
+    require(bool(document.serialise()));
+    auto again = ConfigurationDocument::parse(document.text());
+    require(bool(again));
+    requireSameElements(document.text());
     return std::move(*again);
 }
 
@@ -175,15 +190,15 @@ void editAll(ConfigurationDocument& document, const std::string& value) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view text = fuzz::textOf(data, size);
-    Problem problem;
-    auto document = ConfigurationDocument::parse(std::string(text), problem);
-    require(document.has_value() == problem.text.empty());
+    auto document = ConfigurationDocument::parse(std::string(text));
     if (!document) {
-        require(problem.line >= 0 && problem.line <= std::ranges::count(text, '\n') + 1);
+        const auto& error = document.error();
+        require(!error.cause.empty() && error.line >= 0 && error.line <= std::ranges::count(text, '\n') + 1);
         return 0;
     }
     bool isTold = false;
-    document->setReporter([&isTold](const Problem& told) { isTold = told.line > 0 && !told.text.empty(); });
+    document->setReporter(
+        [&isTold](const platform::Error& told) { isTold = told.line > 0 && !told.cause.empty(); });
     const std::vector<Answer> before = answers(*document);
     require(isTold == document->isFlawed());
     require(answers(reparsed(*document)) == before);
@@ -191,21 +206,23 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string path = kPaths[0];
     const std::string value(text.substr(size - std::min(size, kLongestEdit)));
     const bool isNew = !document->hasKey(path, kEdited);
-    const std::string whole = document->serialise();
+    const std::string whole = document->text();
     document->writeValue(path, kEdited, value);
     ConfigurationDocument::Values values;
     std::vector<std::uint8_t> locks;
     const ConfigurationDocument edited = reparsed(*document);
     require(edited.readKey(path, kEdited, values, locks) && values == ConfigurationDocument::Values{value});
     requireOthersUnchanged(before, answers(edited), path + '#' + kEdited);
+    require(answers(*document) == answers(edited));
     // A section that was one tag gets another end.
     constexpr std::size_t kTagEnd = 2;
-    require(!isNew || kept(whole, edited.serialise()) + kTagEnd >= whole.size());
+    require(!isNew || kept(whole, edited.text()) + kTagEnd >= whole.size());
 
     document->removeKey(path, kEdited);
     require(!document->hasKey(path, kEdited));
     requireOthersUnchanged(before, answers(*document), path + '#' + kEdited);
-    require(kept(document->serialise(), edited.serialise()) == document->serialise().size());
+    require(bool(document->serialise()));
+    require(kept(document->text(), edited.text()) == document->text().size());
 
     editAll(*document, value);
     return 0;

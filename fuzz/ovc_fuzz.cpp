@@ -23,8 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                 require(isDocument && item->name == ovsettings::schemaItemName(name));
         }
     }
-    platform::XmlProblem problem;
-    if (const auto document = platform::XmlDocument::parse(std::string(fuzz::textOf(data, size)), problem))
+    if (const auto document = platform::XmlDocument::parse(std::string(fuzz::textOf(data, size))))
         ovsettings::CObjectSchema::isPrinterSchema(*document);
     return 0;
 }

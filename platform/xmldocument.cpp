@@ -23,8 +23,7 @@ void load(pugi::xml_document& tree, std::string_view text, unsigned options) {
 
 /// The element by itself, with all blanks and remarks.
 void loadExactly(pugi::xml_document& tree, const XmlDocument& document, pugi::xml_node element) {
-    const XmlExtent extent = document.extentOf(element);
-    load(tree, std::string_view(document.text()).substr(extent.name - 1, extent.end - extent.name + 1),
+    load(tree, document.writtenAt(element),
          kExact | pugi::parse_ws_pcdata | pugi::parse_comments | pugi::parse_pi);
 }
 
@@ -38,21 +37,19 @@ bool isText(pugi::xml_node node) {
 
 } // namespace
 
-std::optional<XmlDocument> XmlDocument::parse(std::string bytes, XmlProblem& problem, std::string* foreign) {
-    auto found = toUtf8(bytes, foreign);
-    if (!found)
-        found = scanXml(bytes);
-    if (!found)
-        return XmlDocument(std::move(bytes));
-    problem = std::move(*found);
-    return std::nullopt;
+Result<XmlDocument> XmlDocument::parse(std::string bytes) {
+    if (auto isRead = toUtf8(bytes, nullptr); !isRead)
+        return isRead.error();
+    if (auto isXml = scanXml(bytes); !isXml)
+        return isXml.error();
+    XmlDocument document;
+    document.text_ = std::move(bytes);
+    document.tree_ = std::make_unique<pugi::xml_document>();
+    load(*document.tree_, document.text_, kUsual);
+    return document;
 }
 
 pugi::xml_node XmlDocument::root() const {
-    if (!tree_ && !text_.empty()) {
-        tree_ = std::make_unique<pugi::xml_document>();
-        load(*tree_, text_, kUsual);
-    }
     return tree_ ? tree_->document_element() : pugi::xml_node();
 }
 
@@ -67,23 +64,16 @@ long XmlDocument::lineOf(pugi::xml_node element) const {
     return place_.line;
 }
 
-XmlExtent XmlDocument::extentOf(pugi::xml_node element) const {
-    return extentAt(static_cast<std::size_t>(element.offset_debug()));
+std::string_view XmlDocument::writtenAt(pugi::xml_node element) const {
+    if (table_.elements.empty())
+        static_cast<void>(scanXml(text_, &table_));
+    const auto name = static_cast<std::uint32_t>(element.offset_debug());
+    const auto& extent = *std::ranges::lower_bound(table_.elements, name, {}, &XmlTable::Element::name);
+    return std::string_view(text_).substr(extent.name - 1, extent.end - extent.name + 1);
 }
 
-XmlExtent XmlDocument::extentAt(std::size_t name) const {
-    if (extents_.empty())
-        scanXml(text_, &extents_);
-    return *std::ranges::lower_bound(extents_, name, {}, &XmlExtent::name);
-}
-
-void XmlDocument::shrink() {
-    tree_.reset();
-    extents_ = {};
-}
-
-std::string located(const XmlProblem& problem) {
-    return "line " + std::to_string(problem.line) + ": " + problem.text;
+std::string located(const Error& error) {
+    return "line " + std::to_string(error.line) + ": " + error.cause;
 }
 
 std::optional<std::string_view> attributeOf(pugi::xml_node element, const char* name) {

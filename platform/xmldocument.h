@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/result.h"
 #include "platform/xmlscanner.h"
 
 #include <pugixml.hpp>
@@ -22,14 +23,10 @@ class XmlDocument {
 public:
     /// Without an element.
     XmlDocument() = default;
-    /// @param text one that is well-formed, UTF-8 and strict; parse() takes others.
-    explicit XmlDocument(std::string text) : text_(std::move(text)) {}
 
     /// @param bytes of a file, in any of the encodings that are read.
-    /// @return nothing, with `problem` filled in, if they are no XML.
-    /// @param foreign receives the bytes of a file that is not in UTF-8, if it is not null.
-    static std::optional<XmlDocument> parse(std::string bytes, XmlProblem& problem,
-                                            std::string* foreign = nullptr);
+    /// @return an error with the line if they are no XML.
+    static Result<XmlDocument> parse(std::string bytes);
 
     /// In UTF-8; the bytes of the file, if these are.
     const std::string& text() const { return text_; }
@@ -37,12 +34,8 @@ public:
     pugi::xml_node root() const;
     /// From 1. Fast for nodes that are asked for in their order.
     long lineOf(pugi::xml_node element) const;
-    XmlExtent extentOf(pugi::xml_node element) const;
-    /// Of an element whose name begins at a place.
-    XmlExtent extentAt(std::size_t name) const;
-
-    /// Frees what can be made anew from the text when it is asked for; elements are then no longer good.
-    void shrink();
+    /// The element by itself, as it is written.
+    std::string_view writtenAt(pugi::xml_node element) const;
 
 private:
     struct Place {
@@ -51,13 +44,13 @@ private:
     };
 
     std::string text_;
-    mutable std::unique_ptr<pugi::xml_document> tree_;
-    mutable std::vector<XmlExtent> extents_;
-    mutable Place place_; ///< that was asked for last
+    std::unique_ptr<pugi::xml_document> tree_;
+    mutable XmlTable table_; ///< filled when somebody asks for an extent
+    mutable Place place_;    ///< that was asked for last
 };
 
 /// As a message has it: "line 7: cause".
-std::string located(const XmlProblem& problem);
+std::string located(const Error& error);
 
 /// A view into the tree; nothing if there is no such attribute.
 std::optional<std::string_view> attributeOf(pugi::xml_node element, const char* name);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cassert>
 #include <cstddef>
+#include <iterator>
 
 namespace platform {
 
@@ -14,61 +15,60 @@ bool isBlank(char c) {
     return kBlanks.find(c) != std::string_view::npos;
 }
 
-/// Where the attributes of a start tag end, and those that there are.
-struct WrittenAttribute {
-    std::size_t begin; ///< of the blanks before it
-    std::string_view name;
-    std::size_t value;
-    std::size_t valueEnd; ///< of the quote behind the value
-};
-
-std::vector<WrittenAttribute> attributesIn(std::string_view text, const XmlExtent& extent) {
-    std::vector<WrittenAttribute> found;
-    std::size_t at = text.find_first_of(" \t\r\n/>", extent.name);
-    for (;;) {
-        const auto name = text.find_first_not_of(kBlanks, at);
-        if (text[name] == '>' || text[name] == '/')
-            return found;
-        const auto nameEnd = text.find_first_of(" \t\r\n=", name);
-        const auto open = text.find_first_of("\"'", nameEnd);
-        const auto close = text.find(text[open], open + 1);
-        found.push_back({at, text.substr(name, nameEnd - name), open + 1, close});
-        at = close + 1;
-    }
-}
-
 /// Behind the name and the attributes of a start tag.
-std::size_t endOfAttributes(std::string_view text, const XmlExtent& extent) {
-    const auto written = attributesIn(text, extent);
-    return written.empty() ? text.find_first_of(" \t\r\n/>", extent.name) : written.back().valueEnd + 1;
-}
-
-bool isOneTag(const XmlExtent& extent) {
-    return extent.content == extent.end;
+std::size_t endOfAttributes(const XmlNode& element) {
+    const auto written = element.attributes();
+    return written.empty() ? element.extent().nameEnd : written.back().valueEnd + 1;
 }
 
 } // namespace
 
-XmlEditor::Change& XmlEditor::changeOf(pugi::xml_node element) {
-    return changes_.try_emplace(document_.extentOf(element).name, Change{element}).first->second;
+XmlEditor::Change& XmlEditor::changeOf(const XmlNode& element) {
+    return changes_.try_emplace(element.place(), Change{element}).first->second;
 }
 
-void XmlEditor::setText(pugi::xml_node element, std::string_view text, std::string_view without) {
+void XmlEditor::setText(const XmlNode& element, std::string_view text, std::string_view without) {
     std::string content;
     appendXmlText(content, text);
-    changeOf(element).content = content + contentWithoutText(document_.extentOf(element), without);
+    changeOf(element).content = content + contentWithoutText(element, without);
 }
 
-void XmlEditor::setAttribute(pugi::xml_node element, std::string name, std::string value) {
+void XmlEditor::setAttribute(const XmlNode& element, std::string name, std::string value) {
     changeOf(element).attributes.emplace_back(std::move(name), std::move(value));
 }
 
-void XmlEditor::removeAttribute(pugi::xml_node element, std::string name) {
-    changeOf(element).attributes.emplace_back(std::move(name), std::nullopt);
+void XmlEditor::removeAttribute(const XmlNode& element, std::string name) {
+    if (element.attribute(name))
+        changeOf(element).attributes.emplace_back(std::move(name), std::nullopt);
 }
 
-void XmlEditor::append(pugi::xml_node parent, XmlElement element) {
+void XmlEditor::append(const XmlNode& parent, XmlElement element) {
     changeOf(parent).appended.push_back(std::move(element));
+}
+
+/// Whether nothing but the text of an element without markup is another.
+bool XmlEditor::isOfContentOnly(const Change& change) {
+    const auto& extent = change.element.extent();
+    return !change.isRemoved && change.name.empty() && change.attributes.empty() && change.appended.empty() &&
+           extent.isPlain && !extent.isOneTag() && !becomesOneTag(change);
+}
+
+Result<bool> XmlEditor::apply(XmlTree& tree) const {
+    const bool isOfContents =
+        std::ranges::all_of(changes_, [](const auto& change) { return isOfContentOnly(change.second); });
+    if (isOfContents) {
+        std::map<std::uint32_t, std::string> contents;
+        for (const auto& [place, change] : changes_)
+            contents.emplace(place, *change.content);
+        tree.replaceContents(contents);
+        return true;
+    }
+    // The file is all that its owner has: what could not be read again is not to be written.
+    auto made = XmlTree::parse(text());
+    if (!made)
+        return made.error();
+    tree = std::move(*made);
+    return false;
 }
 
 std::string XmlEditor::text() const {
@@ -76,7 +76,7 @@ std::string XmlEditor::text() const {
     for (const auto& [place, change] : changes_)
         splice(change, splices);
     std::ranges::stable_sort(splices, {}, &Splice::begin);
-    const std::string& before = document_.text();
+    const std::string& before = tree_.text();
     std::string after;
     after.reserve(before.size() + before.size() / 8);
     std::size_t done = 0;
@@ -89,24 +89,24 @@ std::string XmlEditor::text() const {
 }
 
 void XmlEditor::splice(const Change& change, Splices& splices) const {
-    const XmlExtent extent = document_.extentOf(change.element);
+    const auto& extent = change.element.extent();
     if (change.isRemoved) {
         spliceRemoval(extent, splices);
         return;
     }
-    const std::size_t nameSize = std::string_view(change.element.name()).size();
     if (!change.name.empty()) {
-        splices.push_back({extent.name, extent.name + nameSize, change.name});
-        if (!isOneTag(extent) && !becomesOneTag(change))
-            splices.push_back({extent.endTag + 2, extent.endTag + 2 + nameSize, change.name});
+        splices.push_back({extent.name, extent.nameEnd, change.name});
+        if (!extent.isOneTag() && !becomesOneTag(change))
+            splices.push_back(
+                {extent.endTag + 2, extent.endTag + 2 + extent.nameEnd - extent.name, change.name});
     }
-    spliceAttributes(change, extent, splices);
+    spliceAttributes(change, splices);
     if (change.content || !change.appended.empty())
-        spliceContent(change, extent, splices);
+        spliceContent(change, splices);
 }
 
-void XmlEditor::spliceRemoval(const XmlExtent& extent, Splices& splices) const {
-    const std::string& text = document_.text();
+void XmlEditor::spliceRemoval(const XmlTable::Element& extent, Splices& splices) const {
+    const std::string& text = tree_.text();
     const std::string_view behind = std::string_view(text).substr(extent.end);
     // A remark behind the element stays and keeps the line.
     const bool endsItsLine = behind.starts_with('\n') || behind.starts_with('\r') || behind.starts_with("</");
@@ -114,43 +114,47 @@ void XmlEditor::spliceRemoval(const XmlExtent& extent, Splices& splices) const {
     splices.push_back({extent.name - 1 - line, extent.end, {}});
 }
 
-void XmlEditor::spliceAttributes(const Change& change, const XmlExtent& extent, Splices& splices) const {
-    if (change.attributes.empty())
-        return;
-    const auto written = attributesIn(document_.text(), extent);
+void XmlEditor::spliceAttributes(const Change& change, Splices& splices) const {
+    const auto written = change.element.attributes();
+    const std::string& text = tree_.text();
     std::string added;
     for (const auto& [name, value] : change.attributes) {
-        const auto known = std::ranges::find(written, name, &WrittenAttribute::name);
-        if (known == written.end()) {
-            if (value)
-                appendXmlAttribute(added, name, *value);
-        } else if (value) {
-            std::string whole;
+        const auto known = std::ranges::find_if(written, [&, &name = name](const auto& attribute) {
+            return text.compare(attribute.name, attribute.nameEnd - attribute.name, name) == 0;
+        });
+        std::string whole;
+        if (value)
             appendXmlAttribute(whole, name, *value);
-            splices.push_back({known->begin, known->valueEnd + 1, whole});
-        } else {
-            splices.push_back({known->begin, known->valueEnd + 1, {}});
+        if (known == written.end()) {
+            added += whole;
+            continue;
         }
+        // With the blanks before it.
+        const std::size_t begin =
+            known == written.begin() ? change.element.extent().nameEnd : std::prev(known)->valueEnd + 1;
+        splices.push_back({begin, known->valueEnd + 1U, whole});
     }
-    const std::size_t end = endOfAttributes(document_.text(), extent);
+    const std::size_t end = endOfAttributes(change.element);
     if (!added.empty())
         splices.push_back({end, end, added});
 }
 
-void XmlEditor::spliceContent(const Change& change, const XmlExtent& extent, Splices& splices) const {
-    const std::string& text = document_.text();
-    const std::string name = change.name.empty() ? change.element.name() : change.name;
-    if (!isOneTag(extent) && becomesOneTag(change)) {
+void XmlEditor::spliceContent(const Change& change, Splices& splices) const {
+    const auto& extent = change.element.extent();
+    const std::string& text = tree_.text();
+    const std::string name(change.name.empty() ? change.element.name() : change.name);
+    if (!extent.isOneTag() && becomesOneTag(change)) {
         splices.push_back({extent.content - 1, extent.end, "/>"});
         return;
     }
-    if (isOneTag(extent) || change.content) {
+    if (extent.isOneTag() || change.content) {
         std::string content = change.content.value_or("") + printed(change);
         if (!change.appended.empty())
             content += indentationOf(change.element);
-        if (isOneTag(extent) && !content.empty())
-            splices.push_back({endOfAttributes(text, extent), extent.end, '>' + content + "</" + name + '>'});
-        else if (!isOneTag(extent))
+        if (extent.isOneTag() && !content.empty())
+            splices.push_back(
+                {endOfAttributes(change.element), extent.end, '>' + content + "</" + name + '>'});
+        else if (!extent.isOneTag())
             splices.push_back({extent.content, extent.endTag, content});
         return;
     }
@@ -176,8 +180,10 @@ std::string XmlEditor::printed(const Change& change) const {
     return text;
 }
 
-std::string XmlEditor::contentWithoutText(const XmlExtent& extent, std::string_view without) const {
-    const std::string& text = document_.text();
+std::string XmlEditor::contentWithoutText(const XmlNode& element, std::string_view without) const {
+    const std::string& text = tree_.text();
+    const auto& extent = element.extent();
+    XmlNode child = element.child({});
     const auto endOf = [&](std::size_t begin, std::string_view end) {
         return text.find(end, begin) + end.size();
     };
@@ -189,9 +195,11 @@ std::string XmlEditor::contentWithoutText(const XmlExtent& extent, std::string_v
         const bool isElement = !isSection && !isRemark && !here.starts_with("<?");
         const std::size_t end = isSection   ? endOf(at, "]]>")
                                 : isRemark  ? endOf(at + 4, "-->")
-                                : isElement ? document_.extentAt(at + 1).end
+                                : isElement ? child.extent().end
                                             : endOf(at, "?>");
-        const bool isDropped = isElement && here.substr(1, here.find_first_of(" \t\r\n/>") - 1) == without;
+        const bool isDropped = isElement && child.name() == without;
+        if (isElement)
+            child = child.next();
         if (!isSection && !isDropped)
             kept.append(text, at, end - at);
         at = text.find('<', end);
@@ -200,8 +208,8 @@ std::string XmlEditor::contentWithoutText(const XmlExtent& extent, std::string_v
 }
 
 /// The line end and the blanks before an element, or nothing if it does not begin a line.
-std::string_view XmlEditor::indentationBefore(const XmlExtent& extent) const {
-    const std::string_view before = std::string_view(document_.text()).substr(0, extent.name - 1);
+std::string_view XmlEditor::indentationBefore(const XmlTable::Element& extent) const {
+    const std::string_view before = std::string_view(tree_.text()).substr(0, extent.name - 1);
     auto line = before.find_last_not_of(" \t");
     if (line == std::string_view::npos || before[line] != '\n')
         return {};
@@ -209,22 +217,22 @@ std::string_view XmlEditor::indentationBefore(const XmlExtent& extent) const {
     return before.substr(line);
 }
 
-std::string XmlEditor::indentationOf(pugi::xml_node element) const {
-    const auto own = indentationBefore(document_.extentOf(element));
+std::string XmlEditor::indentationOf(const XmlNode& element) const {
+    const auto own = indentationBefore(element.extent());
     return std::string(own.empty() ? lineEnd() : own);
 }
 
-std::string XmlEditor::indentationOfChildren(pugi::xml_node parent) const {
-    pugi::xml_node child = parent.last_child();
-    while (child && child.type() != pugi::node_element)
-        child = child.previous_sibling();
-    const auto siblings = child ? indentationBefore(document_.extentOf(child)) : std::string_view();
+std::string XmlEditor::indentationOfChildren(const XmlNode& parent) const {
+    XmlNode last;
+    for (const XmlNode child : parent.children())
+        last = child;
+    const auto siblings = last ? indentationBefore(last.extent()) : std::string_view();
     return siblings.empty() ? indentationOf(parent).append(kXmlIndentStep) : std::string(siblings);
 }
 
 std::string_view XmlEditor::lineEnd() const {
-    const auto first = document_.text().find('\n');
-    return first != std::string::npos && first > 0 && document_.text()[first - 1] == '\r' ? "\r\n" : "\n";
+    const auto first = tree_.text().find('\n');
+    return first != std::string::npos && first > 0 && tree_.text()[first - 1] == '\r' ? "\r\n" : "\n";
 }
 
 } // namespace platform

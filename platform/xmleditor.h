@@ -1,8 +1,9 @@
 #pragma once
 
-#include "platform/xmldocument.h"
 #include "platform/xmlelement.h"
+#include "platform/xmltree.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -13,28 +14,30 @@
 
 namespace platform {
 
-/// Changes of a document, as bytes that take the place of others: all that no change concerns stays to the
-/// byte. The document says what it said until the new text is parsed.
+/// Changes of a tree's text, as bytes that take the place of others: all that no change concerns stays to the
+/// byte. The tree says what it said until they are applied.
 class XmlEditor {
 public:
-    explicit XmlEditor(const XmlDocument& document) : document_(document) {}
+    explicit XmlEditor(const XmlTree& tree) : tree_(tree) {}
 
     /// With its line if it stands alone on it.
-    void remove(pugi::xml_node element) { changeOf(element).isRemoved = true; }
-    void rename(pugi::xml_node element, std::string name) { changeOf(element).name = std::move(name); }
+    void remove(const XmlNode& element) { changeOf(element).isRemoved = true; }
+    void rename(const XmlNode& element, std::string name) { changeOf(element).name = std::move(name); }
     /// Replaces the text, and leaves remarks and child elements where they are but for those of a name.
-    void setText(pugi::xml_node element, std::string_view text, std::string_view without = {});
-    void setAttribute(pugi::xml_node element, std::string name, std::string value);
-    void removeAttribute(pugi::xml_node element, std::string name);
+    void setText(const XmlNode& element, std::string_view text, std::string_view without = {});
+    void setAttribute(const XmlNode& element, std::string name, std::string value);
+    void removeAttribute(const XmlNode& element, std::string name);
     /// As the last child, indented like its siblings.
-    void append(pugi::xml_node parent, XmlElement element);
+    void append(const XmlNode& parent, XmlElement element);
 
-    /// The text of the document with all changes.
-    std::string text() const;
+    /// @return whether the elements and attributes of `tree`, that of the editor, have stayed where they are
+    /// in it; it is made anew otherwise. An error, and the tree as it was, if the changes together make no
+    /// XML.
+    Result<bool> apply(XmlTree& tree) const;
 
 private:
     struct Change {
-        pugi::xml_node element;
+        XmlNode element;
         bool isRemoved = false;
         std::string name = {};
         std::optional<std::string> content = {};
@@ -52,19 +55,21 @@ private:
     };
     using Splices = std::vector<Splice>;
 
-    Change& changeOf(pugi::xml_node element);
+    Change& changeOf(const XmlNode& element);
+    static bool isOfContentOnly(const Change& change);
+    std::string text() const;
     void splice(const Change& change, Splices& splices) const;
-    void spliceRemoval(const XmlExtent& extent, Splices& splices) const;
-    void spliceAttributes(const Change& change, const XmlExtent& extent, Splices& splices) const;
-    void spliceContent(const Change& change, const XmlExtent& extent, Splices& splices) const;
+    void spliceRemoval(const XmlTable::Element& extent, Splices& splices) const;
+    void spliceAttributes(const Change& change, Splices& splices) const;
+    void spliceContent(const Change& change, Splices& splices) const;
     std::string printed(const Change& change) const;
-    std::string contentWithoutText(const XmlExtent& extent, std::string_view without) const;
-    std::string_view indentationBefore(const XmlExtent& extent) const;
-    std::string indentationOf(pugi::xml_node element) const;
-    std::string indentationOfChildren(pugi::xml_node parent) const;
+    std::string contentWithoutText(const XmlNode& element, std::string_view without) const;
+    std::string_view indentationBefore(const XmlTable::Element& extent) const;
+    std::string indentationOf(const XmlNode& element) const;
+    std::string indentationOfChildren(const XmlNode& parent) const;
     std::string_view lineEnd() const;
 
-    const XmlDocument& document_;
+    const XmlTree& tree_;
     std::map<std::uint32_t, Change> changes_; ///< by the place of the element's name
 };
 

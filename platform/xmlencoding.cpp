@@ -44,9 +44,11 @@ bool matches(std::string_view bytes, std::string_view pattern) {
            std::ranges::equal(bytes.substr(0, pattern.size()), pattern, isSame);
 }
 
-XmlProblem refused(std::string_view encoding) {
-    return {1, "the encoding " + std::string(encoding) + " is not read, but UTF-8, UTF-16 and ISO-8859-1 are",
-            true};
+Error refused(std::string_view encoding) {
+    return {{},
+            "the encoding " + std::string(encoding) + " is not read, but UTF-8, UTF-16 and ISO-8859-1 are",
+            1,
+            kForeignEncoding};
 }
 
 /// The name of the encoding in a declaration, as a view into the text; empty if none is named.
@@ -105,7 +107,7 @@ void declareUtf8(std::string& text) {
 
 } // namespace
 
-std::optional<XmlProblem> toUtf8(std::string& bytes, std::string* foreign) {
+Result<> toUtf8(std::string& bytes, std::string* foreign) {
     for (const ForeignBegin& begin : kForeignBegins) {
         if (matches(bytes, begin.bytes))
             return refused(begin.encoding);
@@ -115,7 +117,7 @@ std::optional<XmlProblem> toUtf8(std::string& bytes, std::string* foreign) {
         std::ranges::find_if(kWideMarks, [&](const WideMark& mark) { return bytes.starts_with(mark.bytes); });
     const bool isWide = wide != std::end(kWideMarks);
     if (isWide && !fromWide(std::string_view(bytes).substr(wide->bytes.size()), wide->low, text))
-        return XmlProblem{std::ranges::count(text, '\n') + 1, "something is no UTF-16"};
+        return Error{{}, "something is no UTF-16", std::ranges::count(text, '\n') + 1};
     const std::string_view declared = declaredEncoding(isWide ? text : bytes);
     const std::string encoding = inUpperCase(std::string(declared));
     const bool isMarked = isWide || bytes.starts_with(kUtf8Mark);
@@ -126,14 +128,14 @@ std::optional<XmlProblem> toUtf8(std::string& bytes, std::string* foreign) {
     if (isLatin && !isMarked)
         text = fromLatin(bytes);
     else if (!isWide && (encoding.empty() || encoding == kUtf8))
-        return std::nullopt;
+        return {};
     else if (!isWide)
         text = bytes; // its mark counts, and not what it declares
     declareUtf8(text);
     bytes.swap(text);
     if (foreign)
         *foreign = std::move(text);
-    return std::nullopt;
+    return {};
 }
 
 } // namespace platform

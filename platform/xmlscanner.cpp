@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstring>
 
 namespace platform {
 
@@ -24,6 +25,7 @@ enum Class : unsigned char {
     kDoubleQuoted = 16,
     kSingleQuoted = 32,
     kPassage = 64, ///< in a remark, a section of text or an instruction
+    kIndent = 128, ///< a blank that stands for itself in a text
 };
 
 constexpr std::array<unsigned char, 256> classes() {
@@ -35,15 +37,19 @@ constexpr std::array<unsigned char, 256> classes() {
         const bool isLetter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || isOneOf(c, "_:");
         const bool isBlank = c != 0 && isOneOf(c, " \t\r\n");
         const bool isCharacter = c >= 0x20 || isBlank;
+        // What a reader makes something else of is not skipped over.
+        const bool isPlainInText = isCharacter && c != '\r';
+        const bool isPlainInQuotes = c >= 0x20;
         const auto mark = [&](bool is, Class what) {
             table[c] = static_cast<unsigned char>(table[c] | (is ? what : 0));
         };
         mark(isLetter, kNameStart);
         mark(isLetter || (c >= '0' && c <= '9') || isOneOf(c, "-."), kName);
         mark(isBlank, kBlank);
-        mark(isCharacter && !isOneOf(c, "<&]"), kText);
-        mark(isCharacter && !isOneOf(c, "<&\""), kDoubleQuoted);
-        mark(isCharacter && !isOneOf(c, "<&'"), kSingleQuoted);
+        mark(isBlank && isPlainInText, kIndent);
+        mark(isPlainInText && !isOneOf(c, "<&]"), kText);
+        mark(isPlainInQuotes && !isOneOf(c, "<&\""), kDoubleQuoted);
+        mark(isPlainInQuotes && !isOneOf(c, "<&'"), kSingleQuoted);
         mark(isCharacter && !isOneOf(c, "-]?"), kPassage);
     }
     return table;
@@ -53,6 +59,15 @@ constexpr auto kClasses = classes();
 
 bool is(char c, Class what) {
     return (kClasses[static_cast<unsigned char>(c)] & what) != 0;
+}
+
+/// Over what stands before most elements.
+const char* skipSpaces(const char* at, const char* end) {
+    constexpr std::string_view kSpaces = "        ";
+    while (static_cast<std::size_t>(end - at) >= kSpaces.size() &&
+           std::memcmp(at, kSpaces.data(), kSpaces.size()) == 0)
+        at += kSpaces.size();
+    return at;
 }
 
 /// The NUL behind a text is of no class and ends the way.
@@ -124,20 +139,24 @@ constexpr DeclaredPart kDeclaredParts[] = {
 
 class Scanner {
 public:
-    Scanner(const std::string& text, std::vector<XmlExtent>* extents)
-        : begin_(text.data()), end_(begin_ + text.size()), at_(begin_), extents_(extents) {}
+    Scanner(const std::string& text, XmlTable* table)
+        : begin_(text.data()), end_(begin_ + text.size()), at_(begin_), table_(table) {}
 
-    std::optional<XmlProblem> scan() {
+    Result<> scan() {
         if (document())
-            return std::nullopt;
-        return XmlProblem{std::count(begin_, at_, '\n') + 1, std::move(cause_)};
+            return {};
+        return Error{{}, std::move(cause_), std::count(begin_, at_, '\n') + 1};
     }
 
 private:
+    /// An element whose end has not come yet.
     struct Open {
         const char* name;
         std::size_t length;
-        std::size_t extent;
+        std::uint32_t place; ///< in the table
+        bool hasText;
+        bool hasRemarks;
+        bool isPlain;
     };
 
     bool document() {
@@ -263,25 +282,31 @@ private:
     }
 
     bool markup() {
-        switch (at_[1]) {
-        case '/':
+        if (at_[1] == '/')
             return endTag();
-        case '!':
-            return passage(startsWith(kSection.begin) ? kSection : kRemark);
-        case '?':
-            return instruction();
-        default:
-            return startTag();
+        const bool isSection = startsWith(kSection.begin);
+        if (depth_ > 0) {
+            Open& around = open_[depth_ - 1];
+            around.isPlain = false;
+            around.hasText = around.hasText || isSection;
+            around.hasRemarks = around.hasRemarks || (!isSection && (at_[1] == '!' || at_[1] == '?'));
         }
+        if (at_[1] == '!')
+            return passage(isSection ? kSection : kRemark);
+        return at_[1] == '?' ? instruction() : startTag();
     }
 
     bool text() {
+        Open& around = open_[depth_ - 1];
         for (;;) {
+            at_ = skip(skipSpaces(*at_ == '\n' ? at_ + 1 : at_, end_), kIndent);
+            around.hasText = around.hasText || (*at_ != '<' && *at_ != '\r');
             at_ = skip(at_, kText);
             if (*at_ == '<')
                 return true;
             if (startsWith(kSection.end))
                 return refuse("]]> stands in a text");
+            around.isPlain = around.isPlain && *at_ != '&' && *at_ != '\r';
             if (*at_ == '&' ? !reference() : !character())
                 return false;
         }
@@ -291,10 +316,10 @@ private:
         Open& open = open_[depth_ < kDeepest ? depth_ : 0];
         if (depth_ == kDeepest)
             return refuse("elements are nested too deeply");
-        open.name = ++at_;
+        const char* first = ++at_;
         if (!name())
             return false;
-        open.length = static_cast<std::size_t>(at_ - open.name);
+        open = {first, static_cast<std::size_t>(at_ - first), begun(first), false, false, true};
         names_.clear();
         for (;;) {
             const char* before = at_;
@@ -306,20 +331,43 @@ private:
             if (!attribute())
                 return false;
         }
-        return areDifferent() && opened(open);
-    }
-
-    bool opened(Open& open) {
+        if (!areDifferent())
+            return false;
         const bool isWhole = *at_ == '/';
         at_ += isWhole ? 2 : 1;
-        if (extents_) {
-            open.extent = extents_->size();
-            const auto here = offset(at_);
-            extents_->push_back({offset(open.name), here, here, here});
-        }
-        if (!isWhole)
-            ++depth_;
+        ++depth_;
+        if (table_)
+            table_->elements[open.place].content = offset(at_);
+        if (isWhole)
+            close(at_);
         return true;
+    }
+
+    /// @return the place in the table.
+    std::uint32_t begun(const char* name) {
+        if (!table_)
+            return 0;
+        const auto place = static_cast<std::uint32_t>(table_->elements.size());
+        XmlTable::Element& element = table_->elements.emplace_back();
+        element.name = offset(name);
+        element.nameEnd = offset(at_);
+        element.parent = depth_ > 0 ? open_[depth_ - 1].place : place;
+        element.attributes = static_cast<std::uint32_t>(table_->attributes.size());
+        return place;
+    }
+
+    /// @param endTag where the content of the innermost element has ended.
+    void close(const char* endTag) {
+        const Open& open = open_[--depth_];
+        if (!table_)
+            return;
+        XmlTable::Element& element = table_->elements[open.place];
+        element.endTag = offset(endTag);
+        element.end = offset(at_);
+        element.behind = static_cast<std::uint32_t>(table_->elements.size());
+        element.hasText = open.hasText;
+        element.hasRemarks = open.hasRemarks;
+        element.isPlain = open.isPlain;
     }
 
     bool attribute() {
@@ -328,20 +376,26 @@ private:
         const char* first = at_;
         if (!name())
             return false;
-        names_.emplace_back(first, static_cast<std::size_t>(at_ - first));
+        const char* last = at_;
+        names_.emplace_back(first, static_cast<std::size_t>(last - first));
         if (!equalSign() || (*at_ != '"' && *at_ != '\''))
             return refuse("an attribute has no value in quotes");
         const char quote = *at_++;
+        const char* value = at_;
         const Class plain = quote == '"' ? kDoubleQuoted : kSingleQuoted;
+        bool isPlain = true;
         for (;;) {
             at_ = skip(at_, plain);
             if (*at_ == quote)
                 break;
             if (*at_ == '<')
                 return refuse("a < stands in an attribute");
+            isPlain = isPlain && *at_ != '&' && !is(*at_, kBlank);
             if (*at_ == '&' ? !reference() : !character())
                 return false;
         }
+        if (table_)
+            table_->attributes.push_back({offset(first), offset(last), offset(value), offset(at_), isPlain});
         ++at_;
         return true;
     }
@@ -372,12 +426,7 @@ private:
         if (!isMatch || *at_ != '>')
             return refuse("the end of <" + std::string(wanted) + "> is missing");
         ++at_;
-        if (extents_) {
-            XmlExtent& extent = (*extents_)[open.extent];
-            extent.endTag = offset(tag);
-            extent.end = offset(at_);
-        }
-        --depth_;
+        close(tag);
         return true;
     }
 
@@ -512,7 +561,7 @@ private:
     const char* const begin_;
     const char* const end_;
     const char* at_;
-    std::vector<XmlExtent>* const extents_;
+    XmlTable* const table_;
     std::array<Open, kDeepest> open_;
     std::size_t depth_ = 0;
     std::vector<std::string_view> names_; ///< of the attributes of a tag
@@ -525,8 +574,8 @@ bool isXmlText(std::string_view text) {
     return isUtf8Of(text, &isXmlCharacter);
 }
 
-std::optional<XmlProblem> scanXml(const std::string& text, std::vector<XmlExtent>* extents) {
-    return Scanner(text, extents).scan();
+Result<> scanXml(const std::string& text, XmlTable* table) {
+    return Scanner(text, table).scan();
 }
 
 } // namespace platform

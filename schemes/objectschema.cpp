@@ -86,10 +86,9 @@ bool CObjectSchema::read(const std::string& path) {
 }
 
 bool CObjectSchema::parse(std::string bytes) {
-    platform::XmlProblem problem;
-    const auto document = platform::XmlDocument::parse(std::move(bytes), problem);
+    const auto document = platform::XmlDocument::parse(std::move(bytes));
     if (!document) {
-        error_ = platform::located(problem);
+        error_ = platform::located(document.error());
         return false;
     }
     int told = 0;

@@ -22,6 +22,8 @@ const std::string& keyOf(std::size_t row) {
     return keys[row];
 }
 
+constexpr std::size_t kUsualStatements = 64; // of a level that has any
+
 std::string_view withoutSlash(std::string_view path) {
     return path.substr(0, path.find_last_not_of('/') + 1);
 }
@@ -102,7 +104,10 @@ const Statement* Level::find(std::size_t row) const {
 }
 
 void Level::add(Statement statement) {
-    places_.resize(catalogue().size());
+    if (places_.empty()) {
+        places_.resize(catalogue().size());
+        statements_.reserve(kUsualStatements);
+    }
     const auto row = statement.row;
     statements_.push_back(std::move(statement));
     places_[row] = static_cast<std::uint16_t>(statements_.size());

@@ -101,7 +101,7 @@ private:
 
     void note(pugi::xml_node place, const std::string& cause) {
         if (catalogue_.problem.empty())
-            catalogue_.problem = platform::located({document_.lineOf(place), cause});
+            catalogue_.problem = platform::located({{}, cause, document_.lineOf(place)});
     }
 
     Catalogue& catalogue_;
@@ -114,12 +114,11 @@ private:
 
 Catalogue readCatalogue(std::string bytes) {
     Catalogue catalogue;
-    platform::XmlProblem problem;
-    const auto document = platform::XmlDocument::parse(std::move(bytes), problem);
+    const auto document = platform::XmlDocument::parse(std::move(bytes));
     if (document)
         catalogue.end = Reader(catalogue, *document).read();
     else
-        catalogue.problem = platform::located(problem);
+        catalogue.problem = platform::located(document.error());
     return catalogue;
 }
 

@@ -1,7 +1,7 @@
 #include "suite/configurations/configurationfile.h"
 
 #include "platform/editfile.h"
-#include "platform/xmlscanner.h"
+#include "platform/xmlencoding.h"
 #include "suite/files/errorlog.h"
 
 #include <algorithm>
@@ -72,7 +72,10 @@ void ConfigurationFile::read(std::optional<Contents> known) {
     }
     if (now.document)
         document_ = std::move(*now.document);
-    document_.setReporter([this](const Problem& problem) { errorLog().reportOnce(at(problem)); });
+    document_.setReporter([this](Error problem) {
+        problem.path = path_;
+        errorLog().reportOnce(problem);
+    });
 }
 
 bool ConfigurationFile::isWhole() const {
@@ -90,11 +93,13 @@ ConfigurationFile::Reading ConfigurationFile::reading(Result<std::string> found,
         return {found.code() == EISDIR ? FileState::damaged : FileState::unreadable, {}, found.error()};
     if (known && *found == known->bytes())
         return {FileState::unchanged};
-    Problem problem;
-    auto document = ConfigurationDocument::parse(std::move(*found), problem);
+    auto document = ConfigurationDocument::parse(std::move(*found));
     if (document)
-        return {FileState::read, std::move(document)};
-    return {problem.isForeign ? FileState::unreadable : FileState::damaged, {}, at(problem)};
+        return {FileState::read, std::move(*document)};
+    Error problem = document.error();
+    problem.path = path_;
+    return {
+        problem.code == platform::kForeignEncoding ? FileState::unreadable : FileState::damaged, {}, problem};
 }
 
 Result<bool> ConfigurationFile::save(platform::LockPatience& patience) {
@@ -121,10 +126,9 @@ Result<bool> ConfigurationFile::writeEdits(platform::LockPatience& patience) {
         applyEdits(document);
         if (document.saysNothing())
             return platform::Edited{};
-        document.serialise();
-        // The file is all that the user has: what could not be read again is not written.
-        if (const auto fault = platform::scanXml(document.bytes()); fault && !document.isForeign())
-            return Error{path_, "cannot write: the changes make no XML: " + fault->text, fault->line};
+        if (const auto laid = document.serialise(); !laid)
+            return Error{path_, "cannot write: the changes make no XML: " + laid.error().cause,
+                         laid.error().line};
         const FileState state = now.state == FileState::unchanged ? state_ : now.state;
         return platform::Edited{document.bytes(), state == FileState::damaged ? kDamaged : ""};
     };
@@ -148,7 +152,6 @@ std::optional<ConfigurationFile::Contents> ConfigurationFile::takeContents() {
     if (state_ != FileState::read || document_.isFlawed())
         return std::nullopt;
     document_.setReporter({});
-    document_.shrink();
     return Contents{std::move(path_), std::move(document_), revision_, stamp_};
 }
 

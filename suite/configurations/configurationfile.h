@@ -122,7 +122,6 @@ private:
     bool hasEdits() const { return !keyEdits_.empty() || !groupEdits_.empty() || !attributeEdits_.empty(); }
     /// @param known what the file said when it was read last, if it did.
     Reading reading(platform::Result<std::string> found, const ConfigurationDocument* known) const;
-    platform::Error at(const Problem& problem) const { return {path_, problem.text, problem.line}; }
     void noteKey(const std::string& path, const std::string& key, KeyEdit edit, bool isSaid);
     bool saysOfKey(const std::string& path, const std::string& key,
                    const std::optional<KeyState>& state) const;

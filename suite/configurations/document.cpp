@@ -1,16 +1,20 @@
 #include "suite/configurations/document.h"
 
 #include "platform/base64.h"
-#include "platform/trim.h"
 #include "suite/configurations/documentwords.h"
 
 #include <algorithm>
+#include <array>
 #include <forward_list>
+#include <set>
 
 namespace suite {
 
 using namespace words;
-using platform::attributeOf;
+using platform::Error;
+using platform::Result;
+using platform::XmlNode;
+using platform::XmlTree;
 
 namespace {
 
@@ -29,16 +33,20 @@ std::optional<bool> flagOf(std::string_view word) {
     return std::nullopt;
 }
 
-bool isNamed(pugi::xml_node element, std::string_view name) {
+bool isNamed(XmlNode element, std::string_view name) {
     return element.name() == name;
 }
 
+std::string_view nameIn(XmlNode element) {
+    return element.attribute(kName).value_or(std::string_view());
+}
+
 /// The key that an element belongs to, and its own name in a group.
-std::string keyOf(pugi::xml_node element) {
-    std::string part = element.attribute(kName).value();
+std::string keyOf(XmlNode element) {
+    const std::string part(nameIn(element));
     if (!isNamed(element, kItem) && !isNamed(element, kAttribute))
         return part;
-    std::string key = element.parent().attribute(kName).value();
+    const std::string key(nameIn(element.parent()));
     return part.empty() ? key : key + ' ' + part;
 }
 
@@ -47,40 +55,55 @@ struct NoteView {
     std::string_view reason;
     std::string_view contact;
 
-    explicit NoteView(pugi::xml_node part) {
-        for (auto element = part; element && element.parent().parent(); element = element.parent()) {
+    explicit NoteView(XmlNode part) {
+        for (auto element = part; element.parent(); element = element.parent()) {
             if (reason.empty())
-                reason = element.attribute(kReason).value();
+                reason = element.attribute(kReason).value_or(std::string_view());
             if (contact.empty())
-                contact = element.attribute(kContact).value();
+                contact = element.attribute(kContact).value_or(std::string_view());
         }
     }
 
     Orv::LockNote note() const { return {std::string(reason), std::string(contact)}; }
 };
 
+/// Tells names apart: nearly always a few.
+class DistinctNames {
+public:
+    /// @return false for one that was there before.
+    bool insert(std::string_view name) {
+        const auto end = few_.begin() + static_cast<std::ptrdiff_t>(count_);
+        if (std::find(few_.begin(), end, name) != end)
+            return false;
+        if (count_ == few_.size())
+            return many_.insert(name).second;
+        few_[count_++] = name;
+        return true;
+    }
+
+private:
+    std::array<std::string_view, 8> few_;
+    std::size_t count_ = 0;
+    std::set<std::string_view> many_;
+};
+
 } // namespace
 
-std::string_view sectionPath(std::string_view path) {
-    return platform::trimEnd(path, "/");
-}
-
-std::optional<ConfigurationDocument> ConfigurationDocument::parse(std::string bytes, Problem& problem) {
-    problem = {};
+Result<ConfigurationDocument> ConfigurationDocument::parse(std::string bytes) {
     ConfigurationDocument document;
-    auto xml = platform::XmlDocument::parse(std::move(bytes), problem, &document.foreign_);
+    auto xml = XmlTree::parse(std::move(bytes), &document.foreign_);
     if (!xml)
-        return std::nullopt;
+        return xml.error();
     document.xml_ = std::move(*xml);
-    const pugi::xml_node root = document.xml_.root();
-    if (!isNamed(root, kRoot)) {
-        problem = {document.xml_.lineOf(root), std::string("the root element is <")
-                                                   .append(root.name())
-                                                   .append(">, not <")
-                                                   .append(kRoot)
-                                                   .append(">")};
-        return std::nullopt;
-    }
+    const XmlNode root = document.xml_.root();
+    if (!isNamed(root, kRoot))
+        return Error{{},
+                     std::string("the root element is <")
+                         .append(root.name())
+                         .append(">, not <")
+                         .append(kRoot)
+                         .append(">"),
+                     document.xml_.lineOf(root)};
     return document;
 }
 
@@ -88,7 +111,7 @@ bool ConfigurationDocument::readKey(const std::string& path, const std::string& 
                                     std::vector<std::uint8_t>& locks) const {
     values.clear();
     locks.clear();
-    const pugi::xml_node entry = find(path, {}, key);
+    const XmlNode entry = find(path, {}, key);
     if (!entry)
         return false;
     std::string storage;
@@ -98,7 +121,7 @@ bool ConfigurationDocument::readKey(const std::string& path, const std::string& 
         locks.push_back(locked);
         return true;
     }
-    for (const pugi::xml_node item : entry.children(kItem)) {
+    for (const XmlNode item : entry.children(kItem)) {
         values.emplace_back(textOf(item, storage));
         locks.push_back(isLocked(item) || locked);
     }
@@ -106,7 +129,7 @@ bool ConfigurationDocument::readKey(const std::string& path, const std::string& 
 }
 
 bool ConfigurationDocument::isKeyLocked(const std::string& path, const std::string& key) const {
-    const pugi::xml_node entry = find(path, {}, key);
+    const XmlNode entry = find(path, {}, key);
     return entry && isLocked(entry);
 }
 
@@ -115,134 +138,82 @@ bool ConfigurationDocument::readGroup(const std::string& path, const std::string
                                       std::map<std::string, int>& locks, bool& groupLocked) const {
     attributes.clear();
     locks.clear();
-    const pugi::xml_node group = find(path, type, key);
+    const XmlNode group = find(path, type, key);
     if (!group)
         return false;
     groupLocked = isLocked(group) || groupLocked;
-    NameTable names(0);
-    std::string storage;
-    for (const pugi::xml_node item : group.children(kAttribute)) {
-        const auto part = readAttribute(names, 0, item, storage);
-        if (!part)
-            continue;
-        if (part->isLocked)
-            locks.emplace(part->name, 1);
-        if (part->hasText)
-            attributes.emplace(part->name, part->text);
-    }
+    readAttributes(group, [&](const Orv::ConfigurationPart& part, XmlNode) {
+        if (part.isLocked)
+            locks.emplace(part.name, 1);
+        if (part.hasText)
+            attributes.emplace(part.name, part.text);
+    });
     return true;
 }
 
-/// @return nothing, after a report, for one that does not count.
-std::optional<Orv::ConfigurationPart> ConfigurationDocument::readAttribute(NameTable& names,
-                                                                           std::uint32_t scope,
-                                                                           pugi::xml_node item,
-                                                                           std::string& storage) const {
-    const auto name = attributeOf(item, kName);
-    if (!name) {
-        report(item, "<attribute> without a name in " + keyOf(item) + " is passed over");
-        return std::nullopt;
-    }
-    if (!names.insert({scope, {}, *name}).isNew) {
-        report(item, keyOf(item) + " is given twice, the first counts");
-        return std::nullopt;
-    }
-    const std::string_view text = textOf(item, storage);
-    const bool locked = isLocked(item);
-    // An attribute can be locked without being set; an empty text that is meant needs a word.
-    const bool hasText = !locked || !text.empty() || item.attribute(kEmpty);
-    return Orv::ConfigurationPart{*name, text, hasText, locked};
-}
-
-template <typename Visitor>
-void ConfigurationDocument::visit(NameTable& names, Visitor& visitor) const {
-    for (const pugi::xml_node section : xml_.root().children(kSection)) {
-        const auto path = attributeOf(section, kPath);
-        if (!path) {
-            report(section, "<section> without a path is passed over");
+template <typename Take>
+void ConfigurationDocument::readAttributes(XmlNode group, Take take) const {
+    DistinctNames names;
+    std::string storage;
+    for (const XmlNode item : group.children(kAttribute)) {
+        const auto name = item.attribute(kName);
+        if (!name) {
+            report(item, "<attribute> without a name in " + keyOf(item) + " is passed over");
             continue;
         }
-        const std::string_view name = sectionPath(*path);
-        const std::uint32_t scope = names.insert({0, {}, name}).number;
-        visitor.section(name, scope, section);
-        for (const pugi::xml_node element : section)
-            visitEntry(names, scope, element, visitor);
+        if (!names.insert(*name)) {
+            report(item, keyOf(item) + " is given twice, the first counts");
+            continue;
+        }
+        const std::string_view text = textOf(item, storage);
+        const bool locked = isLocked(item);
+        // An attribute can be locked without being set; an empty text that is meant needs a word.
+        const bool hasText = !locked || !text.empty() || item.attribute(kEmpty);
+        take(Orv::ConfigurationPart{*name, text, hasText, locked}, item);
     }
 }
 
-template <typename Visitor>
-void ConfigurationDocument::visitEntry(NameTable& names, std::uint32_t scope, pugi::xml_node element,
-                                       Visitor& visitor) const {
-    const std::string_view kind = element.name();
-    const bool isGroup = kind == kGroup;
-    if (!isGroup && kind != kValue && kind != kList)
-        return;
-    const auto key = attributeOf(element, kName);
-    const auto type = isGroup ? attributeOf(element, kType) : std::string_view();
-    if (!key || !type || (isGroup && type->empty())) {
-        report(element,
-               std::string("<").append(kind) + "> without a " + (key ? "type" : "name") + " is passed over");
-        return;
-    }
-    if (kind != kValue && platform::hasOwnText(element))
-        report(element, "text in <" + std::string(kind) + "> " + std::string(*key) +
-                            " means nothing outside of <" + (isGroup ? kAttribute : kItem) + ">");
-    const auto [number, isNew] = names.insert({scope, *type, *key});
-    if (isNew) {
-        visitor.entry(*type, *key, number, element);
-    } else {
-        report(element, std::string(*key) + " is given twice, the first counts");
-        visitor.duplicate(number, element);
-    }
-}
-
-/// Tells a reader of entries as they are visited.
+/// Tells a reader of entries.
 class ConfigurationDocument::Teller {
 public:
-    Teller(const ConfigurationDocument& document, NameTable& names, const EntryReader& reader)
-        : document_(document), names_(names), reader_(reader) {}
+    Teller(const ConfigurationDocument& document, const EntryReader& reader)
+        : document_(document), reader_(reader) {}
 
-    void section(std::string_view path, std::uint32_t, pugi::xml_node) { path_ = path; }
-    void duplicate(std::uint32_t, pugi::xml_node) {}
-
-    void entry(std::string_view type, std::string_view key, std::uint32_t number, pugi::xml_node element) {
+    void tell(XmlNode element) {
+        const EntryName name = nameOf(element);
         parts_.clear();
         texts_.clear();
         isLocked_ = document_.isLocked(element);
-        if (!type.empty()) {
-            for (const pugi::xml_node item : element.children(kAttribute)) {
-                if (const auto part = document_.readAttribute(names_, number, item, storage_))
-                    add(*part, item);
-            }
+        if (!name.type.empty()) {
+            document_.readAttributes(
+                element, [this](const Orv::ConfigurationPart& part, XmlNode item) { add(part, item); });
         } else if (isNamed(element, kValue)) {
             add({{}, document_.textOf(element, storage_)}, element);
         } else {
-            for (const pugi::xml_node item : element.children(kItem)) {
+            for (const XmlNode item : element.children(kItem)) {
                 const std::string_view text = document_.textOf(item, storage_);
                 add({{}, text, true, document_.isLocked(item)}, item);
             }
         }
-        const NoteView note(isLocked_ ? element : pugi::xml_node());
-        reader_({path_, type, key, parts_, isLocked_, note.reason, note.contact});
+        const NoteView note(isLocked_ ? element : XmlNode());
+        reader_({name.path, name.type, name.key, parts_, isLocked_, note.reason, note.contact});
     }
 
 private:
-    void add(Orv::ConfigurationPart part, pugi::xml_node element) {
+    void add(Orv::ConfigurationPart part, XmlNode element) {
         part.isLocked = part.isLocked || isLocked_;
         if (part.isLocked) {
             const NoteView note(element);
             part.reason = note.reason;
             part.contact = note.contact;
         }
-        if (!part.text.empty() && part.text.data() == storage_.data())
-            part.text = texts_.emplace_front(storage_);
+        if (!part.text.empty() && !document_.xml_.holds(part.text))
+            part.text = texts_.emplace_front(part.text);
         parts_.push_back(part);
     }
 
     const ConfigurationDocument& document_;
-    NameTable& names_;
     const EntryReader& reader_;
-    std::string_view path_;
     bool isLocked_ = false;
     std::vector<Orv::ConfigurationPart> parts_;
     std::string storage_;
@@ -250,11 +221,10 @@ private:
 };
 
 void ConfigurationDocument::readAll(const EntryReader& reader) const {
-    if (!edits_.empty())
-        applyEdits();
-    NameTable names(expectedNames());
-    Teller teller(*this, names, reader);
-    visit(names, teller);
+    static_cast<void>(applyEdits());
+    Teller teller(*this, reader);
+    for (const std::uint32_t place : index().entries)
+        teller.tell(xml_.node(place));
 }
 
 ConfigurationDocument::Values ConfigurationDocument::keys(const std::string& path) const {
@@ -268,21 +238,13 @@ ConfigurationDocument::Values ConfigurationDocument::groups(const std::string& p
 
 ConfigurationDocument::Values ConfigurationDocument::names(const std::string& path,
                                                            const std::string& type) const {
-    if (!edits_.empty())
-        applyEdits();
+    static_cast<void>(applyEdits());
     Values found;
     const std::string_view wanted = sectionPath(path);
-    const std::uint32_t scope = index().names.find({0, {}, wanted});
-    for (const pugi::xml_node section : xml_.root().children(kSection)) {
-        const auto here = attributeOf(section, kPath);
-        if (!here || sectionPath(*here) != wanted)
-            continue;
-        for (const pugi::xml_node entry : section) {
-            const std::string_view name = entry.attribute(kName).value();
-            const std::uint32_t number = index().names.find({scope, type, name});
-            if (number != 0 && index().elements[number - 1] == entry)
-                found.emplace_back(name);
-        }
+    for (const std::uint32_t place : index().entries) {
+        const EntryName name = nameOf(xml_.node(place));
+        if (name.path == wanted && name.type == type)
+            found.emplace_back(name.key);
     }
     return found;
 }
@@ -298,7 +260,7 @@ bool ConfigurationDocument::canWithdrawKey(const std::string& path, const std::s
 bool ConfigurationDocument::canWithdrawAttribute(const std::string& path, const std::string& type,
                                                  const std::string& key, const std::string& name,
                                                  const std::string* ifSays) const {
-    const pugi::xml_node item = findAttribute(path, type, key, name);
+    const XmlNode item = findAttribute(path, type, key, name);
     if (!item || isLocked(item) || isLocked(item.parent()))
         return false;
     std::string storage;
@@ -307,76 +269,82 @@ bool ConfigurationDocument::canWithdrawAttribute(const std::string& path, const 
 
 Orv::LockNote ConfigurationDocument::keyLockNote(const std::string& path, const std::string& key,
                                                  std::size_t item) const {
-    const pugi::xml_node entry = find(path, {}, key);
-    pugi::xml_node part = entry.child(kItem);
+    const XmlNode entry = find(path, {}, key);
+    XmlNode part = entry.child(kItem);
     for (std::size_t i = 0; part && i < item; ++i)
-        part = part.next_sibling(kItem);
+        part = part.next(kItem);
     return NoteView(part ? part : entry).note();
 }
 
 Orv::LockNote ConfigurationDocument::attributeLockNote(const std::string& path, const std::string& type,
                                                        const std::string& key,
                                                        const std::string& name) const {
-    const pugi::xml_node item = findAttribute(path, type, key, name);
+    const XmlNode item = findAttribute(path, type, key, name);
     return NoteView(item ? item : find(path, type, key)).note();
 }
 
-struct ConfigurationDocument::Indexer {
-    std::vector<pugi::xml_node>& elements;
-    std::vector<std::pair<std::uint32_t, pugi::xml_node>>& duplicates;
-
-    void section(std::string_view, std::uint32_t number, pugi::xml_node element) { put(number, element); }
-    void entry(std::string_view, std::string_view, std::uint32_t number, pugi::xml_node element) {
-        put(number, element);
-    }
-    void duplicate(std::uint32_t number, pugi::xml_node element) { duplicates.emplace_back(number, element); }
-
-    void put(std::uint32_t number, pugi::xml_node element) {
-        elements.resize(std::max<std::size_t>(elements.size(), number));
-        elements[number - 1] = element;
-    }
-};
-
-/// A guess: an entry on a line of its own takes about as many bytes.
-std::size_t ConfigurationDocument::expectedNames() const {
-    constexpr std::size_t kUsualEntry = 48;
-    return xml_.text().size() / kUsualEntry;
-}
-
 const ConfigurationDocument::Index& ConfigurationDocument::index() const {
-    if (!index_) {
-        Index& index = index_.emplace(Index{NameTable(expectedNames()), {}, {}});
-        Indexer indexer{index.elements, index.duplicates};
-        visit(index.names, indexer);
+    if (index_)
+        return *index_;
+    Index& index = index_.emplace(Index{EntryIndex(xml_.size() / 2), {}, {}});
+    for (const XmlNode section : xml_.root().children(kSection)) {
+        if (!section.attribute(kPath)) {
+            report(section, "<section> without a path is passed over");
+            continue;
+        }
+        index.names.at(xml_, nameOf(section)) = section.place();
+        for (const XmlNode element : section.children())
+            indexEntry(index, element);
     }
-    return *index_;
+    return index;
 }
 
-pugi::xml_node ConfigurationDocument::find(const std::string& path, const std::string& type,
-                                           const std::string& key, const std::string* attribute) const {
+void ConfigurationDocument::indexEntry(Index& index, XmlNode element) const {
+    const std::string kind(element.name());
+    const bool isGroup = kind == kGroup;
+    if (!isGroup && kind != kValue && kind != kList)
+        return;
+    const EntryName name = nameOf(element);
+    const bool hasName = element.attribute(kName).has_value();
+    if (!hasName || (isGroup && name.type.empty())) {
+        report(element, "<" + kind + "> without a " + (hasName ? "type" : "name") + " is passed over");
+        return;
+    }
+    if (kind != kValue && element.hasText())
+        report(element, "text in <" + kind + "> " + std::string(name.key) + " means nothing outside of <" +
+                            (isGroup ? kAttribute : kItem) + ">");
+    auto& place = index.names.at(xml_, name);
+    if (place == 0) {
+        place = element.place();
+        index.entries.push_back(place);
+    } else {
+        report(element, std::string(name.key) + " is given twice, the first counts");
+        index.duplicates.emplace_back(place, element.place());
+    }
+}
+
+XmlNode ConfigurationDocument::find(const std::string& path, const std::string& type, const std::string& key,
+                                    const std::string* attribute) const {
     const Edit* pending = pendingEdit(path, type, key);
     if (pending &&
         !(attribute && pending->kind == Edit::Kind::attributes && !pending->attributes.contains(*attribute)))
-        applyEdits();
-    const NameTable& names = index().names;
-    const std::uint32_t scope = names.find({0, {}, sectionPath(path)});
-    const std::uint32_t number = scope == 0 ? 0 : names.find({scope, type, key});
-    return number == 0 ? pugi::xml_node() : index().elements[number - 1];
+        static_cast<void>(applyEdits());
+    const auto place = index().names.find(xml_, {sectionPath(path), type, key});
+    return place == 0 ? XmlNode() : xml_.node(place);
 }
 
-pugi::xml_node ConfigurationDocument::findAttribute(const std::string& path, const std::string& type,
-                                                    const std::string& key, const std::string& name) const {
-    for (const pugi::xml_node item : find(path, type, key, &name).children(kAttribute)) {
-        if (attributeOf(item, kName) == name)
+XmlNode ConfigurationDocument::findAttribute(const std::string& path, const std::string& type,
+                                             const std::string& key, const std::string& name) const {
+    for (const XmlNode item : find(path, type, key, &name).children(kAttribute)) {
+        if (item.attribute(kName) == name)
             return item;
     }
     return {};
 }
 
-bool ConfigurationDocument::readText(pugi::xml_node element, std::string& storage,
-                                     std::string_view& text) const {
-    text = platform::elementText(xml_, element, storage);
-    const auto encoding = attributeOf(element, kEncoding);
+bool ConfigurationDocument::readText(XmlNode element, std::string& storage, std::string_view& text) const {
+    text = element.text(storage);
+    const auto encoding = element.attribute(kEncoding);
     if (!encoding)
         return true;
     auto decoded = *encoding == kBase64 ? platform::fromBase64(text) : std::nullopt;
@@ -387,7 +355,7 @@ bool ConfigurationDocument::readText(pugi::xml_node element, std::string& storag
     return true;
 }
 
-std::string_view ConfigurationDocument::textOf(pugi::xml_node element, std::string& storage) const {
+std::string_view ConfigurationDocument::textOf(XmlNode element, std::string& storage) const {
     std::string_view text;
     if (!readText(element, storage, text))
         report(element,
@@ -395,8 +363,8 @@ std::string_view ConfigurationDocument::textOf(pugi::xml_node element, std::stri
     return text;
 }
 
-bool ConfigurationDocument::isLocked(pugi::xml_node element) const {
-    const auto word = attributeOf(element, kLocked);
+bool ConfigurationDocument::isLocked(XmlNode element) const {
+    const auto word = element.attribute(kLocked);
     if (!word)
         return false;
     const auto flag = flagOf(*word);
@@ -407,15 +375,10 @@ bool ConfigurationDocument::isLocked(pugi::xml_node element) const {
     return flag.value_or(true);
 }
 
-void ConfigurationDocument::shrink() {
-    index_.reset();
-    xml_.shrink();
-}
-
-void ConfigurationDocument::report(pugi::xml_node element, std::string text) const {
+void ConfigurationDocument::report(XmlNode element, std::string text) const {
     flawed_ = true;
     if (reporter_)
-        reporter_({xml_.lineOf(element), std::move(text)});
+        reporter_({{}, std::move(text), xml_.lineOf(element)});
 }
 
 } // namespace suite

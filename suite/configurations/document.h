@@ -1,9 +1,10 @@
 #pragma once
 
 #include "orv/locknote.h"
-#include "platform/xmldocument.h"
+#include "platform/error.h"
+#include "platform/xmltree.h"
 #include "suite/configuration.h"
-#include "suite/configurations/nametable.h"
+#include "suite/configurations/entryindex.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -18,8 +19,6 @@
 
 namespace suite {
 
-using Problem = platform::XmlProblem;
-
 /// The contents of one configuration file, `orvane.xml`. Everything that an edit does not concern is kept to
 /// the byte. Edits are collected, and laid onto the text when someone asks for it, or for what they concern.
 ///
@@ -30,13 +29,13 @@ public:
     using Values = std::vector<std::string>;
     using EntryReader = Orv::IOvConfiguration::EntryReader;
     /// Told of every part of the file that cannot be taken as it stands, each time it is met.
-    using Reporter = std::function<void(const Problem&)>;
+    using Reporter = std::function<void(platform::Error)>;
 
     /// Does not say anything: what a missing file amounts to.
     ConfigurationDocument() = default;
 
-    /// @return nothing, with `problem` filled in, if the bytes are no configuration.
-    static std::optional<ConfigurationDocument> parse(std::string bytes, Problem& problem);
+    /// @return an error with the line if the bytes are no configuration.
+    static platform::Result<ConfigurationDocument> parse(std::string bytes);
 
     void setReporter(Reporter reporter) { reporter_ = std::move(reporter); }
 
@@ -46,11 +45,9 @@ public:
     bool readGroup(const std::string& path, const std::string& type, const std::string& key,
                    Attributes& attributes, std::map<std::string, int>& locks, bool& groupLocked) const;
     /// Whether there is a value or list, or a group, of that name.
-    bool hasKey(const std::string& path, const std::string& key) const {
-        return !find(path, {}, key).empty();
-    }
+    bool hasKey(const std::string& path, const std::string& key) const { return bool(find(path, {}, key)); }
     bool hasGroup(const std::string& path, const std::string& type, const std::string& key) const {
-        return !find(path, type, key).empty();
+        return bool(find(path, type, key));
     }
     /// True if a value or list is locked as a whole.
     bool isKeyLocked(const std::string& path, const std::string& key) const;
@@ -84,30 +81,29 @@ public:
     void removeAttribute(const std::string& path, const std::string& type, const std::string& key,
                          const std::string& name);
 
-    /// The text of the file, in UTF-8.
-    const std::string& serialise() const;
-    /// The file as it was parsed, or as it was serialised last.
+    /// Lays the edits onto the text.
+    /// @return an error if they make no configuration of it; the text is then as it was.
+    platform::Result<> serialise() const;
+    /// In UTF-8.
+    const std::string& text() const { return xml_.text(); }
+    /// The file as it was parsed, or as it was serialised last, then in UTF-8.
     const std::string& bytes() const { return foreign_.empty() ? xml_.text() : foreign_; }
 
-    /// Whether that is in another encoding than UTF-8.
-    bool isForeign() const { return !foreign_.empty(); }
     /// Whether there is no file, and no change that would make one.
     bool saysNothing() const { return edits_.empty() && xml_.text().empty(); }
-
-    /// Frees what can be made anew from the text: a tree takes at least twenty times as much as a small file.
-    void shrink();
 
     /// True once a part of the file could not be taken as it stands.
     bool isFlawed() const { return flawed_; }
 
 private:
-    using EntryName = std::tuple<std::string, std::string, std::string>; // section path, type word, key
+    using EditedName = std::tuple<std::string, std::string, std::string>; // section path, type word, key
 
-    /// The entries by the numbers of their names; that of a section has its last element.
+    /// The entries that count, and by their names; that of a section has its last element.
     struct Index {
-        NameTable names;
-        std::vector<pugi::xml_node> elements;
-        std::vector<std::pair<std::uint32_t, pugi::xml_node>> duplicates;
+        EntryIndex names;
+        std::vector<std::uint32_t> entries; ///< in the order of the file
+        std::vector<std::pair<std::uint32_t, std::uint32_t>>
+            duplicates; ///< what counts, and another of its name
     };
     /// What an entry is to be. A group that is there keeps what `attributes` does not name.
     struct Edit {
@@ -120,47 +116,40 @@ private:
     };
     class Writer;
 
-    /// Tells a visitor of each section, of each entry that counts, and of the others with its name.
-    template <typename Visitor>
-    void visit(NameTable& names, Visitor& visitor) const;
-    template <typename Visitor>
-    void visitEntry(NameTable& names, std::uint32_t scope, pugi::xml_node element, Visitor& visitor) const;
-    struct Indexer;
     class Teller;
 
-    std::size_t expectedNames() const;
     const Index& index() const;
+    void indexEntry(Index& index, platform::XmlNode element) const;
     /// @param attribute where it is not null, only that one of the group is of interest.
-    pugi::xml_node find(const std::string& path, const std::string& type, const std::string& key,
-                        const std::string* attribute = nullptr) const;
-    pugi::xml_node findAttribute(const std::string& path, const std::string& type, const std::string& key,
-                                 const std::string& name) const;
+    platform::XmlNode find(const std::string& path, const std::string& type, const std::string& key,
+                           const std::string* attribute = nullptr) const;
+    platform::XmlNode findAttribute(const std::string& path, const std::string& type, const std::string& key,
+                                    const std::string& name) const;
     Values names(const std::string& path, const std::string& type) const;
 
-    std::optional<Orv::ConfigurationPart> readAttribute(NameTable& names, std::uint32_t scope,
-                                                        pugi::xml_node item, std::string& storage) const;
+    /// The attributes of a group that count.
+    /// @param take receives each as a part, without the words beside its lock, and its element.
+    template <typename Take>
+    void readAttributes(platform::XmlNode group, Take take) const;
 
     const Edit* pendingEdit(const std::string& path, const std::string& type, const std::string& key) const;
     void editAttribute(const std::string& path, const std::string& type, const std::string& key,
                        const std::string& name, std::optional<std::string> text);
     Edit& edit(const std::string& path, const std::string& type, const std::string& key, Edit::Kind kind);
-    void applyEdits() const;
+    platform::Result<> applyEdits() const;
 
     /// @return false if the encoding is unknown or the text not valid in it; the text is then as it stands.
-    bool readText(pugi::xml_node element, std::string& storage, std::string_view& text) const;
-    std::string_view textOf(pugi::xml_node element, std::string& storage) const;
-    bool isLocked(pugi::xml_node element) const;
-    void report(pugi::xml_node element, std::string text) const;
+    bool readText(platform::XmlNode element, std::string& storage, std::string_view& text) const;
+    std::string_view textOf(platform::XmlNode element, std::string& storage) const;
+    bool isLocked(platform::XmlNode element) const;
+    void report(platform::XmlNode element, std::string text) const;
 
-    mutable platform::XmlDocument xml_;
+    mutable platform::XmlTree xml_;
     mutable std::string foreign_; ///< the bytes of a file that is not in UTF-8
     Reporter reporter_;
     mutable std::optional<Index> index_;
-    mutable std::map<EntryName, Edit> edits_;
+    mutable std::map<EditedName, Edit> edits_;
     mutable bool flawed_ = false;
 };
-
-/// Drops the slashes at the end of a section path, which mean nothing.
-std::string_view sectionPath(std::string_view path);
 
 } // namespace suite

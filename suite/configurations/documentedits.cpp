@@ -8,8 +8,9 @@
 namespace suite {
 
 using namespace words;
-using platform::attributeOf;
+using platform::Result;
 using platform::XmlElement;
+using platform::XmlNode;
 
 namespace {
 
@@ -30,8 +31,8 @@ XmlElement namedElement(const char* kind, const std::string& name, const std::st
     return element;
 }
 
-bool isBlank(std::string_view text) {
-    return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
+std::string nameIn(XmlNode element) {
+    return std::string(element.attribute(kName).value_or(std::string_view()));
 }
 
 } // namespace
@@ -42,35 +43,36 @@ public:
     explicit Writer(const ConfigurationDocument& document)
         : document_(document), index_(document.index()), editor_(document.xml_) {}
 
-    void apply(const EntryName& name, const Edit& edit) {
+    void note(const EditedName& name, const Edit& edit) {
         const auto& [path, type, key] = name;
-        const std::uint32_t scope = index_.names.find({0, {}, path});
-        const std::uint32_t number = scope == 0 ? 0 : index_.names.find({scope, type, key});
-        if (number == 0) {
-            add(name, edit, scope);
+        const std::uint32_t place = index_.names.find(document_.xml_, {path, type, key});
+        if (place == 0) {
+            add(name, edit);
             return;
         }
-        for (const auto& [other, element] : index_.duplicates) {
-            if (other == number)
-                editor_.remove(element);
+        for (const auto& [counting, other] : index_.duplicates) {
+            if (counting == place)
+                editor_.remove(document_.xml_.node(other));
         }
-        change(index_.elements[number - 1], edit);
+        change(document_.xml_.node(place), edit);
     }
 
-    std::string text() {
+    /// @return as XmlEditor::apply.
+    Result<bool> apply() {
         for (XmlElement& section : sections_)
             editor_.append(document_.xml_.root(), std::move(section));
-        return editor_.text();
+        return editor_.apply(document_.xml_);
     }
 
 private:
-    void add(const EntryName& name, const Edit& edit, std::uint32_t scope) {
+    void add(const EditedName& name, const Edit& edit) {
         const auto& [path, type, key] = name;
         auto entry = newEntry(type, key, edit);
         if (!entry)
             return;
-        if (scope != 0) {
-            editor_.append(index_.elements[scope - 1], std::move(*entry));
+        const std::uint32_t section = index_.names.find(document_.xml_, {path, {}, {}, true});
+        if (section != 0) {
+            editor_.append(document_.xml_.node(section), std::move(*entry));
             return;
         }
         const auto [place, isNew] = sectionPlaces_.try_emplace(path, sections_.size());
@@ -101,7 +103,7 @@ private:
         return group;
     }
 
-    void change(pugi::xml_node entry, const Edit& edit) {
+    void change(XmlNode entry, const Edit& edit) {
         switch (edit.kind) {
         case Edit::Kind::removed:
             editor_.remove(entry);
@@ -127,13 +129,13 @@ private:
         }
     }
 
-    void changeKind(pugi::xml_node entry, const char* kind) {
-        if (entry.name() != std::string_view(kind))
+    void changeKind(XmlNode entry, const char* kind) {
+        if (entry.name() != kind)
             editor_.rename(entry, kind);
     }
 
-    void changeList(pugi::xml_node entry, const Values& values) {
-        pugi::xml_node item = entry.child(kItem);
+    void changeList(XmlNode entry, const Values& values) {
+        XmlNode item = entry.child(kItem);
         if (!item)
             changeText(entry, {});
         for (const std::string& value : values) {
@@ -141,16 +143,16 @@ private:
                 changeText(item, value);
             else
                 editor_.append(entry, elementOf(kItem, value));
-            item = item.next_sibling(kItem);
+            item = item.next(kItem);
         }
-        for (; item; item = item.next_sibling(kItem))
+        for (; item; item = item.next(kItem))
             editor_.remove(item);
     }
 
-    void changeGroup(pugi::xml_node group, const Edit& edit) {
+    void changeGroup(XmlNode group, const Edit& edit) {
         auto missing = edit.attributes;
-        for (const pugi::xml_node item : group.children(kAttribute)) {
-            if (const auto wanted = missing.extract(item.attribute(kName).value())) {
+        for (const XmlNode item : group.children(kAttribute)) {
+            if (const auto wanted = missing.extract(nameIn(item))) {
                 editor_.removeAttribute(item, kLocked);
                 editor_.removeAttribute(item, kEmpty);
                 changeText(item, *wanted.mapped());
@@ -162,15 +164,15 @@ private:
             editor_.append(group, namedElement(kAttribute, name, *text));
     }
 
-    void changeAttributes(pugi::xml_node group, const Edit& edit) {
+    void changeAttributes(XmlNode group, const Edit& edit) {
         if (leavesNothing(group, edit)) {
             editor_.remove(group);
             return;
         }
         auto missing = edit.attributes;
-        for (const pugi::xml_node item : group.children(kAttribute)) {
-            const auto wanted = edit.attributes.find(item.attribute(kName).value());
-            if (wanted == edit.attributes.end() || !attributeOf(item, kName))
+        for (const XmlNode item : group.children(kAttribute)) {
+            const auto wanted = edit.attributes.find(nameIn(item));
+            if (wanted == edit.attributes.end() || !item.attribute(kName))
                 continue;
             const bool isFirst = missing.erase(wanted->first) != 0;
             if (isFirst && wanted->second)
@@ -184,7 +186,7 @@ private:
         }
     }
 
-    void changeAttribute(pugi::xml_node item, const std::string& text) {
+    void changeAttribute(XmlNode item, const std::string& text) {
         changeText(item, text);
         // Without a word, an empty text that is locked would be no text.
         if (text.empty() && document_.isLocked(item))
@@ -194,21 +196,22 @@ private:
     }
 
     /// Whether a group is without a mark, and without anything else when its edit is done.
-    bool leavesNothing(pugi::xml_node group, const Edit& edit) const {
+    bool leavesNothing(XmlNode group, const Edit& edit) const {
         const auto isWritten = [](const auto& attribute) {
             return attribute.second.has_value();
         };
-        const auto isTaken = [&](pugi::xml_node child) {
-            const bool isText = child.type() == pugi::node_pcdata;
-            return isText ? isBlank(child.value())
-                          : child.name() == std::string_view(kAttribute) && attributeOf(child, kName) &&
-                                edit.attributes.contains(child.attribute(kName).value());
+        const auto isTaken = [&](XmlNode child) {
+            return child.name() == kAttribute && child.attribute(kName) &&
+                   edit.attributes.contains(nameIn(child));
         };
-        return !document_.isLocked(group) && std::ranges::none_of(edit.attributes, isWritten) &&
-               isBlank(group.value()) && std::ranges::all_of(group, isTaken);
+        bool isAllTaken = true;
+        for (const XmlNode child : group.children())
+            isAllTaken = isAllTaken && isTaken(child);
+        return isAllTaken && !document_.isLocked(group) && std::ranges::none_of(edit.attributes, isWritten) &&
+               !group.extent().hasText && !group.extent().hasRemarks;
     }
 
-    void changeText(pugi::xml_node element, const std::string& text) {
+    void changeText(XmlNode element, const std::string& text) {
         std::string storage;
         std::string_view present;
         if (!document_.readText(element, storage, present) || present != text)
@@ -216,7 +219,7 @@ private:
     }
 
     /// Items go with the text.
-    void replaceText(pugi::xml_node element, const std::string& text) {
+    void replaceText(XmlNode element, const std::string& text) {
         const bool isCarried = platform::isXmlText(text);
         if (isCarried)
             editor_.removeAttribute(element, kEncoding);
@@ -268,9 +271,10 @@ void ConfigurationDocument::removeAttribute(const std::string& path, const std::
     editAttribute(path, type, key, name, std::nullopt);
 }
 
-const std::string& ConfigurationDocument::serialise() const {
-    applyEdits();
-    return xml_.text();
+Result<> ConfigurationDocument::serialise() const {
+    if (xml_.text().empty())
+        xml_ = std::move(*platform::XmlTree::parse(kNewFile));
+    return applyEdits();
 }
 
 const ConfigurationDocument::Edit* ConfigurationDocument::pendingEdit(const std::string& path,
@@ -295,26 +299,30 @@ void ConfigurationDocument::editAttribute(const std::string& path, const std::st
                                           std::optional<std::string> text) {
     const Edit* pending = pendingEdit(path, type, key);
     if (pending && pending->kind != Edit::Kind::attributes)
-        applyEdits();
+        static_cast<void>(applyEdits());
     edit(path, type, key, Edit::Kind::attributes).attributes.insert_or_assign(name, std::move(text));
 }
 
-void ConfigurationDocument::applyEdits() const {
-    if (xml_.text().empty())
-        xml_ = platform::XmlDocument(kNewFile);
+Result<> ConfigurationDocument::applyEdits() const {
     if (edits_.empty())
-        return;
-    std::vector<const std::pair<const EntryName, Edit>*> inTurn;
+        return {};
+    if (xml_.text().empty())
+        xml_ = std::move(*platform::XmlTree::parse(kNewFile));
+    std::vector<const std::pair<const EditedName, Edit>*> inTurn;
     for (const auto& edit : edits_)
         inTurn.push_back(&edit);
     std::ranges::sort(inTurn, {}, [](const auto* edit) { return edit->second.turn; });
     Writer writer(*this);
     for (const auto* edit : inTurn)
-        writer.apply(edit->first, edit->second);
-    xml_ = platform::XmlDocument(writer.text());
+        writer.note(edit->first, edit->second);
+    const auto hasKeptPlaces = writer.apply();
+    if (!hasKeptPlaces)
+        return hasKeptPlaces.error();
+    if (!*hasKeptPlaces)
+        index_.reset();
     foreign_.clear();
     edits_.clear();
-    index_.reset();
+    return {};
 }
 
 } // namespace suite

@@ -1,8 +1,9 @@
-#include "platform/xmleditor.h"
+#include "platform/xmltree.h"
 
 #include <gtest/gtest.h>
 
-using platform::XmlDocument;
+using platform::XmlNode;
+using platform::XmlTree;
 
 namespace {
 
@@ -30,7 +31,7 @@ struct Row {
 
 } // namespace
 
-TEST(XmlDocument, RefusesWithLineAndCauseWhatIsNoXmlOrNoneOfOurs) {
+TEST(XmlTree, RefusesWithLineAndCauseWhatIsNoXmlOrNoneOfOurs) {
     const Row rows[] = {
         {"nothing", "", "line 1: there is no element"},
         {"remarks only", "<!-- a -->\n", "line 2: the file ends too early"},
@@ -98,19 +99,17 @@ TEST(XmlDocument, RefusesWithLineAndCauseWhatIsNoXmlOrNoneOfOurs) {
                                      "]]>&#x10FFFF;&apos;></a ><?q?>\n"},
     };
     for (const Row& row : rows) {
-        platform::XmlProblem problem;
-        const bool isRead = XmlDocument::parse(row.bytes, problem).has_value();
-        EXPECT_EQ(isRead ? "" : located(problem), row.problem) << row.what;
+        const auto tree = XmlTree::parse(row.bytes);
+        const std::string line = tree ? "" : "line " + std::to_string(tree.error().line) + ": ";
+        EXPECT_EQ(tree ? "" : line + tree.error().cause, row.problem) << row.what;
     }
 }
 
-TEST(XmlDocument, GivesTextsToTheByteAndLinesAndEnds) {
-    platform::XmlProblem problem;
-    const auto document = XmlDocument::parse("<r>\r\n<v a='x\r\n\ty&#10;'> 1\r\n2\r3&#13; </v>\n<v> <!-- a\n "
-                                             "--> <![CDATA[<\r\n]]><w>no</w>&gt; </v><v>"
-                                             " </v>\n<v/></r>",
-                                             problem);
-    ASSERT_TRUE(document) << located(problem);
+TEST(XmlTree, GivesTextsToTheByteAndLinesAndEnds) {
+    const auto tree = XmlTree::parse("<r>\r\n<v a='x\r\n\ty&#10;'> 1\r\n2\r3&#13; </v>\n<v> <!-- a\n "
+                                     "--> <![CDATA[<\r\n]]><w>no</w>&gt; </v><v>"
+                                     " </v>\n<v/></r>");
+    ASSERT_TRUE(tree) << tree.error().text();
     const struct {
         std::string text;
         long line;
@@ -121,14 +120,41 @@ TEST(XmlDocument, GivesTextsToTheByteAndLinesAndEnds) {
         {" ", 7, "v> </v>"},
         {"", 8, "v/>"},
     };
-    pugi::xml_node element = document->root().child("v");
-    EXPECT_EQ(platform::attributeOf(element, "a"), "x  y\n");
+    XmlNode element = tree->root().child("v");
+    EXPECT_EQ(element.attribute("a"), "x  y\n");
     for (const auto& row : rows) {
         std::string storage;
-        EXPECT_EQ(elementText(*document, element, storage), row.text);
-        EXPECT_EQ(document->lineOf(element), row.line) << row.whole;
-        const auto extent = document->extentOf(element);
-        EXPECT_EQ(document->text().substr(extent.name, extent.end - extent.name), row.whole);
-        element = element.next_sibling("v");
+        EXPECT_EQ(element.text(storage), row.text);
+        EXPECT_EQ(tree->lineOf(element), row.line) << row.whole;
+        const auto& extent = element.extent();
+        EXPECT_EQ(tree->text().substr(extent.name, extent.end - extent.name), row.whole);
+        element = element.next("v");
+    }
+    EXPECT_FALSE(element);
+}
+
+TEST(XmlTree, KnowsItsElementsWhenTheirTextsAreOthers) {
+    const std::string text = "<r>\n <v a='1'>2</v><v>&lt;</v>\n <w><v b=\"3\"></v></w> <x/></r>";
+    const auto made = XmlTree::parse(text);
+    ASSERT_TRUE(made);
+    auto tree = *made;
+    tree.replaceContents({{1, ""}, {2, "a longer text"}, {4, "&amp;\r\n"}});
+    EXPECT_EQ(tree.text(),
+              "<r>\n <v a='1'></v><v>a longer text</v>\n <w><v b=\"3\">&amp;\r\n</v></w> <x/></r>");
+    const auto again = XmlTree::parse(tree.text());
+    ASSERT_TRUE(again);
+    ASSERT_EQ(tree.size(), again->size());
+    for (std::uint32_t place = 0; place < tree.size(); ++place) {
+        const XmlNode one = tree.node(place);
+        const XmlNode other = again->node(place);
+        std::string storage;
+        std::string otherStorage;
+        EXPECT_EQ(one.text(storage), other.text(otherStorage)) << place;
+        EXPECT_EQ(one.extent().name, other.extent().name);
+        EXPECT_EQ(one.extent().end, other.extent().end);
+        EXPECT_EQ(one.extent().hasText, other.extent().hasText);
+        EXPECT_EQ(one.extent().isPlain, other.extent().isPlain);
+        EXPECT_EQ(one.attribute("a"), other.attribute("a"));
+        EXPECT_EQ(one.attribute("b"), other.attribute("b"));
     }
 }
