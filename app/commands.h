@@ -15,6 +15,7 @@ int runList(const Options& options, Arguments arguments);
 int runGet(const Options& options, Arguments arguments);
 int runSet(const Options& options, Arguments arguments);
 int runExplain(const Options& options, Arguments arguments);
+int runDescribe(const Options& options, Arguments arguments);
 int runPrintColors(const Options& options, Arguments arguments);
 int runScheme(const Options& options, Arguments arguments);
 

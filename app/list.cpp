@@ -2,6 +2,7 @@
 
 #include "app/columns.h"
 #include "app/commands.h"
+#include "app/declared.h"
 #include "app/fieldtext.h"
 #include "app/outcome.h"
 #include "app/output.h"
@@ -69,7 +70,26 @@ nlohmann::json textOrNull(const std::string& text) {
     return text.empty() ? nlohmann::json() : nlohmann::json(text);
 }
 
-nlohmann::json toJson(const Orv::PropertyReport& report) {
+/// What is declared of a setting: unit, limits and choices one entry a field, of a list one for all its
+/// entries.
+nlohmann::json declaredJson(const Orv::SettingDeclaration& setting, Orv::Metrics::Unit unit) {
+    auto units = nlohmann::json::array();
+    auto limits = nlohmann::json::array();
+    auto choices = nlohmann::json::array();
+    for (const Orv::FieldDeclaration& field : setting.fields) {
+        units.push_back(unitJson(field));
+        limits.push_back(limitsJson(field, unit));
+        choices.push_back(choicesJson(field));
+    }
+    return {
+        {"caption", setting.caption},
+        {"unit", std::move(units)},
+        {"limits", std::move(limits)},
+        {"choices", std::move(choices)},
+    };
+}
+
+nlohmann::json toJson(const Orv::PropertyReport& report, Orv::Metrics::Unit unit) {
     auto locks = nlohmann::json::array();
     auto origins = nlohmann::json::array();
     auto lockedBy = nlohmann::json::array();
@@ -83,7 +103,7 @@ nlohmann::json toJson(const Orv::PropertyReport& report) {
         lockReasons.push_back(textOrNull(origin.lockNote.reason));
         lockContacts.push_back(textOrNull(origin.lockNote.contact));
     }
-    return {
+    nlohmann::json row = {
         {"key", report.property.name},
         {"kind", kindName(report.property.kind)},
         {"changed", report.changed},
@@ -96,12 +116,14 @@ nlohmann::json toJson(const Orv::PropertyReport& report) {
         {"lockReasons", std::move(lockReasons)},
         {"lockContacts", std::move(lockContacts)},
     };
+    row.update(declaredJson(*Orv::declarationOf(report.property.name), unit));
+    return row;
 }
 
-nlohmann::json toJson(const std::vector<Orv::PropertyReport>& reports) {
+nlohmann::json toJson(const std::vector<Orv::PropertyReport>& reports, Orv::Metrics::Unit unit) {
     auto array = nlohmann::json::array();
     for (const Orv::PropertyReport& report : reports)
-        array.push_back(toJson(report));
+        array.push_back(toJson(report, unit));
     return array;
 }
 
@@ -126,7 +148,7 @@ int runList(const Options& options, Arguments arguments) {
     if (changedOnly)
         std::erase_if(reports, [](const Orv::PropertyReport& report) { return !report.changed; });
     if (json)
-        writeJson(std::cout, toJson(reports));
+        writeJson(std::cout, toJson(reports, Orv::unitInUse(configuration)));
     else
         writeTable(std::cout, reports);
     return kDone;

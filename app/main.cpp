@@ -19,10 +19,13 @@ Without a command, opens the settings dialog, and prints "changed: NAME" for eac
 
 commands:
   list [--changed] [--json]   every key: kind, where its values come from, locks, values;
-                              --changed: only those that differ from the built-in default
+                              --changed: only those that differ from the built-in default;
+                              --json: with caption, unit, limits and choices
   get KEY                     the values of a key, one field a line
-  set KEY VALUE...            stores all fields of a key in the user's directory
+  set [--force] KEY VALUE...  stores all fields of a key in the user's directory;
+                              --force: also what the dialog would refuse
   explain KEY                 what each working directory says about a key, and what won
+  describe KEY... [--json]    what a key means: caption, unit, limits, choices, built-in default
   print-colors [--json]       each object's color on screen and in print
   scheme show FILE            the color schemes of a scheme file: palettes and layers
   tour DIRECTORY [--dark] [--size WIDTHxHEIGHT]
@@ -63,6 +66,7 @@ constexpr std::array kCommands{
     CommandRow{"get", app::runGet},
     CommandRow{"set", app::runSet},
     CommandRow{"explain", app::runExplain},
+    CommandRow{"describe", app::runDescribe},
     CommandRow{"print-colors", app::runPrintColors},
     CommandRow{"scheme", app::runScheme},
     CommandRow{"tour", app::tourFromModule},

@@ -1,6 +1,7 @@
 // The command that writes: set.
 
 #include "app/commands.h"
+#include "app/declared.h"
 #include "app/fieldtext.h"
 #include "app/outcome.h"
 #include "app/workspace.h"
@@ -103,6 +104,20 @@ bool changesAnything(const Property& present, Arguments values) {
     return false;
 }
 
+// What stays as it is need not be what the dialog would take: the user did not write it.
+std::optional<std::string> objectionOfDeclaration(const Orv::iAppConfiguration& configuration,
+                                                  const Property& present, Arguments values) {
+    const Orv::SettingDeclaration& setting = *Orv::declarationOf(present.name);
+    const Orv::Metrics::Unit unit = Orv::unitInUse(configuration);
+    for (std::size_t field = 0; field < values.size(); ++field) {
+        if (!wouldChange(present, field, values))
+            continue;
+        if (const auto objection = objectionOfDialog(setting, field, values[field], unit))
+            return fieldTitle(present, field) + " cannot be " + inQuotes(values[field]) + ": " + *objection;
+    }
+    return std::nullopt;
+}
+
 void tellOfRounding(const Property& stored, Arguments values) {
     for (std::size_t field = 0; field < values.size(); ++field) {
         if (!sameMeaning(stored.kind, field, stored.values[field], values[field])) {
@@ -138,6 +153,10 @@ int store(Orv::iAppConfiguration& configuration, const Property& present, Argume
 } // namespace
 
 int runSet(const Options& options, Arguments arguments) {
+    // Before the key alone: what is set may be any text.
+    const bool isForced = !arguments.empty() && arguments.front() == "--force";
+    if (isForced)
+        arguments = arguments.subspan(1);
     if (arguments.empty())
         return misuse("set takes a key and its values");
     Orv::iAppConfiguration configuration;
@@ -158,6 +177,8 @@ int runSet(const Options& options, Arguments arguments) {
     if (!changesAnything(present, values))
         return kDone;
     if (const auto objection = objectionToEmptiness(present, values))
+        return refuse(*objection);
+    if (const auto objection = objectionOfDeclaration(configuration, present, values); objection && !isForced)
         return refuse(*objection);
     if (const auto ready = prepareToSave(configuration); !ready)
         return refuse(ready.errorText());

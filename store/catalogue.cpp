@@ -1,292 +1,33 @@
 #include "store/catalogue.h"
 
+#include "store/rows/drawingrows.h"
+#include "store/rows/generalrows.h"
+#include "store/rows/sheetrows.h"
+#include "store/rows/switchrows.h"
+#include "store/rows/toolrows.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
 #include <cstdint>
+#include <utility>
+#include <vector>
 
 namespace Orv {
 
 namespace {
 
-using enum iAppConfiguration::Kind;
-
-constexpr auto kShippedRows = std::to_array<CatalogueRow>({
-    // Objects.
-    {"NET", KindObject, "1, 1, 0x00ff00, 1, 0, 1"},
-    {"COMPONENT", KindObject, "1, 1, 0x00ffff, 0, 0, 1"},
-    {"ATTRIBUTE", KindObject, "1, 1, 0xffff00, 0, 0, 1"},
-    {"LABEL", KindObject, "1, 1, 0xffff00, 0, 0, 1"},
-    {"PIN", KindObject, "1, 1, 0xff00ff, 0, 0, 1"},
-    {"BOX", KindObject, "1, 1, 0xff00ff, 0, 0, 1"},
-    {"LINE", KindObject, "1, 1, 0xff00ff, 0, 0, 1"},
-    {"CIRCLE", KindObject, "1, 1, 0xff00ff, 0, 0, 1"},
-    {"ARC", KindObject, "1, 1, 0xff00ff, 0, 0, 1"},
-    {"TEXT", KindObject, "1, 1, 0xffff00, 0, 0, 1"},
-    {"WIRE", KindObject, "1, 1, 0xffff00, 0, 0, 1"},
-    {"BUS", KindObject, "1, 1, 0xffff00, 1, 0, 10"},
-    // Layers.
-    {"SELECTION_LAYER", KindLayer, "0xffffff, 0, 0"},
-    {"BORDER_LAYER", KindLayer, "0x00ffff, 0, 0"},
-    {"VALUE_LAYER", KindLayer, "0xc0c0c0, 0, 0"},
-    {"ANNOTATION_LAYER", KindLayer, "0xffff00, 0, 0"},
-    {"HIGHLIGHT_LAYER", KindLayer, "0xff00ff, 1, 0"},
-    {"BACKGROUND_LAYER", KindLayer, "0x000000, 0, 0"},
-    {"GRID_LAYER", KindLayer, "0xffffff, 0, 0"},
-    {"DRAG_LAYER", KindLayer, "0x00FF00, 0, 0"},
-    {"UNPLACEDCOMPONENT_LAYER", KindLayer, "0xC0C0C0, 0, 0"},
-    // Objects of the interconnectivity table.
-    {"ICTBLOCK", KindIctObject, "0xfffbf0, 0x000000"},
-    {"ICTBUS", KindIctObject, "0xfffbf0, 0x000000"},
-    {"ICTCOMPONENT", KindIctObject, "0xfffbf0, 0x000000"},
-    {"ICTDIFFPAIR", KindIctObject, "0xfffbf0, 0x000000"},
-    {"ICTEDITCELL", KindIctObject, "0xfffbf0, 0x000000"},
-    {"ICTFPGA", KindIctObject, "0xfffbf0, 0x000000"},
-    {"ICTFUB", KindIctObject, "0xfffbf0, 0x000000"},
-    {"ICTGROUP", KindIctObject, "0xa6caf0, 0x000000"},
-    {"ICTHIGHLIGHT_LAYER", KindIctObject, "0xff00ff, 0x000000"},
-    {"ICTINVALIDCELL", KindIctObject, "0xb0b0b0, 0x000000"},
-    {"ICTNET", KindIctObject, "0xfffbf0, 0x000000"},
-    {"ICTNETS", KindIctObject, "0xfffbf0, 0x000000"},
-    {"ICTPIN", KindIctObject, "0xfffbf0, 0x000000"},
-    {"ICTPORT", KindIctObject, "0xfffbf0, 0x000000"},
-    {"ICTSYMBOL", KindIctObject, "0xfffbf0, 0x000000"},
-    // General settings.
-    {"ADD_PROPERTIES_HINT_TAG", KindFlag, "1"},
-    {"ANALOG_SIMULATION_MODE", KindFlag, "1"},
-    {"ATTRON", KindFlag, "1"},
-    {"AUTO_RIPPER_BUS_SEGMENT", KindFlag, "1"},
-    {"AUTOPAN", KindFlag, "1"},
-    {"BEGIN_NETS_IN_SPACE", KindFlag, "1"},
-    {"BELL", KindFlag, "1"},
-    {"BORDERON", KindFlag, "1"},
-    {"CHECK_COMP_DATES", KindFlag, "1"},
-    {"COARSE_GRID", KindFlag, "1"},
-    {"COMPONENT_TOOLTIPS", KindFlag, "1"},
-    {"COMPTEXTON", KindFlag, "1"},
-    {"CONSTRAINT", KindFlag, "1"},
-    {"COPY_CONSTRAINTS_ON_COPY_BLOCK", KindFlag, "1"},
-    {"COPY_CONSTRAINTS_OVERWRITES_VALUES", KindFlag, "1"},
-    {"DB_ERR_VERBOSE", KindFlag, "1"},
-    {"DEFAULT_ZOOM", KindFlag, "1"},
-    {"DETAIL", KindFlag, "1"},
-    {"DYNAMIC_PANNING", KindFlag, "1"},
-    {"DYNAMIC_XY", KindFlag, "1"},
-    {"EXCLUDE_GLOBALS_FM_UNIQUE_ON_COPY", KindFlag, "1"},
-    {"FUBPINTYPEON", KindFlag, "1"},
-    {"GRIDON", KindFlag, "1"},
-    {"HATS", KindFlag, "1"},
-    {"KEYBINDINGS", KindFlag, "1"},
-    {"LABELON", KindFlag, "1"},
-    {"OATCHECK", KindFlag, "1"},
-    {"OATS", KindFlag, "1"},
-    {"PARTIAL_UNLIMITED_TEXT_LENGTH", KindFlag, "1"},
-    {"PLACEHOLDER", KindFlag, "1"},
-    {"PRINTFORCEBLACK", KindFlag, "1"},
-    {"PRINTHIERARCHY", KindFlag, "1"},
-    {"RNUMSON", KindFlag, "1"},
-    {"SCHEMATIC_TABS", KindFlag, "1"},
-    {"SELRIPPERS", KindFlag, "1"},
-    {"SELBORDERS", KindFlag, "1"},
-    {"SNAPTOPIN", KindFlag, "1"},
-    {"SORTON", KindFlag, "1"},
-    {"STROKES", KindFlag, "1"},
-    {"TEXTON", KindFlag, "1"},
-    {"TIPOFTHEDAY", KindFlag, "1"},
-    {"UNDO", KindFlag, "1"},
-    {"VALUESON", KindFlag, "1"},
-    {"XTRAERRS", KindFlag, "1"},
-    {"ICT_HIDE_NOTCOMMON_PRP", KindFlag, "0"},
-    {"ABSOLUTE_OATS", KindFlag, "0"},
-    {"ADD_PROPERTIES_HINT_TAG_TIMER", KindFlag, "0"},
-    {"AREA_SELECTION_OVERLAP", KindFlag, "0"},
-    {"AUTO_TEXT_ORIEN", KindFlag, "0"},
-    {"BIGCROSS", KindFlag, "0"},
-    {"BITNUMBERS", KindFlag, "0"},
-    {"BUS_MODE", KindFlag, "0"},
-    {"CHECK_REUSEBLOCK_DATES", KindFlag, "0"},
-    {"DISPLAY_REUSEBLOCK_WORK", KindFlag, "0"},
-    {"CONTEXT_WINDOW", KindFlag, "0"},
-    {"COPY_CONSTRAINTS_USING_CRM", KindFlag, "0"},
-    {"DB_AUTO_BACKUP", KindFlag, "0"},
-    {"DBOXON", KindFlag, "0"},
-    {"DEF_USESHEET1", KindFlag, "0"},
-    {"DEFAULT_VALUE_UPPER", KindFlag, "0"},
-    {"DEFSHEET", KindFlag, "0"},
-    {"DISPLAY_FULL_SIGNAL_NAME_ON_RIPPER", KindFlag, "0"},
-    {"DYNAMIC_PLOTSIZE", KindFlag, "0"},
-    {"EURO_ARROWS", KindFlag, "0"},
-    {"EURO_DATE", KindFlag, "0"},
-    {"LORVIK_ZOOM", KindFlag, "0"},
-    {"ORV_DIAGNOSTICS_RUN_ON_CLOSE", KindFlag, "0"},
-    {"LABELBRACKETS", KindFlag, "0"},
-    {"WIR_CONT_CHAR", KindFlag, "0"},
-    {"MIDSTROKE", KindFlag, "0"},
-    {"NAMESON", KindFlag, "0"},
-    {"NET_TOOLTIPS", KindFlag, "0"},
-    {"NON_UNDOABLE_MOVE", KindFlag, "0"},
-    {"OATSTOOLS_FILE_BYPASS", KindFlag, "0"},
-    {"SARN_ZOOM", KindFlag, "0"},
-    {"PIN_TOOLTIPS", KindFlag, "0"},
-    {"PINTYPE_ARROWS", KindFlag, "0"},
-    {"PNUMSON", KindFlag, "0"},
-    {"PROJECT_PLOT_ON_PC", KindFlag, "0"},
-    {"SELNAMEON", KindFlag, "0"},
-    {"SEPARATE_FLIP_MIRROR", KindFlag, "0"},
-    {"UNIQUE_LABEL", KindFlag, "0"},
-    {"UNLIMITED_TEXT", KindFlag, "0"},
-    {"WIR_FILE_CONTINUATION", KindFlag, "0"},
-    {"WIREON", KindFlag, "0"},
-    {"PRINTING", KindFlag, "0"},
-    {"ADISTANCE_HR", KindNumber, "508000"},
-    {"ANNO_SIZE_HR", KindNumber, "381000"},
-    {"ATTR_ON_SPLIT", KindNumber, "0"},
-    {"AUTO_RIPPER_BUS_SEGMENT_LENGTH_HR", KindNumber, "50800"},
-    {"AUTOLOG", KindNumber, "10"},
-    {"BLOCKTYPE", KindNumber, "1"},
-    {"BOXSIZE_HR", KindNumber, "127000"},
-    {"BUBBLESIZE_HR", KindNumber, "127000"},
-    {"BUS_DOTSIZE_HR", KindNumber, "304800"},
-    {"BUSWIDTH_HR", KindNumber, "101600"},
-    {"CROSSCURSOR", KindNumber, "0"},
-    {"DEFMETHOD", KindNumber, "1"},
-    {"DOTSIZE_HR", KindNumber, "127000"},
-    {"DOTSIZE_THREE_SEGMENTS_HR", KindNumber, "0"},
-    {"GRID_HR", KindNumber, "254000"},
-    {"GRID_HIGHLIGHT_INTERVAL", KindNumber, "0"},
-    {"GRID_HIGHLIGHT_MARKS", KindNumber, "0"},
-    {"GRID_HIGHLIGHT_MARKS_INTERVAL", KindNumber, "10"},
-    {"LABEL_ON_SPLIT", KindNumber, "0"},
-    {"LABELTHRESHOLD", KindNumber, "4"},
-    {"LONG_LINE_ERRORS", KindNumber, "127"},
-    {"MRU_SIZE", KindNumber, "10"},
-    {"NET_LENGTH_HR", KindNumber, "1016000"},
-    {"NET_SPACING_HR", KindNumber, "254000"},
-    {"NEW_ATTR_VIS", KindNumber, "1"},
-    {"NO_UNDO_CBA_MOVE", KindNumber, "3000"},
-    {"ORIENTATION", KindNumber, "0"},
-    {"PRINTLINETHICKNESS", KindNumber, "1"},
-    {"PRINTORIENTATION", KindNumber, "1"},
-    {"PRINTPAPERSIZE", KindNumber, "0"},
-    {"PRINTSCALE", KindNumber, "0"},
-    {"PRINTSCALEFACTOR", KindNumber, "1"},
-    {"PRINTSCALETYPE", KindNumber, "0"},
-    {"PRINTXMARGIN", KindNumber, "0"},
-    {"PRINTYMARGIN", KindNumber, "0"},
-    {"ROUTE", KindNumber, "2"},
-    {"SCOPE", KindNumber, "0"},
-    {"SDISTANCE_HR", KindNumber, "254000"},
-    {"SHEETSIZE", KindNumber, "1"},
-    {"STROKE_DELAY", KindNumber, "100"},
-    {"TEXT_THRESHOLD", KindNumber, "3"},
-    {"TEXTORIGIN", KindNumber, "3"},
-    {"TEXTSIZE_HR", KindNumber, "254000"},
-    {"TIPOFTHEDAYFILEPOS", KindNumber, "0"},
-    {"UNDO_LEVEL", KindNumber, "1024"},
-    {"UNIT", KindText, "in"},
-    {"MRU_SCHEMA", KindText, ""},
-    {"MRU_SETTINGS", KindText, "Designs"},
-    {"PRINTDEVICENAME", KindText, ""},
-    {"SCALEFACTOR", KindText, "1.0"},
-    {"TIPOFTHEDAYTIMESTAMP", KindText, ""},
-    {"LANGUAGE", KindText, "Default"},
-    {"ORV_SIMULATOR_EXECUTABLE", KindText, ""},
-    {"ORV_ENABLE_EXTERNAL_EDITOR", KindText, ""},
-    {"ORV_EXTERNAL_EDITOR_EXECUTABLE", KindText, ""},
-    {"ORV_HDL_EXPORT_LANGUAGE", KindText, "0"},
-    {"ORV_HDL_EXPORT_FOLDER", KindText, ""},
-    {"ICT_HIDDEN_PRPS", KindList, ""},
-    {"MRU_PROJECTS", KindList, ""},
-    {"PROPERTIES_TOOLTIP", KindList, "REFDES"},
-    // Printing colours.
-    // The comma without a blank is meant for hosts, which count on fifteen fields: the twelfth one holds two
-    // colours.
-    {"PRINTINGCOLORS", KindList,
-     "0x000000, 0x000000, 0x000000, 0x000000, 0x000000, 0x000000, 0x000000, 0x000000, 0x000000, 0x000000, "
-     "0x000000, 0x000000,0x000000, 0xffffff, 0x000000, 0x000000"},
-    // Sheet sizes.
-    {"A_SIZE_HR", KindSize, "27940000, 21590000"},
-    {"B_SIZE_HR", KindSize, "43180000, 27940000"},
-    {"C_SIZE_HR", KindSize, "55880000, 43180000"},
-    {"D_SIZE_HR", KindSize, "86360000, 55880000"},
-    {"E_SIZE_HR", KindSize, "111760000, 86360000"},
-    {"A4_SIZE_HR", KindSize, "29699999.02, 20999999.91"},
-    {"A3_SIZE_HR", KindSize, "41999999.82, 29699999.02"},
-    {"A2_SIZE_HR", KindSize, "59400000.58, 41999999.82"},
-    {"A1_SIZE_HR", KindSize, "84099999.44, 59400000.58"},
-    {"A0_SIZE_HR", KindSize, "118900000.96, 84099999.44"},
-    {"Z_SIZE_HR", KindSize, "2540000, 2540000"},
-    // Fonts.
-    {"FIXED", KindFont, "0, 0, 0, 0, 0, 0, 0, 0"},
-    {"ROMAN", KindFont, "0, 0, 0, 0, 0, 0, 0, 0"},
-    {"ROMANBOLD", KindFont, "0, 0, 0, 0, 0, 0, 0, 0"},
-    {"ROMANITALIC", KindFont, "0, 0, 0, 0, 0, 0, 0, 0"},
-    {"ROMANBOLDITALIC", KindFont, "0, 0, 0, 0, 0, 0, 0, 0"},
-    {"SANSSERIF", KindFont, "0, 0, 0, 0, 0, 0, 0, 0"},
-    {"SCRIPT", KindFont, "0, 0, 0, 0, 0, 0, 0, 0"},
-    {"SANSSERIFBOLD", KindFont, "0, 0, 0, 0, 0, 0, 0, 0"},
-    {"SCRIPTBOLD", KindFont, "0, 0, 0, 0, 0, 0, 0, 0"},
-    {"GOTHIC", KindFont, "0, 0, 0, 0, 0, 0, 0, 0"},
-    {"OLDENGLISH", KindFont, "0, 0, 0, 0, 0, 0, 0, 0"},
-    {"KANJI", KindFont, "0, 0, 0, 0, 0, 0, 0, 0"},
-    {"PLOT", KindFont, "0, 0, 0, 0, 0, 0, 0, 0"},
-    // Palettes.
-    {"SCREEN", KindList,
-     "0x000000, 0x800000, 0x008000, 0x808000, 0x80, 0x800080, 0x8080, 0xc0c0c0, 0x808080, 0xff0000, 0xff00, "
-     "0xffff00, 0xff, 0xff00ff, 0xffff, 0xffffff"},
-    {"PRINTER", KindList,
-     "0x000000, 0x800000, 0x8000, 0x808000, 0x80, 0x800080, 0x8080, 0xc0c0c0, 0x808080, 0xff0000, 0xa00000, "
-     "0xffff00, 0xff, 0xff00ff, 0x400040, 0x000000"},
-    // Interconnect editor.
-    {"CHANGE_TO_ALLOW_MULTIPLE_TYPES", KindFlag, "1"},
-    {"ICE_COMPONENTS_IN_COLUMNS", KindFlag, "1"},
-    {"ICE_AUTOFIT", KindFlag, "1"},
-    {"ICE_CELLS_SHOW_NAME", KindFlag, "1"},
-    {"ICE_PINSDROPDOWNLIST_SHOW_NAME", KindFlag, "1"},
-    {"ICE_PINSDROPDOWNLIST_SHOW_DIRECTION", KindFlag, "1"},
-    {"AUTO_CONNECT_NEW_TAP", KindFlag, "1"},
-    {"ICE_CELLS_SHOW_DIRECTION", KindFlag, "0"},
-    {"ICE_CELLS_SHOW_PIN_NUMBER", KindFlag, "0"},
-    {"ICE_PINSDROPDOWNLIST_SHOW_PIN_NUMBER", KindFlag, "0"},
-    {"ICE_SLICEANDDICE_NETS_SHOW_MODE", KindNumber, "0"},
-    {"ICE_SYMBOL_FORMAT", KindText, "$(Name)$(Symbol)"},
-    // Navigator.
-    {"NAV_DISPLAY_SHEETS", KindFlag, "1"},
-    {"NAV_NET_DISPLAY", KindFlag, "1"},
-    {"NAV_FLAT_VIEW", KindFlag, "0"},
-    {"NAV_BLOCK_FILTER_USE_REGEXP", KindFlag, "0"},
-    {"NAV_BLOCK_SORT_DESCENDING", KindFlag, "0"},
-    {"NAV_FUNCTIONBLOCK_FILTER_USE_REGEXP", KindFlag, "0"},
-    {"NAV_FUNCTIONBLOCK_SORT_DESCENDING", KindFlag, "0"},
-    {"NAV_COMP_FILTER_USE_REGEXP", KindFlag, "0"},
-    {"NAV_COMP_SORT_DESCENDING", KindFlag, "0"},
-    {"NAV_NET_FILTER_USE_REGEXP", KindFlag, "0"},
-    {"NAV_NET_SORT_DESCENDING", KindFlag, "0"},
-    {"NAV_BLOCK_SORT_ORDER_BY", KindNumber, "0"},
-    {"NAV_FUNCTIONBLOCK_SORT_ORDER_BY", KindNumber, "0"},
-    {"NAV_COMP_DISPLAY_MODE", KindNumber, "0"},
-    {"NAV_COMP_SORT_ORDER_BY", KindNumber, "0"},
-    {"NAV_NET_SORT_ORDER_BY", KindNumber, "0"},
-    {"NAV_BLOCK_LABEL_FORMAT", KindText, "$(Name)"},
-    {"NAV_BLOCK_INFOTIP_FORMAT", KindText, "$(View): $(Name)"},
-    {"NAV_FUNCTIONBLOCK_LABEL_FORMAT", KindText, "$(Name)"},
-    {"NAV_FUNCTIONBLOCK_INFOTIP_FORMAT", KindText, "$(View): $(Name)"},
-    {"NAV_COMP_LABEL_FORMAT", KindText, "$(Name)"},
-    {"NAV_COMP_INFOTIP_FORMAT", KindText, "$(Name) ($(Symbol))"},
-    {"NAV_NET_LABEL_FORMAT", KindText, "$(Name)"},
-    {"NAV_NET_INFOTIP_FORMAT", KindText, "Net: $(Name)"},
-    {"NAV_BUS_LABEL_FORMAT", KindText, "$(Name)"},
-    {"NAV_BUS_INFOTIP_FORMAT", KindText, "Bus: $(Name)"},
-    {"NAV_BLOCK_FILTER_PROPERTIES", KindList, "no rules"},
-    {"NAV_FUNCTIONBLOCK_FILTER_PROPERTIES", KindList, "no rules"},
-    {"NAV_COMP_FILTER_PROPERTIES", KindList, "no rules"},
-    {"NAV_NET_FILTER_PROPERTIES", KindList, "no rules"},
-    // Cross-probing.
-    {"XPROB_HLU_ENABLE", KindFlag, "1"},
-    {"XPROB_HLU_LIMITOPEN", KindFlag, "1"},
-    {"XPROB_SEL_LIMITOPEN", KindFlag, "0"},
-    {"XPROB_SEL_ZOOMFIT", KindFlag, "0"},
-});
+constexpr auto kShippedRows = [] {
+    constexpr std::size_t kCount =
+        kDrawingRows.size() + kSwitchRows.size() + kGeneralRows.size() + kSheetRows.size() + kToolRows.size();
+    std::array<SettingRow, kCount> rows;
+    auto end = std::ranges::copy(kDrawingRows, rows.begin()).out;
+    end = std::ranges::copy(kSwitchRows, end).out;
+    end = std::ranges::copy(kGeneralRows, end).out;
+    end = std::ranges::copy(kSheetRows, end).out;
+    std::ranges::copy(kToolRows, end);
+    return rows;
+}();
 
 /// Settings that nothing uses, of every kind in turn: a build that has some shows that there is room.
 constexpr std::size_t kSpares = OV_SPARE_SETTINGS;
@@ -302,14 +43,23 @@ constexpr auto kSpareNames = [] {
     return names;
 }();
 
-constexpr auto kRows = [] {
-    std::array<CatalogueRow, kShippedRows.size() + kSpares> rows{};
+constexpr auto kSettings = [] {
+    std::array<SettingRow, kShippedRows.size() + kSpares> rows;
     std::ranges::copy(kShippedRows, rows.begin());
     for (std::size_t i = 0; i < kSpares; ++i) {
         auto& row = rows[kShippedRows.size() + i];
         row = kShippedRows[i * 7 % kShippedRows.size()];
         row.key = std::string_view(kSpareNames[i].data(), kNameSize);
     }
+    return rows;
+}();
+
+/// What reads and searches touch of the rows, apart from what is read of them once in a while.
+constexpr auto kRows = [] {
+    std::array<CatalogueRow, kSettings.size()> rows;
+    std::ranges::transform(kSettings, rows.begin(), [](const SettingRow& row) {
+        return CatalogueRow{row.key, row.kind, row.defaultText};
+    });
     return rows;
 }();
 
@@ -393,11 +143,133 @@ constexpr bool everyKeyFindsItsOwnRow() {
 static_assert(everyKeyFindsItsOwnRow(), "a key stands twice in the table");
 
 constexpr auto countOf(iAppConfiguration::Kind kind) {
-    return std::ranges::count(kShippedRows, kind, &CatalogueRow::kind);
+    return std::ranges::count(kShippedRows, kind, &SettingRow::kind);
 }
 static_assert(countOf(KindFlag) == 111 && countOf(KindNumber) == 51 && countOf(KindLayer) == 9);
 static_assert(countOf(KindObject) == 12 && countOf(KindList) == 10 && countOf(KindText) == 23);
 static_assert(countOf(KindSize) == 11 && countOf(KindFont) == 13 && countOf(KindIctObject) == 15);
+
+constexpr bool isSentence(std::string_view text) {
+    return text.size() > 1 && text.front() >= 'A' && text.front() <= 'Z' && text.ends_with('.');
+}
+
+constexpr bool saysWhatItMeans(const auto& declared) {
+    return !declared.caption.empty() && isSentence(declared.meaning);
+}
+
+constexpr bool everySettingSaysWhatItMeans() {
+    return std::ranges::all_of(kSettings, [](const SettingRow& row) {
+        const auto isSaid = [](const FieldDeclaration& field) {
+            return saysWhatItMeans(field);
+        };
+        return saysWhatItMeans(row) && std::ranges::all_of(row.fields, isSaid) &&
+               std::ranges::all_of(fieldsOfKind(row.kind), isSaid);
+    });
+}
+static_assert(everySettingSaysWhatItMeans());
+
+constexpr bool isChoice(std::span<const SettingChoice> choices, std::string_view text) {
+    return choices.empty() || std::ranges::find(choices, text, &SettingChoice::value) != choices.end();
+}
+
+constexpr bool everyDefaultIsAChoice() {
+    return std::ranges::all_of(kSettings, [](const SettingRow& row) {
+        auto rest = row.defaultText;
+        const auto fields = row.fields.empty() ? fieldsOfKind(row.kind) : row.fields;
+        return isChoice(row.choices, rest) &&
+               std::ranges::all_of(fields, [&rest](const FieldDeclaration& field) {
+                   const auto text = rest.substr(0, rest.find(", "));
+                   rest.remove_prefix(std::min(text.size() + 2, rest.size()));
+                   return isChoice(field.choices, text);
+               });
+    });
+}
+static_assert(everyDefaultIsAChoice());
+
+/// The captions and sentences in one piece, and where each begins: pointers to them would be mended at each
+/// start of a program, whether it asks for them or not.
+struct Prose {
+    static constexpr std::size_t kSize = [] {
+        std::size_t size = 0;
+        for (const SettingRow& row : kSettings)
+            size += row.caption.size() + row.meaning.size();
+        return size;
+    }();
+
+    std::array<char, kSize> text{};
+    std::array<std::uint16_t, 2 * kSettings.size() + 1> begins{};
+
+    constexpr std::string_view at(std::size_t piece) const {
+        return {text.data() + begins[piece], text.data() + begins[piece + 1]};
+    }
+};
+static_assert(Prose::kSize <= 0xffff);
+
+constexpr auto kProse = [] {
+    Prose prose;
+    std::uint16_t end = 0;
+    std::size_t piece = 0;
+    for (const SettingRow& row : kSettings) {
+        for (const std::string_view text : {row.caption, row.meaning}) {
+            std::ranges::copy(text, prose.text.begin() + end);
+            end = static_cast<std::uint16_t>(end + text.size());
+            prose.begins[++piece] = end;
+        }
+    }
+    return prose;
+}();
+
+/// What few settings have.
+struct Particulars {
+    std::size_t row = 0;
+    SettingUnit unit = SettingUnit::none;
+    std::optional<SettingLimits> limits{};
+    std::span<const SettingChoice> choices{};
+    std::span<const FieldDeclaration> fields{};
+};
+
+constexpr bool hasParticulars(const SettingRow& row) {
+    return row.unit != SettingUnit::none || row.limits || !row.choices.empty() || !row.fields.empty();
+}
+
+constexpr auto kParticulars = [] {
+    std::array<Particulars, std::ranges::count_if(kSettings, hasParticulars)> all;
+    std::size_t count = 0;
+    for (std::size_t at = 0; at < kSettings.size(); ++at) {
+        if (const SettingRow& row = kSettings[at]; hasParticulars(row))
+            all[count++] = {at, row.unit, row.limits, row.choices, row.fields};
+    }
+    return all;
+}();
+
+/// Made when the first one asks.
+struct Declared {
+    std::vector<SettingDeclaration> settings{kRows.size()};
+    std::vector<FieldDeclaration> ownFields{kRows.size()}; ///< of kinds without named fields
+
+    Declared() {
+        for (std::size_t row = 0; row < kRows.size(); ++row) {
+            const std::string_view caption = kProse.at(2 * row);
+            const std::string_view meaning = kProse.at(2 * row + 1);
+            ownFields[row] = {.caption = caption, .meaning = meaning};
+            const auto fields = fieldsOfKind(kRows[row].kind);
+            settings[row] = {kRows[row].key,
+                             kRows[row].kind,
+                             kRows[row].defaultText,
+                             caption,
+                             meaning,
+                             fields.empty() ? std::span(&std::as_const(ownFields[row]), 1) : fields};
+        }
+        for (const Particulars& particulars : kParticulars) {
+            FieldDeclaration& own = ownFields[particulars.row];
+            own.unit = particulars.unit;
+            own.limits = particulars.limits;
+            own.choices = particulars.choices;
+            if (!particulars.fields.empty())
+                settings[particulars.row].fields = particulars.fields;
+        }
+    }
+};
 
 } // namespace
 
@@ -407,6 +279,16 @@ std::span<const CatalogueRow> catalogue() noexcept {
 
 std::optional<std::size_t> findRow(std::string_view key) noexcept {
     return lookUp(key);
+}
+
+std::span<const SettingDeclaration> declarations() {
+    static const Declared declared;
+    return declared.settings;
+}
+
+const SettingDeclaration* declarationOf(std::string_view key) {
+    const auto row = lookUp(key);
+    return row ? &declarations()[*row] : nullptr;
 }
 
 } // namespace Orv

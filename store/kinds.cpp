@@ -1,5 +1,7 @@
 #include "store/kinds.h"
 
+#include "store/rows/fieldrows.h"
+
 #include <algorithm>
 #include <array>
 #include <cassert>
@@ -10,8 +12,6 @@ namespace Orv {
 
 namespace {
 
-using enum iAppConfiguration::Kind;
-
 constexpr std::string_view kSeparator = ", ";
 
 struct KindRow {
@@ -20,23 +20,18 @@ struct KindRow {
     Cache cache;
     std::string_view path; // paths of groups end in a slash, others do not
     std::string_view typeWord;
-    std::string_view fieldList; // a separator follows every name, the last one included
 };
 
 constexpr std::array kKindRows = {
-    KindRow{KindFlag, Storage::value, Cache::number, "Orvane/SETTINGS", "", ""},
-    KindRow{KindNumber, Storage::value, Cache::number, "Orvane/SETTINGS", "", ""},
-    KindRow{KindLayer, Storage::group, Cache::graphics, "Orvane/LAYERS/", "layer",
-            "COLOR, FILL_STYLE, LINE_STYLE, "},
-    KindRow{KindObject, Storage::group, Cache::graphics, "Orvane/OBJECTS/", "object",
-            "VISIBLE, SELECTABLE, COLOR, FILL_STYLE, LINE_STYLE, LINE_THICKNESS, "},
-    KindRow{KindList, Storage::list, Cache::none, "Orvane/", "", ""},
-    KindRow{KindText, Storage::value, Cache::none, "Orvane/SETTINGS", "", ""},
-    KindRow{KindSize, Storage::group, Cache::none, "Orvane/SIZES/", "size", "WIDTH, HEIGHT, "},
-    KindRow{KindFont, Storage::group, Cache::none, "Orvane/FONT_MAP/", "font",
-            "FACE, STYLE, WEIGHT, CHARSET, ITALIC, UNDERLINE, STRIKEOUT, BOLD, "},
-    KindRow{KindIctObject, Storage::group, Cache::graphics, "Orvane/ICTOBJECTS/", "object",
-            "COLOR, TEXTCOLOR, "},
+    KindRow{KindFlag, Storage::value, Cache::number, "Orvane/SETTINGS", ""},
+    KindRow{KindNumber, Storage::value, Cache::number, "Orvane/SETTINGS", ""},
+    KindRow{KindLayer, Storage::group, Cache::graphics, "Orvane/LAYERS/", "layer"},
+    KindRow{KindObject, Storage::group, Cache::graphics, "Orvane/OBJECTS/", "object"},
+    KindRow{KindList, Storage::list, Cache::none, "Orvane/", ""},
+    KindRow{KindText, Storage::value, Cache::none, "Orvane/SETTINGS", ""},
+    KindRow{KindSize, Storage::group, Cache::none, "Orvane/SIZES/", "size"},
+    KindRow{KindFont, Storage::group, Cache::none, "Orvane/FONT_MAP/", "font"},
+    KindRow{KindIctObject, Storage::group, Cache::graphics, "Orvane/ICTOBJECTS/", "object"},
 };
 
 constexpr bool rowsStandInOrder() {
@@ -53,10 +48,10 @@ struct ListPath {
     std::string path;
 };
 
-std::vector<std::string> namesOf(std::string_view fieldList) {
-    auto names = cutFields(fieldList);
-    if (!names.empty())
-        names.pop_back(); // the nothing behind the last separator
+std::vector<std::string> fieldNamesOf(int kind) {
+    std::vector<std::string> names;
+    for (const FieldDeclaration& field : fieldsOfKind(kind))
+        names.emplace_back(field.name);
     return names;
 }
 
@@ -82,7 +77,7 @@ const KindTraits& kindTraits(int kind) {
         all.reserve(std::size(kKindRows));
         for (const auto& row : kKindRows)
             all.push_back({row.storage, row.cache, std::string(row.path), std::string(row.typeWord),
-                           namesOf(row.fieldList)});
+                           fieldNamesOf(row.kind)});
         return all;
     }();
     assert(kind >= 1 && kind <= static_cast<int>(traits.size()));

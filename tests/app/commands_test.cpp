@@ -1,4 +1,4 @@
-// The commands list, get, set and explain, as the built program runs them on real directories.
+// The commands list, get, set, explain and describe, as the built program runs them on real directories.
 
 #include "tests/app/program.h"
 #include "tests/support/configurationtext.h"
@@ -68,6 +68,10 @@ TEST_F(Commands, EachCommandLineIsDoneOrRefusedWithOneClearLine) {
         {{"get", "GRID_HR", "UNIT"}, 2, "", "get takes one key"},
         {{"set"}, 2, "", "set takes a key"},
         {{"explain"}, 2, "", "explain takes one key"},
+        {{"describe"}, 2, "", "describe takes keys"},
+        {{"describe", "--all", "UNIT"}, 2, "", "describe takes --json, not --all"},
+        {{"describe", "UNIT", "NOPE"}, 1, "", "there is no key NOPE"},
+        {{"set", "--force"}, 2, "", "set takes a key"},
         {{"print-colors", "--all"}, 2, "", "print-colors takes --json and nothing else"},
         {{"tour"}, 2, "", "tour takes the directory"},
         {{"tour", "a", "b"}, 2, "", "not \"b\""},
@@ -95,6 +99,20 @@ TEST_F(Commands, EachCommandLineIsDoneOrRefusedWithOneClearLine) {
         {{"set", "A4_SIZE_HR", "29699999.02", "wide"}, 1, "", "A4_SIZE_HR, HEIGHT cannot be"},
         {{"set", "PLOT", "Sans", "Book", "400", "0", "0", "0", "0", "2"}, 1, "", "PLOT, BOLD cannot be"},
         {{"set", "LANGUAGE", "a\x01"}, 1, "", "without control characters"},
+        {{"set", "GRID_HR", "25399"},
+         1,
+         "",
+         "GRID_HR cannot be \"25399\": it has to be between 0.01 and 10.00 in"},
+        {{"set", "Z_SIZE_HR", "2540000", "1"},
+         1,
+         "",
+         "Z_SIZE_HR, HEIGHT cannot be \"1\": it has to be between 1"},
+        {{"set", "BUS", "1", "1", "0xffff00", "1", "0", "11"}, 1, "", "it has to be between 1 and 10;"},
+        {{"set", "SCALEFACTOR", "0"}, 1, "", "it has to be above 0; --force"},
+        {{"set", "SNAPTOPIN", "0", "--force"}, 2, "", "SNAPTOPIN has 1 field, not 2"},
+        {{"set", "--force", "SNAPTOPIN", "yes"}, 1, "", "a flag is 0 or 1"},
+        {{"set", "TEXTORIGIN", "10"}, 1, "", "9 (Lower right); --force stores it all the same"},
+        {{"set", "LANGUAGE", "Klingon"}, 1, "", "one of Default (Default), ENG (English), JPN (Japanese)"},
         {{"set", "MRU_PROJECTS"}, 0, "", ""},
         {{"set", "LANGUAGE", ""}, 1, "", kNoEmptyValue},
     };
@@ -112,7 +130,7 @@ TEST_F(Commands, ValuesThatAreSetAreInTheUsersFileAndComeBack) {
     const Row rows[] = {
         {"GRID_HR", {"508000"}, ">508000<"},
         {"UNDO_LEVEL", {"-5"}, ">-5<"},
-        {"SCALEFACTOR", {"--help"}, ">--help<"},
+        {"PRINTDEVICENAME", {"--help"}, ">--help<"},
         {"PIN", {"0", "1", "0x123456", "0", "2", "-3"}, ">0x123456<"},
         {"PLOT", {"Größe <&>", "Book", "400", "0", "1", "0", "0", "1"}, "Größe &lt;&amp;&gt;"},
         {"KANJI", {"", "0", "0", "0", "0", "0", "0", "0"}, "\"KANJI\""},
@@ -151,6 +169,52 @@ TEST_F(Commands, SetTellsWhatIsStoredWhereSixDigitsAreNotEnough) {
     EXPECT_EQ(rounded.out, "GRID_HR: 1234567 is stored as 1.23457e+06 (six significant digits)\n");
     EXPECT_EQ(runProgram({"set", "GRID_HR", "1016000"}).out, "") << "exponent form alone loses nothing";
     EXPECT_EQ(runProgram({"set", "PIN", "1", "1", "0xABCDEF", "0", "0", "1"}).out, "");
+}
+
+TEST_F(Commands, SetJudgesInTheUnitInUseWhatItChangesAndStoresWhatIsForced) {
+    EXPECT_EQ(runProgram({"set", "GRID_HR", "1000"}).status, 1);
+    EXPECT_EQ(runProgram({"set", "UNIT", "mm"}).status, 0);
+    EXPECT_EQ(runProgram({"set", "GRID_HR", "1000"}).status, 0);
+    EXPECT_EQ(runProgram({"set", "BUS", "1", "1", "0xffff00", "1", "0", "11"}).status, 1);
+    EXPECT_EQ(runProgram({"set", "--force", "BUS", "1", "1", "0xffff00", "1", "0", "11"}).status, 0);
+    EXPECT_EQ(runProgram({"set", "BUS", "1", "1", "0x00ff00", "1", "0", "11"}).status, 0)
+        << "the width stays as it was";
+    EXPECT_EQ(runProgram({"get", "BUS"}).out, "1\n1\n0x00ff00\n1\n0\n11\n");
+}
+
+TEST_F(Commands, DescribeTellsWhatIsDeclaredInTheUnitInUse) {
+    EXPECT_EQ(runProgram({"describe", "GRID_HR", "ROUTE"}).out,
+              "GRID_HR (number)\n"
+              "  caption  Grid Spacing\n"
+              "  meaning  The spacing of the grid.\n"
+              "  unit     10 nm\n"
+              "  limits   between 0.01 and 10.00 in (25400 to 25400000 as it is stored)\n"
+              "  default  254000 (0.10 in)\n"
+              "\n"
+              "ROUTE (number)\n"
+              "  caption  Route Mode\n"
+              "  meaning  How nets are routed.\n"
+              "  choices  0  Straight\n"
+              "           1  Orthogonal\n"
+              "           2  Avoidance\n"
+              "  default  2\n");
+    ASSERT_EQ(runProgram({"set", "UNIT", "mm"}).status, 0);
+    EXPECT_TRUE(contains(runProgram({"describe", "GRID_HR"}).out, "between 0.01 and 10.00 mm"));
+    EXPECT_TRUE(contains(runProgram({"describe", "NET"}).out, "\nLINE_THICKNESS\n  caption  Width\n"));
+    EXPECT_EQ(runProgram({"--home", "/nowhere", "describe", "ROUTE"}).status, 0)
+        << "no length, so nobody asks for the unit";
+    EXPECT_EQ(runProgram({"--home", "/nowhere", "describe", "GRID_HR"}).status, 1);
+
+    const std::string json = runProgram({"describe", "--json", "Z_SIZE_HR", "MRU_PROJECTS"}).out;
+    const QJsonArray settings = QJsonDocument::fromJson(QByteArray::fromStdString(json)).array();
+    ASSERT_EQ(settings.size(), 2);
+    const QJsonArray fields = settings[0].toObject()["fields"].toArray();
+    ASSERT_EQ(fields.size(), 2);
+    EXPECT_EQ(fields[1].toObject()["name"].toString(), "HEIGHT");
+    EXPECT_EQ(fields[1].toObject()["default"].toString(), "2540000");
+    EXPECT_TRUE(fields[1].toObject()["limits"].toString().startsWith("between 1 and 100000000 mm"));
+    EXPECT_TRUE(settings[1].toObject()["limits"].isNull());
+    EXPECT_TRUE(settings[1].toObject()["default"].toArray().isEmpty());
 }
 
 TEST_F(Commands, LockedFieldIsRefusedNamingTheDirectoryAndAnEqualOneOfSeveralPasses) {
@@ -269,6 +333,10 @@ TEST_F(Commands, ListGivesEveryKeyWithItsLocksAndOriginsAsTextAndAsJson) {
     const QJsonValue none(QJsonValue::Null);
     EXPECT_EQ(changed["NET"]["kind"], "object");
     EXPECT_EQ(changed["NET"]["fields"][2], "COLOR");
+    EXPECT_EQ(changed["NET"]["caption"], "Net");
+    EXPECT_EQ(changed["NET"]["limits"], QJsonArray({none, none, none, none, none, "between 1 and 10"}));
+    EXPECT_EQ(changed["ROUTE"]["unit"], QJsonArray({none}));
+    EXPECT_EQ(changed["ROUTE"]["choices"][0][2]["caption"], "Avoidance");
     EXPECT_EQ(changed["NET"]["locks"], QJsonArray({false, false, true, false, false, false}));
     EXPECT_EQ(changed["NET"]["lockedBy"], QJsonArray({none, none, site, none, none, none}));
     EXPECT_EQ(changed["ROUTE"]["origins"], QJsonArray({site}));
