@@ -168,23 +168,39 @@ constexpr bool everySettingSaysWhatItMeans() {
 }
 static_assert(everySettingSaysWhatItMeans());
 
-constexpr bool isChoice(std::span<const SettingChoice> choices, std::string_view text) {
-    return choices.empty() || std::ranges::find(choices, text, &SettingChoice::value) != choices.end();
+/// The whole part of a number that is written without a sign.
+constexpr double wholePart(std::string_view text) {
+    double number = 0;
+    for (const char c : text.substr(0, text.find('.')))
+        number = number * 10 + (c - '0');
+    return number;
 }
 
-constexpr bool everyDefaultIsAChoice() {
+/// Lengths that are judged in the unit in use are left to a test.
+constexpr bool isAllowedAnywhere(const auto& declared, std::string_view text) {
+    const bool isChoice =
+        declared.choices.empty() ||
+        std::ranges::find(declared.choices, text, &SettingChoice::value) != declared.choices.end();
+    if (!declared.limits || declared.limits->scale != LimitScale::stored)
+        return isChoice;
+    const double number = wholePart(text);
+    return isChoice && number <= declared.limits->most &&
+           (declared.limits->above ? number > declared.limits->least : number >= declared.limits->least);
+}
+
+constexpr bool everyDefaultIsAllowed() {
     return std::ranges::all_of(kSettings, [](const SettingRow& row) {
         auto rest = row.defaultText;
-        const auto fields = row.fields.empty() ? fieldsOfKind(row.kind) : row.fields;
-        return isChoice(row.choices, rest) &&
-               std::ranges::all_of(fields, [&rest](const FieldDeclaration& field) {
-                   const auto text = rest.substr(0, rest.find(", "));
-                   rest.remove_prefix(std::min(text.size() + 2, rest.size()));
-                   return isChoice(field.choices, text);
-               });
+        const auto takesItsPiece = [&rest](const FieldDeclaration& field) {
+            const auto text = rest.substr(0, rest.find(", "));
+            rest.remove_prefix(std::min(text.size() + 2, rest.size()));
+            return isAllowedAnywhere(field, text);
+        };
+        return isAllowedAnywhere(row, rest) &&
+               std::ranges::all_of(row.fields.empty() ? fieldsOfKind(row.kind) : row.fields, takesItsPiece);
     });
 }
-static_assert(everyDefaultIsAChoice());
+static_assert(everyDefaultIsAllowed());
 
 /// The captions and sentences in one piece, and where each begins: pointers to them would be mended at each
 /// start of a program, whether it asks for them or not.
@@ -197,22 +213,21 @@ struct Prose {
     }();
 
     std::array<char, kSize> text{};
-    std::array<std::uint16_t, 2 * kSettings.size() + 1> begins{};
+    std::array<std::uint32_t, 2 * kSettings.size() + 1> begins{};
 
     constexpr std::string_view at(std::size_t piece) const {
         return {text.data() + begins[piece], text.data() + begins[piece + 1]};
     }
 };
-static_assert(Prose::kSize <= 0xffff);
 
 constexpr auto kProse = [] {
     Prose prose;
-    std::uint16_t end = 0;
+    std::uint32_t end = 0;
     std::size_t piece = 0;
     for (const SettingRow& row : kSettings) {
         for (const std::string_view text : {row.caption, row.meaning}) {
             std::ranges::copy(text, prose.text.begin() + end);
-            end = static_cast<std::uint16_t>(end + text.size());
+            end += static_cast<std::uint32_t>(text.size());
             prose.begins[++piece] = end;
         }
     }
