@@ -44,8 +44,7 @@ struct SettingChoice {
 
 /// What one field of a setting means. A view: all of it lasts as long as the process.
 struct FieldDeclaration {
-    std::string_view
-        name{}; ///< as iAppConfiguration::fieldNames has it; empty for kinds without named fields
+    std::string_view name{};    ///< as iAppConfiguration::fieldNames has it; empty where that has none
     std::string_view caption{}; ///< as the dialog shows it, in English
     std::string_view meaning{}; ///< one sentence in English
     SettingUnit unit = SettingUnit::none;

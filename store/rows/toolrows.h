@@ -229,13 +229,13 @@ inline constexpr auto kToolRows = std::to_array<SettingRow>({
     {.key = "XPROB_SEL_LIMITOPEN",
      .kind = KindFlag,
      .defaultText = "0",
-     .caption = "Selection limit open",
+     .caption = "SEL limit open",
      .meaning = "A switch of cross-probing, known here by its name alone."},
     {.key = "XPROB_SEL_ZOOMFIT",
      .kind = KindFlag,
      .defaultText = "0",
-     .caption = "Selection zoom fit",
-     .meaning = "Whether cross-probing of a selection zooms to fit."},
+     .caption = "SEL zoom fit",
+     .meaning = "A switch of cross-probing, known here by its name alone."},
 });
 
 } // namespace Orv
