@@ -56,6 +56,45 @@ protected:
         return values;
     }
 
+    /// All that a directory's configuration says, an entry a line; each is what one asks for by its name,
+    /// too.
+    static std::string toldBy(const fs::path& directory) {
+        IOvConfiguration* configuration = manager().GetConfiguration(directory.string(), Access::write);
+        std::string told;
+        std::vector<std::pair<std::string, std::string>> keys;
+        std::vector<Values> texts;
+        EXPECT_TRUE(configuration->readAll([&](const Orv::ConfigurationEntry& entry) {
+            told.append(entry.path).append("|").append(entry.typeWord).append("|").append(entry.key);
+            Values& values = texts.emplace_back();
+            for (const auto& part : entry.parts) {
+                told.append("|").append(part.name).append("=").append(part.text);
+                told += std::string(part.hasText ? "" : "?") + (part.isLocked ? "!" : "");
+                values.emplace_back(part.text);
+            }
+            told += "\n";
+            keys.emplace_back(entry.path, entry.key);
+            if (!entry.typeWord.empty())
+                keys.back().second.clear();
+        }));
+        for (std::size_t i = 0; i < keys.size(); ++i) {
+            Values values;
+            Locks locks;
+            if (!keys[i].second.empty()) {
+                EXPECT_TRUE(configuration->readList(keys[i].first, keys[i].second, values, locks)) << told;
+                EXPECT_EQ(values, texts[i]) << told;
+            }
+        }
+        manager().ReleaseConfiguration(configuration);
+        return told;
+    }
+
+    /// What is kept of the file after a save is what anybody else reads in it.
+    void expectKeptAsWritten(const std::string& what) const {
+        const TemporaryDirectory other;
+        fs::copy_file(file(), other / "orvane.xml");
+        EXPECT_EQ(toldBy(root_.path()), toldBy(other.path())) << what;
+    }
+
     std::size_t entriesInDirectory() const {
         return static_cast<std::size_t>(
             std::distance(fs::directory_iterator(root_.path()), fs::directory_iterator()));
@@ -74,7 +113,10 @@ TEST_F(ConfigurationFile, SaysValuesListsGroupsAndLocks) {
     <value name="MISTYPED" locked="Yes">4</value>
     <value name="PLAIN">second</value>
     <value name="EMPTY"/>
-    <list name="ITEMS"><item>a</item><item locked="1"/><other>no item</other></list>
+    <value name="TAB	BED" type="t">&lt;</value>
+    <list name="ITEMS">
+      <other>no item</other>
+      <item>a &amp;</item><item locked="1">&gt;<deep>no<er/></deep>b<er/></item></list>
     <list name="ALL" locked="yes"><item>a</item><item locked="no">b</item></list>
     <list name="NONE">6</list>
     <value>nameless</value>
@@ -87,6 +129,11 @@ TEST_F(ConfigurationFile, SaysValuesListsGroupsAndLocks) {
       <attribute name="LOCKED_EMPTY" locked="yes" empty="yes"/>
     </group>
     <group type="layer" name="NET" locked="yes"/>
+    <group type="many" name="NET">
+      <attribute name="1"/><attribute name="2"/><attribute name="3"/><attribute name="4"/><attribute name="5"/>
+      <attribute name="6"/><attribute name="7"/><attribute name="8"/><attribute name="9">first</attribute>
+      <attribute name="9">second</attribute>
+    </group>
   </section>
   <section path="Orvane/SETTINGS"><value name="LATER">5</value></section>
 </configuration>
@@ -100,9 +147,16 @@ TEST_F(ConfigurationFile, SaysValuesListsGroupsAndLocks) {
         Locks locks;
     };
     const Row kRows[] = {
-        {"PLAIN", true, {"1"}, {0}}, {"LOCKED", true, {"2 & <3>"}, {1}}, {"MISTYPED", true, {"4"}, {1}},
-        {"EMPTY", true, {""}, {0}},  {"ITEMS", true, {"a", ""}, {0, 1}}, {"ALL", true, {"a", "b"}, {1, 1}},
-        {"NONE", true, {}, {}},      {"LATER", true, {"5"}, {0}},        {"ABSENT", false, {}, {}},
+        {"PLAIN", true, {"1"}, {0}},
+        {"LOCKED", true, {"2 & <3>"}, {1}},
+        {"MISTYPED", true, {"4"}, {1}},
+        {"EMPTY", true, {""}, {0}},
+        {"ITEMS", true, {"a &", ">b"}, {0, 1}},
+        {"ALL", true, {"a", "b"}, {1, 1}},
+        {"TAB BED", true, {"<"}, {0}},
+        {"NONE", true, {}, {}},
+        {"LATER", true, {"5"}, {0}},
+        {"ABSENT", false, {}, {}},
         {"plain", false, {}, {}},
     };
     for (const Row& row : kRows) {
@@ -114,7 +168,8 @@ TEST_F(ConfigurationFile, SaysValuesListsGroupsAndLocks) {
     }
     Values keys;
     configuration->listKeys(std::string(kPath) + "/", keys);
-    EXPECT_EQ(keys, (Values{"PLAIN", "LOCKED", "MISTYPED", "EMPTY", "ITEMS", "ALL", "NONE", "LATER"}));
+    EXPECT_EQ(keys,
+              (Values{"PLAIN", "LOCKED", "MISTYPED", "EMPTY", "TAB BED", "ITEMS", "ALL", "NONE", "LATER"}));
 
     Attributes attributes{{"stale", ""}};
     AttributeLocks locks{{"stale", 1}};
@@ -125,15 +180,19 @@ TEST_F(ConfigurationFile, SaysValuesListsGroupsAndLocks) {
     EXPECT_FALSE(groupLocked);
     EXPECT_TRUE(configuration->readGroup("Orvane/OBJECTS", "layer", "NET", attributes, locks, groupLocked));
     EXPECT_TRUE(attributes.empty() && locks.empty() && groupLocked);
+    EXPECT_TRUE(configuration->readGroup("Orvane/OBJECTS", "many", "NET", attributes, locks, groupLocked));
+    EXPECT_EQ(attributes["9"], "first");
     EXPECT_FALSE(configuration->readGroup("Orvane/OBJECTS", "size", "NET", attributes, locks, groupLocked));
     EXPECT_TRUE(manager().ReleaseConfiguration(configuration));
 
     const std::string path = file().string();
     EXPECT_EQ(messages_,
               (Values{path + ":7: PLAIN is given twice, the first counts",
-                      path + ":11: text in <list> NONE means nothing outside of <item>",
-                      path + ":12: <value> without a name is passed over",
-                      path + ":6: MISTYPED: locked=\"Yes\" is neither yes nor no, it is taken as yes"}));
+                      path + ":14: text in <list> NONE means nothing outside of <item>",
+                      path + ":15: <value> without a name is passed over",
+                      path + ":6: MISTYPED: locked=\"Yes\" is neither yes nor no, it is taken as yes",
+                      path + ":28: NET 9 is given twice, the first counts"}));
+    EXPECT_NE(toldBy(root_.path()).find("|ITEMS|=a &|=>b!\n"), std::string::npos);
 }
 
 struct EditCase {
@@ -270,9 +329,11 @@ TEST_F(ConfigurationFile, KeepsWhatAnEditDoesNotConcern) {
              c.removeKey(kPath, "A");
              c.writeValue(kPath, "B", "3");
              c.writeValue("Other", "C", "4");
+             c.writeValue(kPath, "D", "5");
          },
          framed(R"(  <section path="Orvane/SETTINGS"><value name="B">3</value></section>
   <section path="Orvane/SETTINGS">
+    <value name="D">5</value>
   </section>
   <section path="Other">
     <value name="C">4</value>
@@ -309,6 +370,41 @@ TEST_F(ConfigurationFile, KeepsWhatAnEditDoesNotConcern) {
          "<?xml version='1.0' encoding='UTF-8'?>\r\n<configuration>\r\n<!-- € 𝄞 -->\r\n"
          "<section path='Orvane/SETTINGS'>\r\n  <value name=\"C\">1</value>\r\n</section>\r\n"
          "</configuration>\r\n"},
+        {"a text with a remark",
+         framed("<section path='Orvane/SETTINGS'><value name='A'>1<!-- <a> -->2</value></section>\n"),
+         [](IOvConfiguration& c) { c.writeValue(kPath, "A", "3"); },
+         framed("<section path='Orvane/SETTINGS'><value name='A'>3<!-- <a> --></value></section>\n")},
+        {"a text that goes, beside texts that stay and one that grows",
+         framed("<section path='Orvane/SETTINGS'><value name='A'>1</value><value name='B'>&#50;</value>\n"
+                "<value name='C'>3</value><list name='L'><item>4</item><item/></list></section>\n"),
+         [](IOvConfiguration& c) {
+             c.writeValue(kPath, "A", "");
+             c.writeValue(kPath, "C", "more <and> more");
+         },
+         framed("<section path='Orvane/SETTINGS'><value name='A'/><value name='B'>&#50;</value>\n"
+                "<value name='C'>more &lt;and&gt; more</value><list name='L'><item>4</item><item/></list>"
+                "</section>\n")},
+        {"texts alone, one of which was empty",
+         framed("<section path='Orvane/SETTINGS'><value name='A'></value><value name='B'>&#50;</value>\n"
+                "<value name='C'>3</value><list name='L'><item>4</item><item>5</item></list></section>\n"),
+         [](IOvConfiguration& c) {
+             c.writeValue(kPath, "A", "<first>\r");
+             c.writeValue(kPath, "C", "4");
+             c.writeList(kPath, "L", {"4", "five"});
+         },
+         framed(
+             "<section path='Orvane/SETTINGS'><value name='A'>&lt;first&gt;&#13;</value>"
+             "<value name='B'>&#50;</value>\n"
+             "<value name='C'>4</value><list name='L'><item>4</item><item>five</item></list></section>\n")},
+        {"a group whose last attribute goes, and a remark in it",
+         framed("<section path='Orvane/SETTINGS'><group type='t' name='G'><!-- why --><attribute\n name='X'>1"
+                "</attribute></group><group type='t' name='H'><attribute name='X'>1</attribute></group>"
+                "</section>\n"),
+         [](IOvConfiguration& c) {
+             c.withdrawAttribute(kPath, "t", "G", "X", nullptr);
+             c.withdrawAttribute(kPath, "t", "H", "X", nullptr);
+         },
+         framed("<section path='Orvane/SETTINGS'><group type='t' name='G'><!-- why --></group></section>\n")},
         {"what somebody has laid out by hand",
          framed("<section  note = 'a&#x20;b'\tpath='Orvane/SETTINGS' >\n\n<value locked='no'\n   name = 'A' >"
                 "1<!-- why -->2<?who me?></value  >\n<value name='B'/>\n"
@@ -333,6 +429,7 @@ TEST_F(ConfigurationFile, KeepsWhatAnEditDoesNotConcern) {
             writeFile(file(), *row.before);
         EXPECT_TRUE(edit(row.steps)) << row.what;
         EXPECT_EQ(readFile(file()), row.after) << row.what;
+        expectKeptAsWritten(row.what);
     }
 }
 
@@ -584,8 +681,10 @@ TEST_F(ConfigurationFile, SavingAgainGivesWhatReadingAgainWould) {
         ASSERT_TRUE(editIn(otherRoot.path(),
                            [&](IOvConfiguration& c) { c.writeValue(kPath, "TURN", std::to_string(turn)); }));
     }
-    for (const Step& step : steps)
+    for (const Step& step : steps) {
         ASSERT_TRUE(edit(step));
+        expectKeptAsWritten("a step");
+    }
     EXPECT_EQ(readFile(file()), readFile(twin));
 
     std::string foreign = readFile(file());
