@@ -163,9 +163,11 @@ inline constexpr std::array kSizeFields{
                      .unit = SettingUnit::length},
 };
 inline constexpr std::array kFontFields{
-    FieldDeclaration{.name = "FACE",
-                     .caption = "Scaleable font",
-                     .meaning = "The face of the screen font; 0 stands for no mapping."},
+    FieldDeclaration{
+        .name = "FACE",
+        .caption = "Scaleable font",
+        .meaning =
+            "The face of the screen font; 0 stands for no mapping, and Remove mapping leaves it empty."},
     FieldDeclaration{
         .name = "STYLE", .caption = "Style", .meaning = "The name of the font's style, NONE if it has none."},
     FieldDeclaration{.name = "WEIGHT", .caption = "Weight", .meaning = "The weight of the font."},

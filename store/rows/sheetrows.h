@@ -13,7 +13,10 @@ inline constexpr auto kSheetRows = std::to_array<SettingRow>({
      .defaultText = "0x000000, 0x000000, 0x000000, 0x000000, 0x000000, 0x000000, 0x000000, 0x000000, "
                     "0x000000, 0x000000, 0x000000, 0x000000,0x000000, 0xffffff, 0x000000, 0x000000",
      .caption = "Printing colors",
-     .meaning = "The printing colors of objects by slot; PRINTFORCEBLACK overrules them."},
+     .meaning = "The printing colors, in this order: line, box, text, circle, arc, net, property, component, "
+                "name, pin, wire, annotation, selection, background, value, border, highlight. They count "
+                "while PRINTING is on and PRINTFORCEBLACK is off. The default's twelfth value is one text "
+                "with a comma, so that what follows it stands one place early."},
     {.key = "A_SIZE_HR",
      .kind = KindSize,
      .defaultText = "27940000, 21590000",
@@ -68,7 +71,8 @@ inline constexpr auto kSheetRows = std::to_array<SettingRow>({
      .kind = KindSize,
      .defaultText = "2540000, 2540000",
      .caption = "Custom",
-     .meaning = "The size of a custom sheet, or of the border symbol that gives new sheets their size.",
+     .meaning = "The size of a custom sheet, or of the border symbol that gives new sheets their size; "
+                "counts while SHEETSIZE is 10.",
      .fields = kCustomSizeFields},
     {.key = "FIXED",
      .kind = KindFont,
@@ -140,7 +144,8 @@ inline constexpr auto kSheetRows = std::to_array<SettingRow>({
      .defaultText = "0x000000, 0x800000, 0x008000, 0x808000, 0x80, 0x800080, 0x8080, 0xc0c0c0, 0x808080, "
                     "0xff0000, 0xff00, 0xffff00, 0xff, 0xff00ff, 0xffff, 0xffffff",
      .caption = "Screen",
-     .meaning = "The palette of 16 colors for the screen."},
+     .meaning =
+         "The palette of 16 colors for the screen; the Objects page offers them where a color is chosen."},
     {.key = "PRINTER",
      .kind = KindList,
      .defaultText = "0x000000, 0x800000, 0x8000, 0x808000, 0x80, 0x800080, 0x8080, 0xc0c0c0, 0x808080, "

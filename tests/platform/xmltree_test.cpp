@@ -138,8 +138,9 @@ TEST(XmlTree, KnowsItsElementsWhenTheirTextsAreOthers) {
     const auto made = XmlTree::parse(text);
     ASSERT_TRUE(made);
     auto tree = *made;
-    EXPECT_EQ(tree.lineOf(tree.node(2)), 2);
+    EXPECT_EQ(tree.lineOf(tree.node(5)), 3);
     tree.replaceContents({{1, ""}, {2, "a longer text"}, {4, "&amp;\r\n"}});
+    EXPECT_EQ(tree.lineOf(tree.node(5)), 4) << "another line than before";
     EXPECT_EQ(tree.text(),
               "<r>\n <v a='1'></v><v>a longer text</v>\n <w><v b=\"3\">&amp;\r\n</v></w> <x/></r>");
     const auto again = XmlTree::parse(tree.text());
