@@ -27,14 +27,6 @@ void loadExactly(pugi::xml_document& tree, const XmlDocument& document, pugi::xm
          kExact | pugi::parse_ws_pcdata | pugi::parse_comments | pugi::parse_pi);
 }
 
-bool isBlank(std::string_view text) {
-    return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
-}
-
-bool isText(pugi::xml_node node) {
-    return node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata;
-}
-
 } // namespace
 
 Result<XmlDocument> XmlDocument::parse(std::string bytes) {
@@ -90,25 +82,6 @@ const char* firstText(const XmlDocument& document, pugi::xml_node element, std::
     const pugi::xml_node first = exact.document_element().first_child();
     storage = first.value();
     return first.type() == pugi::node_pcdata ? storage.c_str() : nullptr;
-}
-
-std::string_view elementText(const XmlDocument& document, pugi::xml_node element, std::string& storage) {
-    if (!element.first_child())
-        return element.value();
-    pugi::xml_document exact;
-    loadExactly(exact, document, element);
-    storage.clear();
-    for (const pugi::xml_node child : exact.document_element()) {
-        if (isText(child))
-            storage += child.value();
-    }
-    return storage;
-}
-
-bool hasOwnText(pugi::xml_node element) {
-    return !isBlank(element.value()) || std::ranges::any_of(element, [](pugi::xml_node child) {
-        return isText(child) && !isBlank(child.value());
-    });
 }
 
 } // namespace platform

@@ -10,7 +10,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace platform {
 
@@ -18,7 +17,7 @@ namespace platform {
 /// replaced.
 ///
 /// In the tree the first text of an element is the element's own value; texts of blanks are nodes only where
-/// there is nothing else in an element. elementText() knows all of them.
+/// there is nothing else in an element.
 class XmlDocument {
 public:
     /// Without an element.
@@ -28,8 +27,6 @@ public:
     /// @return an error with the line if they are no XML.
     static Result<XmlDocument> parse(std::string bytes);
 
-    /// In UTF-8; the bytes of the file, if these are.
-    const std::string& text() const { return text_; }
     /// Null only where there is no text. Views of names and texts are good as long as the document.
     pugi::xml_node root() const;
     /// From 1. Fast for nodes that are asked for in their order.
@@ -59,12 +56,5 @@ std::optional<std::string_view> attributeOf(pugi::xml_node element, const char* 
 /// of characters included.
 /// It is a view into the tree, or else into `storage`.
 const char* firstText(const XmlDocument& document, pugi::xml_node element, std::string& storage);
-
-/// The text of an element itself, without that of its children, every blank of it. It is a view into the tree
-/// where it stands there in one piece, or else into `storage`.
-std::string_view elementText(const XmlDocument& document, pugi::xml_node element, std::string& storage);
-
-/// True if an element holds text outside of its child elements that is not blank.
-bool hasOwnText(pugi::xml_node element);
 
 } // namespace platform

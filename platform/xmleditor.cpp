@@ -49,25 +49,26 @@ void XmlEditor::append(const XmlNode& parent, XmlElement element) {
 /// Whether nothing but the text of an element without markup is another.
 bool XmlEditor::isOfContentOnly(const Change& change) {
     const auto& extent = change.element.extent();
-    return !change.isRemoved && change.name.empty() && change.attributes.empty() && change.appended.empty() &&
-           extent.isPlain && !extent.isOneTag() && !becomesOneTag(change);
+    return change.content && !change.isRemoved && change.name.empty() && change.attributes.empty() &&
+           change.appended.empty() && extent.isPlain && !extent.isOneTag() && !becomesOneTag(change);
 }
 
-Result<bool> XmlEditor::apply(XmlTree& tree) const {
-    const bool isOfContents =
-        std::ranges::all_of(changes_, [](const auto& change) { return isOfContentOnly(change.second); });
-    if (isOfContents) {
-        std::map<std::uint32_t, std::string> contents;
-        for (const auto& [place, change] : changes_)
-            contents.emplace(place, *change.content);
-        tree.replaceContents(contents);
+Result<bool> XmlEditor::apply() {
+    std::map<std::uint32_t, std::string> contents;
+    std::size_t size = tree_.text().size();
+    for (const auto& [place, change] : changes_) {
+        if (isOfContentOnly(change))
+            size += contents.emplace(place, *change.content).first->second.size();
+    }
+    if (contents.size() == changes_.size() && size <= kLargestXml) {
+        tree_.replaceContents(contents);
         return true;
     }
     // The file is all that its owner has: what could not be read again is not to be written.
     auto made = XmlTree::parse(text());
     if (!made)
         return made.error();
-    tree = std::move(*made);
+    tree_ = std::move(*made);
     return false;
 }
 

@@ -18,7 +18,7 @@ namespace platform {
 /// byte. The tree says what it said until they are applied.
 class XmlEditor {
 public:
-    explicit XmlEditor(const XmlTree& tree) : tree_(tree) {}
+    explicit XmlEditor(XmlTree& tree) : tree_(tree) {}
 
     /// With its line if it stands alone on it.
     void remove(const XmlNode& element) { changeOf(element).isRemoved = true; }
@@ -30,10 +30,9 @@ public:
     /// As the last child, indented like its siblings.
     void append(const XmlNode& parent, XmlElement element);
 
-    /// @return whether the elements and attributes of `tree`, that of the editor, have stayed where they are
-    /// in it; it is made anew otherwise. An error, and the tree as it was, if the changes together make no
-    /// XML.
-    Result<bool> apply(XmlTree& tree) const;
+    /// @return whether elements and attributes have stayed where they are in the tree, which is made anew
+    /// otherwise. An error, and the tree as it was, if the changes together make no XML.
+    Result<bool> apply();
 
 private:
     struct Change {
@@ -69,8 +68,8 @@ private:
     std::string indentationOfChildren(const XmlNode& parent) const;
     std::string_view lineEnd() const;
 
-    const XmlTree& tree_;
-    std::map<std::uint32_t, Change> changes_; ///< by the place of the element's name
+    XmlTree& tree_;
+    std::map<std::uint32_t, Change> changes_; ///< by the place of the element
 };
 
 } // namespace platform

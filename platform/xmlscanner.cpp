@@ -575,6 +575,8 @@ bool isXmlText(std::string_view text) {
 }
 
 Result<> scanXml(const std::string& text, XmlTable* table) {
+    if (text.size() > kLargestXml)
+        return Error{{}, "the file is too large", 1};
     return Scanner(text, table).scan();
 }
 

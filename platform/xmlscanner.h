@@ -2,6 +2,7 @@
 
 #include "platform/result.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -43,9 +44,12 @@ struct XmlTable {
 /// Whether XML can carry a text: UTF-8 without most control characters.
 bool isXmlText(std::string_view text);
 
+/// In bytes: places are of 32 bits.
+inline constexpr std::size_t kLargestXml = 0xffffffff;
+
 /// Looks for what keeps a text from being XML, and for what no file of ours has: an inner part of the
 /// document's type, elements more than 255 deep, more than 1000 attributes in one.
-/// @param text UTF-8, with or without its mark, of less than 4 GiB.
+/// @param text UTF-8, with or without its mark.
 /// @param table receives the elements, if it is not null; what it holds of a text that is refused is of no
 /// use.
 Result<> scanXml(const std::string& text, XmlTable* table = nullptr);

@@ -114,6 +114,14 @@ bool XmlTree::holds(std::string_view piece) const {
     return isBefore(text_.data(), piece.data()) && isBefore(piece.data(), text_.data() + text_.size());
 }
 
+std::size_t XmlTree::footprint() const {
+    std::size_t bytes = text_.capacity() + table_.elements.capacity() * sizeof(XmlTable::Element) +
+                        table_.attributes.capacity() * sizeof(XmlTable::Attribute);
+    for (const auto& [place, value] : decoded_)
+        bytes += sizeof place + sizeof value + value.capacity();
+    return bytes;
+}
+
 XmlNode XmlTree::root() const {
     return table_.elements.empty() ? XmlNode() : XmlNode(*this, 0);
 }
@@ -124,13 +132,13 @@ XmlNode XmlTree::node(std::uint32_t place) const {
 
 long XmlTree::lineOf(const XmlNode& node) const {
     const std::size_t offset = node.extent().name;
-    if (offset < place_.first)
-        place_ = {0, 1};
+    if (offset < line_.first)
+        line_ = {0, 1};
     const auto at = [this](std::size_t place) {
         return text_.begin() + static_cast<std::ptrdiff_t>(place);
     };
-    place_ = {offset, place_.second + std::count(at(place_.first), at(offset), '\n')};
-    return place_.second;
+    line_ = {offset, line_.second + std::count(at(line_.first), at(offset), '\n')};
+    return line_.second;
 }
 
 std::string_view XmlNode::name() const {
@@ -264,7 +272,7 @@ void XmlTree::replaceContents(const std::map<std::uint32_t, std::string>& conten
         for (auto* offset : {&attribute.name, &attribute.nameEnd, &attribute.value, &attribute.valueEnd})
             move(*offset, true);
     }
-    place_ = {0, 1};
+    line_ = {0, 1};
 }
 
 } // namespace platform

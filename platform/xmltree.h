@@ -22,6 +22,8 @@ class XmlTree {
 public:
     /// Without an element.
     XmlTree() = default;
+    XmlTree(XmlTree&&) = default;
+    XmlTree& operator=(XmlTree&&) = default;
     /// @param bytes of a file, in any of the encodings that are read.
     /// @return an error with the line if they are no XML.
     /// @param foreign receives the bytes of a file that is not in UTF-8, if it is not null.
@@ -31,6 +33,8 @@ public:
     const std::string& text() const { return text_; }
     /// Whether a text is a piece of that.
     bool holds(std::string_view piece) const;
+    /// How much memory it takes, in bytes.
+    std::size_t footprint() const;
     /// How many elements there are.
     std::size_t size() const { return table_.elements.size(); }
     XmlNode root() const;
@@ -52,7 +56,7 @@ private:
     std::string text_;
     XmlTable table_;
     std::vector<std::pair<std::uint32_t, std::string>> decoded_; ///< values that do not stand for themselves
-    mutable std::pair<std::size_t, long> place_{0, 1};           ///< that was asked for last, and its line
+    mutable std::pair<std::size_t, long> line_{0, 1};            ///< a place in the text, and its line
 };
 
 /// An element of a tree, or none: then it has no name, no attributes and no children. Good as long as the
@@ -95,7 +99,7 @@ private:
     friend class Iterator;
     XmlNode(const XmlTree& tree, std::uint32_t place) : tree_(&tree), place_(place) {}
 
-    /// This one, or the next one beside it, that has the name.
+    /// The first of the elements in it that begin at a place or behind it and have the name.
     XmlNode onwards(std::uint32_t place, std::string_view name) const;
 
     const XmlTree* tree_ = nullptr;

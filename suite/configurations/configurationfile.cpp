@@ -2,6 +2,7 @@
 
 #include "platform/editfile.h"
 #include "platform/xmlencoding.h"
+#include "platform/xmlscanner.h"
 #include "suite/files/errorlog.h"
 
 #include <algorithm>

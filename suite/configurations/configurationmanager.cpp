@@ -12,8 +12,8 @@ namespace suite {
 namespace {
 
 constexpr const char* kFileName = "/orvane.xml";
-constexpr std::size_t kMostKept = 8; // levels of one list of working directories
-constexpr std::size_t kLargestKept = 4U << 20;
+constexpr std::size_t kMostKept = 8;            // levels of one list of working directories
+constexpr std::size_t kLargestKept = 12U << 20; // in memory, where a usual file takes three times its size
 
 /// Where a directory's configuration is, or would be; nothing if there is no such directory.
 std::optional<std::string> fileIn(const std::string& directory) {
@@ -82,7 +82,7 @@ std::optional<ConfigurationFile::Contents> ConfigurationManager::takeKept(const 
 }
 
 void ConfigurationManager::keep(std::optional<ConfigurationFile::Contents> contents) {
-    if (!contents || contents->document.bytes().size() > kLargestKept)
+    if (!contents || contents->document.footprint() > kLargestKept)
         return;
     const std::lock_guard guard(mutex_);
     std::erase_if(kept_, [&contents](const auto& other) { return other.path == contents->path; });

@@ -37,13 +37,9 @@ bool isNamed(XmlNode element, std::string_view name) {
     return element.name() == name;
 }
 
-std::string_view nameIn(XmlNode element) {
-    return element.attribute(kName).value_or(std::string_view());
-}
-
 /// The key that an element belongs to, and its own name in a group.
 std::string keyOf(XmlNode element) {
-    const std::string part(nameIn(element));
+    std::string part(nameIn(element));
     if (!isNamed(element, kItem) && !isNamed(element, kAttribute))
         return part;
     const std::string key(nameIn(element.parent()));
@@ -180,11 +176,15 @@ public:
         : document_(document), reader_(reader) {}
 
     void tell(XmlNode element) {
-        const EntryName name = nameOf(element);
+        if (const XmlNode section = element.parent(); section != section_) {
+            section_ = section;
+            path_ = pathOf(section);
+        }
+        const std::string_view type = typeOf(element);
         parts_.clear();
         texts_.clear();
         isLocked_ = document_.isLocked(element);
-        if (!name.type.empty()) {
+        if (!type.empty()) {
             document_.readAttributes(
                 element, [this](const Orv::ConfigurationPart& part, XmlNode item) { add(part, item); });
         } else if (isNamed(element, kValue)) {
@@ -196,7 +196,7 @@ public:
             }
         }
         const NoteView note(isLocked_ ? element : XmlNode());
-        reader_({name.path, name.type, name.key, parts_, isLocked_, note.reason, note.contact});
+        reader_({path_, type, nameIn(element), parts_, isLocked_, note.reason, note.contact});
     }
 
 private:
@@ -214,6 +214,8 @@ private:
 
     const ConfigurationDocument& document_;
     const EntryReader& reader_;
+    XmlNode section_;
+    std::string_view path_;
     bool isLocked_ = false;
     std::vector<Orv::ConfigurationPart> parts_;
     std::string storage_;
@@ -241,10 +243,16 @@ ConfigurationDocument::Values ConfigurationDocument::names(const std::string& pa
     static_cast<void>(applyEdits());
     Values found;
     const std::string_view wanted = sectionPath(path);
+    XmlNode section;
+    bool isWanted = false;
     for (const std::uint32_t place : index().entries) {
-        const EntryName name = nameOf(xml_.node(place));
-        if (name.path == wanted && name.type == type)
-            found.emplace_back(name.key);
+        const XmlNode entry = xml_.node(place);
+        if (const XmlNode around = entry.parent(); around != section) {
+            section = around;
+            isWanted = pathOf(section) == wanted;
+        }
+        if (isWanted && typeOf(entry) == type)
+            found.emplace_back(nameIn(entry));
     }
     return found;
 }
@@ -292,34 +300,37 @@ const ConfigurationDocument::Index& ConfigurationDocument::index() const {
             report(section, "<section> without a path is passed over");
             continue;
         }
-        index.names.at(xml_, nameOf(section)) = section.place();
+        auto& found = index.names.at(xml_, {0, {}, pathOf(section)});
+        found.first = found.first == 0 ? section.place() : found.first;
+        found.last = section.place();
+        const auto scope = found.first;
         for (const XmlNode element : section.children())
-            indexEntry(index, element);
+            indexEntry(index, scope, element);
     }
     return index;
 }
 
-void ConfigurationDocument::indexEntry(Index& index, XmlNode element) const {
+void ConfigurationDocument::indexEntry(Index& index, std::uint32_t scope, XmlNode element) const {
     const std::string kind(element.name());
     const bool isGroup = kind == kGroup;
     if (!isGroup && kind != kValue && kind != kList)
         return;
-    const EntryName name = nameOf(element);
-    const bool hasName = element.attribute(kName).has_value();
-    if (!hasName || (isGroup && name.type.empty())) {
-        report(element, "<" + kind + "> without a " + (hasName ? "type" : "name") + " is passed over");
+    const auto key = element.attribute(kName);
+    const std::string_view type = typeOf(element);
+    if (!key || (isGroup && type.empty())) {
+        report(element, "<" + kind + "> without a " + (key ? "type" : "name") + " is passed over");
         return;
     }
     if (kind != kValue && element.hasText())
-        report(element, "text in <" + kind + "> " + std::string(name.key) + " means nothing outside of <" +
+        report(element, "text in <" + kind + "> " + std::string(*key) + " means nothing outside of <" +
                             (isGroup ? kAttribute : kItem) + ">");
-    auto& place = index.names.at(xml_, name);
-    if (place == 0) {
-        place = element.place();
-        index.entries.push_back(place);
+    auto& found = index.names.at(xml_, {scope, type, *key});
+    if (found.first == 0) {
+        found.first = element.place();
+        index.entries.push_back(found.first);
     } else {
-        report(element, std::string(name.key) + " is given twice, the first counts");
-        index.duplicates.emplace_back(place, element.place());
+        report(element, std::string(*key) + " is given twice, the first counts");
+        index.duplicates.emplace_back(found.first, element.place());
     }
 }
 
@@ -329,8 +340,16 @@ XmlNode ConfigurationDocument::find(const std::string& path, const std::string& 
     if (pending &&
         !(attribute && pending->kind == Edit::Kind::attributes && !pending->attributes.contains(*attribute)))
         static_cast<void>(applyEdits());
-    const auto place = index().names.find(xml_, {sectionPath(path), type, key});
+    const auto place = placeOf(path, type, key);
     return place == 0 ? XmlNode() : xml_.node(place);
+}
+
+/// 0 if there is no such entry.
+std::uint32_t ConfigurationDocument::placeOf(const std::string& path, const std::string& type,
+                                             const std::string& key) const {
+    const EntryIndex& names = index().names;
+    const auto scope = names.find(xml_, {0, {}, sectionPath(path)}).first;
+    return scope == 0 ? 0 : names.find(xml_, {scope, type, key}).first;
 }
 
 XmlNode ConfigurationDocument::findAttribute(const std::string& path, const std::string& type,

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "orv/locknote.h"
-#include "platform/error.h"
+#include "platform/result.h"
 #include "platform/xmltree.h"
 #include "suite/configuration.h"
 #include "suite/configurations/entryindex.h"
@@ -28,7 +28,7 @@ public:
     using Attributes = std::map<std::string, std::string>;
     using Values = std::vector<std::string>;
     using EntryReader = Orv::IOvConfiguration::EntryReader;
-    /// Told of every part of the file that cannot be taken as it stands, each time it is met.
+    /// Told of every part of the file that cannot be taken as it stands, when it is met.
     using Reporter = std::function<void(platform::Error)>;
 
     /// Does not say anything: what a missing file amounts to.
@@ -82,13 +82,15 @@ public:
                          const std::string& name);
 
     /// Lays the edits onto the text.
-    /// @return an error if they make no configuration of it; the text is then as it was.
+    /// @return an error if the two make no XML; the text is then as it was, and the edits wait.
     platform::Result<> serialise() const;
     /// In UTF-8.
     const std::string& text() const { return xml_.text(); }
     /// The file as it was parsed, or as it was serialised last, then in UTF-8.
     const std::string& bytes() const { return foreign_.empty() ? xml_.text() : foreign_; }
 
+    /// How much memory it takes, in bytes.
+    std::size_t footprint() const { return xml_.footprint() + foreign_.size(); }
     /// Whether there is no file, and no change that would make one.
     bool saysNothing() const { return edits_.empty() && xml_.text().empty(); }
 
@@ -98,7 +100,7 @@ public:
 private:
     using EditedName = std::tuple<std::string, std::string, std::string>; // section path, type word, key
 
-    /// The entries that count, and by their names; that of a section has its last element.
+    /// The entries that count, and by their names.
     struct Index {
         EntryIndex names;
         std::vector<std::uint32_t> entries; ///< in the order of the file
@@ -119,7 +121,8 @@ private:
     class Teller;
 
     const Index& index() const;
-    void indexEntry(Index& index, platform::XmlNode element) const;
+    void indexEntry(Index& index, std::uint32_t scope, platform::XmlNode element) const;
+    std::uint32_t placeOf(const std::string& path, const std::string& type, const std::string& key) const;
     /// @param attribute where it is not null, only that one of the group is of interest.
     platform::XmlNode find(const std::string& path, const std::string& type, const std::string& key,
                            const std::string* attribute = nullptr) const;
@@ -136,6 +139,7 @@ private:
     void editAttribute(const std::string& path, const std::string& type, const std::string& key,
                        const std::string& name, std::optional<std::string> text);
     Edit& edit(const std::string& path, const std::string& type, const std::string& key, Edit::Kind kind);
+    void beginFile() const;
     platform::Result<> applyEdits() const;
 
     /// @return false if the encoding is unknown or the text not valid in it; the text is then as it stands.

@@ -1,5 +1,6 @@
 #include "platform/base64.h"
 #include "platform/xmleditor.h"
+#include "platform/xmlscanner.h"
 #include "suite/configurations/document.h"
 #include "suite/configurations/documentwords.h"
 
@@ -31,10 +32,6 @@ XmlElement namedElement(const char* kind, const std::string& name, const std::st
     return element;
 }
 
-std::string nameIn(XmlNode element) {
-    return std::string(element.attribute(kName).value_or(std::string_view()));
-}
-
 } // namespace
 
 /// Turns edits into changes of the text.
@@ -45,7 +42,7 @@ public:
 
     void note(const EditedName& name, const Edit& edit) {
         const auto& [path, type, key] = name;
-        const std::uint32_t place = index_.names.find(document_.xml_, {path, type, key});
+        const std::uint32_t place = document_.placeOf(path, type, key);
         if (place == 0) {
             add(name, edit);
             return;
@@ -61,7 +58,7 @@ public:
     Result<bool> apply() {
         for (XmlElement& section : sections_)
             editor_.append(document_.xml_.root(), std::move(section));
-        return editor_.apply(document_.xml_);
+        return editor_.apply();
     }
 
 private:
@@ -70,7 +67,7 @@ private:
         auto entry = newEntry(type, key, edit);
         if (!entry)
             return;
-        const std::uint32_t section = index_.names.find(document_.xml_, {path, {}, {}, true});
+        const std::uint32_t section = index_.names.find(document_.xml_, {0, {}, path}).last;
         if (section != 0) {
             editor_.append(document_.xml_.node(section), std::move(*entry));
             return;
@@ -152,7 +149,7 @@ private:
     void changeGroup(XmlNode group, const Edit& edit) {
         auto missing = edit.attributes;
         for (const XmlNode item : group.children(kAttribute)) {
-            if (const auto wanted = missing.extract(nameIn(item))) {
+            if (const auto wanted = missing.extract(std::string(nameIn(item)))) {
                 editor_.removeAttribute(item, kLocked);
                 editor_.removeAttribute(item, kEmpty);
                 changeText(item, *wanted.mapped());
@@ -171,7 +168,7 @@ private:
         }
         auto missing = edit.attributes;
         for (const XmlNode item : group.children(kAttribute)) {
-            const auto wanted = edit.attributes.find(nameIn(item));
+            const auto wanted = edit.attributes.find(std::string(nameIn(item)));
             if (wanted == edit.attributes.end() || !item.attribute(kName))
                 continue;
             const bool isFirst = missing.erase(wanted->first) != 0;
@@ -202,13 +199,13 @@ private:
         };
         const auto isTaken = [&](XmlNode child) {
             return child.name() == kAttribute && child.attribute(kName) &&
-                   edit.attributes.contains(nameIn(child));
+                   edit.attributes.contains(std::string(nameIn(child)));
         };
         bool isAllTaken = true;
         for (const XmlNode child : group.children())
             isAllTaken = isAllTaken && isTaken(child);
         return isAllTaken && !document_.isLocked(group) && std::ranges::none_of(edit.attributes, isWritten) &&
-               !group.extent().hasText && !group.extent().hasRemarks;
+               !group.hasText() && !group.extent().hasRemarks;
     }
 
     void changeText(XmlNode element, const std::string& text) {
@@ -272,8 +269,7 @@ void ConfigurationDocument::removeAttribute(const std::string& path, const std::
 }
 
 Result<> ConfigurationDocument::serialise() const {
-    if (xml_.text().empty())
-        xml_ = std::move(*platform::XmlTree::parse(kNewFile));
+    beginFile();
     return applyEdits();
 }
 
@@ -303,11 +299,15 @@ void ConfigurationDocument::editAttribute(const std::string& path, const std::st
     edit(path, type, key, Edit::Kind::attributes).attributes.insert_or_assign(name, std::move(text));
 }
 
+void ConfigurationDocument::beginFile() const {
+    if (xml_.text().empty())
+        xml_ = std::move(*platform::XmlTree::parse(kNewFile));
+}
+
 Result<> ConfigurationDocument::applyEdits() const {
     if (edits_.empty())
         return {};
-    if (xml_.text().empty())
-        xml_ = std::move(*platform::XmlTree::parse(kNewFile));
+    beginFile();
     std::vector<const std::pair<const EditedName, Edit>*> inTurn;
     for (const auto& edit : edits_)
         inTurn.push_back(&edit);

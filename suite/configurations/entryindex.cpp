@@ -45,52 +45,62 @@ std::uint64_t hashOf(std::string_view text, std::uint64_t hash, std::uint64_t ke
 
 std::uint32_t hashOf(const EntryName& name) {
     const std::uint64_t key = secret();
-    const std::uint64_t hash = hashOf(
-        name.key, hashOf(name.type, hashOf(name.path, mixed(name.isSection + key, key), key), key), key);
+    const std::uint64_t hash = hashOf(name.key, hashOf(name.type, mixed(name.scope + key, key), key), key);
     return static_cast<std::uint32_t>(hash >> 32 ^ hash);
 }
 
+bool isNamed(const platform::XmlNode& element, const EntryName& name) {
+    if (name.scope == 0)
+        return pathOf(element) == name.key;
+    return nameIn(element) == name.key && typeOf(element) == name.type;
+}
+
 } // namespace
+
+std::string_view nameIn(const platform::XmlNode& element) {
+    return element.attribute(words::kName).value_or(std::string_view());
+}
+
+std::string_view typeOf(const platform::XmlNode& element) {
+    return element.name() == words::kGroup ? element.attribute(words::kType).value_or(std::string_view())
+                                           : std::string_view();
+}
+
+std::string_view pathOf(const platform::XmlNode& section) {
+    return sectionPath(section.attribute(words::kPath).value_or(std::string_view()));
+}
 
 std::string_view sectionPath(std::string_view path) {
     return platform::trimEnd(path, "/");
 }
 
-EntryName nameOf(const platform::XmlNode& element) {
-    const bool isSection = !element.parent().parent();
-    const auto path = (isSection ? element : element.parent()).attribute(words::kPath);
-    EntryName name{sectionPath(path.value_or(std::string_view())), {}, {}, isSection};
-    if (!isSection) {
-        name.key = element.attribute(words::kName).value_or(std::string_view());
-        if (element.name() == words::kGroup)
-            name.type = element.attribute(words::kType).value_or(std::string_view());
-    }
-    return name;
-}
-
 EntryIndex::EntryIndex(std::size_t expected) : slots_(std::bit_ceil(2 * std::max(expected, kFewest))) {
 }
 
-std::uint32_t& EntryIndex::at(const platform::XmlTree& tree, const EntryName& name) {
+EntryIndex::Found& EntryIndex::at(const platform::XmlTree& tree, const EntryName& name) {
     if (2 * (used_ + 1) > slots_.size())
         grow();
     const std::uint32_t hash = hashOf(name);
     Slot& slot = slots_[slotOf(tree, name, hash)];
-    if (slot.place == 0) {
+    if (slot.found.first == 0) {
+        slot.scope = name.scope;
         slot.hash = hash;
         ++used_;
     }
-    return slot.place;
+    return slot.found;
 }
 
-std::uint32_t EntryIndex::find(const platform::XmlTree& tree, const EntryName& name) const {
-    return slots_[slotOf(tree, name, hashOf(name))].place;
+EntryIndex::Found EntryIndex::find(const platform::XmlTree& tree, const EntryName& name) const {
+    return slots_[slotOf(tree, name, hashOf(name))].found;
 }
 
 std::size_t EntryIndex::slotOf(const platform::XmlTree& tree, const EntryName& name,
                                std::uint32_t hash) const {
+    const auto isOther = [&](const Slot& slot) {
+        return slot.hash != hash || slot.scope != name.scope || !isNamed(tree.node(slot.found.first), name);
+    };
     std::size_t at = hash & (slots_.size() - 1);
-    while (slots_[at].place != 0 && (slots_[at].hash != hash || nameOf(tree.node(slots_[at].place)) != name))
+    while (slots_[at].found.first != 0 && isOther(slots_[at]))
         at = (at + 1) & (slots_.size() - 1);
     return at;
 }
@@ -99,10 +109,10 @@ void EntryIndex::grow() {
     std::vector<Slot> old(2 * slots_.size());
     old.swap(slots_);
     for (const Slot& slot : old) {
-        if (slot.place == 0)
+        if (slot.found.first == 0)
             continue;
         std::size_t at = slot.hash & (slots_.size() - 1);
-        while (slots_[at].place != 0)
+        while (slots_[at].found.first != 0)
             at = (at + 1) & (slots_.size() - 1);
         slots_[at] = slot;
     }

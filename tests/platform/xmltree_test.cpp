@@ -135,9 +135,9 @@ TEST(XmlTree, GivesTextsToTheByteAndLinesAndEnds) {
 
 TEST(XmlTree, KnowsItsElementsWhenTheirTextsAreOthers) {
     const std::string text = "<r>\n <v a='1'>2</v><v>&lt;</v>\n <w><v b=\"3\"></v></w> <x/></r>";
-    const auto made = XmlTree::parse(text);
+    auto made = XmlTree::parse(text);
     ASSERT_TRUE(made);
-    auto tree = *made;
+    XmlTree& tree = *made;
     EXPECT_EQ(tree.lineOf(tree.node(5)), 3);
     tree.replaceContents({{1, ""}, {2, "a longer text"}, {4, "&amp;\r\n"}});
     EXPECT_EQ(tree.lineOf(tree.node(5)), 4) << "another line than before";

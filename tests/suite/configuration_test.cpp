@@ -115,7 +115,7 @@ TEST_F(ConfigurationFile, SaysValuesListsGroupsAndLocks) {
     <value name="EMPTY"/>
     <value name="TAB	BED" type="t">&lt;</value>
     <list name="ITEMS">
-      <other>no item</other>
+      <other>no item</other><?item neither?>
       <item>a &amp;</item><item locked="1">&gt;<deep>no<er/></deep>b<er/></item></list>
     <list name="ALL" locked="yes"><item>a</item><item locked="no">b</item></list>
     <list name="NONE">6</list>
