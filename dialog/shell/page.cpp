@@ -2,12 +2,10 @@
 
 namespace ovsettings {
 
-Page::Page(QWidget* parent, unsigned templateId, const char* pageName, const char* topic)
-    : CPropDialogTemplateEx(templateId, parent) {
-    name = pageName;
-    helpTopic = topic;
-    if (!helpTopic.empty())
-        helpBook = "orvane_ref";
+Page::Page(QWidget* parent, const PageRow& row) : CPropDialogTemplateEx(row.templateId, parent), row_(row) {
+    name = row.name;
+    helpTopic = row.helpTopic;
+    helpBook = row.helpBook();
 }
 
 Page::~Page() = default;

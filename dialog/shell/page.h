@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dialog/shell/pagerow.h"
 #include "ovsettings/propdialogtemplate.h"
 
 namespace ovsettings {
@@ -17,13 +18,17 @@ public:
     bool onOk() override;
 
 protected:
-    /// @param pageName lives as long as the page; empty if the page only learns it later.
-    /// @param topic    empty if the page has none.
-    Page(QWidget* parent, unsigned templateId, const char* pageName, const char* topic = "");
+    /// @param row lives as long as the page.
+    Page(QWidget* parent, const PageRow& row);
+
+    const PageRow& row() const { return row_; }
 
     /// Null until they are handed over. A host may make pages without that.
     Orv::iAppConfiguration* appConfig_ = nullptr;
     Orv::CProjectConfiguration* projectConfig_ = nullptr;
+
+private:
+    const PageRow& row_;
 };
 
 } // namespace ovsettings

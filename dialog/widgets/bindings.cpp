@@ -1,12 +1,14 @@
 #include "dialog/widgets/bindings.h"
 
 #include "dialog/widgets/decimalspinctrl.h"
+#include "dialog/widgets/formkeys.h"
 #include "dialog/widgets/lockmark.h"
 #include "dialog/widgets/radiobutton.h"
 #include "dialog/widgets/stringconversion.h"
 #include "store/appcfg.h"
 #include "store/unitglue.h"
 
+#include <QtCore/QVariant>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QGroupBox>
@@ -21,6 +23,50 @@ namespace ovsettings {
 namespace {
 
 constexpr double kStepsInRange = 1000;
+
+/// The radio buttons of a group that carry a number, in the form's order.
+std::vector<ChoiceButton> choiceButtons(const QGroupBox& group) {
+    std::vector<ChoiceButton> buttons;
+    for (QRadioButton* button : group.findChildren<QRadioButton*>()) {
+        const QVariant value = button->property(kValueProperty);
+        if (value.isValid())
+            buttons.push_back({value.toInt(), button});
+    }
+    return buttons;
+}
+
+std::unique_ptr<Binding> choiceBinding(const std::string& key, QGroupBox& group) {
+    std::vector<ChoiceButton> buttons = choiceButtons(group);
+    const auto other =
+        std::ranges::find(buttons, group.property(kOtherProperty).toInt(), &ChoiceButton::value);
+    if (other == buttons.end())
+        return nullptr;
+    const auto index = static_cast<std::size_t>(other - buttons.begin());
+    return std::make_unique<ChoiceBinding>(
+        key, group, std::move(buttons), index,
+        group.property(kStoresOtherProperty).toBool() ? NoneChecked::otherButton : NoneChecked::nothing);
+}
+
+std::unique_ptr<Binding> lengthBinding(const std::string& key, CDecimalSpinCtrl& control, QWidget& form) {
+    for (QLabel* label : form.findChildren<QLabel*>()) {
+        if (toUtf8(label->property(kUnitProperty).toString()) == key)
+            return std::make_unique<LengthBinding>(key, control, *label);
+    }
+    return nullptr;
+}
+
+/// Null for a kind of control that is bound in no one way.
+std::unique_ptr<Binding> bindingOf(const std::string& key, QWidget& control, QWidget& form) {
+    if (auto* box = qobject_cast<QCheckBox*>(&control))
+        return std::make_unique<FlagBinding>(key, *box);
+    if (auto* group = qobject_cast<QGroupBox*>(&control))
+        return choiceBinding(key, *group);
+    if (auto* list = qobject_cast<QComboBox*>(&control))
+        return std::make_unique<IndexBinding>(key, *list);
+    if (auto* length = qobject_cast<CDecimalSpinCtrl*>(&control))
+        return lengthBinding(key, *length, form);
+    return nullptr;
+}
 
 } // namespace
 
@@ -205,6 +251,16 @@ long LengthBinding::length() const {
     return control_.isEdited() ? Orv::fromDisplay(control_.getValue(), unit_) : rendered_;
 }
 
+void Bindings::bind(QWidget& form, std::span<const char* const> order) {
+    for (const KeyedControl& keyed : keyedControls(form)) {
+        if (auto binding = bindingOf(keyed.setting.key, *keyed.control, form))
+            bindings_.push_back(std::move(binding));
+    }
+    std::ranges::stable_sort(bindings_, {}, [order](const std::unique_ptr<Binding>& binding) {
+        return std::ranges::find(order, binding->key()) - order.begin();
+    });
+}
+
 void Bindings::show(const Orv::iAppConfiguration& appConfig) {
     for (const auto& binding : bindings_)
         binding->show(appConfig);
@@ -226,6 +282,20 @@ std::vector<Orv::RefreshResult::Field> Bindings::follow(const Orv::iAppConfigura
 
 bool Bindings::isModified() const {
     return std::ranges::any_of(bindings_, [](const auto& binding) { return binding->isModified(); });
+}
+
+void Bindings::followUnit(const Orv::iAppConfiguration& appConfig) {
+    for (const auto& binding : bindings_)
+        binding->followUnit(appConfig);
+}
+
+std::vector<const LengthBinding*> Bindings::lengths() const {
+    std::vector<const LengthBinding*> lengths;
+    for (const auto& binding : bindings_) {
+        if (const auto* length = dynamic_cast<const LengthBinding*>(binding.get()))
+            lengths.push_back(length);
+    }
+    return lengths;
 }
 
 } // namespace ovsettings

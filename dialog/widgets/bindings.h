@@ -5,8 +5,8 @@
 
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
-#include <utility>
 #include <vector>
 
 class QCheckBox;
@@ -42,6 +42,8 @@ public:
     /// True if the control holds another value than after the last show or store. A stored text in an odd
     /// form, which a store would bring into its normal form, is no change. A locked key never changes.
     bool isModified() const;
+    /// Shows the same value in the unit in use, if that has changed; an unsaved edit survives.
+    virtual void followUnit(const Orv::iAppConfiguration&) {}
 
 private:
     struct Stored {
@@ -131,8 +133,7 @@ class LengthBinding : public Binding {
 public:
     LengthBinding(std::string key, CDecimalSpinCtrl& control, QLabel& unitLabel);
 
-    /// Shows the same length in the configured unit if that has changed; an unsaved edit survives.
-    void followUnit(const Orv::iAppConfiguration& appConfig);
+    void followUnit(const Orv::iAppConfiguration& appConfig) override;
 
     Orv::Metrics::Unit unit() const { return unit_; }
     CDecimalSpinCtrl& control() const { return control_; }
@@ -156,19 +157,19 @@ private:
 /// The bindings of a page, in the order in which it writes them. Empty, it shows, stores and reports nothing.
 class Bindings {
 public:
-    template <typename T, typename... Arguments>
-    T& add(Arguments&&... arguments) {
-        auto binding = std::make_unique<T>(std::forward<Arguments>(arguments)...);
-        T& added = *binding;
-        bindings_.push_back(std::move(binding));
-        return added;
-    }
+    /// Binds the controls of a form to the keys that they carry: check boxes, groups of radio buttons, lists
+    /// and lengths; see formkeys.h. Controls of other kinds are the page's own matter.
+    /// @param order the keys in the order in which they are written; what it does not name comes behind.
+    void bind(QWidget& form, std::span<const char* const> order);
+    bool empty() const { return bindings_.empty(); }
 
     void show(const Orv::iAppConfiguration& appConfig);
     void store(Orv::iAppConfiguration& appConfig);
     /// @return the fields whose edits were given up.
     std::vector<Orv::RefreshResult::Field> follow(const Orv::iAppConfiguration& appConfig);
     bool isModified() const;
+    void followUnit(const Orv::iAppConfiguration& appConfig);
+    std::vector<const LengthBinding*> lengths() const;
 
 private:
     std::vector<std::unique_ptr<Binding>> bindings_;

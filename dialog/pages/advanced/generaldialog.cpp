@@ -3,6 +3,7 @@
 #include "dialog/pages/advanced/generalchoices.h"
 #include "dialog/pages/advanced/generalrowcheckbox.h"
 #include "dialog/pages/advanced/generalrowunitvalueedit.h"
+#include "dialog/shell/internalpages.h"
 #include "dialog/widgets/stringconversion.h"
 #include "store/appcfg.h"
 #include "store/unitglue.h"
@@ -12,15 +13,7 @@
 
 namespace ovsettings {
 
-namespace {
-
-constexpr unsigned kTemplate = 135;
-
-} // namespace
-
-CGeneralDialog::CGeneralDialog(QWidget* parent)
-    : Page(parent, kTemplate, "Advanced", "OV_SETUP_SETTINGS_ADVANCED"),
-      ui_(std::make_unique<Ui::CGeneralDialog>()) {
+CGeneralDialog::CGeneralDialog(QWidget* parent) : CFormPage(parent, internalPage("Advanced")) {
 }
 
 CGeneralDialog::~CGeneralDialog() = default;
@@ -29,11 +22,6 @@ void CGeneralDialog::setAppConfiguration(Orv::iAppConfiguration* appConfig) {
     appConfig_ = appConfig;
     if (grid_)
         grid_->setAppConfiguration(appConfig);
-}
-
-bool CGeneralDialog::buildTemplate() {
-    ui_->setupUi(this);
-    return true;
 }
 
 bool CGeneralDialog::OnInitDialog() {

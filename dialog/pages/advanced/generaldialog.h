@@ -1,12 +1,11 @@
 #pragma once
 
 #include "dialog/shell/followsconfiguration.h"
-#include "dialog/shell/page.h"
+#include "dialog/shell/formpage.h"
 #include "dialog/shell/unsavededits.h"
 
 #include <QtCore/QString>
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -22,7 +21,9 @@ class CGeneralDialog;
 
 /// The page "Advanced": a property sheet of the settings that have no page of their own. Its changes are not
 /// reported to the host by name, since hosts read these settings when they need them.
-class CGeneralDialog : public Page, public IUnsavedEdits, public IFollowsConfiguration {
+class CGeneralDialog : public CFormPage<Ui::CGeneralDialog>,
+                       public IUnsavedEdits,
+                       public IFollowsConfiguration {
     Q_OBJECT
 
 public:
@@ -30,7 +31,6 @@ public:
     ~CGeneralDialog() override;
 
     void setAppConfiguration(Orv::iAppConfiguration* appConfig) override;
-    bool buildTemplate() override;
     bool OnInitDialog() override;
     bool onApply() override;
     bool onEnter() override;
@@ -61,7 +61,6 @@ private:
     void showAnew(CGeneralRow& row) const;
     QString storedValue(const CGeneralRow& row) const;
 
-    std::unique_ptr<Ui::CGeneralDialog> ui_;
     /// Null until the page is filled. Until then no check refuses anything.
     CGeneralGrid* grid_ = nullptr;
     std::vector<KeptRow> kept_;

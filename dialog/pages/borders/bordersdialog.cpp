@@ -4,6 +4,7 @@
 #include "dialog/pages/borders/customborderdialog.h"
 #include "dialog/pages/borders/symbolproperties.h"
 #include "dialog/projectfile/savequestion.h"
+#include "dialog/shell/internalpages.h"
 #include "dialog/shell/projectaccess.h"
 #include "dialog/widgets/messagebox.h"
 #include "dialog/widgets/progress.h"
@@ -14,27 +15,19 @@
 
 namespace ovsettings {
 
-namespace {
-
-constexpr unsigned kTemplate = 145;
-
-} // namespace
-
 CBorderSymbolsFeeder::CBorderSymbolsFeeder(Orv::CProjectConfiguration& projectConfig)
     : CSymbolsFeeder(projectConfig, [](cldialog::IDataSource& source, std::vector<std::string>& symbols) {
           source.GetBorderSymbols(symbols);
       }) {
 }
 
-CBordersDialog::CBordersDialog(QWidget* parent)
-    : Page(parent, kTemplate, "Borders", "OV_SETUP_SETTINGS_PROJECT"),
-      ui_(std::make_unique<Ui::CBordersDialog>()) {
+CBordersDialog::CBordersDialog(QWidget* parent) : CFormPage(parent, internalPage("Borders")) {
 }
 
 CBordersDialog::~CBordersDialog() = default;
 
 bool CBordersDialog::buildTemplate() {
-    ui_->setupUi(this);
+    CFormPage::buildTemplate();
     connect(ui_->grid, &CBordersGrid::currentRowChanged, this, &CBordersDialog::enableDelete);
     connect(ui_->grid, &CBordersGrid::symbolWanted, this, &CBordersDialog::chooseSymbol);
     connect(ui_->grid, &CBordersGrid::symbolDropped, this,

@@ -4,9 +4,8 @@
 #include "dialog/projectfile/foreignfile.h"
 #include "dialog/projectfile/namedfile.h"
 #include "dialog/projectfile/symbolsfeeder.h"
-#include "dialog/shell/page.h"
+#include "dialog/shell/formpage.h"
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -26,7 +25,7 @@ public:
 
 /// The page "Borders": the border symbols of each sheet size, and the values of their properties, in the
 /// project's border symbols file.
-class CBordersDialog : public Page {
+class CBordersDialog : public CFormPage<Ui::CBordersDialog> {
     Q_OBJECT
 
 public:
@@ -58,7 +57,6 @@ private:
     /// What the symbols say of their properties; nothing if the user has stopped the reading.
     std::optional<KnownValues> knownValues();
 
-    std::unique_ptr<Ui::CBordersDialog> ui_;
     NamedFile file_;
     ForeignFile foreign_;
     BordersModel model_;

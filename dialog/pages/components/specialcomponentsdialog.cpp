@@ -2,6 +2,7 @@
 
 #include "dialog/projectfile/savequestion.h"
 #include "dialog/projectfile/symbolsfeeder.h"
+#include "dialog/shell/internalpages.h"
 #include "dialog/widgets/listboxlines.h"
 #include "dialog/widgets/stringconversion.h"
 #include "orv/projectconfiguration.h"
@@ -16,8 +17,6 @@
 namespace ovsettings {
 
 namespace {
-
-constexpr unsigned kTemplate = 142;
 
 using cldialog::IDataSource;
 
@@ -85,8 +84,7 @@ Symbols withChanges(const Symbols& list, const Symbols& from, const Symbols& to)
 } // namespace
 
 CSpecialComponentsDialog::CSpecialComponentsDialog(QWidget* parent)
-    : Page(parent, kTemplate, "Special Components", "OV_SETUP_SETTINGS_PROJECT"),
-      ui_(std::make_unique<Ui::CSpecialComponentsDialog>()) {
+    : CFormPage(parent, internalPage("Special Components")) {
     static_assert(std::ranges::count(kCategories, nullptr, &Category::text) ==
                   Orv::ISpecialComponents::kCategories - kOffered);
 }
@@ -94,7 +92,7 @@ CSpecialComponentsDialog::CSpecialComponentsDialog(QWidget* parent)
 CSpecialComponentsDialog::~CSpecialComponentsDialog() = default;
 
 bool CSpecialComponentsDialog::buildTemplate() {
-    ui_->setupUi(this);
+    CFormPage::buildTemplate();
     for (const Category& category : kCategories) {
         if (category.text)
             ui_->category->addItem(tr(category.text));

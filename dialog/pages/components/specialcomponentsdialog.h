@@ -2,7 +2,7 @@
 
 #include "dialog/projectfile/foreignfile.h"
 #include "dialog/projectfile/namedfile.h"
-#include "dialog/shell/page.h"
+#include "dialog/shell/formpage.h"
 #include "dialog/shell/unsavededits.h"
 #include "dialog/widgets/listboxeditor.h"
 
@@ -10,7 +10,6 @@
 
 #include <array>
 #include <functional>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -26,7 +25,7 @@ class CSpecialComponentsDialog;
 
 /// The page "Special Components": the symbols that stand for ports, connectors between sheets, power and
 /// ground, category by category.
-class CSpecialComponentsDialog : public Page, public IUnsavedEdits {
+class CSpecialComponentsDialog : public CFormPage<Ui::CSpecialComponentsDialog>, public IUnsavedEdits {
     Q_OBJECT
 
 public:
@@ -95,7 +94,6 @@ private:
     void followFile();
     void enableControls();
 
-    std::unique_ptr<Ui::CSpecialComponentsDialog> ui_;
     NamedFile file_;
     ForeignFile foreign_;
     Lists working_;

@@ -8,23 +8,17 @@ namespace ovsettings {
 
 namespace {
 
-constexpr unsigned kTemplate = 168;
+/// It has the name of its design.
+constexpr PageRow kRow{.templateId = 168};
 
 } // namespace
 
 CNetlistTopLevelDialog::CNetlistTopLevelDialog(QWidget* parent, const std::string& designName)
-    : Page(parent, kTemplate, ""),
-      ui_(std::make_unique<Ui::CNetlistTopLevelDialog>()),
-      blockName_(designName) {
+    : CFormPage(parent, kRow), blockName_(designName) {
     name = blockName_.c_str();
 }
 
 CNetlistTopLevelDialog::~CNetlistTopLevelDialog() = default;
-
-bool CNetlistTopLevelDialog::buildTemplate() {
-    ui_->setupUi(this);
-    return true;
-}
 
 bool CNetlistTopLevelDialog::OnInitDialog() {
     if (showsProject(ui_->topLevelBlock, projectConfig_)) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "dialog/pages/designs/navigator.h"
-#include "dialog/shell/page.h"
+#include "dialog/shell/formpage.h"
 
 #include <memory>
 #include <string>
@@ -13,14 +13,13 @@ class CNetlistTopLevelDialog;
 }
 
 /// The page of a design in a project of the netlist tool: its top-level block.
-class CNetlistTopLevelDialog : public Page {
+class CNetlistTopLevelDialog : public CFormPage<Ui::CNetlistTopLevelDialog> {
     Q_OBJECT
 
 public:
     CNetlistTopLevelDialog(QWidget* parent, const std::string& designName);
     ~CNetlistTopLevelDialog() override;
 
-    bool buildTemplate() override;
     bool OnInitDialog() override;
     bool onApply() override;
     bool onCancel() override;
@@ -28,7 +27,6 @@ public:
     bool isModified() const override;
 
 private:
-    std::unique_ptr<Ui::CNetlistTopLevelDialog> ui_;
     std::string blockName_;
     Navigator navigator_;
     int storedBlock_ = -1; ///< its place among the blocks

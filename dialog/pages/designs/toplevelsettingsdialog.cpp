@@ -17,7 +17,8 @@ namespace ovsettings {
 
 namespace {
 
-constexpr unsigned kTemplate = 143;
+/// It has the name of its design.
+constexpr PageRow kRow{.templateId = 143, .helpTopic = "OV_SETUP_SETTINGS_PROJECT"};
 
 constexpr char kDefaultShown[] = "Default";
 constexpr char kLocalShown[] = "Local to design";
@@ -34,16 +35,14 @@ std::vector<std::string> entriesOf(const ListBoxEditor& list) {
 } // namespace
 
 CTopLevelSettingsDialog::CTopLevelSettingsDialog(QWidget* parent, const std::string& designName)
-    : Page(parent, kTemplate, "", "OV_SETUP_SETTINGS_PROJECT"),
-      ui_(std::make_unique<Ui::CTopLevelSettingsDialog>()),
-      blockName_(designName) {
+    : CFormPage(parent, kRow), blockName_(designName) {
     name = blockName_.c_str();
 }
 
 CTopLevelSettingsDialog::~CTopLevelSettingsDialog() = default;
 
 bool CTopLevelSettingsDialog::buildTemplate() {
-    ui_->setupUi(this);
+    CFormPage::buildTemplate();
     ui_->symbolPartitions->setTitle(tr("Symbol Partitions"));
     ui_->pdbSearchPath->setTitle(tr("PDB Search Path"));
     const auto source = [this](PartitionKind kind) {

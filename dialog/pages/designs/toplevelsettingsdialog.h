@@ -1,7 +1,7 @@
 #pragma once
 
 #include "dialog/pages/designs/navigator.h"
-#include "dialog/shell/page.h"
+#include "dialog/shell/formpage.h"
 
 #include <QtCore/QStringList>
 
@@ -18,7 +18,7 @@ class CTopLevelSettingsDialog;
 
 /// The page of one design: its top-level block, annotation, conflicts, and what it sees of the central
 /// library.
-class CTopLevelSettingsDialog : public Page {
+class CTopLevelSettingsDialog : public CFormPage<Ui::CTopLevelSettingsDialog> {
     Q_OBJECT
 
 public:
@@ -76,7 +76,6 @@ private:
     bool storeScheme();
     bool storeFlags();
 
-    std::unique_ptr<Ui::CTopLevelSettingsDialog> ui_;
     std::string blockName_;
     Navigator navigator_;
 

@@ -1,6 +1,7 @@
 #include "dialog/pages/display/colordialog.h"
 
 #include "dialog/pages/display/sampleschematic.h"
+#include "dialog/shell/internalpages.h"
 #include "dialog/widgets/gdipainter.h"
 #include "dialog/widgets/messagebox.h"
 #include "dialog/widgets/ownerdrawbutton.h"
@@ -22,7 +23,6 @@ namespace ovsettings {
 
 namespace {
 
-constexpr unsigned kTemplate = 137;
 constexpr QRgb kPaper = 0xffffffff;
 
 /// Where the palette number of a slot comes from, and the word by which the preview asks for it.
@@ -81,14 +81,13 @@ std::string defaultFile() {
 
 } // namespace
 
-CColorDialog::CColorDialog(QWidget* parent)
-    : Page(parent, kTemplate, "Color Schemes"), ui_(std::make_unique<Ui::CColorDialog>()) {
+CColorDialog::CColorDialog(QWidget* parent) : CFormPage(parent, internalPage("Color Schemes")) {
 }
 
 CColorDialog::~CColorDialog() = default;
 
 bool CColorDialog::buildTemplate() {
-    ui_->setupUi(this);
+    CFormPage::buildTemplate();
     ui_->preview->setDrawing([this](const DrawItem& item) { drawPreview(item); });
     connect(ui_->screen, &QRadioButton::toggled, this, [this] { showForm(checkedForm()); });
     connect(ui_->grid, &CColorsGrid::colorChanged, ui_->preview, qOverload<>(&QWidget::update));

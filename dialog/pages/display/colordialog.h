@@ -2,7 +2,7 @@
 
 #include "dialog/pages/display/colorsgrid.h"
 #include "dialog/shell/followsconfiguration.h"
-#include "dialog/shell/page.h"
+#include "dialog/shell/formpage.h"
 
 #include <memory>
 
@@ -19,7 +19,7 @@ class CColorDialog;
 ///
 /// The list of schemes on the page stays empty, whatever files are read. So none is ever selected, the
 /// palette keeps what it has, and neither a store nor an export writes anything. Users know the page so.
-class CColorDialog : public Page, public IFollowsConfiguration {
+class CColorDialog : public CFormPage<Ui::CColorDialog>, public IFollowsConfiguration {
     Q_OBJECT
 
 public:
@@ -44,7 +44,6 @@ private:
     Orv::CColorScheme schemeToExport(const std::string& path) const;
     void drawPreview(const DrawItem& item) const;
 
-    std::unique_ptr<Ui::CColorDialog> ui_;
     std::vector<std::unique_ptr<Orv::CColorScheme>> schemes_;
     const Orv::CColorScheme* selected_ = nullptr; ///< one of schemes_
 };

@@ -1,5 +1,6 @@
 #include "dialog/pages/display/displaydialog.h"
 
+#include "dialog/shell/internalpages.h"
 #include "platform/trim.h"
 #include "store/appcfg.h"
 #include "ui_displaydialog.h"
@@ -12,7 +13,6 @@ namespace ovsettings {
 
 namespace {
 
-constexpr unsigned kTemplate = 147;
 constexpr std::size_t kVisible = 0; ///< the field of an object that says whether it is shown
 constexpr std::string_view kSeparator = " ,";
 
@@ -52,15 +52,13 @@ const char* textOf(const QCheckBox& box) {
 
 } // namespace
 
-CDisplayDialog::CDisplayDialog(QWidget* parent)
-    : Page(parent, kTemplate, "Display", "OV_SETUP_SETTINGS_DISPLAY_TOP"),
-      ui_(std::make_unique<Ui::CDisplayDialog>()) {
+CDisplayDialog::CDisplayDialog(QWidget* parent) : CFormPage(parent, internalPage("Display")) {
 }
 
 CDisplayDialog::~CDisplayDialog() = default;
 
 bool CDisplayDialog::buildTemplate() {
-    ui_->setupUi(this);
+    CFormPage::buildTemplate();
     // The boxes below another begin where its text does.
     const int indent = style()->pixelMetric(QStyle::PM_IndicatorWidth) +
                        style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing);

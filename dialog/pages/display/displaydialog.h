@@ -1,10 +1,9 @@
 #pragma once
 
 #include "dialog/shell/followsconfiguration.h"
-#include "dialog/shell/page.h"
+#include "dialog/shell/formpage.h"
 #include "dialog/shell/unsavededits.h"
 
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,7 +16,9 @@ class CDisplayDialog;
 
 /// The page "Display": which classes of object the schematic editor shows, and which have tool tips. Nothing
 /// on it is disabled for a locked key: the store keeps what is locked.
-class CDisplayDialog : public Page, public IUnsavedEdits, public IFollowsConfiguration {
+class CDisplayDialog : public CFormPage<Ui::CDisplayDialog>,
+                       public IUnsavedEdits,
+                       public IFollowsConfiguration {
     Q_OBJECT
 
 public:
@@ -50,7 +51,6 @@ private:
     void enableNumbers(bool enabled);
     std::vector<bool> marks() const;
 
-    std::unique_ptr<Ui::CDisplayDialog> ui_;
     /// Read as the page is filled; no control shows it.
     std::string tooltipProperties_;
     // As they were when the page was filled, last stored or followed.

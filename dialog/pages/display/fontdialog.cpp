@@ -1,6 +1,7 @@
 #include "dialog/pages/display/fontdialog.h"
 
 #include "dialog/pages/display/fontchooser.h"
+#include "dialog/shell/internalpages.h"
 #include "dialog/widgets/lockmark.h"
 #include "dialog/widgets/stringconversion.h"
 #include "store/appcfg.h"
@@ -11,20 +12,17 @@ namespace ovsettings {
 
 namespace {
 
-constexpr unsigned kTemplate = 138;
 constexpr const char* kScaleFactorKey = "SCALEFACTOR";
 
 } // namespace
 
-CFontDialog::CFontDialog(QWidget* parent)
-    : Page(parent, kTemplate, "Font Mappings", "OV_SETUP_SETTINGS_DISPLAY_FONT_MAP"),
-      ui_(std::make_unique<Ui::CFontDialog>()) {
+CFontDialog::CFontDialog(QWidget* parent) : CFormPage(parent, internalPage("Font Mappings")) {
 }
 
 CFontDialog::~CFontDialog() = default;
 
 bool CFontDialog::buildTemplate() {
-    ui_->setupUi(this);
+    CFormPage::buildTemplate();
     ui_->grid->setAppConfiguration(appConfig_);
     connect(ui_->editMapping, &QPushButton::clicked, this, &CFontDialog::editMapping);
     connect(ui_->removeMapping, &QPushButton::clicked, this, &CFontDialog::removeMapping);

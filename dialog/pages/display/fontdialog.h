@@ -1,9 +1,8 @@
 #pragma once
 
 #include "dialog/shell/followsconfiguration.h"
-#include "dialog/shell/page.h"
+#include "dialog/shell/formpage.h"
 
-#include <memory>
 #include <string>
 
 namespace ovsettings {
@@ -14,7 +13,7 @@ class CFontDialog;
 
 /// The page "Font Mappings": the screen font that stands for each stroke font of the schematic editor, and a
 /// factor for the size of all of them.
-class CFontDialog : public Page, public IFollowsConfiguration {
+class CFontDialog : public CFormPage<Ui::CFontDialog>, public IFollowsConfiguration {
     Q_OBJECT
 
 public:
@@ -38,7 +37,6 @@ private:
     void followFactor(DroppedEdits& dropped);
     std::string typedFactor() const;
 
-    std::unique_ptr<Ui::CFontDialog> ui_;
     std::string factor_; ///< as it is stored
     bool isFactorLocked_ = false;
 };

@@ -3,6 +3,7 @@
 #include "dialog/pages/display/icepreview.h"
 #include "dialog/pages/display/mappinggrid.h"
 #include "dialog/pages/display/ovpreview.h"
+#include "dialog/shell/internalpages.h"
 #include "dialog/widgets/messagebox.h"
 #include "dialog/widgets/ownerdrawbutton.h"
 #include "dialog/widgets/plainfiledialog.h"
@@ -28,7 +29,6 @@ namespace ovsettings {
 
 namespace {
 
-constexpr unsigned kTemplate = 148;
 constexpr const char* kRecentSchemes = "MRU_SCHEMA";
 
 constexpr const char* kSchematicMode = "OV";
@@ -169,9 +169,7 @@ void addSection(CObjectSchema& schema, const std::string& section, const CMappin
 
 } // namespace
 
-CObjectColorDialog::CObjectColorDialog(QWidget* parent)
-    : Page(parent, kTemplate, "Objects", "OV_SETUP_SETTINGS_DISPLAY_OBJECTS"),
-      ui_(std::make_unique<Ui::CObjectColorDialog>()) {
+CObjectColorDialog::CObjectColorDialog(QWidget* parent) : CFormPage(parent, internalPage("Objects")) {
 }
 
 CObjectColorDialog::~CObjectColorDialog() = default;
@@ -185,7 +183,7 @@ bool CObjectColorDialog::PreTranslateMessage(QKeyEvent* event) {
 }
 
 bool CObjectColorDialog::buildTemplate() {
-    ui_->setupUi(this);
+    CFormPage::buildTemplate();
     ui_->ictGrid->hide();
     return true;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "dialog/shell/followsconfiguration.h"
-#include "dialog/shell/page.h"
+#include "dialog/shell/formpage.h"
 #include "dialog/shell/unsavededits.h"
 
 #include <map>
@@ -20,7 +20,9 @@ class CObjectColorDialog;
 
 /// The page "Objects": how each kind of object of a schematic, and of an interconnectivity table (ICT), is
 /// drawn, with a sample of each; and the files of colour schemes.
-class CObjectColorDialog : public Page, public IUnsavedEdits, public IFollowsConfiguration {
+class CObjectColorDialog : public CFormPage<Ui::CObjectColorDialog>,
+                           public IUnsavedEdits,
+                           public IFollowsConfiguration {
     Q_OBJECT
 
 public:
@@ -51,7 +53,6 @@ private:
     void loadScheme();
     void saveScheme();
 
-    std::unique_ptr<Ui::CObjectColorDialog> ui_;
     // The two know the mode of schematics by different words: grids by "OV", previews by "ORV".
     std::map<std::string, CMappingGrid*, std::less<>> grids_;
     std::map<std::string, std::unique_ptr<IPreview>, std::less<>> previews_;

@@ -1,18 +1,14 @@
 #include "dialog/pages/editor/globalnetsdialog.h"
 
+#include "dialog/shell/internalpages.h"
 #include "ui_globalnetsdialog.h"
 
 namespace ovsettings {
 
-namespace {
-
-constexpr unsigned kTemplate = 141;
-
-} // namespace
-
 CGlobalNetsDialog::CGlobalNetsDialog(QWidget* parent)
-    : CPropDialogTemplate(kTemplate, parent), ui_(std::make_unique<Ui::CGlobalNetsDialog>()) {
-    name = "Global Nets";
+    : CPropDialogTemplate(internalPage("Global Nets").templateId, parent),
+      ui_(std::make_unique<Ui::CGlobalNetsDialog>()) {
+    name = internalPage("Global Nets").name;
 }
 
 CGlobalNetsDialog::~CGlobalNetsDialog() = default;

@@ -1,10 +1,7 @@
 #pragma once
 
-#include "dialog/shell/followsconfiguration.h"
-#include "dialog/shell/page.h"
-#include "dialog/widgets/bindings.h"
-
-#include <memory>
+#include "dialog/shell/boundpage.h"
+#include "dialog/shell/formpage.h"
 
 namespace ovsettings {
 
@@ -13,29 +10,15 @@ class CGridDialog;
 }
 
 /// The page "Grid": whether the schematic shows its grid, and how wide the grid is.
-class CGridDialog : public Page, public IFollowsConfiguration {
+class CGridDialog : public CFormPage<Ui::CGridDialog, BoundPage> {
     Q_OBJECT
 
 public:
     explicit CGridDialog(QWidget* parent);
     ~CGridDialog() override;
 
-    bool buildTemplate() override;
-    bool OnInitDialog() override;
-    bool onApply() override;
-    bool onEnter() override;
-    bool onLeave() override;
-    bool isValid() override;
-    bool isModified() const override;
-    DroppedEdits followConfiguration() override;
-
 private:
-    bool checkSpacing();
-
-    std::unique_ptr<Ui::CGridDialog> ui_;
-    Bindings bindings_;
-    /// One of the bindings; null until the page is filled. Until then no check refuses anything.
-    LengthBinding* spacing_ = nullptr;
+    LengthRefusal lengthRefusal() const override;
 };
 
 } // namespace ovsettings

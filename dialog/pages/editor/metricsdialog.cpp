@@ -1,5 +1,6 @@
 #include "dialog/pages/editor/metricsdialog.h"
 
+#include "dialog/shell/internalpages.h"
 #include "dialog/widgets/lockmark.h"
 #include "dialog/widgets/messagebox.h"
 #include "dialog/widgets/stringconversion.h"
@@ -15,23 +16,10 @@ namespace ovsettings {
 using Orv::Metrics::Unit;
 using Orv::Metrics::UnitTraits;
 
-namespace {
-
-constexpr unsigned kTemplate = 171;
-
-} // namespace
-
-CMetricsDialog::CMetricsDialog(QWidget* parent)
-    : Page(parent, kTemplate, "Metrics", "OV_SETUP_SETTINGS_SCH_ED_UNITS"),
-      ui_(std::make_unique<Ui::CMetricsDialog>()) {
+CMetricsDialog::CMetricsDialog(QWidget* parent) : CFormPage(parent, internalPage("Metrics")) {
 }
 
 CMetricsDialog::~CMetricsDialog() = default;
-
-bool CMetricsDialog::buildTemplate() {
-    ui_->setupUi(this);
-    return true;
-}
 
 bool CMetricsDialog::OnInitDialog() {
     if (!appConfig_)

@@ -1,11 +1,10 @@
 #pragma once
 
 #include "dialog/shell/followsconfiguration.h"
-#include "dialog/shell/page.h"
+#include "dialog/shell/formpage.h"
 #include "dialog/shell/unsavededits.h"
 #include "orv/metrics.h"
 
-#include <memory>
 #include <optional>
 
 namespace ovsettings {
@@ -15,14 +14,15 @@ class CMetricsDialog;
 }
 
 /// The page "Units": the unit in which all pages show lengths. Stored lengths do not depend on it.
-class CMetricsDialog : public Page, public IUnsavedEdits, public IFollowsConfiguration {
+class CMetricsDialog : public CFormPage<Ui::CMetricsDialog>,
+                       public IUnsavedEdits,
+                       public IFollowsConfiguration {
     Q_OBJECT
 
 public:
     explicit CMetricsDialog(QWidget* parent);
     ~CMetricsDialog() override;
 
-    bool buildTemplate() override;
     bool OnInitDialog() override;
     bool onApply() override;
     bool onLeave() override;
@@ -43,7 +43,6 @@ private:
     void store(Orv::Metrics::Unit unit);
     std::optional<Orv::Metrics::Unit> selectedUnit() const;
 
-    std::unique_ptr<Ui::CMetricsDialog> ui_;
     /// The unit that the host knows of: as read, or as last committed. Nothing before the page is filled.
     std::optional<Orv::Metrics::Unit> told_;
     Stored stored_; ///< as it was read last

@@ -1,5 +1,6 @@
 #include "dialog/pages/editor/newsheetdialog.h"
 
+#include "dialog/shell/internalpages.h"
 #include "dialog/widgets/lockmark.h"
 #include "dialog/widgets/messagebox.h"
 #include "dialog/widgets/numbertext.h"
@@ -15,8 +16,6 @@ namespace ovsettings {
 
 namespace {
 
-constexpr unsigned kTemplate = 139;
-
 using Orientation = NewSheetModel::Orientation;
 using Part = NewSheetModel::Part;
 using Side = NewSheetModel::Side;
@@ -30,15 +29,13 @@ const NewSheetModel::Borders* bordersOf(const Orv::CProjectConfiguration* projec
 
 } // namespace
 
-CNewSheetDialog::CNewSheetDialog(QWidget* parent)
-    : Page(parent, kTemplate, "New Sheet", "OV_SETUP_SETTINGS_SCH_ED_NEW_SHEETS"),
-      ui_(std::make_unique<Ui::CNewSheetDialog>()) {
+CNewSheetDialog::CNewSheetDialog(QWidget* parent) : CFormPage(parent, internalPage("New Sheet")) {
 }
 
 CNewSheetDialog::~CNewSheetDialog() = default;
 
 bool CNewSheetDialog::buildTemplate() {
-    ui_->setupUi(this);
+    CFormPage::buildTemplate();
     connect(ui_->size, &QComboBox::currentIndexChanged, this, &CNewSheetDialog::sizeSelected);
     connect(ui_->width, &QLineEdit::textChanged, this, [this] { sideTyped(Side::width); });
     connect(ui_->height, &QLineEdit::textChanged, this, [this] { sideTyped(Side::height); });

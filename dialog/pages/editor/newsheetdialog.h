@@ -1,9 +1,8 @@
 #pragma once
 
 #include "dialog/pages/editor/newsheetmodel.h"
-#include "dialog/shell/page.h"
+#include "dialog/shell/formpage.h"
 
-#include <memory>
 #include <vector>
 
 class QLineEdit;
@@ -15,7 +14,7 @@ class CNewSheetDialog;
 }
 
 /// The page "New Sheets": size and orientation of a new schematic sheet, and how it gets its border.
-class CNewSheetDialog : public Page, public IFollowsConfiguration {
+class CNewSheetDialog : public CFormPage<Ui::CNewSheetDialog>, public IFollowsConfiguration {
     Q_OBJECT
 
 public:
@@ -50,7 +49,6 @@ private:
     bool checkSides();
     bool checkSide(QLineEdit& edit, const QString& message);
 
-    std::unique_ptr<Ui::CNewSheetDialog> ui_;
     NewSheetModel model_;
     bool updating_ = false; ///< the page itself changes its controls
 };

@@ -1,5 +1,6 @@
 #include "dialog/pages/editor/panandzoomdialog.h"
 
+#include "dialog/shell/internalpages.h"
 #include "dialog/widgets/bindings.h"
 #include "dialog/widgets/lockmark.h"
 #include "dialog/widgets/radiobutton.h"
@@ -17,8 +18,6 @@ namespace ovsettings {
 namespace {
 
 using Form = Ui_CPanAndZoomDialog;
-
-constexpr unsigned kTemplate = 129;
 
 /// A button and the key whose lock disables it.
 struct ButtonRow {
@@ -40,15 +39,13 @@ constexpr std::array kStrokeButtons{
 
 } // namespace
 
-CPanAndZoomDialog::CPanAndZoomDialog(QWidget* parent)
-    : Page(parent, kTemplate, "Pan and Zoom", "OV_SETUP_SETTINGS_SCH_ED_PAN_ZOOM"),
-      ui_(std::make_unique<Ui::CPanAndZoomDialog>()) {
+CPanAndZoomDialog::CPanAndZoomDialog(QWidget* parent) : CFormPage(parent, internalPage("Pan and Zoom")) {
 }
 
 CPanAndZoomDialog::~CPanAndZoomDialog() = default;
 
 bool CPanAndZoomDialog::buildTemplate() {
-    ui_->setupUi(this);
+    CFormPage::buildTemplate();
     for (const QRadioButton* button : {ui_->sarnZoom, ui_->middleButton})
         connect(button, &QRadioButton::clicked, this, &CPanAndZoomDialog::keepMiddleButtonFree);
     ui_->middleButton->installEventFilter(this);

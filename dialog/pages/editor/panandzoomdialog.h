@@ -1,9 +1,8 @@
 #pragma once
 
 #include "dialog/shell/followsconfiguration.h"
-#include "dialog/shell/page.h"
+#include "dialog/shell/formpage.h"
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -18,7 +17,7 @@ class CPanAndZoomDialog;
 
 /// The page "Strokes, Pan and Zoom": in whose manner the schematic editor pans and zooms, and which mouse
 /// button draws strokes.
-class CPanAndZoomDialog : public Page, public IFollowsConfiguration {
+class CPanAndZoomDialog : public CFormPage<Ui::CPanAndZoomDialog>, public IFollowsConfiguration {
     Q_OBJECT
 
 public:
@@ -67,7 +66,6 @@ private:
     Flags allFlags() const;
     void store(const Flags& flags);
 
-    std::unique_ptr<Ui::CPanAndZoomDialog> ui_;
     std::optional<Flags> unchanged_; ///< allFlags() for what is stored; nothing before the fill
     std::vector<Stored> stored_;     ///< as it was read last
 };

@@ -2,6 +2,7 @@
 
 #include "dialog/projectfile/projectfilefields.h"
 #include "dialog/projectfile/projectpaths.h"
+#include "dialog/shell/internalpages.h"
 #include "dialog/widgets/stringconversion.h"
 #include "orv/projectfiledata.h"
 #include "platform/paths.h"
@@ -16,7 +17,6 @@ namespace ovsettings {
 
 namespace {
 
-constexpr unsigned kTemplate = 134;
 constexpr char kLibraryKey[] = "CentralLibrary";
 constexpr FileChooserTexts kLibraryChooser = {
     QT_TRANSLATE_NOOP("ovsettings::ProjectFileFields", "Central Library"),
@@ -42,16 +42,10 @@ struct CCentralLibraryDialog::Fields {
 };
 
 CCentralLibraryDialog::CCentralLibraryDialog(QWidget* parent)
-    : Page(parent, kTemplate, "Design", "OV_SETUP_SETTINGS_PROJECT"),
-      ui_(std::make_unique<Ui::CCentralLibraryDialog>()) {
+    : CFormPage(parent, internalPage("Central Library")) {
 }
 
 CCentralLibraryDialog::~CCentralLibraryDialog() = default;
-
-bool CCentralLibraryDialog::buildTemplate() {
-    ui_->setupUi(this);
-    return true;
-}
 
 bool CCentralLibraryDialog::OnInitDialog() {
     if (!hasProject(projectConfig_))

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dialog/shell/page.h"
+#include "dialog/shell/formpage.h"
 
 #include <memory>
 
@@ -11,14 +11,13 @@ class CCentralLibraryDialog;
 }
 
 /// The page "Central Library": the library of the open project, three of its files and its remote server.
-class CCentralLibraryDialog : public Page {
+class CCentralLibraryDialog : public CFormPage<Ui::CCentralLibraryDialog> {
     Q_OBJECT
 
 public:
     explicit CCentralLibraryDialog(QWidget* parent);
     ~CCentralLibraryDialog() override;
 
-    bool buildTemplate() override;
     bool OnInitDialog() override;
     bool onApply() override;
     bool onEnter() override;
@@ -31,7 +30,6 @@ private:
     void followProject();
     bool checkLibraryVersion();
 
-    std::unique_ptr<Ui::CCentralLibraryDialog> ui_;
     std::unique_ptr<Fields> fields_; ///< null while no project is open: there is nothing to check and store
 };
 

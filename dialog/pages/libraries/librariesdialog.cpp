@@ -4,6 +4,7 @@
 #include "dialog/projectfile/projectfilefields.h"
 #include "dialog/projectfile/projectpaths.h"
 #include "dialog/projectfile/savequestion.h"
+#include "dialog/shell/internalpages.h"
 #include "dialog/shell/notifyupdaters.h"
 #include "dialog/shell/stringtable.h"
 #include "dialog/widgets/gdipainter.h"
@@ -27,7 +28,6 @@ namespace ovsettings {
 
 namespace {
 
-constexpr unsigned kTemplate = 146;
 constexpr char kImportPattern[] = "*.prj";
 
 // The columns of a row, in pixels.
@@ -251,15 +251,13 @@ bool CLibrariesDialog::CListBoxEditorEx::mayMove(int from, int to) {
     return std::min(from, to) > 0 || item(0).library.type != kPrimary;
 }
 
-CLibrariesDialog::CLibrariesDialog(QWidget* parent)
-    : Page(parent, kTemplate, "Symbol Libraries", "OV_SETUP_SETTINGS_PROJECT"),
-      ui_(std::make_unique<Ui::CLibrariesDialog>()) {
+CLibrariesDialog::CLibrariesDialog(QWidget* parent) : CFormPage(parent, internalPage("Symbol Libraries")) {
 }
 
 CLibrariesDialog::~CLibrariesDialog() = default;
 
 bool CLibrariesDialog::buildTemplate() {
-    ui_->setupUi(this);
+    CFormPage::buildTemplate();
     ui_->libraries->setTitle(tr("Symbol &Libraries"));
     ui_->libraries->setAsk([this](LibraryRow& row) { return ask(row); });
     ui_->libraries->setEnabled(hasLibraries());

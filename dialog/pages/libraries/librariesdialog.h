@@ -1,7 +1,7 @@
 #pragma once
 
 #include "dialog/pages/libraries/librarylist.h"
-#include "dialog/shell/page.h"
+#include "dialog/shell/formpage.h"
 #include "dialog/widgets/watchedlistboxeditor.h"
 
 #include <QtCore/QTimer>
@@ -20,7 +20,7 @@ class CLibrariesDialog;
 
 /// The page "Symbol Libraries": the project's libraries, in the order in which they are searched. It works on
 /// a copy, which its store gives to the project.
-class CLibrariesDialog : public Page {
+class CLibrariesDialog : public CFormPage<Ui::CLibrariesDialog> {
     Q_OBJECT
 
 public:
@@ -83,8 +83,6 @@ private:
     bool importFrom(const std::string& path);
     void load();
     bool store(StartedBy starter);
-
-    std::unique_ptr<Ui::CLibrariesDialog> ui_;
 };
 
 } // namespace ovsettings

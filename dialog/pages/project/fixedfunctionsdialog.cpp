@@ -1,6 +1,7 @@
 #include "dialog/pages/project/fixedfunctionsdialog.h"
 
 #include "dialog/projectfile/savequestion.h"
+#include "dialog/shell/internalpages.h"
 #include "dialog/shell/notifyupdaters.h"
 #include "dialog/shell/projectaccess.h"
 #include "dialog/widgets/listboxlines.h"
@@ -12,21 +13,14 @@
 
 namespace ovsettings {
 
-namespace {
-
-constexpr unsigned kTemplate = 169;
-
-} // namespace
-
 CFixedFunctionsDialog::CFixedFunctionsDialog(QWidget* parent)
-    : Page(parent, kTemplate, "Fixed Functions", "OV_SETUP_SETTINGS_PROJECT"),
-      ui_(std::make_unique<Ui::CFixedFunctionsDialog>()) {
+    : CFormPage(parent, internalPage("Fixed Functions")) {
 }
 
 CFixedFunctionsDialog::~CFixedFunctionsDialog() = default;
 
 bool CFixedFunctionsDialog::buildTemplate() {
-    ui_->setupUi(this);
+    CFormPage::buildTemplate();
     ui_->functions->setTitle(tr("&Fixed Functions"));
     return true;
 }

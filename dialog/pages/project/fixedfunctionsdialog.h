@@ -1,9 +1,7 @@
 #pragma once
 
-#include "dialog/shell/page.h"
+#include "dialog/shell/formpage.h"
 #include "dialog/widgets/watchedlistboxeditor.h"
-
-#include <memory>
 
 namespace ovsettings {
 
@@ -12,7 +10,7 @@ class CFixedFunctionsDialog;
 }
 
 /// The page "Fixed Functions": a list of names in the project, whose meaning is the host's.
-class CFixedFunctionsDialog : public Page {
+class CFixedFunctionsDialog : public CFormPage<Ui::CFixedFunctionsDialog> {
     Q_OBJECT
 
 public:
@@ -36,8 +34,6 @@ private:
 
     void load();
     bool store(StartedBy starter);
-
-    std::unique_ptr<Ui::CFixedFunctionsDialog> ui_;
 };
 
 } // namespace ovsettings

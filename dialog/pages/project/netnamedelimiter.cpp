@@ -1,5 +1,6 @@
 #include "dialog/pages/project/netnamedelimiter.h"
 
+#include "dialog/shell/internalpages.h"
 #include "dialog/shell/projectaccess.h"
 #include "dialog/widgets/radiobutton.h"
 #include "orv/projectconfiguration.h"
@@ -13,8 +14,6 @@
 namespace ovsettings {
 
 namespace {
-
-constexpr unsigned kTemplate = 176;
 
 struct Delimiter {
     QRadioButton* Ui::CNetNameDelimiter::*button;
@@ -35,17 +34,10 @@ std::size_t choiceFor(const std::string& stored) {
 
 } // namespace
 
-CNetNameDelimiter::CNetNameDelimiter(QWidget* parent)
-    : Page(parent, kTemplate, "NetNameDelimiter", "OV_SETUP_SETTINGS_PROJECT"),
-      ui_(std::make_unique<Ui::CNetNameDelimiter>()) {
+CNetNameDelimiter::CNetNameDelimiter(QWidget* parent) : CFormPage(parent, internalPage("NetNameDelimiter")) {
 }
 
 CNetNameDelimiter::~CNetNameDelimiter() = default;
-
-bool CNetNameDelimiter::buildTemplate() {
-    ui_->setupUi(this);
-    return true;
-}
 
 bool CNetNameDelimiter::OnInitDialog() {
     if (projectConfig_ && projectConfig_->projectFile)

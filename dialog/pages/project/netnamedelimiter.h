@@ -1,9 +1,8 @@
 #pragma once
 
-#include "dialog/shell/page.h"
+#include "dialog/shell/formpage.h"
 
 #include <cstddef>
-#include <memory>
 
 class QRadioButton;
 
@@ -14,14 +13,13 @@ class CNetNameDelimiter;
 }
 
 /// The page "Net Name Delimiter": what stands around the index in the names of the project's nets.
-class CNetNameDelimiter : public Page {
+class CNetNameDelimiter : public CFormPage<Ui::CNetNameDelimiter> {
     Q_OBJECT
 
 public:
     explicit CNetNameDelimiter(QWidget* parent);
     ~CNetNameDelimiter() override;
 
-    bool buildTemplate() override;
     bool OnInitDialog() override;
     bool onApply() override;
     bool isModified() const override;
@@ -29,7 +27,6 @@ public:
 private:
     void readButtons();
 
-    std::unique_ptr<Ui::CNetNameDelimiter> ui_;
     std::size_t chosen_ = 0;
     std::size_t loaded_ = 0;
     std::size_t stored_ = 0; ///< what the project had after the last write, or else when it was loaded

@@ -1,5 +1,6 @@
 #include "dialog/pages/project/partbookdialog.h"
 
+#include "dialog/shell/internalpages.h"
 #include "dialog/shell/projectaccess.h"
 #include "dialog/shell/stringtable.h"
 #include "dialog/widgets/plainfiledialog.h"
@@ -14,7 +15,6 @@ namespace ovsettings {
 
 namespace {
 
-constexpr unsigned kTemplate = 177;
 constexpr unsigned kFileFilter = 5000;
 constexpr char kSection[] = "DesignInfo";
 constexpr char kKey[] = "DBCFile";
@@ -28,17 +28,10 @@ QString fileFilter() {
 
 } // namespace
 
-CPartBookDialog::CPartBookDialog(QWidget* parent)
-    : Page(parent, kTemplate, "PartBook", "OV_SETUP_SETTINGS_PROJECT"),
-      ui_(std::make_unique<Ui::CPartBookDialog>()) {
+CPartBookDialog::CPartBookDialog(QWidget* parent) : CFormPage(parent, internalPage("PartBookDialog")) {
 }
 
 CPartBookDialog::~CPartBookDialog() = default;
-
-bool CPartBookDialog::buildTemplate() {
-    ui_->setupUi(this);
-    return true;
-}
 
 bool CPartBookDialog::OnInitDialog() {
     connect(ui_->browse, &QToolButton::clicked, this, &CPartBookDialog::browse);

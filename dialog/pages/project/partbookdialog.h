@@ -1,10 +1,8 @@
 #pragma once
 
-#include "dialog/shell/page.h"
+#include "dialog/shell/formpage.h"
 
 #include <QtCore/QString>
-
-#include <memory>
 
 namespace ovsettings {
 
@@ -13,14 +11,13 @@ class CPartBookDialog;
 }
 
 /// The page "OvPartBook": the user configuration file of the add-in of that name.
-class CPartBookDialog : public Page {
+class CPartBookDialog : public CFormPage<Ui::CPartBookDialog> {
     Q_OBJECT
 
 public:
     explicit CPartBookDialog(QWidget* parent);
     ~CPartBookDialog() override;
 
-    bool buildTemplate() override;
     bool OnInitDialog() override;
     bool onApply() override;
     bool isModified() const override;
@@ -28,7 +25,6 @@ public:
 private:
     void browse();
 
-    std::unique_ptr<Ui::CPartBookDialog> ui_;
     QString shown_; ///< the text as it was last loaded or stored
 };
 

@@ -1,5 +1,6 @@
 #include "dialog/pages/project/pcbdialog.h"
 
+#include "dialog/shell/internalpages.h"
 #include "dialog/widgets/propfile.h"
 #include "platform/paths.h"
 #include "ui_pcbdialog.h"
@@ -10,8 +11,6 @@
 namespace ovsettings {
 
 namespace {
-
-constexpr unsigned kTemplate = 133;
 
 struct FileField {
     QLineEdit* Ui::CPCBDialog::*edit;
@@ -71,8 +70,8 @@ void browse(CPropFile& file, const FileField& field) {
 } // namespace
 
 CPCBDialog::CPCBDialog(QWidget* parent)
-    : CPropDialogTemplate(kTemplate, parent), ui_(std::make_unique<Ui::CPCBDialog>()) {
-    name = "PCB";
+    : CPropDialogTemplate(internalPage("PCB").templateId, parent), ui_(std::make_unique<Ui::CPCBDialog>()) {
+    name = internalPage("PCB").name;
 }
 
 CPCBDialog::~CPCBDialog() = default;

@@ -2,6 +2,7 @@
 
 #include "dialog/projectfile/projectfilefields.h"
 #include "dialog/projectfile/projectpaths.h"
+#include "dialog/shell/internalpages.h"
 #include "dialog/widgets/stringconversion.h"
 #include "orv/projectfiledata.h"
 #include "platform/readfile.h"
@@ -15,8 +16,6 @@
 namespace ovsettings {
 
 namespace {
-
-constexpr unsigned kTemplate = 167;
 
 constexpr char kPropertiesKey[] = "PropertyDefinitions";
 /// What a project without a file of its own uses. It is stored as it stands once the page is stored; the
@@ -112,17 +111,10 @@ struct CProjectDialog::Fields {
                                                 &files[ProjectFile::busContents], &properties};
 };
 
-CProjectDialog::CProjectDialog(QWidget* parent)
-    : Page(parent, kTemplate, "Netlist Project", "OV_SETUP_SETTINGS_PROJECT"),
-      ui_(std::make_unique<Ui::CProjectDialog>()) {
+CProjectDialog::CProjectDialog(QWidget* parent) : CFormPage(parent, internalPage("Netlist Project")) {
 }
 
 CProjectDialog::~CProjectDialog() = default;
-
-bool CProjectDialog::buildTemplate() {
-    ui_->setupUi(this);
-    return true;
-}
 
 bool CProjectDialog::OnInitDialog() {
     if (!hasProject(projectConfig_))

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "dialog/pages/project/layouttools.h"
-#include "dialog/shell/page.h"
+#include "dialog/shell/formpage.h"
 
 #include <memory>
 #include <string>
@@ -14,14 +14,13 @@ class CProjectDialog;
 
 /// The page "Netlist Project": the files of a project without a central library, its remote server and its
 /// layout tool.
-class CProjectDialog : public Page {
+class CProjectDialog : public CFormPage<Ui::CProjectDialog> {
     Q_OBJECT
 
 public:
     explicit CProjectDialog(QWidget* parent);
     ~CProjectDialog() override;
 
-    bool buildTemplate() override;
     bool OnInitDialog() override;
     bool onApply() override;
     bool onEnter() override;
@@ -41,7 +40,6 @@ private:
     std::string chosenLayoutTool() const;
     bool checkPropertyDefinitions();
 
-    std::unique_ptr<Ui::CProjectDialog> ui_;
     std::unique_ptr<Fields> fields_; ///< null while no project is open: there is nothing to check and store
     LayoutTools tools_;
     std::string toolKey_; ///< the project's when it was loaded; the list may not show it

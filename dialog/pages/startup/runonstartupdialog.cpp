@@ -1,5 +1,6 @@
 #include "dialog/pages/startup/runonstartupdialog.h"
 
+#include "dialog/shell/internalpages.h"
 #include "dialog/widgets/messagebox.h"
 #include "dialog/widgets/stringconversion.h"
 #include "dialog/widgets/waitcursor.h"
@@ -16,7 +17,6 @@ namespace ovsettings {
 
 namespace {
 
-constexpr unsigned kTemplate = 140;
 constexpr unsigned kFormPrefix = 14;
 constexpr unsigned kScriptPrefix = 15;
 constexpr qsizetype kLongestValue = 1024; ///< in characters, on show
@@ -36,16 +36,10 @@ bool fileExists(const std::string& path) {
 } // namespace
 
 CRunOnStartupDialog::CRunOnStartupDialog(QWidget* parent)
-    : Page(parent, kTemplate, "Run on Startup", "OV_SETUP_SETTINGS_RUN_ON_STARTUP"),
-      ui_(std::make_unique<Ui::CRunOnStartupDialog>()) {
+    : CFormPage(parent, internalPage("Run on Startup")) {
 }
 
 CRunOnStartupDialog::~CRunOnStartupDialog() = default;
-
-bool CRunOnStartupDialog::buildTemplate() {
-    ui_->setupUi(this);
-    return true;
-}
 
 bool CRunOnStartupDialog::OnInitDialog() {
     forms_.attach(*ui_->forms, tr("Forms:"));

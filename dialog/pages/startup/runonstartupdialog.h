@@ -1,13 +1,12 @@
 #pragma once
 
 #include "dialog/pages/startup/scriptsini.h"
-#include "dialog/shell/page.h"
+#include "dialog/shell/formpage.h"
 #include "dialog/widgets/listboxfileeditor.h"
 
 #include <QtCore/QString>
 
 #include <chrono>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -19,7 +18,7 @@ class CRunOnStartupDialog;
 
 /// The page "Run on Startup": the forms and scripts that the editor runs when it starts, kept in a file in
 /// the user's working directory.
-class CRunOnStartupDialog : public Page {
+class CRunOnStartupDialog : public CFormPage<Ui::CRunOnStartupDialog> {
     Q_OBJECT
 
 public:
@@ -46,7 +45,6 @@ public:
     explicit CRunOnStartupDialog(QWidget* parent);
     ~CRunOnStartupDialog() override;
 
-    bool buildTemplate() override;
     bool OnInitDialog() override;
     bool onApply() override;
     bool isModified() const override;
@@ -75,7 +73,6 @@ private:
         ScriptsIni file_;
     };
 
-    std::unique_ptr<Ui::CRunOnStartupDialog> ui_;
     CFileList forms_;
     CFileList scripts_;
     std::string fileName_;

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <span>
+
+namespace ovsettings {
+
+class CFactoryEx;
+
+/// When a page is there.
+enum class PageCondition : unsigned char { always, projectOpen };
+
+/// A page of this library. What is not its own code's matter stands here, and can be asked without making it.
+struct PageRow {
+    const char* key = "";  ///< the `classid` of its category in the catalogue
+    const char* name = ""; ///< by which it reports itself; empty if it only learns that later
+    unsigned templateId = 0;
+    const char* helpTopic = ""; ///< in helpBook(); empty if it has none
+    PageCondition condition = PageCondition::always;
+    const char* form = ""; ///< the resource that holds its form
+    /// The keys of its form in the order in which the page writes them.
+    std::span<const char* const> writes{};
+    void (*add)(CFactoryEx& factory, const char* key) = nullptr; ///< enters what makes it
+
+    const char* helpBook() const { return *helpTopic ? "orvane_ref" : ""; }
+};
+
+} // namespace ovsettings

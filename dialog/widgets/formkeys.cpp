@@ -1,0 +1,36 @@
+#include "dialog/widgets/formkeys.h"
+
+#include "dialog/widgets/stringconversion.h"
+#include "orv/declaration.h"
+
+#include <QtCore/QVariant>
+#include <QtWidgets/QWidget>
+
+#include <algorithm>
+
+namespace ovsettings {
+
+SettingField settingField(const std::string& name) {
+    const auto point = name.find('.');
+    SettingField setting{name.substr(0, point)};
+    const Orv::SettingDeclaration* declared = Orv::declarationOf(setting.key);
+    if (point == std::string::npos || !declared)
+        return setting;
+    const auto field =
+        std::ranges::find(declared->fields, name.substr(point + 1), &Orv::FieldDeclaration::name);
+    if (field != declared->fields.end())
+        setting.field = static_cast<std::size_t>(field - declared->fields.begin());
+    return setting;
+}
+
+std::vector<KeyedControl> keyedControls(const QWidget& form) {
+    std::vector<KeyedControl> controls;
+    for (QWidget* control : form.findChildren<QWidget*>()) {
+        const QVariant name = control->property(kKeyProperty);
+        if (name.isValid())
+            controls.push_back({control, settingField(toUtf8(name.toString()))});
+    }
+    return controls;
+}
+
+} // namespace ovsettings
