@@ -252,13 +252,10 @@ long LengthBinding::length() const {
 }
 
 void Bindings::bind(QWidget& form, std::span<const char* const> order) {
-    for (const KeyedControl& keyed : keyedControls(form)) {
+    for (const KeyedControl& keyed : keyedControls(form, order)) {
         if (auto binding = bindingOf(keyed.setting.key, *keyed.control, form))
             bindings_.push_back(std::move(binding));
     }
-    std::ranges::stable_sort(bindings_, {}, [order](const std::unique_ptr<Binding>& binding) {
-        return std::ranges::find(order, binding->key()) - order.begin();
-    });
 }
 
 void Bindings::show(const Orv::iAppConfiguration& appConfig) {

@@ -23,13 +23,16 @@ SettingField settingField(const std::string& name) {
     return setting;
 }
 
-std::vector<KeyedControl> keyedControls(const QWidget& form) {
+std::vector<KeyedControl> keyedControls(const QWidget& form, std::span<const char* const> order) {
     std::vector<KeyedControl> controls;
     for (QWidget* control : form.findChildren<QWidget*>()) {
         const QVariant name = control->property(kKeyProperty);
         if (name.isValid())
             controls.push_back({control, settingField(toUtf8(name.toString()))});
     }
+    std::ranges::stable_sort(controls, {}, [order](const KeyedControl& keyed) {
+        return std::ranges::find(order, keyed.setting.key) - order.begin();
+    });
     return controls;
 }
 

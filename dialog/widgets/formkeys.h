@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -20,15 +22,15 @@ inline constexpr const char* kOtherProperty = "settingOther";
 /// Of a group of radio buttons: true if that number is stored while no button is checked, and not nothing.
 inline constexpr const char* kStoresOtherProperty = "settingStoresOther";
 
-/// A field of a setting.
+/// A setting, or one of its fields.
 struct SettingField {
     std::string key;
-    std::size_t field = 0; ///< index from 0; 0 too for what has no fields
+    std::optional<std::size_t> field{}; ///< index from 0; nothing for a setting as a whole
 
     bool operator==(const SettingField&) const = default;
 };
 
-/// What a text "KEY" or "KEY.FIELD" names. A field that the key does not have counts as the first one.
+/// What a text "KEY" or "KEY.FIELD" names. A field that the key does not have counts as none.
 SettingField settingField(const std::string& name);
 
 /// A control that stands for a key.
@@ -37,7 +39,8 @@ struct KeyedControl {
     SettingField setting;
 };
 
-/// The controls of a form that stand for keys, in the form's order. Several may stand for one key.
-std::vector<KeyedControl> keyedControls(const QWidget& form);
+/// The controls of a form that stand for keys. Several may stand for one key.
+/// @param order of the keys; what it does not name comes behind, in the form's order.
+std::vector<KeyedControl> keyedControls(const QWidget& form, std::span<const char* const> order = {});
 
 } // namespace ovsettings

@@ -7,47 +7,14 @@
 
 #include <QtWidgets/QStyle>
 
-#include <span>
-
 namespace ovsettings {
 
 namespace {
 
-constexpr std::size_t kVisible = 0; ///< the field of an object that says whether it is shown
 constexpr std::string_view kSeparator = " ,";
 
-struct FlagBox {
-    QCheckBox* Ui::CDisplayDialog::*box;
-    const char* key; ///< its first field
-};
-
-// In the order in which they are stored; those of tool tips are the last.
-constexpr FlagBox kBoxes[] = {
-    {&Ui::CDisplayDialog::commonProperties, "ATTRIBUTE"},
-    {&Ui::CDisplayDialog::pinNumbers, "PNUMSON"},
-    {&Ui::CDisplayDialog::referenceDesignators, "RNUMSON"},
-    {&Ui::CDisplayDialog::names, "LABEL"},
-    {&Ui::CDisplayDialog::symbolText, "COMPTEXTON"},
-    {&Ui::CDisplayDialog::graphicalText, "TEXT"},
-    {&Ui::CDisplayDialog::border, "BORDERON"},
-    {&Ui::CDisplayDialog::netTooltips, "NET_TOOLTIPS"},
-    {&Ui::CDisplayDialog::pinTooltips, "PIN_TOOLTIPS"},
-    {&Ui::CDisplayDialog::componentTooltips, "COMPONENT_TOOLTIPS"},
-};
-constexpr auto kTooltips = std::span(kBoxes).last<3>();
-
-void showText(QCheckBox& box, const std::string& text) {
-    box.setChecked(text != "0");
-}
-
-void showFlag(QCheckBox& box, const Orv::iAppConfiguration& appConfig, const std::string& key) {
-    std::string text;
-    Orv::getValue(appConfig, key, text);
-    showText(box, text);
-}
-
-const char* textOf(const QCheckBox& box) {
-    return Orv::flagText(box.isChecked());
+QCheckBox& boxOf(const KeyedControl& keyed) {
+    return static_cast<QCheckBox&>(*keyed.control);
 }
 
 } // namespace
@@ -59,6 +26,7 @@ CDisplayDialog::~CDisplayDialog() = default;
 
 bool CDisplayDialog::buildTemplate() {
     CFormPage::buildTemplate();
+    boxes_ = keyedControls(*this, row().writes);
     // The boxes below another begin where its text does.
     const int indent = style()->pixelMetric(QStyle::PM_IndicatorWidth) +
                        style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing);
@@ -76,42 +44,16 @@ bool CDisplayDialog::OnInitDialog() {
     return true;
 }
 
+/// The two boxes below Common Properties show what is stored for them while they are disabled, too.
 void CDisplayDialog::fill() {
-    std::vector<std::string> attribute;
-    Orv::getValues(*appConfig_, "ATTRIBUTE", attribute);
-    if (attribute.empty())
-        return;
-    if (attribute[kVisible] == "0") {
-        ui_->commonProperties->setChecked(false);
-        ui_->pinNumbers->setChecked(false);
-        ui_->referenceDesignators->setChecked(false);
-        enableNumbers(false);
-    } else {
-        ui_->commonProperties->setChecked(true);
-        showFlag(*ui_->pinNumbers, *appConfig_, "PNUMSON");
-        showFlag(*ui_->referenceDesignators, *appConfig_, "RNUMSON");
+    for (const KeyedControl& keyed : boxes_) {
+        std::vector<std::string> values;
+        Orv::getValues(*appConfig_, keyed.setting.key, values);
+        if (values.empty()) // a configuration that holds nothing
+            return;
+        boxOf(keyed).setChecked(values[keyed.setting.field.value_or(0)] != "0");
     }
-
-    std::vector<std::string> label;
-    Orv::getValues(*appConfig_, "LABEL", label);
-    if (label.empty())
-        return;
-    showText(*ui_->names, label[kVisible]);
-    showFlag(*ui_->symbolText, *appConfig_, "COMPTEXTON");
-    // Again, after the box that they depend on: so the user sees what is stored for them while they are
-    // disabled.
-    showFlag(*ui_->pinNumbers, *appConfig_, "PNUMSON");
-    showFlag(*ui_->referenceDesignators, *appConfig_, "RNUMSON");
-
-    std::vector<std::string> text;
-    Orv::getValues(*appConfig_, "TEXT", text);
-    if (text.empty())
-        return;
-    showText(*ui_->graphicalText, text[kVisible]);
-    showFlag(*ui_->border, *appConfig_, "BORDERON");
-    for (const FlagBox& tooltip : kTooltips)
-        showFlag(*(*ui_.*tooltip.box), *appConfig_, tooltip.key);
-
+    enableNumbers(ui_->commonProperties->isChecked());
     std::vector<std::string> properties;
     Orv::getValues(*appConfig_, "PROPERTIES_TOOLTIP", properties);
     tooltipProperties_ = joinProperties(properties);
@@ -121,15 +63,14 @@ bool CDisplayDialog::onApply() {
     if (!appConfig_) // opened without a configuration: there is nothing to store
         return true;
     const bool common = ui_->commonProperties->isChecked();
-    Orv::setValueAt(*appConfig_, kVisible, "ATTRIBUTE", Orv::flagText(common));
-    Orv::setValue(*appConfig_, "PNUMSON", common ? textOf(*ui_->pinNumbers) : "0");
-    Orv::setValue(*appConfig_, "RNUMSON", common ? textOf(*ui_->referenceDesignators) : "0");
-    Orv::setValueAt(*appConfig_, kVisible, "LABEL", textOf(*ui_->names));
-    Orv::setValue(*appConfig_, "COMPTEXTON", textOf(*ui_->symbolText));
-    Orv::setValueAt(*appConfig_, kVisible, "TEXT", textOf(*ui_->graphicalText));
-    Orv::setValue(*appConfig_, "BORDERON", textOf(*ui_->border));
-    for (const FlagBox& tooltip : kTooltips)
-        Orv::setValue(*appConfig_, tooltip.key, textOf(*(*ui_.*tooltip.box)));
+    for (const KeyedControl& keyed : boxes_) {
+        const bool isNumber = keyed.control == ui_->pinNumbers || keyed.control == ui_->referenceDesignators;
+        const char* text = Orv::flagText(boxOf(keyed).isChecked() && (common || !isNumber));
+        if (keyed.setting.field)
+            Orv::setValueAt(*appConfig_, *keyed.setting.field, keyed.setting.key, text);
+        else
+            Orv::setValue(*appConfig_, keyed.setting.key, text);
+    }
     keep();
     return true;
 }
@@ -150,18 +91,18 @@ DroppedEdits CDisplayDialog::followConfiguration() {
         if (shown[at] == before[at])
             continue;
         if (stored_[at].locked)
-            dropped.push_back({kBoxes[at].key, 0});
+            dropped.push_back({boxes_[at].setting.key, 0});
         else
-            (*ui_.*kBoxes[at].box)->setChecked(shown[at]);
+            boxOf(boxes_[at]).setChecked(shown[at]);
     }
     return dropped;
 }
 
 std::vector<CDisplayDialog::Stored> CDisplayDialog::readAll() const {
     std::vector<Stored> all;
-    for (const FlagBox& box : kBoxes) {
+    for (const KeyedControl& keyed : boxes_) {
         Stored& stored = all.emplace_back();
-        Orv::getValue(*appConfig_, box.key, stored.text, stored.locked);
+        Orv::getValue(*appConfig_, keyed.setting.key, stored.text, stored.locked);
     }
     return all;
 }
@@ -173,8 +114,8 @@ void CDisplayDialog::keep() {
 
 std::vector<bool> CDisplayDialog::marks() const {
     std::vector<bool> marks;
-    for (const FlagBox& box : kBoxes)
-        marks.push_back((*ui_.*box.box)->isChecked());
+    for (const KeyedControl& keyed : boxes_)
+        marks.push_back(boxOf(keyed).isChecked());
     return marks;
 }
 

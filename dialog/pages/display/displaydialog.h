@@ -3,6 +3,7 @@
 #include "dialog/shell/followsconfiguration.h"
 #include "dialog/shell/formpage.h"
 #include "dialog/shell/unsavededits.h"
+#include "dialog/widgets/formkeys.h"
 
 #include <string>
 #include <string_view>
@@ -51,6 +52,7 @@ private:
     void enableNumbers(bool enabled);
     std::vector<bool> marks() const;
 
+    std::vector<KeyedControl> boxes_; ///< in the order in which they are stored
     /// Read as the page is filled; no control shows it.
     std::string tooltipProperties_;
     // As they were when the page was filled, last stored or followed.

@@ -1,7 +1,6 @@
 #include "dialog/pages/editor/panandzoomdialog.h"
 
 #include "dialog/shell/internalpages.h"
-#include "dialog/widgets/bindings.h"
 #include "dialog/widgets/lockmark.h"
 #include "dialog/widgets/radiobutton.h"
 #include "store/appcfg.h"
@@ -10,32 +9,19 @@
 #include <QtGui/QFocusEvent>
 
 #include <algorithm>
-#include <array>
 #include <iterator>
 
 namespace ovsettings {
 
 namespace {
 
-using Form = Ui_CPanAndZoomDialog;
+QRadioButton& buttonOf(const KeyedControl& keyed) {
+    return static_cast<QRadioButton&>(*keyed.control);
+}
 
-/// A button and the key whose lock disables it.
-struct ButtonRow {
-    const char* key;
-    QRadioButton* Form::*button;
-};
-
-/// In the order in which the keys are written.
-constexpr std::array kZoomButtons{
-    ButtonRow{"LORVIK_ZOOM", &Form::lorvikZoom},
-    ButtonRow{"SARN_ZOOM", &Form::sarnZoom},
-    ButtonRow{"DEFAULT_ZOOM", &Form::defaultZoom},
-};
-constexpr std::array kStrokeButtons{
-    ButtonRow{"MIDSTROKE", &Form::rightButton},
-    ButtonRow{"MIDSTROKE", &Form::middleButton},
-    ButtonRow{"STROKES", &Form::strokesOff},
-};
+bool isChecked(const KeyedControl& keyed) {
+    return buttonOf(keyed).isChecked();
+}
 
 } // namespace
 
@@ -46,6 +32,8 @@ CPanAndZoomDialog::~CPanAndZoomDialog() = default;
 
 bool CPanAndZoomDialog::buildTemplate() {
     CFormPage::buildTemplate();
+    zoomButtons_ = keyedControls(*ui_->zoom, row().writes);
+    strokeButtons_ = keyedControls(*ui_->strokes, row().writes);
     for (const QRadioButton* button : {ui_->sarnZoom, ui_->middleButton})
         connect(button, &QRadioButton::clicked, this, &CPanAndZoomDialog::keepMiddleButtonFree);
     ui_->middleButton->installEventFilter(this);
@@ -67,7 +55,6 @@ bool CPanAndZoomDialog::onApply() {
     store(strokeFlags());
     unchanged_ = allFlags();
     stored_ = readAll();
-    stored_ = readAll();
     return true;
 }
 
@@ -79,13 +66,12 @@ DroppedEdits CPanAndZoomDialog::followConfiguration() {
     DroppedEdits dropped;
     if (!unchanged_ || readAll() == stored_)
         return dropped;
-    const auto checkedOf = [this](const auto& rows) {
-        const auto row = std::ranges::find_if(
-            rows, [this](const ButtonRow& each) { return (ui_.get()->*each.button)->isChecked(); });
-        return row == rows.end() ? nullptr : ui_.get()->*row->button;
+    const auto checkedOf = [](const std::vector<KeyedControl>& buttons) {
+        const auto checked = std::ranges::find_if(buttons, isChecked);
+        return checked == buttons.end() ? nullptr : &buttonOf(*checked);
     };
-    QRadioButton* zoom = checkedOf(kZoomButtons);
-    QRadioButton* strokes = checkedOf(kStrokeButtons);
+    QRadioButton* zoom = checkedOf(zoomButtons_);
+    QRadioButton* strokes = checkedOf(strokeButtons_);
     const auto zoomEdits = editedKeys(zoomFlags());
     const auto strokeEdits = editedKeys(strokeFlags());
     showAnew();
@@ -96,10 +82,8 @@ DroppedEdits CPanAndZoomDialog::followConfiguration() {
 }
 
 void CPanAndZoomDialog::showAnew() {
-    for (const auto* rows : {&kZoomButtons, &kStrokeButtons}) {
-        for (const ButtonRow& row : *rows)
-            unmarkLocked(*(ui_.get()->*row.button));
-    }
+    for (const KeyedControl& keyed : keyedControls(*this))
+        unmarkLocked(*keyed.control);
     fill();
 }
 
@@ -126,7 +110,7 @@ void CPanAndZoomDialog::keepEdit(QRadioButton* checked, const std::vector<std::s
 
 std::vector<CPanAndZoomDialog::Stored> CPanAndZoomDialog::readAll() const {
     std::vector<Stored> all;
-    for (const char* key : {"LORVIK_ZOOM", "SARN_ZOOM", "DEFAULT_ZOOM", "STROKES", "MIDSTROKE"}) {
+    for (const char* key : row().writes) {
         Stored read{key, {}};
         Orv::getValue(*appConfig_, key, read.text, read.locked);
         all.push_back(std::move(read));
@@ -158,13 +142,12 @@ bool CPanAndZoomDialog::isLocked(const std::string& key) const {
     return locked;
 }
 
+/// Each button is disabled by the lock of its own key.
 void CPanAndZoomDialog::showLocks() {
-    const auto show = [this](const ButtonRow& row) {
-        if (isLocked(row.key))
-            markLocked(*(ui_.get()->*row.button), *appConfig_, row.key);
-    };
-    std::ranges::for_each(kZoomButtons, show);
-    std::ranges::for_each(kStrokeButtons, show);
+    for (const KeyedControl& keyed : keyedControls(*this)) {
+        if (isLocked(keyed.setting.key))
+            markLocked(*keyed.control, *appConfig_, keyed.setting.key);
+    }
 }
 
 /// The default style's own flag is not asked, and a flag that is neither on nor off leaves all styles
@@ -210,8 +193,8 @@ bool CPanAndZoomDialog::eventFilter(QObject* watched, QEvent* event) {
 
 CPanAndZoomDialog::Flags CPanAndZoomDialog::zoomFlags() const {
     Flags flags;
-    for (const ButtonRow& row : kZoomButtons)
-        flags.push_back({row.key, (ui_.get()->*row.button)->isChecked()});
+    for (const KeyedControl& keyed : zoomButtons_)
+        flags.push_back({keyed.setting.key, isChecked(keyed)});
     if (std::ranges::none_of(flags, &Flag::on))
         flags.clear();
     return flags;

@@ -2,6 +2,7 @@
 
 #include "dialog/shell/followsconfiguration.h"
 #include "dialog/shell/formpage.h"
+#include "dialog/widgets/formkeys.h"
 
 #include <optional>
 #include <string>
@@ -66,6 +67,8 @@ private:
     Flags allFlags() const;
     void store(const Flags& flags);
 
+    std::vector<KeyedControl> zoomButtons_; ///< in the order in which their keys are written
+    std::vector<KeyedControl> strokeButtons_;
     std::optional<Flags> unchanged_; ///< allFlags() for what is stored; nothing before the fill
     std::vector<Stored> stored_;     ///< as it was read last
 };
