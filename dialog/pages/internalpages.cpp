@@ -1,11 +1,13 @@
 #include "dialog/shell/internalpages.h"
 
 #include "dialog/pages/advanced/generaldialog.h"
+#include "dialog/pages/advanced/generalgrid.h"
 #include "dialog/pages/borders/bordersdialog.h"
 #include "dialog/pages/components/specialcomponentsdialog.h"
 #include "dialog/pages/display/colordialog.h"
 #include "dialog/pages/display/displaydialog.h"
 #include "dialog/pages/display/fontdialog.h"
+#include "dialog/pages/display/fontsgrid.h"
 #include "dialog/pages/display/objectcolordialog.h"
 #include "dialog/pages/editor/globalnetsdialog.h"
 #include "dialog/pages/editor/griddialog.h"
@@ -74,6 +76,7 @@ constexpr PageRow kPages[] = {
      .templateId = 135,
      .helpTopic = "OV_SETUP_SETTINGS_ADVANCED",
      .form = ":/ovsettings/dialogs/generaldialog.ui",
+     .gridSettings = generalSettings,
      .add = add<CGeneralDialog>},
     {.key = "Metrics",
      .name = reportName("Metrics"),
@@ -105,6 +108,7 @@ constexpr PageRow kPages[] = {
      .name = reportName("Color Schemes"),
      .templateId = 137,
      .form = ":/ovsettings/dialogs/colordialog.ui",
+     .gridSettings = paletteSettings,
      .add = add<CColorDialog>},
     {.key = "Font Mappings",
      .name = reportName("Font Mappings"),
@@ -112,6 +116,7 @@ constexpr PageRow kPages[] = {
      .helpTopic = "OV_SETUP_SETTINGS_DISPLAY_FONT_MAP",
      .form = ":/ovsettings/dialogs/fontdialog.ui",
      .writes = kFontKeys,
+     .gridSettings = fontSettings,
      .add = add<CFontDialog>},
     {.key = "New Sheet",
      .name = reportName("New Sheet"),
@@ -211,6 +216,7 @@ constexpr PageRow kPages[] = {
      .templateId = 148,
      .helpTopic = "OV_SETUP_SETTINGS_DISPLAY_OBJECTS",
      .form = ":/ovsettings/dialogs/objectcolordialog.ui",
+     .gridSettings = objectSettings,
      .add = add<CObjectColorDialog>},
 };
 

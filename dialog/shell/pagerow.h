@@ -1,6 +1,8 @@
 #pragma once
 
 #include <span>
+#include <string>
+#include <vector>
 
 namespace ovsettings {
 
@@ -8,6 +10,12 @@ class CFactoryEx;
 
 /// When a page is there.
 enum class PageCondition : unsigned char { always, projectOpen };
+
+/// A setting that a line of a grid stands for.
+struct GridSetting {
+    std::string key;
+    const char* caption; ///< of the line, in English
+};
 
 /// A page of this library. What is not its own code's matter stands here, and can be asked without making it.
 struct PageRow {
@@ -19,6 +27,8 @@ struct PageRow {
     const char* form = ""; ///< the resource that holds its form
     /// The keys of its form in the order in which the page writes them.
     std::span<const char* const> writes{};
+    /// The settings of its grids, in the order in which the page writes them, before those of the form.
+    std::vector<GridSetting> (*gridSettings)() = nullptr;
     void (*add)(CFactoryEx& factory, const char* key) = nullptr; ///< enters what makes it
 
     const char* helpBook() const { return *helpTopic ? "orvane_ref" : ""; }

@@ -85,6 +85,18 @@ std::unique_ptr<CGeneralRow> makeRow(CGeneralGrid& grid, const SheetRow& row, Or
 
 } // namespace
 
+std::vector<GridSetting> generalSettings() {
+    std::vector<GridSetting> settings;
+    for (const SheetRow& row : kSheet) {
+        settings.push_back({row.key, row.caption});
+        if (row.kind != RowKind::choice)
+            continue;
+        for (const char* key : choiceTableOf(row.key)->keys.subspan(1))
+            settings.push_back({key, row.caption});
+    }
+    return settings;
+}
+
 CGeneralGrid::CGeneralGrid(QWidget* parent) : GridWnd(parent) {
     setColumnCount(2);
     showHeaders(false, false);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialog/pages/advanced/generalrow.h"
+#include "dialog/shell/pagerow.h"
 #include "dialog/widgets/grid/gridwnd.h"
 #include "orv/metrics.h"
 
@@ -11,6 +12,9 @@ namespace ovsettings {
 
 struct ChoiceTable;
 class CGeneralRowCheckBox;
+
+/// The settings of the page's sheet; a row of choices may stand for several.
+std::vector<GridSetting> generalSettings();
 
 /// A property sheet: a caption on the left, an editable value on the right, each line an object that knows
 /// its key.

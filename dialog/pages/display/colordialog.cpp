@@ -24,6 +24,8 @@ namespace ovsettings {
 namespace {
 
 constexpr QRgb kPaper = 0xffffffff;
+constexpr const char* kScreenKey = "SCREEN";
+constexpr const char* kPrinterKey = "PRINTER";
 
 /// Where the palette number of a slot comes from, and the word by which the preview asks for it.
 struct SlotRow {
@@ -81,6 +83,10 @@ std::string defaultFile() {
 
 } // namespace
 
+std::vector<GridSetting> paletteSettings() {
+    return {{kScreenKey, "Screen"}, {kPrinterKey, "Printer"}};
+}
+
 CColorDialog::CColorDialog(QWidget* parent) : CFormPage(parent, internalPage("Color Schemes")) {
 }
 
@@ -113,8 +119,8 @@ bool CColorDialog::OnInitDialog() {
 bool CColorDialog::onApply() {
     if (!selected_)
         return true;
-    storeColors(*appConfig_, "SCREEN", selected_->screenColors);
-    storeColors(*appConfig_, "PRINTER", selected_->printColors);
+    storeColors(*appConfig_, kScreenKey, selected_->screenColors);
+    storeColors(*appConfig_, kPrinterKey, selected_->printColors);
     return true;
 }
 
@@ -138,8 +144,8 @@ void CColorDialog::fillPreviewEntries() {
 
 void CColorDialog::addCurrentColors() {
     auto scheme = std::make_unique<Orv::CColorScheme>();
-    scheme->screenColors = readColors(*appConfig_, "SCREEN");
-    scheme->printColors = readColors(*appConfig_, "PRINTER");
+    scheme->screenColors = readColors(*appConfig_, kScreenKey);
+    scheme->printColors = readColors(*appConfig_, kPrinterKey);
     scheme->name = "Current Colors";
     schemes_.push_back(std::move(scheme));
 }

@@ -14,6 +14,9 @@ namespace Ui {
 class CColorDialog;
 }
 
+/// The two palettes.
+std::vector<GridSetting> paletteSettings();
+
 /// The page "Color Schemes": the palette of the schematic editor, what it looks like, and its exchange with
 /// scheme files.
 ///

@@ -39,6 +39,13 @@ constexpr StrokeFont kStrokeFonts[] = {
 
 } // namespace
 
+std::vector<GridSetting> fontSettings() {
+    std::vector<GridSetting> settings;
+    for (const StrokeFont& font : kStrokeFonts)
+        settings.push_back({font.key, font.caption});
+    return settings;
+}
+
 CFontsGrid::CFontsGrid(QWidget* parent)
     : GridWnd(parent),
       editButton_(new CBitmapBtnEdit(viewport())),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialog/pages/display/fontmaprow.h"
+#include "dialog/shell/pagerow.h"
 #include "dialog/widgets/grid/gridwnd.h"
 
 #include <memory>
@@ -9,6 +10,9 @@
 namespace ovsettings {
 
 class COwnBitmapBtn;
+
+/// The settings of the grid's rows.
+std::vector<GridSetting> fontSettings();
 
 /// The stroke fonts of the schematic editor, and the screen font that each is mapped to.
 class CFontsGrid : public GridWnd {

@@ -429,7 +429,7 @@ void CMappingTextLayer::read() {
 
 CMappingICTObject::CMappingICTObject(GridWnd& grid, Orv::iAppConfiguration& configuration, int row,
                                      std::string caption, std::string name, int startingColor)
-    : CMappingRow(grid, configuration, row, std::move(caption), "ICT" + name, ictValues(startingColor)),
+    : CMappingRow(grid, configuration, row, std::move(caption), keyOf(name), ictValues(startingColor)),
       name_(std::move(name)) {
 }
 

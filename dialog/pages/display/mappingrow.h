@@ -195,6 +195,9 @@ public:
     CMappingICTObject(GridWnd& grid, Orv::iAppConfiguration& configuration, int row, std::string caption,
                       std::string name, int startingColor);
 
+    /// The key of an object of that name.
+    static std::string keyOf(const std::string& name) { return "ICT" + name; }
+
     void store() override;
     void applySchema(const std::string& color, const std::string& text) override;
     void read() override;

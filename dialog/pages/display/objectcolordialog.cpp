@@ -2,6 +2,7 @@
 
 #include "dialog/pages/display/icepreview.h"
 #include "dialog/pages/display/mappinggrid.h"
+#include "dialog/pages/display/mappingrow.h"
 #include "dialog/pages/display/ovpreview.h"
 #include "dialog/shell/internalpages.h"
 #include "dialog/widgets/messagebox.h"
@@ -168,6 +169,15 @@ void addSection(CObjectSchema& schema, const std::string& section, const CMappin
 }
 
 } // namespace
+
+std::vector<GridSetting> objectSettings() {
+    std::vector<GridSetting> settings;
+    for (const SchematicRow& row : kSchematicRows)
+        settings.push_back({row.key, row.caption});
+    for (const IctRow& row : kIctRows)
+        settings.push_back({CMappingICTObject::keyOf(row.key), row.caption});
+    return settings;
+}
 
 CObjectColorDialog::CObjectColorDialog(QWidget* parent) : CFormPage(parent, internalPage("Objects")) {
 }

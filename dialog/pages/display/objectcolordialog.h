@@ -18,6 +18,9 @@ namespace Ui {
 class CObjectColorDialog;
 }
 
+/// The settings of the rows of both grids.
+std::vector<GridSetting> objectSettings();
+
 /// The page "Objects": how each kind of object of a schematic, and of an interconnectivity table (ICT), is
 /// drawn, with a sample of each; and the files of colour schemes.
 class CObjectColorDialog : public CFormPage<Ui::CObjectColorDialog>,
