@@ -85,6 +85,15 @@ bool isAllowed(const FieldDeclaration& field, std::string_view text, Unit unit) 
 }
 
 std::string limitsInWords(const FieldDeclaration& field, Unit unit) {
+    std::string words = limitsAsShown(field, unit);
+    if (words.empty() || field.limits->scale == LimitScale::stored)
+        return words;
+    const StoredLimits stored = storedLimits(*field.limits, unit);
+    return words + " (" + lengthToText(stored.least) + " to " + lengthToText(stored.most) +
+           " as it is stored)";
+}
+
+std::string limitsAsShown(const FieldDeclaration& field, Unit unit) {
     if (!field.limits)
         return {};
     const SettingLimits& limits = *field.limits;
@@ -97,10 +106,8 @@ std::string limitsInWords(const FieldDeclaration& field, Unit unit) {
     const bool isWhole = limits.scale == LimitScale::shown;
     const double scale = isWhole ? 1 : lengthStep(unit);
     const int decimals = isWhole ? 0 : traits.Precision();
-    const StoredLimits stored = storedLimits(limits, unit);
     return range(fixed(limits.least * scale, decimals), fixed(limits.most * scale, decimals)) + ' ' +
-           traits.Abbreviation() + " (" + lengthToText(stored.least) + " to " + lengthToText(stored.most) +
-           " as it is stored)";
+           traits.Abbreviation();
 }
 
 } // namespace Orv

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialog/shell/page.h"
+#include "dialog/widgets/settingtip.h"
 
 #include <memory>
 
@@ -15,6 +16,7 @@ class CFormPage : public Base {
 public:
     bool buildTemplate() override {
         setUp_(*ui_, this);
+        watchSettingTips(*this);
         return true;
     }
 

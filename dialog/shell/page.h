@@ -16,6 +16,7 @@ public:
     void setAppConfiguration(Orv::iAppConfiguration* appConfig) override;
     void setProjectConfiguration(Orv::CProjectConfiguration* projectConfig) override;
     bool onOk() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 protected:
     /// @param row lives as long as the page.

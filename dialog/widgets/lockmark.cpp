@@ -28,7 +28,8 @@ void unlock(QWidget& widget) {
     widget.setEnabled(true);
 }
 
-/// A control and what is locked together with it.
+} // namespace
+
 QWidgetList lockedTogether(QWidget& control) {
     QWidgetList widgets{&control};
     for (QAbstractButton* button : control.findChildren<QAbstractButton*>())
@@ -41,8 +42,6 @@ QWidgetList lockedTogether(QWidget& control) {
     }
     return widgets;
 }
-
-} // namespace
 
 QString lockToolTip(const Orv::iAppConfiguration& appConfig, const std::string& key, std::size_t field) {
     QString text = QCoreApplication::translate("ovsettings", "Locked by %1")

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QList>
 #include <QtCore/QString>
 
 #include <string>
@@ -18,6 +19,9 @@ struct GridCellStyle;
 /// administrator's reason and whom to ask.
 /// @param field index from 0.
 QString lockToolTip(const Orv::iAppConfiguration& appConfig, const std::string& key, std::size_t field = 0);
+
+/// A control, the label whose buddy it is, and the buttons inside it.
+QList<QWidget*> lockedTogether(QWidget& control);
 
 /// Makes a control look locked: it and the label whose buddy it is are disabled, and a tool tip on both names
 /// the directory that locks the field. A group box takes the buttons inside it along.

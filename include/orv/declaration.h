@@ -87,5 +87,8 @@ OVSETTINGS_API bool isAllowed(const FieldDeclaration& field, std::string_view te
 /// The limits as "between 0.01 and 10.00 in (25400 to 25400000 as it is stored)"; empty without limits.
 /// @param unit the unit in use.
 OVSETTINGS_API std::string limitsInWords(const FieldDeclaration& field, Metrics::Unit unit);
+/// The limits as a user reads them, "between 0.01 and 10.00 in"; empty without limits.
+/// @param unit the unit in use.
+OVSETTINGS_API std::string limitsAsShown(const FieldDeclaration& field, Metrics::Unit unit);
 
 } // namespace Orv

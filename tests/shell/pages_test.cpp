@@ -3,19 +3,23 @@
 #include "dialog/shell/internalpages.h"
 #include "dialog/shell/pagesettings.h"
 #include "dialog/widgets/formkeys.h"
+#include "dialog/widgets/grid/gridwnd.h"
 #include "orv/declaration.h"
 #include "ovsettings/propertypagefactory.h"
-#include "store/appcfg.h"
+#include "store/unitglue.h"
 #include "tests/support/configuredpages.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QRegularExpression>
+#include <QtGui/QHelpEvent>
+#include <QtWidgets/QToolTip>
 
 #include <fstream>
 #include <map>
 #include <set>
 
 using namespace ovsettings;
+using namespace testsupport;
 
 namespace {
 
@@ -86,13 +90,18 @@ TEST(PageRows, NoTranslatorCanUnbindAControl) {
     }
 }
 
-class WritingPages : public ConfiguredPages {};
+class PagesOverAConfiguration : public ConfiguredPages {
+protected:
+    PagesOverAConfiguration() {
+        factory_.setConfigurations(&appConfig_, nullptr);
+        registerInternalPages(factory_, nullptr);
+    }
 
-TEST_F(WritingPages, WriteInTheOrderOfTheirRows) {
-    loadSections(testsupport::setting("SHEETSIZE", "10", false));
-    CFactoryEx factory;
-    factory.setConfigurations(&appConfig_, nullptr);
-    registerInternalPages(factory, nullptr);
+    CFactoryEx factory_;
+};
+
+TEST_F(PagesOverAConfiguration, WriteInTheOrderOfTheirRows) {
+    loadSections(setting("SHEETSIZE", "10"));
     for (const PageRow& row : internalPages()) {
         std::vector<std::string> expected;
         if (row.gridSettings) {
@@ -103,12 +112,54 @@ TEST_F(WritingPages, WriteInTheOrderOfTheirRows) {
         if (expected.empty() || row.condition != PageCondition::always ||
             row.key == std::string("Color Schemes"))
             continue; // the palettes are never written
-        CPropDialogTemplate* page = factory.createPage(row.key, &window_);
+        CPropDialogTemplate* page = factory_.createPage(row.key, &window_);
         ASSERT_NE(page, nullptr) << row.key;
         std::vector<std::string> written = keysWrittenBy(*page);
         written.erase(std::ranges::unique(written).begin(), written.end()); // each field is told of
         EXPECT_EQ(written, expected) << row.key;
     }
+}
+
+/// What is shown where a tool tip is asked for.
+std::string tipAt(QWidget& widget, QPoint at = {}) {
+    QToolTip::hideText();
+    QHelpEvent event(QEvent::ToolTip, at, widget.mapToGlobal(at));
+    QApplication::sendEvent(&widget, &event);
+    return event.isAccepted() ? QToolTip::text().toStdString() : "";
+}
+
+TEST_F(PagesOverAConfiguration, TellInToolTipsWhatIsDeclaredAndWhoLocksIt) {
+    const std::string site = installation_.site().string();
+    const std::string lock = "Locked by " + site + "\nHouse rule\nContact: cad";
+    struct {
+        const char *page, *caption;
+        std::string tip;
+    } const rows[] = {
+        {"Grid", "Grid Spacing",
+         "Grid Spacing\nLimits: between 0.01 and 10.00 mm\nDefault: 2.54 mm\n" + lock},
+        {"Grid", "Display", "Display\nDefault: On\n" + lock},
+        {"Nets", "Straight", "Route Mode\nDefault: Avoidance\n" + lock},
+        {"New Sheet", "Width", "Width\nLimits: between 1 and 100000000 mm\nDefault: 25.40 mm"},
+        {"Display", "Name", "Name\nDefault: On"},
+        {"Font Mappings", "Scale factor", "Scale factor\nLimits: above 0\nDefault: 1.0\n" + lock},
+    };
+    loadSections(section("Orvane/SETTINGS",
+                         settingValue("GRID_HR", "254000", true) + settingValue("GRIDON", "1", true) +
+                             settingValue("UNIT", "mm") + settingValue("ROUTE", "1", true) +
+                             settingValue("AUTOPAN", "1", true) + settingValue("SCALEFACTOR", "1", true),
+                         LockNotes{"House rule", "cad"}));
+    for (const auto& row : rows) {
+        QWidget& page = *factory_.createPage(row.page, &window_);
+        EXPECT_EQ(tipAt(*controlByCaption(page, row.caption)), row.tip) << row.caption;
+        delete &page;
+    }
+    QWidget& page = *factory_.createPage("Advanced", &window_);
+    auto& grid = *page.findChild<GridWnd*>();
+    EXPECT_EQ(tipAt(*grid.viewport(), centreOf(grid, 2, 1)), "Auto Pan\nDefault: On\n" + lock);
+    EXPECT_EQ(tipAt(*grid.viewport(), centreOf(grid, 4, 2)), "Box Size\nDefault: 1.27 mm");
+    Orv::setConfiguredUnit(appConfig_, Orv::Metrics::Unit::inch);
+    EXPECT_EQ(tipAt(*grid.viewport(), centreOf(grid, 4, 2)), "Box Size\nDefault: 0.05 in")
+        << "it is laid together when it is asked for";
 }
 
 } // namespace

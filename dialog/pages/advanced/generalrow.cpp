@@ -44,6 +44,7 @@ void CGeneralRow::showCaption(const QString& text) {
 
 void CGeneralRow::showValueStyle(GridCellStyle style, bool locked) {
     const auto row = static_cast<int>(rowIndex_);
+    style.setting = SettingField{key_};
     if (locked) {
         style.readOnly = style.greyed = true;
         style.toolTip = lockToolTip(*configuration_, key_);
@@ -51,6 +52,7 @@ void CGeneralRow::showValueStyle(GridCellStyle style, bool locked) {
     GridCellStyle captionStyle = grid_.cellStyle(row, kCaptionColumn);
     captionStyle.greyed = style.greyed;
     captionStyle.toolTip = style.toolTip;
+    captionStyle.setting = style.setting;
     grid_.setCellStyle(row, kCaptionColumn, captionStyle);
     grid_.setCellStyle(row, kValueColumn, style);
 }

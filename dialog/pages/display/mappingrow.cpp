@@ -301,6 +301,7 @@ void CMappingRow::showCell(int column, const GridCellStyle& style, const QString
 }
 
 void CMappingRow::showField(int column, GridCellStyle style, std::size_t field, const QString& text) {
+    style.setting = SettingField{key_, field};
     if (isLocked(field)) {
         if (style.kind == GridCellKind::dropDown)
             style.kind = GridCellKind::text;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dialog/widgets/formkeys.h"
+
 #include <QtCore/QStringList>
 #include <QtGui/QColor>
 
@@ -42,7 +44,8 @@ struct GridCellStyle {
     QString mask = {};
     std::optional<GridCellLimits> limits = {};
     std::optional<QColor> interior = {};
-    QString toolTip = {}; ///< plain text
+    QString toolTip = {};                     ///< plain text
+    std::optional<SettingField> setting = {}; ///< that the cell stands for
     /// What the cell is for, in place of the first cell of its row and the header of its column.
     QString accessibleName = {};
 };
