@@ -36,7 +36,6 @@ namespace {
 constexpr char kDefaultCatalogue[] = "settings.xml";
 constexpr char kLastPageKey[] = "MRU_SETTINGS";
 constexpr unsigned kFirstCaption = 20001;
-constexpr unsigned kLastCaption = 20035;
 
 // The template's sizes, in dialog units.
 constexpr QSize kClientSize(504, 266);
@@ -166,7 +165,7 @@ void CSettingsDialog::OnInitDialog() {
         button->setMinimumSize(fromDialogUnits(*this, kButtonSize));
     resize(sizeHint()); // by itself a window keeps to two thirds of the screen
     captions_.setLanguages(kEnglish, userLanguageId());
-    captions_.load(kFirstCaption, kLastCaption);
+    captions_.load(kFirstCaption, lastStringId(kEnglish));
     setWindowIcon(QIcon(QStringLiteral(":/ovsettings/images/settings.svg")));
     const std::string path = platform::installationDirectory() + "/standard/" + catalogueFile_;
     if (!manager_->read(path)) {

@@ -7,6 +7,7 @@
 #include <QtCore/QJsonObject>
 #include <QtCore/QLocale>
 
+#include <algorithm>
 #include <iterator>
 
 namespace ovsettings {
@@ -53,6 +54,14 @@ std::optional<std::string> loadString(unsigned id, unsigned languageId) {
     if (!text.isString())
         return std::nullopt;
     return toUtf8(text.toString());
+}
+
+unsigned lastStringId(unsigned languageId) {
+    const QJsonObject* table = tableOf(languageId);
+    unsigned last = 0;
+    for (const QString& id : table ? table->keys() : QStringList())
+        last = std::max(last, id.toUInt());
+    return last;
 }
 
 unsigned userLanguageId() {

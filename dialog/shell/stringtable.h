@@ -11,6 +11,9 @@ constexpr unsigned kEnglish = 1033;
 /// The string of an id in exactly that language, UTF-8; nothing if the language or the id has none.
 std::optional<std::string> loadString(unsigned id, unsigned languageId);
 
+/// The largest id that a language has a string for; 0 if it has none.
+unsigned lastStringId(unsigned languageId);
+
 /// The language id of the user's locale; 0 for a language without a string table.
 unsigned userLanguageId();
 

@@ -1,7 +1,7 @@
 #include "dialog/widgets/formkeys.h"
 
 #include "dialog/widgets/stringconversion.h"
-#include "orv/declaration.h"
+#include "orv/appconfiguration.h"
 
 #include <QtCore/QVariant>
 #include <QtWidgets/QWidget>
@@ -13,13 +13,13 @@ namespace ovsettings {
 SettingField settingField(const std::string& name) {
     const auto point = name.find('.');
     SettingField setting{name.substr(0, point)};
-    const Orv::SettingDeclaration* declared = Orv::declarationOf(setting.key);
-    if (point == std::string::npos || !declared)
+    if (point == std::string::npos)
         return setting;
-    const auto field =
-        std::ranges::find(declared->fields, name.substr(point + 1), &Orv::FieldDeclaration::name);
-    if (field != declared->fields.end())
-        setting.field = static_cast<std::size_t>(field - declared->fields.begin());
+    const std::vector<std::string> fields =
+        Orv::iAppConfiguration::fieldNames(Orv::iAppConfiguration::kindOf(setting.key));
+    const auto field = std::ranges::find(fields, name.substr(point + 1));
+    if (field != fields.end())
+        setting.field = static_cast<std::size_t>(field - fields.begin());
     return setting;
 }
 

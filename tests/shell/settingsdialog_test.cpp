@@ -62,20 +62,15 @@ TEST(NoticeLabel, ShowsItsNoticesAsTheyStand) {
 TEST(StringTables, HaveEveryCaptionInEveryLanguage) {
     constexpr unsigned kJapanese = 1041;
     constexpr unsigned kUnused = 20034;
-    for (unsigned id = 20001; id <= 20035; ++id) {
+    const unsigned last = lastStringId(kEnglish);
+    EXPECT_GT(last, kUnused);
+    EXPECT_EQ(lastStringId(kJapanese), last);
+    for (unsigned id = 20001; id <= last; ++id) {
         for (const unsigned language : {kEnglish, kJapanese})
             EXPECT_EQ(loadString(id, language).has_value(), id != kUnused) << id << " in " << language;
     }
     EXPECT_FALSE(loadString(20001, 1031).has_value());
 }
-
-constexpr const char* kPages[] = {"Pan and Zoom", "Advanced",    "Metrics",        "Grid",
-                                  "Nets",         "PCB",         "Color Schemes",  "Font Mappings",
-                                  "New Sheet",    "Global Nets", "Run on Startup", "New Object",
-                                  "Empty",        "Display",     "Objects"};
-constexpr const char* kPagesOfAProject[] = {
-    "Special Components", "Central Library",  "Netlist Project", "Borders",
-    "Symbol Libraries",   "NetNameDelimiter", "Fixed Functions", "PartBookDialog"};
 
 TEST(InternalFactory, HasThePagesOfAProjectOnlyWhileOneIsOpen) {
     const testsupport::Installation installation;
@@ -90,10 +85,10 @@ TEST(InternalFactory, HasThePagesOfAProjectOnlyWhileOneIsOpen) {
     for (Orv::CProjectConfiguration* closed : {&none, static_cast<Orv::CProjectConfiguration*>(nullptr)}) {
         CFactoryEx without;
         registerInternalPages(without, closed);
-        for (const char* key : kPages)
-            EXPECT_TRUE(with.hasPage(key) && without.hasPage(key)) << key;
-        for (const char* key : kPagesOfAProject)
-            EXPECT_TRUE(with.hasPage(key) && !without.hasPage(key)) << key;
+        for (const PageRow& page : internalPages()) {
+            EXPECT_TRUE(with.hasPage(page.key)) << page.key;
+            EXPECT_EQ(without.hasPage(page.key), page.condition == PageCondition::always) << page.key;
+        }
     }
 }
 
@@ -105,12 +100,15 @@ TEST(InternalFactory, MakesAWindowForEachOfItsPagesAndKnowsKeysExactly) {
     factory.setConfigurations(&configuration, nullptr);
     registerInternalPages(factory, nullptr);
     QWidget parent;
-    for (const char* key : {"Metrics", "Grid", "Nets", "PCB", "Empty"}) {
-        CPropDialogTemplate* page = factory.createPage(key, &parent);
-        ASSERT_NE(page, nullptr) << key;
-        EXPECT_TRUE(page->hasWindow()) << key;
-        EXPECT_EQ(page->parentWidget(), &parent) << key;
-        EXPECT_TRUE(page->isHidden()) << key;
+    for (const PageRow& row : internalPages()) {
+        if (row.condition != PageCondition::always || row.key == std::string_view("Color Schemes"))
+            continue; // that one would miss its file
+        CPropDialogTemplate* page = factory.createPage(row.key, &parent);
+        ASSERT_NE(page, nullptr) << row.key;
+        EXPECT_TRUE(page->hasWindow() && page->isHidden()) << row.key;
+        EXPECT_EQ(page->parentWidget(), &parent) << row.key;
+        EXPECT_EQ(page->pageName(), std::string(row.name));
+        EXPECT_EQ(page->dialogId(), row.templateId) << row.key;
     }
     EXPECT_FALSE(factory.hasPage("grid"));
     EXPECT_EQ(factory.createPage("grid", &parent), nullptr);
