@@ -6,6 +6,26 @@
 
 namespace app {
 
+namespace {
+
+struct PageOfKey {
+    std::string_view key;
+    std::string_view page;
+};
+
+constexpr PageOfKey kPagesOfKeys[] = {
+#include "pagesofkeys.inc"
+};
+
+} // namespace
+
+std::vector<std::string_view> pagesOf(std::string_view key) {
+    std::vector<std::string_view> pages;
+    for (const PageOfKey& row : std::ranges::equal_range(kPagesOfKeys, key, {}, &PageOfKey::key))
+        pages.push_back(row.page);
+    return pages;
+}
+
 std::string_view unitName(Orv::SettingUnit unit) {
     return unit == Orv::SettingUnit::length ? "10 nm" : "";
 }

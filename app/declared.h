@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace app {
 
@@ -16,6 +17,9 @@ std::string_view unitName(Orv::SettingUnit unit);
 
 /// Whether the fields of a setting have names; else there is one field, that of a list for all its entries.
 bool hasNamedFields(const Orv::SettingDeclaration& setting);
+
+/// The pages of the dialog that show a setting, by the names that hosts know them by.
+std::vector<std::string_view> pagesOf(std::string_view key);
 
 /// The limits or the choices of a field in words, as a message tells them; empty if it has neither.
 std::string allowedInWords(const Orv::FieldDeclaration& field, Orv::Metrics::Unit unit);

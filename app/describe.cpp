@@ -57,6 +57,8 @@ void describe(std::ostream& out, const Declaration& setting, Orv::Metrics::Unit 
     out << setting.key << " (" << kindName(setting.kind) << ")\n";
     std::vector<std::string> defaults = Orv::defaultsOf(setting);
     Rows rows = captionAndMeaning(setting.caption, setting.meaning);
+    for (const std::string_view page : pagesOf(setting.key))
+        rows.push_back({rows.back().front() == "meaning" ? "page" : "", std::string(page)});
     const bool isGroup = hasNamedFields(setting);
     if (!isGroup) {
         appendField(setting.fields.front(), unit, rows);
@@ -97,6 +99,7 @@ nlohmann::json toJson(const Declaration& setting, Orv::Metrics::Unit unit) {
         {"kind", kindName(setting.kind)},
         {"caption", setting.caption},
         {"meaning", setting.meaning},
+        {"pages", pagesOf(setting.key)},
         {"unit", unitJson(whole)},
         {"limits", limitsJson(whole, unit)},
         {"choices", choicesJson(whole)},

@@ -82,10 +82,8 @@ nlohmann::json declaredJson(const Orv::SettingDeclaration& setting, Orv::Metrics
         choices.push_back(choicesJson(field));
     }
     return {
-        {"caption", setting.caption},
-        {"unit", std::move(units)},
-        {"limits", std::move(limits)},
-        {"choices", std::move(choices)},
+        {"caption", setting.caption},    {"unit", std::move(units)},      {"limits", std::move(limits)},
+        {"choices", std::move(choices)}, {"pages", pagesOf(setting.key)},
     };
 }
 

@@ -187,6 +187,7 @@ TEST_F(Commands, DescribeTellsWhatIsDeclaredInTheUnitInUse) {
               "GRID_HR (number)\n"
               "  caption  Grid Spacing\n"
               "  meaning  The spacing of the grid.\n"
+              "  page     Grid\n"
               "  unit     10 nm\n"
               "  limits   between 0.01 and 10.00 in (25400 to 25400000 as it is stored)\n"
               "  default  254000 (0.10 in)\n"
@@ -194,6 +195,7 @@ TEST_F(Commands, DescribeTellsWhatIsDeclaredInTheUnitInUse) {
               "ROUTE (number)\n"
               "  caption  Route Mode\n"
               "  meaning  How nets are routed.\n"
+              "  page     Nets\n"
               "  choices  0  Straight\n"
               "           1  Orthogonal\n"
               "           2  Avoidance\n"
@@ -211,6 +213,8 @@ TEST_F(Commands, DescribeTellsWhatIsDeclaredInTheUnitInUse) {
     const QJsonArray fields = settings[0].toObject()["fields"].toArray();
     ASSERT_EQ(fields.size(), 2);
     EXPECT_EQ(fields[1].toObject()["name"].toString(), "HEIGHT");
+    EXPECT_EQ(settings[0].toObject()["pages"], QJsonArray({"New Sheet"}));
+    EXPECT_EQ(settings[1].toObject()["pages"], QJsonArray());
     EXPECT_EQ(fields[1].toObject()["default"].toString(), "2540000");
     EXPECT_TRUE(fields[1].toObject()["limits"].toString().startsWith("between 1 and 100000000 mm"));
     EXPECT_TRUE(settings[1].toObject()["limits"].isNull());
@@ -334,6 +338,7 @@ TEST_F(Commands, ListGivesEveryKeyWithItsLocksAndOriginsAsTextAndAsJson) {
     EXPECT_EQ(changed["NET"]["kind"], "object");
     EXPECT_EQ(changed["NET"]["fields"][2], "COLOR");
     EXPECT_EQ(changed["NET"]["caption"], "Net");
+    EXPECT_EQ(changed["NET"]["pages"], QJsonArray({"Objects"}));
     EXPECT_EQ(changed["NET"]["limits"], QJsonArray({none, none, none, none, none, "between 1 and 10"}));
     EXPECT_EQ(changed["ROUTE"]["unit"], QJsonArray({none}));
     EXPECT_EQ(changed["ROUTE"]["choices"][0][2]["caption"], "Avoidance");
