@@ -21,8 +21,10 @@ constexpr PageOfKey kPagesOfKeys[] = {
 
 std::vector<std::string_view> pagesOf(std::string_view key) {
     std::vector<std::string_view> pages;
-    for (const PageOfKey& row : std::ranges::equal_range(kPagesOfKeys, key, {}, &PageOfKey::key))
-        pages.push_back(row.page);
+    for (const PageOfKey& row : kPagesOfKeys) {
+        if (row.key == key)
+            pages.push_back(row.page);
+    }
     return pages;
 }
 

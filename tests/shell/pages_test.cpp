@@ -115,7 +115,7 @@ TEST_F(PagesOverAConfiguration, WriteInTheOrderOfTheirRows) {
         CPropDialogTemplate* page = factory_.createPage(row.key, &window_);
         ASSERT_NE(page, nullptr) << row.key;
         std::vector<std::string> written = keysWrittenBy(*page);
-        written.erase(std::ranges::unique(written).begin(), written.end()); // each field is told of
+        written.erase(std::unique(written.begin(), written.end()), written.end()); // each field is told of
         EXPECT_EQ(written, expected) << row.key;
     }
 }
