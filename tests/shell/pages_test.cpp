@@ -100,17 +100,26 @@ protected:
     CFactoryEx factory_;
 };
 
+/// The keys of a page in the order in which it is to write them; what its row does not name comes behind.
+std::vector<std::string> orderOfWriting(const PageRow& row) {
+    std::vector<std::string> keys;
+    if (row.gridSettings) {
+        for (const GridSetting& setting : row.gridSettings())
+            keys.push_back(setting.key);
+    }
+    keys.insert(keys.end(), row.writes.begin(), row.writes.end());
+    for (const PageSetting& setting : settingsOf(row)) {
+        if (const std::string key = settingField(setting.name).key; std::ranges::count(keys, key) == 0)
+            keys.push_back(key);
+    }
+    return keys;
+}
+
 TEST_F(PagesOverAConfiguration, WriteInTheOrderOfTheirRows) {
     loadSections(setting("SHEETSIZE", "10"));
     for (const PageRow& row : internalPages()) {
-        std::vector<std::string> expected;
-        if (row.gridSettings) {
-            for (const GridSetting& setting : row.gridSettings())
-                expected.push_back(setting.key);
-        }
-        expected.insert(expected.end(), row.writes.begin(), row.writes.end());
-        if (expected.empty() || row.condition != PageCondition::always ||
-            row.key == std::string("Color Schemes"))
+        const std::vector<std::string> expected = orderOfWriting(row);
+        if (expected.empty() || row.key == std::string("Color Schemes"))
             continue; // the palettes are never written
         CPropDialogTemplate* page = factory_.createPage(row.key, &window_);
         ASSERT_NE(page, nullptr) << row.key;
