@@ -118,7 +118,7 @@ std::size_t XmlTree::footprint() const {
     std::size_t bytes = text_.capacity() + table_.elements.capacity() * sizeof(XmlTable::Element) +
                         table_.attributes.capacity() * sizeof(XmlTable::Attribute);
     for (const auto& [place, value] : decoded_)
-        bytes += sizeof place + sizeof value + value.capacity();
+        bytes += sizeof(decoded_.front()) + value.capacity();
     return bytes;
 }
 

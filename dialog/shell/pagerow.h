@@ -22,9 +22,9 @@ struct PageRow {
     const char* key = "";  ///< the `classid` of its category in the catalogue
     const char* name = ""; ///< by which it reports itself; empty if it only learns that later
     unsigned templateId = 0;
-    const char* helpTopic = ""; ///< in helpBook(); empty if it has none
     PageCondition condition = PageCondition::always;
-    const char* form = ""; ///< the resource that holds its form
+    const char* helpTopic = ""; ///< in helpBook(); empty if it has none
+    const char* form = "";      ///< the resource that holds its form
     /// The keys of its form in the order in which the page writes them.
     std::span<const char* const> writes{};
     /// The settings of its grids, in the order in which the page writes them, before those of the form.

@@ -234,8 +234,7 @@ void CFontMapRow::showText(const QString& text) {
 void CFontMapRow::showLock() {
     const std::optional<std::size_t> locked = firstLockedField();
     for (const int column : {kStrokeFontColumn, kScaleableFontColumn}) {
-        GridCellStyle style{
-            .readOnly = true, .greyed = locked.has_value(), .setting = SettingField{key_}};
+        GridCellStyle style{.readOnly = true, .greyed = locked.has_value(), .setting = SettingField{key_}};
         if (locked)
             style.toolTip = lockToolTip(configuration_, key_, *locked);
         grid_.setCellStyle(row_, column, style);
